@@ -1,0 +1,33 @@
+// Files: reading and writing files whole.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/status.h"
+
+namespace counter {
+
+class Files {
+  public:
+    virtual ~Files() = default;
+
+    // The whole file, byte for byte.
+    virtual Status Read(const std::string& path, std::string& content) const = 0;
+    // Whole or not at all: at any moment, kill and power cut included, either the old or the new content
+    // stands under `path`. A failed write leaves the old file and says why.
+    virtual Status Write(const std::string& path, std::string_view content) = 0;
+    virtual bool Exists(const std::string& path) const = 0;
+    virtual Status Remove(const std::string& path) = 0;
+    // With all folders above it; one that stands there is fine.
+    virtual Status MakeFolder(const std::string& path) = 0;
+    // Names in the folder, sorted, without "." and "..".
+    virtual Status List(const std::string& path, std::vector<std::string>& names) const = 0;
+    // Makes `path` a symbolic link to `target`, replacing a link that stands there.
+    virtual Status MakeLink(const std::string& path, const std::string& target) = 0;
+    // What the symbolic link `path` names; empty where there is none.
+    virtual std::string LinkTarget(const std::string& path) const = 0;
+};
+
+}  // namespace counter

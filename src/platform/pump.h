@@ -1,0 +1,56 @@
+// Pump: the clock, and the one way to wait.
+//
+// There is one thread. Whoever has to wait calls WaitUntil, which runs events (input, timers, what the
+// user does) until a condition holds or a deadline is reached, and sleeps while there are none. Waits
+// nest: an event may start an action that waits itself; the outer wait goes on when the inner is done.
+#pragma once
+
+#include <functional>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace counter {
+
+// Local date and time, for file names and tables.
+struct WallTime {
+    int Year = 0, Month = 0, Day = 0;                       // Month 1..12, Day 1..31
+    int Hour = 0, Minute = 0, Second = 0, Millisecond = 0;  // 24 hours
+};
+
+class Pump {
+  public:
+    using Condition = std::function<bool()>;
+    static constexpr double kForever = std::numeric_limits<double>::infinity();
+
+    virtual ~Pump() = default;
+
+    // Monotonic time in milliseconds, with fractions; its zero means nothing.
+    virtual double NowMs() const = 0;
+    virtual WallTime LocalTime() const = 0;
+
+    // Runs events until `ready` holds (true) or the clock reaches `deadlineMs` (false). A condition that
+    // holds, or a deadline that lies behind, returns at once and runs nothing. `reason` says in a few words
+    // what is waited for.
+    bool WaitUntil(double deadlineMs, const Condition& ready, const char* reason);
+
+    // Ends the process with this exit status. Does not return: no line behind a wait runs in a dead program.
+    [[noreturn]] virtual void EndProcess(int status) = 0;
+
+    // The next turn of a wait calls OnInterrupt, once for each request. Without a handler nothing happens.
+    void RequestInterrupt() { interruptRequested_ = true; }
+    std::function<void()> OnInterrupt;
+
+    // What the nested waits wait for, outermost first: for bug reports and failing tests.
+    std::string Reasons() const;
+
+  protected:
+    // Runs the events that are ready; when there are none, sleeps until one comes or until `deadlineMs`.
+    virtual void RunEvents(double deadlineMs) = 0;
+
+  private:
+    std::vector<const char*> reasons_;
+    bool interruptRequested_ = false;
+};
+
+}  // namespace counter

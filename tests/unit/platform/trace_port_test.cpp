@@ -1,0 +1,37 @@
+// The trace: a line a frame, pieces of a reply joined.
+#include "platform/trace_port.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "support/meter_line.h"
+
+namespace counter::test {
+namespace {
+
+TEST(Trace, TellsEveryFrameOnALine) {
+    VirtualPump pump;
+    MeterLine line(pump, {});
+    std::vector<std::string> told;
+    TracePort port(line, pump, [&](const std::string& text) { told.push_back(text); });
+    port.Open();
+    pump.After(300, [&] { port.Output("*1G1\r\n"); });
+    pump.After(320, [&] {
+        line.Inject("4");
+        port.Input();
+    });
+    pump.After(330, [&] {
+        line.Inject("9\r");
+        port.Input();
+    });
+    pump.WaitUntil(
+        pump.NowMs() + 400, [] { return false; }, "all of it");
+    EXPECT_EQ(told, std::vector<std::string>{"     300 > 2A 31 47 31 0D 0A  *1G1.."});
+    port.Close();
+    ASSERT_EQ(told.size(), 2U);
+    EXPECT_EQ(told[1], "     320 < 34 39 0D  49.");
+}
+
+}  // namespace
+}  // namespace counter::test

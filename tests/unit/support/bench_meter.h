@@ -1,0 +1,41 @@
+// BenchMeter: a session on the virtual clock, wired to a simulated meter. The fixture of most stories.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "session/session.h"
+#include "settings/settings_keys.h"
+#include "shell/start.h"
+#include "support/memory_files.h"
+#include "support/meter_line.h"
+#include "support/virtual_pump.h"
+
+namespace counter::test {
+
+class RecordedDialogs : public Dialogs {
+  public:
+    std::vector<Message> Shown;
+    void Show(const Message& message) override { Shown.push_back(message); }
+};
+
+struct BenchMeter {
+    explicit BenchMeter(sim::MeterOptions options = {}, const std::vector<std::string>& settings = {})
+        : Line(Pump, std::move(options)) {
+        SettingsLines lines = NewSettingsLines();
+        for (const std::string& word : settings) {
+            const std::size_t equals = word.find('=');
+            SetSettingsKey(lines, *FindSettingsKey(word.substr(0, equals)), word.substr(equals + 1));
+        }
+        Store.Contents["home/Settings.SSS"] = FormatSettings(lines);
+    }
+    Status SwitchOn() { return Start(Program); }
+
+    VirtualPump Pump;
+    MemoryFiles Store;
+    RecordedDialogs Boxes;
+    MeterLine Line;
+    Session Program{Pump, Line, Boxes, {Store, "home"}};
+};
+
+}  // namespace counter::test
