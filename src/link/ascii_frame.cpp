@@ -1,0 +1,27 @@
+#include "link/ascii_frame.h"
+
+#include "link/link_error.h"
+
+namespace counter {
+
+std::string FrameAscii(std::string_view command) {
+    return std::string(command) + "\r\n";
+}
+
+std::string AsciiCommand(const LinkState& link, std::string_view body) {
+    return std::string("*") + link.MeterAddressChar + std::string(body);
+}
+
+void JudgeAscii(LinkState& link, std::string_view received) {
+    const std::size_t end = received.find('\r');
+    if (end == std::string_view::npos) {
+        link.LinkError = LinkErrors::kNoCarriageReturn;
+        return;
+    }
+    const bool valueReply = link.CommandText.size() > 2 && link.CommandText[2] == 'B';
+    const std::size_t length = !valueReply && end % 2 == 1 ? end - 1 : end;
+    link.RawReply = std::string(received.substr(0, length));
+    link.ReplyText = link.RawReply;
+}
+
+}  // namespace counter

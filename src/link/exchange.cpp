@@ -1,0 +1,124 @@
+#include "link/exchange.h"
+
+#include "link/ascii_frame.h"
+#include "link/link_error.h"
+#include "link/modbus_frame.h"
+#include "link/waits.h"
+
+namespace counter {
+
+namespace {
+
+constexpr double kBeforeSendMs = 300;
+constexpr double kFirstCharacterMs = 3000;
+constexpr double kFirstPartMs = 200;
+
+constexpr int kModbusRtu = 1;
+
+std::string TrimBlanks(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+void BuildFrame(LinkState& link) {
+    if (link.ModbusLink == 0) {
+        link.CommandText = FrameAscii(link.CommandText);
+        return;
+    }
+    link.ModbusPayload = link.ModbusAddressHex + link.ModbusPayload;
+    link.CommandText = link.SerialProtocol == kModbusRtu ? FrameRtu(link.ModbusPayload, link.CrcTableFixed)
+                                                         : FrameModbusAscii(link.ModbusPayload);
+}
+
+bool WaitForFirstCharacter(Link& link) {
+    link.Waits.WaitUntil(
+        link.Waits.NowMs() + kFirstCharacterMs,
+        [&] { return link.Port.Faulted() || link.Port.InBufferCount() > 0; }, "first character of a reply");
+    if (link.Port.Faulted()) {
+        link.State.LinkError = LinkErrors::kPortFault;
+    } else if (link.Port.InBufferCount() == 0) {
+        link.State.LinkError = LinkErrors::kNoReply;
+    }
+    return link.State.LinkError == LinkErrors::kGood;
+}
+
+// Takes in characters until none comes for ten characters' time and 50 ms.
+std::string TakeUntilSilence(Link& link) {
+    const double gapMs = static_cast<double>(link.State.CharTimeMs * 10 + 50);
+    std::string reply;
+    const auto input = [&] { return link.Port.Faulted() || link.Port.InBufferCount() > 0; };
+    while (link.Waits.WaitUntil(link.Waits.NowMs() + gapMs, input, "end of a reply")) {
+        if (link.Port.Faulted()) {
+            link.State.LinkError = LinkErrors::kPortFault;
+            break;
+        }
+        reply += link.Port.Input();
+    }
+    return reply;
+}
+
+// Half duplex adapters send back what was sent, check fields and line end included.
+bool RemoveEcho(LinkState& link, std::string& reply) {
+    if (link.EchoMode != 1) return true;
+    if (reply.compare(0, link.CommandText.size(), link.CommandText) != 0) {
+        link.LinkError = LinkErrors::kNoEcho;
+        return false;
+    }
+    reply.erase(0, link.CommandText.size());
+    return true;
+}
+
+bool Judge(LinkState& link, const std::string& reply) {
+    if (link.ModbusLink == 0) {
+        JudgeAscii(link, reply);
+        return link.LinkError == LinkErrors::kGood;
+    }
+    return link.SerialProtocol == kModbusRtu ? JudgeRtu(link, reply) : JudgeModbusAscii(link, reply);
+}
+
+}  // namespace
+
+void SendCommand(Link& link) {
+    LinkDelay(link, kBeforeSendMs);
+    BuildFrame(link.State);
+    if (link.Port.InBufferCount() != 0) link.State.RawReply = link.Port.Input();
+    link.Port.SetRtsEnable(true);
+    link.Port.Input();
+    link.Port.Output(link.State.CommandText);
+    WaitForOutput(link);
+}
+
+void ReceiveReply(Link& link) {
+    LinkState& state = link.State;
+    state.LinkError = LinkErrors::kGood;
+    if (!WaitForFirstCharacter(link)) return;
+    LinkDelay(link, kFirstPartMs);
+    std::string reply = TakeUntilSilence(link);
+    if (state.LinkError != LinkErrors::kGood) return;
+    if (!RemoveEcho(state, reply)) return;
+    if (Judge(state, reply)) state.ReplyText = TrimBlanks(state.ReplyText);
+}
+
+void SendAscii(Link& link, std::string_view body) {
+    link.State.CommandText = AsciiCommand(link.State, body);
+    SendCommand(link);
+}
+
+void AskAscii(Link& link, std::string_view body) {
+    SendAscii(link, body);
+    ReceiveReply(link);
+}
+
+void AskModbus(Link& link, std::string_view payload) {
+    link.State.ModbusPayload = std::string(payload);
+    SendCommand(link);
+    ReceiveReply(link);
+}
+
+int ModbusExtraDigits(const LinkState& link) {
+    if (link.EthernetMode == 1) return 0;
+    return link.SerialProtocol == kModbusRtu ? 4 : 2;
+}
+
+}  // namespace counter

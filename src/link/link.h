@@ -1,0 +1,16 @@
+// Link: what one exchange with the meter works on.
+#pragma once
+
+#include "link/link_state.h"
+#include "platform/pump.h"
+#include "platform/serial_port.h"
+
+namespace counter {
+
+struct Link {
+    LinkState& State;
+    Pump& Waits;
+    SerialPort& Port;
+};
+
+}  // namespace counter

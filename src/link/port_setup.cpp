@@ -1,0 +1,39 @@
+#include "link/port_setup.h"
+
+#include "link/waits.h"
+#include "meter/baud_table.h"
+
+namespace counter {
+
+std::string PortSettingsText(const LinkState& link) {
+    std::string text(BaudTable[static_cast<std::size_t>(link.BaudIndex)]);
+    if (link.ModbusLink == 0) return text + ",n,8,1";
+    constexpr std::string_view kParities = "noe";
+    const std::string_view parity = link.ParityIndex < 3
+                                        ? kParities.substr(static_cast<std::size_t>(link.ParityIndex), 1)
+                                        : std::string_view();
+    text += ",";
+    text += parity;
+    text += "," + std::to_string(9 - link.SerialProtocol);
+    text += "," + std::to_string(link.ParityIndex > 0 ? 1 : 2);
+    return text;
+}
+
+Status OpenPort(Link& link, const Settings& settings) {
+    link.State.EchoMode = settings.CommsEnabled - 1;
+    if (link.Port.PortOpen()) link.Port.Close();
+    link.Port.SetCommPort(settings.CommPortNumber);
+    if (Status status = link.Port.SetSettings(PortSettingsText(link.State)); !status.Ok()) return status;
+    if (Status status = link.Port.Open(); !status.Ok()) return status;
+    link.Port.SetDtrEnable(true);
+    return {};
+}
+
+void ClosePort(Link& link) {
+    link.Port.SetHandshaking(0);
+    WaitForOutput(link);
+    LinkDelay(link, 200);
+    if (link.Port.PortOpen()) link.Port.Close();
+}
+
+}  // namespace counter

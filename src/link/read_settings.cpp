@@ -1,0 +1,68 @@
+#include "link/read_settings.h"
+
+#include <charconv>
+
+#include "link/port_setup.h"
+#include "meter/baud_table.h"
+
+namespace counter {
+
+namespace {
+
+// Eleven bit times in milliseconds.
+float CharacterTime(int baudIndex) {
+    const std::string_view text = BaudTable[static_cast<std::size_t>(baudIndex)];
+    int baud = 1;
+    std::from_chars(text.data(), text.data() + text.size(), baud);
+    return 11000.0F / static_cast<float>(baud);
+}
+
+void TakeLinkState(const Settings& settings, LinkState& state) {
+    state.ModbusLink = settings.ModbusLink;
+    state.SerialProtocol = settings.SerialProtocol;
+    state.ParityIndex = settings.ParityIndex;
+    state.EthernetMode = settings.EthernetMode;
+    state.BaudIndex = settings.BaudIndex;
+    state.LongWakeUp = settings.LongWakeUp;
+    state.MeterAddressChar = settings.MeterAddressChar;
+    state.ModbusAddressHex = settings.ModbusAddressHex;
+}
+
+void TakeIdentity(const Settings& settings, MeterIdentity& identity) {
+    identity.MeterType = settings.MeterType;
+    identity.FirmwareVersion = settings.FirmwareVersion;
+    if (settings.MeterType == 7) identity.NoPanelModel = 1;
+}
+
+void RefuseOtherPrograms(const Settings& settings, Dialogs& dialogs, Pump& pump) {
+    if (settings.ProgramKind != kWrongProgram) return;
+    dialogs.Show(
+        {"Program Error", "Wrong Tolvane program for this meter.  Please terminate program.", BoxIcon::None});
+    pump.EndProcess(kWrongProgramExit);
+}
+
+}  // namespace
+
+Status ReadSettings(const ProgramFolder& folder, Dialogs& dialogs, Settings& settings,
+                    MeterIdentity& identity, Link& link) {
+    const std::string path = folder.At(kSettingsFile);
+    std::string text;
+    if (Status status = folder.Store.Read(path, text); !status.Ok()) return status;
+    ParseSettings(SplitSettings(text), settings);
+    RefuseOtherPrograms(settings, dialogs, link.Waits);
+    TakeLinkState(settings, link.State);
+    TakeIdentity(settings, identity);
+    if (settings.EthernetMode == 1) return {};
+    if (settings.BaudIndex < 0) {
+        return {StatusKind::Illegal, path, kBaudDigitReason};
+    }
+    if (settings.CommsEnabled > 0) {
+        if (Status status = OpenPort(link, settings); !status.Ok()) return status;
+    } else {
+        identity.SetupFromMeter = 0;
+    }
+    link.State.CharTimeMs = CharacterTime(settings.BaudIndex);
+    return {};
+}
+
+}  // namespace counter

@@ -1,0 +1,39 @@
+#include "link/waits.h"
+
+namespace counter {
+
+namespace {
+
+// A request to the node passes two more computers on its way.
+constexpr double kNodeExtraMs = 1000;
+
+void Pause(Link& link, double ms, const char* reason) {
+    link.Waits.WaitUntil(
+        link.Waits.NowMs() + ms, [] { return false; }, reason);
+}
+
+}  // namespace
+
+void LinkDelay(Link& link, double ms) {
+    Pause(link, link.State.EthernetMode == 1 ? ms + kNodeExtraMs : ms, "link delay");
+}
+
+void Delay(Link& link, float seconds) {
+    if (seconds == 0) seconds = 0.55F - 0.1F * static_cast<float>(link.State.BaudIndex);
+    Pause(link, static_cast<double>(seconds) * 1000, "delay");
+}
+
+void WaitForInput(Link& link) {
+    link.State.PortFault = 0;
+    const double deadline = link.Waits.NowMs() + 1000;
+    link.Waits.WaitUntil(
+        deadline, [&] { return link.Port.Faulted() || link.Port.InBufferCount() != 0; }, "wait for input");
+    if (link.Port.Faulted()) link.State.PortFault = 1;
+}
+
+void WaitForOutput(Link& link) {
+    link.Waits.WaitUntil(
+        Pump::kForever, [&] { return link.Port.Faulted() || link.Port.OutBufferCount() == 0; }, "send");
+}
+
+}  // namespace counter

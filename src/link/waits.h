@@ -1,0 +1,20 @@
+// Waits of the link, each a line over the pump's one wait.
+#pragma once
+
+#include "link/link.h"
+
+namespace counter {
+
+// Waits `ms` milliseconds, 1000 more in Ethernet mode, while events run.
+void LinkDelay(Link& link, double ms);
+
+// Waits `seconds`, while events run; 0 takes 0.55 less 0.1 for each step of BaudIndex.
+void Delay(Link& link, float seconds);
+
+// Waits up to one second for input and leaves it where it is. A port error sets PortFault.
+void WaitForInput(Link& link);
+
+// Waits until all that was sent has gone out, or the line has.
+void WaitForOutput(Link& link);
+
+}  // namespace counter

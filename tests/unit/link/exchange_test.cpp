@@ -1,0 +1,205 @@
+// One exchange on the virtual clock: pauses, silence, echo, and every way in which a receive can end.
+#include "link/exchange.h"
+
+#include <gtest/gtest.h>
+
+#include "link/port_setup.h"
+#include "link/waits.h"
+#include "support/bench_meter.h"
+
+namespace counter::test {
+namespace {
+
+// A line whose far end the test itself plays.
+struct QuietBench : BenchMeter {
+    explicit QuietBench(const std::vector<std::string>& settings = {}) : BenchMeter({}, settings) {
+        Line.Unplug();
+        SwitchOn();
+    }
+    Link& L() { return Program.Line; }
+    LinkState& State() { return Program.LinkData; }
+    void AnswerAfter(double ms, std::string bytes) {
+        Pump.After(ms, [this, bytes] { Line.Inject(bytes); });
+    }
+};
+
+TEST(Send, WaitsThrowsStaleInputAwayAndFrames) {
+    QuietBench bench;
+    bench.Line.Inject("stale");
+    const double start = bench.Pump.NowMs();
+    SendAscii(bench.L(), "G130");
+    EXPECT_EQ(bench.Pump.NowMs() - start, 300);
+    EXPECT_EQ(bench.Line.Sent().back(), "*1G130\r\n");
+    EXPECT_EQ(bench.State().RawReply, "stale");
+    EXPECT_EQ(bench.Line.InBufferCount(), 0U);
+    EXPECT_EQ(bench.Line.Calls().back(), "RTS on");
+}
+
+TEST(Send, Address16IsGAndModbusCarriesItsOwn) {
+    QuietBench ascii({"MeterAddressValue=16"});
+    SendAscii(ascii.L(), "XR1AZ");
+    EXPECT_EQ(ascii.Line.Sent().back(), "*GXR1AZ\r\n");
+
+    QuietBench modbus({"SerialProtocol=2", "ModbusAddress=17"});
+    modbus.State().ModbusPayload = "0800010000";
+    SendCommand(modbus.L());
+    EXPECT_EQ(modbus.Line.Sent().back(), ":110800010000E6\r\n");
+}
+
+TEST(Receive, CustomAsciiReplies) {
+    const struct {
+        const char* Name;
+        const char* Command;
+        const char* Reply;
+        int LinkError;
+        const char* ReplyText;
+        const char* RawReply;
+    } cases[] = {
+        {"stray line feed", "G130", "AB12\r\n", 0, "AB12", "AB12"},
+        {"odd digit goes", "G130", "ABC\r", 0, "AB", "AB"},
+        {"odd value stays", "B1", "ABC\r", 0, "ABC", "ABC"},
+        {"blanks are trimmed", "B1", "  1.5 \r", 0, "1.5", "  1.5 "},
+        {"first CR counts", "G130", "12\r34\r", 0, "12", "12"},
+        {"empty reply", "G130", "\r", 0, "", ""},
+        {"no end", "G130", "1234", 23, "before", "before"},
+    };
+    for (const auto& c : cases) {
+        QuietBench bench;
+        bench.State().ReplyText = bench.State().RawReply = "before";
+        bench.AnswerAfter(310, c.Reply);
+        AskAscii(bench.L(), c.Command);
+        EXPECT_EQ(bench.State().LinkError, c.LinkError) << c.Name;
+        EXPECT_EQ(bench.State().ReplyText, c.ReplyText) << c.Name;
+        EXPECT_EQ(bench.State().RawReply, c.RawReply) << c.Name;
+    }
+}
+
+TEST(Receive, NobodyAnswersFor3000Ms) {
+    QuietBench bench;
+    bench.State().ReplyText = "49";
+    const double start = bench.Pump.NowMs();
+    AskAscii(bench.L(), "G130");
+    EXPECT_EQ(bench.State().LinkError, 21);
+    EXPECT_EQ(bench.Pump.NowMs() - start, 3300);
+    EXPECT_EQ(bench.State().ReplyText, "49") << "the reply before stays";
+}
+
+// At 9600 baud the gap is 61.46 ms, at 300 baud 416.67, counted from 200 ms behind the first character.
+TEST(Receive, SilenceLongerThanTheGapEndsAReply) {
+    const struct {
+        const char* Name;
+        const char* Baud;
+        double SecondPieceMs;
+        int LinkError;
+        double TookMs;
+    } cases[] = {
+        {"within the gap at 9600", "BaudIndex=5", 510 + 61, 0, 510 + 61 + 61.46},
+        {"beyond the gap at 9600", "BaudIndex=5", 510 + 62, 23, 510 + 61.46},
+        {"within the gap at 300", "BaudIndex=0", 510 + 416, 0, 510 + 416 + 416.67},
+        {"beyond the gap at 300", "BaudIndex=0", 510 + 417, 23, 510 + 416.67},
+    };
+    for (const auto& c : cases) {
+        QuietBench bench({c.Baud});
+        bench.AnswerAfter(310, "12");
+        bench.AnswerAfter(c.SecondPieceMs, "34\r");
+        const double start = bench.Pump.NowMs();
+        AskAscii(bench.L(), "G130");
+        EXPECT_EQ(bench.State().LinkError, c.LinkError) << c.Name;
+        EXPECT_NEAR(bench.Pump.NowMs() - start, c.TookMs, 0.02) << c.Name;
+    }
+}
+
+TEST(Receive, ALongReplyInPiecesIsOne) {
+    QuietBench bench;
+    for (int piece = 0; piece < 100; ++piece) bench.AnswerAfter(310 + piece * 60, "A5");
+    bench.AnswerAfter(310 + 6000, "\r");
+    AskAscii(bench.L(), "XR1AZ");
+    EXPECT_EQ(bench.State().LinkError, 0);
+    EXPECT_EQ(bench.State().ReplyText.size(), 200U);
+}
+
+TEST(Receive, EchoIsRemovedOrMissed) {
+    const struct {
+        const char* Name;
+        const char* Reply;
+        int LinkError;
+    } cases[] = {
+        {"echo and reply", "*1G130\r\n49\r", 0},
+        {"wrong echo", "*1G131\r\n49\r", 22},
+        {"no echo", "49\r", 22},
+        {"echo alone", "*1G130\r\n", 23},
+    };
+    for (const auto& c : cases) {
+        QuietBench bench({"CommsEnabled=2"});
+        bench.AnswerAfter(310, c.Reply);
+        AskAscii(bench.L(), "G130");
+        EXPECT_EQ(bench.State().LinkError, c.LinkError) << c.Name;
+    }
+}
+
+TEST(Receive, ALineThatGoesAwayIs27AtEveryPoint) {
+    const struct {
+        const char* Name;
+        double GoesMs;
+        double TookMs;
+    } cases[] = {
+        {"before the first character", 305, 305},
+        {"while the first part comes", 400, 510},
+        {"in the gap", 530, 530},
+    };
+    for (const auto& c : cases) {
+        QuietBench bench;
+        bench.AnswerAfter(310, "49");
+        bench.Pump.After(c.GoesMs, [&] { bench.Line.GoAway(); });
+        const double start = bench.Pump.NowMs();
+        AskAscii(bench.L(), "G130");
+        EXPECT_EQ(bench.State().LinkError, 27) << c.Name;
+        EXPECT_NEAR(bench.Pump.NowMs() - start, c.TookMs, 0.01) << c.Name;
+    }
+}
+
+TEST(Receive, APortThatIsNotOpenIs27AtOnce) {
+    QuietBench bench;
+    bench.Line.Close();
+    ReceiveReply(bench.L());
+    EXPECT_EQ(bench.State().LinkError, 27);
+}
+
+TEST(Waits, TakeTheirTimes) {
+    const struct {
+        const char* Name;
+        int EthernetMode;
+        void (*Wait)(Link&);
+        double Ms;
+    } cases[] = {
+        {"link delay", 0, [](Link& link) { LinkDelay(link, 300); }, 300},
+        {"link delay through the node", 1, [](Link& link) { LinkDelay(link, 300); }, 1300},
+        {"delay of 0.4 s", 0, [](Link& link) { Delay(link, 0.4F); }, 400},
+        {"delay of 0 at 9600 baud", 0, [](Link& link) { Delay(link, 0); }, 50},
+        {"input that never comes", 0, [](Link& link) { WaitForInput(link); }, 1000},
+        {"close", 0, [](Link& link) { ClosePort(link); }, 200},
+    };
+    for (const auto& c : cases) {
+        QuietBench bench;
+        bench.State().EthernetMode = c.EthernetMode;
+        const double start = bench.Pump.NowMs();
+        c.Wait(bench.L());
+        EXPECT_NEAR(bench.Pump.NowMs() - start, c.Ms, 0.01) << c.Name;
+    }
+}
+
+TEST(Waits, InputEndsTheWaitAndStays) {
+    QuietBench bench;
+    bench.AnswerAfter(100, "x");
+    const double start = bench.Pump.NowMs();
+    WaitForInput(bench.L());
+    EXPECT_EQ(bench.Pump.NowMs() - start, 100);
+    EXPECT_EQ(bench.Line.InBufferCount(), 1U);
+    EXPECT_EQ(bench.State().PortFault, 0);
+    bench.Line.GoAway();
+    WaitForInput(bench.L());
+    EXPECT_EQ(bench.State().PortFault, 1);
+}
+
+}  // namespace
+}  // namespace counter::test
