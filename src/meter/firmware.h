@@ -1,0 +1,41 @@
+// Where the meter's firmware generations differ in how a setup is moved. Versions are plain numbers 0..255.
+#pragma once
+
+namespace counter {
+
+// Meters before 46 need time after each block before they can be asked again.
+constexpr bool NeedsPauseAfterBlock(int firmwareVersion) {
+    return firmwareVersion < 46;
+}
+
+// Version 78 reports a two-relay board only in a byte of its own, 0x2B.
+constexpr bool AsksRelayByte(int firmwareVersion) {
+    return firmwareVersion == 78;
+}
+
+// Versions 74 and 75 keep the analog board in a byte of their own, 0x41, as two decimal digits.
+constexpr bool AsksAnalogByte(int firmwareVersion) {
+    return firmwareVersion == 74 || firmwareVersion == 75;
+}
+
+// From 76 on the analog board can be read over Modbus.
+constexpr bool ModbusTellsAnalogOption(int firmwareVersion) {
+    return firmwareVersion >= 76;
+}
+
+// Before 76 a meter without a front panel menu answers half duplex whatever its setup says.
+constexpr bool AlwaysHalfDuplexWithoutPanel(int firmwareVersion) {
+    return firmwareVersion < 76;
+}
+
+// Above 75 the Cutoff Value has a register of its own to be written.
+constexpr bool ModbusTakesCutoffValue(int firmwareVersion) {
+    return firmwareVersion > 75;
+}
+
+// From 81 on the meter's Modbus check is the published one.
+constexpr bool HasPublishedCrc(int firmwareVersion) {
+    return firmwareVersion > 80;
+}
+
+}  // namespace counter

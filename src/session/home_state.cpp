@@ -1,0 +1,30 @@
+#include "session/home_state.h"
+
+namespace counter {
+
+namespace {
+
+void Tell(const HomeState& home) {
+    if (home.Changed) home.Changed();
+}
+
+}  // namespace
+
+void HomeState::ShowStatus(const std::string& text, Color color) {
+    StatusText = text;
+    StatusColor = color;
+    StatusVisible = true;
+    Tell(*this);
+}
+
+void HomeState::ProgressTo(int percent) {
+    ProgressPercent = percent;
+    Tell(*this);
+}
+
+void HomeState::ShowProgress(bool visible) {
+    ProgressVisible = visible;
+    Tell(*this);
+}
+
+}  // namespace counter

@@ -1,0 +1,76 @@
+#include "shell/get_action.h"
+
+#include "link/waits.h"
+#include "transfer/get_setup.h"
+
+namespace counter {
+
+namespace {
+
+constexpr const char* kRemoteNote =
+    "The Data Type shows as 'Remote A.'  It is possible that the Meter was set to 'Remote C', but since that "
+    "Data "
+    "Type only allows one-way communication, it is changed to 'Remote A' for the transfer of data.  If "
+    "'Remote C' is "
+    "desired, change the Data Type to 'Remote C' before doing a 'Put' and the Meter will end up in the "
+    "'Remote C' "
+    "mode.";
+
+constexpr int kRemoteA = 6;  // Display Type
+
+void BeginGet(Session& session) {
+    session.Home.Hourglass = true;
+    session.Home.ShowStatus("Getting data from the Counter.", ColorGreen);
+    LinkDelay(session.Line, 5);
+    session.Home.ProgressPercent = 0;
+    session.Home.ShowProgress(true);
+}
+
+void Fail(Session& session) {
+    session.Identity.SetupFromMeter = 0;
+    session.Home.ShowStatus("Failed to Get data, check connections, then try again.      ( " +
+                                std::to_string(session.LinkData.LinkError) + ")",
+                            ColorRed);
+}
+
+void Succeed(Session& session) {
+    HomeState& home = session.Home;
+    session.Identity.SetupFromMeter = 1;
+    home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
+    home.ShowProgress(false);
+    home.ShowStatus("Getting data from the Counter.  Data received OK.", ColorGreen);
+}
+
+// Service technicians find the image of the last Get over Modbus here; nothing in the program reads it, so a
+// folder that takes no file is no failure of the Get.
+void WriteServiceFile(Session& session) {
+    session.Folder.Store.Write(session.Folder.At("DataFil2"), DataFil2Text(session.Image));
+}
+
+void Transfer(Session& session) {
+    SetupTransfer transfer{session.Line, session.Image, session.Identity, session.Derived,
+                           [&](int percent) { session.Home.ProgressTo(percent); }};
+    if (session.LinkData.ModbusLink == 0) {
+        GetSetupAscii(transfer);
+        return;
+    }
+    GetSetupModbus(transfer);
+    if (session.LinkData.LinkError == 0) WriteServiceFile(session);
+}
+
+}  // namespace
+
+void GetSetup(Session& session) {
+    BeginGet(session);
+    Transfer(session);
+    if (session.LinkData.LinkError != 0) {
+        Fail(session);
+    } else {
+        Succeed(session);
+    }
+    if (BitsGet(session.Image, 7, 4, 185) == kRemoteA)
+        session.Boxes.Show({"Note:", kRemoteNote, BoxIcon::None});
+    session.Home.Hourglass = false;
+}
+
+}  // namespace counter

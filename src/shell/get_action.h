@@ -1,0 +1,12 @@
+// The action Get Setup: the meter's setup into memory, with status line and progress bar.
+#pragma once
+
+#include "session/session.h"
+
+namespace counter {
+
+// Ends with LinkError 0, SetupFromMeter 1 and the entries that need a setup enabled; or with the failure and
+// its number on the status line. A meter that is a "Remote A" display gets a note shown.
+void GetSetup(Session& session);
+
+}  // namespace counter

@@ -1,0 +1,21 @@
+// Setup files, extension ".CT2": the image as one line of hexadecimal digits, CR LF. No header, no check.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "meter/setup_image.h"
+#include "platform/files.h"
+
+namespace counter {
+
+// The image that a file's text holds: its first line, filled up with "0" to 260 digits. Longer text stays,
+// and so does what is no hexadecimal digit; faults show at field level.
+SetupImage ImageOfText(std::string_view text);
+std::string TextOfImage(const SetupImage& image);
+
+// A file that can't be read leaves the image as it was.
+Status LoadSetupFile(const Files& files, const std::string& path, SetupImage& image);
+Status SaveSetupFile(Files& files, const std::string& path, const SetupImage& image);
+
+}  // namespace counter

@@ -1,0 +1,303 @@
+// Get Setup against the simulated meter: which frames go out, what they cost, what each failure leaves
+// behind.
+#include <gtest/gtest.h>
+
+#include "meter/default_setup.h"
+#include "shell/get_action.h"
+#include "support/bench_meter.h"
+
+namespace counter::test {
+namespace {
+
+using Words = std::vector<std::string>;
+
+// The default setup as a meter of `version` gives it.
+sim::MeterOptions MeterOf(int version) {
+    sim::MeterOptions options;
+    options.Version = version;
+    return options;
+}
+
+sim::MeterOptions WithFault(sim::MeterOptions options, const char* text) {
+    sim::Fault fault;
+    EXPECT_EQ(sim::ParseFault(text, fault), "");
+    options.Faults.push_back(fault);
+    return options;
+}
+
+Words AsciiFrames(const Words& bodies) {
+    Words frames = {"|**|\r\n"};
+    for (const std::string& body : bodies) frames.push_back("*1" + body + "\r\n");
+    return frames;
+}
+
+struct GetBench : BenchMeter {
+    explicit GetBench(sim::MeterOptions options = {}, const Words& settings = {})
+        : BenchMeter(std::move(options), settings) {
+        SwitchOn();
+    }
+    int Get() {
+        const double start = Pump.NowMs();
+        GetSetup(Program);
+        TookMs = Pump.NowMs() - start;
+        return Program.LinkData.LinkError;
+    }
+    double TookMs = 0;
+};
+
+TEST(GetAscii, BringsTheWholeImage) {
+    GetBench bench;
+    EXPECT_EQ(bench.Get(), 0);
+    EXPECT_EQ(bench.Program.Image.SetupData, bench.Line.Meter().ImageText());
+    EXPECT_EQ(bench.Line.Sent(), AsciiFrames({"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "C0"}));
+    EXPECT_EQ(bench.Program.Identity.FirmwareVersion, 83);
+    EXPECT_EQ(bench.Program.Identity.MeterType, 3);
+    EXPECT_EQ(bench.Program.Identity.SetupFromMeter, 1);
+    EXPECT_EQ(bench.Program.Derived.ExtendedMeter, 1);
+    EXPECT_EQ(bench.Program.Home.StatusText, "Getting data from the Counter.  Data received OK.");
+    EXPECT_TRUE(bench.Program.Home.PutEnabled && bench.Program.Home.CalibrationEnabled);
+    EXPECT_TRUE(bench.Boxes.Shown.empty());
+}
+
+TEST(GetAscii, CommandsFollowTheVersion) {
+    const struct {
+        const char* Name;
+        int Version;
+        int RelayCode;
+        Words Frames;
+    } cases[] = {
+        {"78, four relays", 78, 1, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G12B", "G128", "C0"}},
+        {"78, raw 3", 78, 3, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G12B", "G128", "C0"}},
+        {"78, two relays", 78, 2, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "C0"}},
+        {"78, no relays", 78, 0, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "C0"}},
+        {"77", 77, 1, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "C0"}},
+        {"75", 75, 1, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "R141", "C0"}},
+        {"74", 74, 1, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "R141", "C0"}},
+        {"73", 73, 1, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "C0"}},
+    };
+    for (const auto& c : cases) {
+        sim::MeterOptions options = MeterOf(c.Version);
+        options.RelayBoard = c.RelayCode;
+        GetBench bench(options);
+        EXPECT_EQ(bench.Get(), 0) << c.Name;
+        EXPECT_EQ(bench.Line.Sent(), AsciiFrames(c.Frames)) << c.Name;
+    }
+}
+
+TEST(GetAscii, LiveBytesGoOverTheImage) {
+    sim::MeterOptions options = MeterOf(75);
+    options.InputBoard = 2;
+    options.AnalogBoard = 3;
+    options.Extended = false;
+    options.LiveBytes[0x30] = 0x2C;
+    GetBench bench(options);
+    EXPECT_EQ(bench.Get(), 0);
+    EXPECT_EQ(ByteGet(bench.Program.Image, 193), 0x2C);
+    EXPECT_EQ(ByteGet(bench.Program.Image, 143), 3);
+    EXPECT_EQ(BitsGet(bench.Program.Image, 3, 2, 185), 0) << "a Basic meter has no curve";
+    EXPECT_EQ(bench.Program.Derived.ExtendedMeter, 0);
+}
+
+TEST(GetAscii, Version78TellsTwoRelaysByBit2OfByte2B) {
+    for (const auto& [byte2B, expected] : {std::pair{0x00, 0x69}, {0x04, 0x29}, {0xFB, 0x69}}) {
+        sim::MeterOptions options = MeterOf(78);
+        options.LiveBytes = {{0x30, 0x29}, {0x2B, byte2B}};
+        GetBench bench(options);
+        EXPECT_EQ(bench.Get(), 0);
+        EXPECT_EQ(ByteGet(bench.Program.Image, 193), expected) << byte2B;
+    }
+}
+
+TEST(GetAscii, AByte2BThatNeverCameIsReadFromTheReplyBefore) {
+    sim::MeterOptions options = WithFault(MeterOf(78), "G12B:noreply");
+    options.LiveBytes[0x30] = 0x29;
+    GetBench bench(options);
+    EXPECT_EQ(bench.Get(), 0);
+    EXPECT_EQ(ByteGet(bench.Program.Image, 193), 0x69) << "bit 2 of 29, the reply to G130, is 0";
+}
+
+TEST(GetAscii, AMeterWithoutInputBoardIsARemoteDisplay) {
+    const struct {
+        const char* Name;
+        const char* Byte185;
+        int Option;
+        const char* Expected;
+        std::size_t Notes;
+    } cases[] = {
+        {"type 0 becomes Remote A", "04", 0x48, "64", 1},
+        {"type 7 stays", "74", 0x48, "74", 0},
+        {"with a board it stays", "04", 0x49, "04", 0},
+        {"Remote A with a board has its note too", "64", 0x49, "64", 1},
+    };
+    for (const auto& c : cases) {
+        sim::MeterOptions options;
+        options.Patches = {{185, c.Byte185}};
+        options.LiveBytes[0x30] = c.Option;
+        GetBench bench(options);
+        EXPECT_EQ(bench.Get(), 0) << c.Name;
+        EXPECT_EQ(bench.Program.Image.SetupData.substr(184, 2), c.Expected) << c.Name;
+        EXPECT_EQ(bench.Boxes.Shown.size(), c.Notes) << c.Name;
+    }
+}
+
+TEST(GetAscii, OldMetersGetTimeAfterEachBlock) {
+    GetBench now({}, {"FirmwareVersion=46"});
+    EXPECT_EQ(now.Get(), 0);
+    GetBench old({}, {"FirmwareVersion=45"});
+    EXPECT_EQ(old.Get(), 0);
+    EXPECT_NEAR(old.TookMs - now.TookMs, 3 * 2500, 0.01);
+}
+
+TEST(GetAscii, NoPanelModelsBefore76AreHalfDuplex) {
+    for (const auto& [version, expected] : {std::pair{"75", 1}, {"76", 0}}) {
+        GetBench bench({}, {"MeterType=7", std::string("FirmwareVersion=") + version});
+        EXPECT_EQ(bench.Get(), 0);
+        EXPECT_EQ(BitsGet(bench.Program.Image, 7, 7, 187), expected) << version;
+    }
+}
+
+TEST(GetAscii, LongWakeUpAndOtherAddress) {
+    GetBench bench({}, {"LongWakeUp=1"});
+    bench.Get();
+    EXPECT_EQ(bench.Line.Sent()[0], "|************|\r\n");
+}
+
+TEST(GetAscii, EveryFailureHasItsNumberAndItsImage) {
+    const std::size_t whole = 260;
+    const struct {
+        const char* Fault;
+        int Version;
+        int LinkError;
+        std::size_t Digits;
+    } cases[] = {
+        {"XR1A:noreply", 83, 21, whole},    {"XR1A:cut=10", 83, 23, whole},
+        {"XR35:noreply", 83, 21, 108},      {"XR35:cut=50", 83, 23, 108},
+        {"XB74:garbage", 83, 23, 204},      {"G130:noreply", 83, 21, whole},
+        {"G128:cut=1", 83, 23, whole},      {"R141:noreply", 75, 21, whole},
+        {"G130:late=3500", 83, 21, whole},  {"XR1A:gone=20", 83, 27, whole},
+        {"XR35:pause=40,400", 83, 23, 108},
+    };
+    for (const auto& c : cases) {
+        GetBench bench(WithFault(MeterOf(c.Version), c.Fault));
+        EXPECT_EQ(bench.Get(), c.LinkError) << c.Fault;
+        EXPECT_EQ(bench.Program.Image.SetupData.size(), c.Digits) << c.Fault;
+        EXPECT_EQ(bench.Program.Identity.SetupFromMeter, 0) << c.Fault;
+        EXPECT_FALSE(bench.Program.Home.PutEnabled) << c.Fault;
+        EXPECT_EQ(bench.Program.Home.StatusText,
+                  "Failed to Get data, check connections, then try again.      ( " +
+                      std::to_string(c.LinkError) + ")");
+        bench.Line.Meter().SetFaults({});
+        bench.SwitchOn();
+        EXPECT_EQ(bench.Get(), 0) << "the next Get works after " << c.Fault;
+    }
+}
+
+// A meter that answers with one length too many or too few: the far end is played by the test.
+TEST(GetAscii, WrongLengthsHaveTheNumberOfTheirStep) {
+    const std::string block(108, '0');
+    const struct {
+        const char* Name;
+        Words Replies;
+        int LinkError;
+    } cases[] = {
+        {"first block", {std::string(106, '0')}, 1},
+        {"second block", {block, std::string(110, '0')}, 4},
+        {"third block", {block, block, std::string(42, '0')}, 7},
+        {"option boards", {block, block, std::string(44, '0'), "0000"}, 8},
+        {"Extended", {block, block, std::string(44, '0'), "00", ""}, 10},
+        {"109 digits pass as 108", {block + "7", block, std::string(44, '0'), "00", "0000"}, 10},
+    };
+    for (const auto& c : cases) {
+        GetBench bench;
+        bench.Line.Unplug();
+        double at = 5 + 300 + 300 + 310;
+        for (const std::string& reply : c.Replies) {
+            bench.Pump.After(at, [&bench, reply] { bench.Line.Inject(reply + "\r"); });
+            at += 310 + 200 + 61.46;
+            if (reply == "00") at += 200;
+        }
+        EXPECT_EQ(bench.Get(), c.LinkError) << c.Name;
+    }
+}
+
+struct ModbusKind {
+    const char* Name;
+    const char* Protocol;
+    sim::LineProtocol Sim;
+};
+const ModbusKind kModbusKinds[] = {
+    {"RTU", "SerialProtocol=1", sim::LineProtocol::ModbusRtu},
+    {"Modbus ASCII", "SerialProtocol=2", sim::LineProtocol::ModbusAscii},
+};
+
+TEST(GetModbus, BringsTheImageAndTheServiceFile) {
+    for (const ModbusKind& kind : kModbusKinds) {
+        sim::MeterOptions options;
+        options.Protocol = kind.Sim;
+        options.Patches = {{31, "8186A0"}, {43, "800001"}, {103, "E1E240"}, {67, "11E240"},
+                           {79, "902710"}, {49, "FFD8F0"}, {191, "61"}};
+        GetBench bench(options, {kind.Protocol, "FirmwareVersion=83", "BaudIndex=6"});
+        EXPECT_EQ(bench.Get(), 0) << kind.Name;
+        std::string expected = bench.Line.Meter().ImageText();
+        // Three bytes are in no register range.
+        expected.replace(140, 2, "00");
+        expected.replace(152, 2, "00");
+        EXPECT_EQ(bench.Program.Image.SetupData, expected) << kind.Name;
+        EXPECT_EQ(bench.Program.Identity.SetupFromMeter, 1);
+        std::string service = expected;
+        service.replace(190, 2, "00");
+        EXPECT_EQ(bench.Store.Contents["home/DataFil2"], service + "\r\n") << kind.Name;
+    }
+}
+
+TEST(GetModbus, OldMetersHaveTheirOwnCheckAndNoAnalogByte) {
+    sim::MeterOptions options;
+    options.Protocol = sim::LineProtocol::ModbusRtu;
+    options.Crc = sim::CrcKind::C2;
+    options.AnalogBoard = 2;
+    for (const auto& [version, analog] : {std::pair{"75", 0}, {"76", 2}}) {
+        GetBench bench(options, {"SerialProtocol=1", std::string("FirmwareVersion=") + version});
+        EXPECT_EQ(bench.Get(), 0) << version;
+        EXPECT_EQ(ByteGet(bench.Program.Image, 143), analog) << version;
+        EXPECT_EQ(bench.Program.Identity.FirmwareVersion, std::stoi(version)) << "the settings' stays";
+    }
+}
+
+TEST(GetModbus, FailuresStopWhereTheyAre) {
+    const struct {
+        const char* Fault;
+        std::size_t Kind;
+        int LinkError;
+        std::size_t Requests;
+    } cases[] = {
+        {"080001:noreply", 0, 21, 1},     {"030001:badcheck", 0, 24, 2},    {"030011:exception=2", 0, 2, 3},
+        {"030025:cut=20", 0, 24, 4},      {"030041:exception=3", 0, 3, 5},  {"03004C:noreply", 0, 21, 6},
+        {"030064:gone=3", 0, 27, 7},      {"080001:noreply", 1, 21, 1},     {"030001:badcheck", 1, 26, 2},
+        {"030011:exception=2", 1, 4, 3},  {"030025:exception=2", 1, 7, 4},  {"030041:exception=2", 1, 10, 5},
+        {"03004C:exception=2", 1, 11, 6}, {"030064:exception=2", 1, 14, 7}, {"030001:exception=2", 1, 1, 2},
+        {"030001:cut=9", 1, 25, 2},
+    };
+    for (const auto& c : cases) {
+        const ModbusKind& kind = kModbusKinds[c.Kind];
+        sim::MeterOptions options;
+        options.Protocol = kind.Sim;
+        GetBench bench(WithFault(options, c.Fault), {kind.Protocol});
+        EXPECT_EQ(bench.Get(), c.LinkError) << kind.Name << " " << c.Fault;
+        EXPECT_EQ(bench.Line.Sent().size(), c.Requests) << kind.Name << " " << c.Fault;
+        EXPECT_EQ(bench.Program.Image.SetupData.size(), 260U);
+        EXPECT_EQ(bench.Store.Contents.count("home/DataFil2"), 0U) << "only a good Get leaves it";
+    }
+}
+
+// A meter without a word to say for itself must not be able to crash or hang the tool.
+TEST(GetModbus, APauseOfOneSecondBeforeEachRange) {
+    sim::MeterOptions options;
+    options.Protocol = sim::LineProtocol::ModbusRtu;
+    GetBench bench(options, {"SerialProtocol=1"});
+    bench.Get();
+    EXPECT_GT(bench.TookMs, 5 + 7 * (300 + 200 + 61.46) + 6 * 1000);
+    EXPECT_LT(bench.TookMs, 5 + 7 * (300 + 200 + 61.46) + 6 * 1000 + 7 * 10);
+}
+
+}  // namespace
+}  // namespace counter::test
