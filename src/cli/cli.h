@@ -1,0 +1,38 @@
+// counterctl: one command a call.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "cli/cli_world.h"
+
+namespace counter {
+
+// A command as it was called.
+struct CommandCall {
+    const CliWorld& World;
+    std::string Folder;  // the program folder
+    bool Json = false;
+    bool Trace = false;
+    std::vector<std::string> Words;              // arguments without "--"
+    std::map<std::string, std::string> Options;  // "--as" -> "fields"; a flag that was given -> "1"
+
+    bool Has(const std::string& option) const { return Options.count(option) != 0; }
+};
+
+// Runs the command line and returns the exit status.
+int RunCli(const CliWorld& world, int argc, const char* const* argv);
+
+// The commands.
+int SettingsCommand(const CommandCall& call);
+int PortsCommand(const CommandCall& call);
+int DefaultCommand(const CommandCall& call);
+int ShowCommand(const CommandCall& call);
+int DiffCommand(const CommandCall& call);
+int GetCommand(const CommandCall& call);
+
+// Of a command that later work brings: says so, status 1.
+int NotThereYet(const CommandCall& call);
+
+}  // namespace counter

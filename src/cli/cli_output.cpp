@@ -1,0 +1,72 @@
+#include "cli/cli_output.h"
+
+#include <algorithm>
+
+#include "meter/field_value.h"
+
+namespace counter {
+
+void WriteJson(const CommandCall& call, const Json& document) {
+    call.World.Out << document.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+}
+
+std::string Utf8(std::string_view meterText) {
+    std::string text;
+    for (const char c : meterText) {
+        const auto code = static_cast<unsigned char>(c);
+        if (code < 0x80) {
+            text += c;
+        } else {
+            text += static_cast<char>(0xC0 | (code >> 6));
+            text += static_cast<char>(0x80 | (code & 0x3F));
+        }
+    }
+    return text;
+}
+
+int RefuseStatus(const CommandCall& call, const Status& status) {
+    call.World.Err << "counterctl: " << status.Text() << "\n";
+    return kFileOrPort;
+}
+
+int RefuseCall(const CommandCall& call, const std::string& reason) {
+    call.World.Err << "counterctl: " << reason << "\n";
+    return kUsage;
+}
+
+std::string BitsText(const FieldRow& row) {
+    if (row.IsValue() || row.Digits != 2) return {};
+    if (row.HiBit == row.LoBit) return std::to_string(row.HiBit);
+    return std::to_string(row.HiBit) + ".." + std::to_string(row.LoBit);
+}
+
+Json FieldJson(const SetupImage& image, Field field) {
+    const FieldValue value = ValueOfField(image, field);
+    return value.IsNumber ? Json(value.Number) : Json(Utf8(value.Text));
+}
+
+std::string FieldValueText(const SetupImage& image, Field field) {
+    const FieldValue value = ValueOfField(image, field);
+    return value.IsNumber ? std::to_string(value.Number) : Utf8(value.Text);
+}
+
+std::string Columns(const std::vector<std::vector<std::string>>& lines) {
+    std::vector<std::size_t> widths;
+    for (const auto& line : lines) {
+        widths.resize(std::max(widths.size(), line.size()));
+        for (std::size_t i = 0; i < line.size(); ++i) widths[i] = std::max(widths[i], line[i].size());
+    }
+    std::string text;
+    for (const auto& line : lines) {
+        std::string row;
+        for (std::size_t i = 0; i < line.size(); ++i) {
+            row += line[i];
+            if (i + 1 < line.size()) row += std::string(widths[i] - line[i].size() + 2, ' ');
+        }
+        row.erase(row.find_last_not_of(' ') + 1);
+        text += row + "\n";
+    }
+    return text;
+}
+
+}  // namespace counter

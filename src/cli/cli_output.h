@@ -1,0 +1,39 @@
+// Text and JSON that several commands write alike.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/cli.h"
+#include "meter/field_table.h"
+#include "meter/setup_image.h"
+#include "platform/status.h"
+
+namespace counter {
+
+using Json = nlohmann::ordered_json;  // keys in the order in which they are written
+
+// One document on standard output.
+void WriteJson(const CommandCall& call, const Json& document);
+
+// Text of the meter, one byte a character, as UTF-8.
+std::string Utf8(std::string_view meterText);
+
+// "counterctl: PATH: REASON" on standard error. Returns exit status 2.
+int RefuseStatus(const CommandCall& call, const Status& status);
+// "counterctl: REASON" on standard error. Returns exit status 1.
+int RefuseCall(const CommandCall& call, const std::string& reason);
+
+// "3..2", "4" for one bit, "7..0" for a whole byte; empty for a value and for carried digits.
+std::string BitsText(const FieldRow& row);
+
+// A field's value: a text, or a number where the field has no list.
+Json FieldJson(const SetupImage& image, Field field);
+std::string FieldValueText(const SetupImage& image, Field field);
+
+// Lines in columns as wide as their widest cell, two blanks between them.
+std::string Columns(const std::vector<std::vector<std::string>>& lines);
+
+}  // namespace counter

@@ -1,0 +1,41 @@
+// What counterctl needs of the world: streams, files and, for the commands that talk, a machine with ports.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <string>
+
+#include "platform/files.h"
+#include "platform/pump.h"
+#include "platform/serial_port.h"
+
+namespace counter {
+
+// Made only when a command needs it: showing a file must not cost the bring-up of an event loop.
+class Machine {
+  public:
+    virtual ~Machine() = default;
+    virtual Pump& Waits() = 0;
+    virtual SerialPort& Port() = 0;
+    virtual const PortCatalog& Catalog() = 0;
+};
+
+struct CliWorld {
+    std::ostream& Out;
+    std::ostream& Err;
+    bool ErrIsTerminal;
+    Files& Store;
+    std::function<std::string()> DefaultFolder;
+    std::function<std::unique_ptr<Machine>(const std::string& programFolder)> MakeMachine;
+};
+
+// Exit statuses of counterctl.
+inline constexpr int kDone = 0;
+inline constexpr int kUsage = 1;       // nothing was done
+inline constexpr int kFileOrPort = 2;  // a file, folder or port could not be opened, read or written
+inline constexpr int kLinkFailed = 3;
+inline constexpr int kDifferent = 4;
+inline constexpr int kInterrupted = 130;
+
+}  // namespace counter

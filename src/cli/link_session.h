@@ -1,0 +1,53 @@
+// LinkSession: a session for one command that talks to the meter.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "cli/cli.h"
+#include "cli/cli_output.h"
+#include "platform/trace_port.h"
+#include "session/session.h"
+
+namespace counter {
+
+// Message boxes as lines on standard error, kept for the JSON document.
+class LineDialogs : public Dialogs {
+  public:
+    explicit LineDialogs(std::ostream& err) : err_(err) {}
+    void Show(const Message& message) override;
+    Json Messages() const;
+
+  private:
+    std::ostream& err_;
+    std::vector<Message> shown_;
+};
+
+class LinkSession {
+  public:
+    explicit LinkSession(const CommandCall& call);
+    ~LinkSession();
+    LinkSession(const LinkSession&) = delete;
+    LinkSession& operator=(const LinkSession&) = delete;
+
+    // Reads the settings and opens the port. Returns 0, or the exit status with its line written.
+    int Begin();
+    // Closes the port and tells how the action ended: the status line, with --json as a document that `more`
+    // adds to. Returns 0 or 3.
+    int End(const Json& more);
+
+    Session& Program() { return session_; }
+
+  private:
+    void ShowProgress();
+    void OnInterrupt();
+
+    const CommandCall& call_;
+    std::unique_ptr<Machine> machine_;
+    LineDialogs dialogs_;
+    std::unique_ptr<TracePort> trace_;
+    Session session_;
+    bool barOnScreen_ = false;
+};
+
+}  // namespace counter

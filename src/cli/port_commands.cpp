@@ -1,0 +1,107 @@
+// ports, ports map.
+#include <algorithm>
+#include <charconv>
+
+#include "cli/cli.h"
+#include "cli/cli_output.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kMostPorts = 99;
+
+struct ListedPort {
+    PortDescription Port;
+    std::vector<int> Numbers;  // port numbers that mean it
+};
+
+std::string PortsFolder(const CommandCall& call) {
+    return call.Folder + "/ports";
+}
+std::string LinkPath(const CommandCall& call, int number) {
+    return PortsFolder(call) + "/com" + std::to_string(number);
+}
+
+// Devices that a number names, but the machine does not list (a pseudo terminal), are listed too.
+ListedPort& Listed(std::vector<ListedPort>& ports, const std::string& device) {
+    const auto found = std::find_if(ports.begin(), ports.end(), [&](const ListedPort& listed) {
+        return listed.Port.Device == device || (!listed.Port.ById.empty() && listed.Port.ById == device);
+    });
+    if (found != ports.end()) return *found;
+    ports.push_back({{device, "", ""}, {}});
+    return ports.back();
+}
+
+std::vector<ListedPort> ListPorts(const CommandCall& call, const PortCatalog& catalog) {
+    std::vector<ListedPort> ports;
+    for (const PortDescription& port : catalog.Ports()) ports.push_back({port, {}});
+    const int known = static_cast<int>(ports.size());
+    for (int number = 1; number <= kMostPorts; ++number) {
+        const std::string target = call.World.Store.LinkTarget(LinkPath(call, number));
+        if (!target.empty()) {
+            Listed(ports, target).Numbers.push_back(number);
+        } else if (number <= known) {
+            ports[static_cast<std::size_t>(number - 1)].Numbers.push_back(number);
+        }
+    }
+    return ports;
+}
+
+int PrintPorts(const CommandCall& call, const std::vector<ListedPort>& ports) {
+    Json document = Json::array();
+    std::vector<std::vector<std::string>> lines = {{"Device", "Number", "Description", "Name by id"}};
+    for (const ListedPort& listed : ports) {
+        std::string numbers;
+        for (const int number : listed.Numbers)
+            numbers += (numbers.empty() ? "" : ",") + std::to_string(number);
+        lines.push_back({listed.Port.Device, numbers, listed.Port.Description, listed.Port.ById});
+        document.push_back({{"device", listed.Port.Device},
+                            {"description", listed.Port.Description},
+                            {"byId", listed.Port.ById},
+                            {"numbers", listed.Numbers}});
+    }
+    if (call.Json) {
+        WriteJson(call, document);
+    } else {
+        call.World.Out << (ports.empty() ? "No serial ports.\n" : Columns(lines));
+    }
+    return kDone;
+}
+
+// The adaptor's lasting name where it has one, so that the number keeps its adaptor.
+std::string LastingName(const PortCatalog& catalog, const std::string& device) {
+    for (const PortDescription& port : catalog.Ports()) {
+        if (port.Device == device && !port.ById.empty()) return port.ById;
+    }
+    return device;
+}
+
+int MapPort(const CommandCall& call, const PortCatalog& catalog) {
+    const std::string& word = call.Words[1];
+    int number = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+    if (error != std::errc() || end != word.data() + word.size() || number < 1 || number > kMostPorts) {
+        return RefuseCall(call, "a port number is 1 to 99");
+    }
+    const std::string device = call.Words[2].substr(0, 1) == "/" ? call.Words[2] : "/dev/" + call.Words[2];
+    if (!call.World.Store.Exists(device)) {
+        return RefuseStatus(call, {StatusKind::NotFound, device, "No such file or directory"});
+    }
+    if (Status status = call.World.Store.MakeFolder(PortsFolder(call)); !status.Ok())
+        return RefuseStatus(call, status);
+    const Status status = call.World.Store.MakeLink(LinkPath(call, number), LastingName(catalog, device));
+    return status.Ok() ? kDone : RefuseStatus(call, status);
+}
+
+}  // namespace
+
+int PortsCommand(const CommandCall& call) {
+    const bool map = call.Words.size() == 3 && call.Words[0] == "map";
+    if (!map && !call.Words.empty()) return RefuseCall(call, "usage: counterctl ports [map N DEVICE]");
+    const std::unique_ptr<Machine> machine = call.World.MakeMachine(call.Folder);
+    if (map) return MapPort(call, machine->Catalog());
+    return PrintPorts(call, ListPorts(call, machine->Catalog()));
+}
+
+}  // namespace counter

@@ -1,0 +1,115 @@
+// settings, settings init, settings set.
+#include "cli/cli.h"
+#include "cli/cli_output.h"
+#include "settings/settings.h"
+#include "settings/settings_keys.h"
+
+namespace counter {
+
+namespace {
+
+std::string SettingsPath(const CommandCall& call) {
+    return call.Folder + "/" + kSettingsFile;
+}
+
+Status ReadLines(const CommandCall& call, SettingsLines& lines) {
+    std::string text;
+    Status status = call.World.Store.Read(SettingsPath(call), text);
+    if (status.Ok()) lines = SplitSettings(text);
+    return status;
+}
+
+Json SettingsJson(const Settings& settings) {
+    Json document = Json::object();
+    for (const SettingsKey& key : SettingsKeys()) {
+        const auto number = SettingsNumber(settings, key);
+        document[std::string(key.Name)] = number ? Json(*number) : Json(Utf8(SettingsText(settings, key)));
+    }
+    document["SettingsLine1"] = Utf8(settings.FileLines.SettingsLine1);
+    document["SettingsLine2"] = Utf8(settings.FileLines.SettingsLine2);
+    document["EthernetMode"] = settings.EthernetMode;
+    return document;
+}
+
+std::string SettingsTable(const Settings& settings) {
+    std::vector<std::vector<std::string>> lines;
+    for (const SettingsKey& key : SettingsKeys()) {
+        lines.push_back({std::string(key.Name), Utf8(SettingsText(settings, key))});
+    }
+    lines.push_back({"EthernetMode", std::to_string(settings.EthernetMode)});
+    lines.push_back({"SettingsLine1", Utf8(settings.FileLines.SettingsLine1)});
+    lines.push_back({"SettingsLine2", Utf8(settings.FileLines.SettingsLine2)});
+    return Columns(lines);
+}
+
+int PrintSettings(const CommandCall& call) {
+    SettingsLines lines;
+    if (Status status = ReadLines(call, lines); !status.Ok()) return RefuseStatus(call, status);
+    Settings settings;
+    ParseSettings(lines, settings);
+    if (call.Json) {
+        WriteJson(call, SettingsJson(settings));
+    } else {
+        call.World.Out << SettingsTable(settings);
+    }
+    if (settings.BaudIndex >= 0 || settings.EthernetMode == 1) return kDone;
+    return RefuseStatus(call, {StatusKind::Illegal, SettingsPath(call), kBaudDigitReason});
+}
+
+// Takes the KEY=VALUE words behind the first over. Returns one line that says what is legal, or nothing.
+std::string Apply(const CommandCall& call, SettingsLines& lines) {
+    for (std::size_t i = 1; i < call.Words.size(); ++i) {
+        const std::string& word = call.Words[i];
+        const std::size_t equals = word.find('=');
+        if (equals == std::string::npos) return "'" + word + "' is not KEY=VALUE";
+        const SettingsKey* key = FindSettingsKey(word.substr(0, equals));
+        if (key == nullptr) {
+            std::string names = "no key '" + word.substr(0, equals) + "'; keys are";
+            for (const SettingsKey& legal : SettingsKeys()) names += " " + std::string(legal.Name);
+            return names;
+        }
+        if (std::string refusal = SetSettingsKey(lines, *key, word.substr(equals + 1)); !refusal.empty()) {
+            return refusal;
+        }
+    }
+    return {};
+}
+
+int WriteLines(const CommandCall& call, const SettingsLines& lines) {
+    const Status status = call.World.Store.Write(SettingsPath(call), FormatSettings(lines));
+    return status.Ok() ? kDone : RefuseStatus(call, status);
+}
+
+int InitSettings(const CommandCall& call) {
+    SettingsLines lines = NewSettingsLines();
+    if (const std::string refusal = Apply(call, lines); !refusal.empty()) return RefuseCall(call, refusal);
+    if (call.World.Store.Exists(SettingsPath(call)) && !call.Has("--force")) {
+        return RefuseStatus(call,
+                            {StatusKind::Illegal, SettingsPath(call), "File exists; --force replaces it"});
+    }
+    if (Status status = call.World.Store.MakeFolder(call.Folder); !status.Ok())
+        return RefuseStatus(call, status);
+    return WriteLines(call, lines);
+}
+
+int ChangeSettings(const CommandCall& call) {
+    SettingsLines scratch = NewSettingsLines();
+    if (call.Words.size() < 2) return RefuseCall(call, "usage: counterctl settings set KEY=VALUE...");
+    if (const std::string refusal = Apply(call, scratch); !refusal.empty()) return RefuseCall(call, refusal);
+    SettingsLines lines;
+    if (Status status = ReadLines(call, lines); !status.Ok()) return RefuseStatus(call, status);
+    lines.SettingsLine1 = NormaliseLine1(lines.SettingsLine1);
+    Apply(call, lines);
+    return WriteLines(call, lines);
+}
+
+}  // namespace
+
+int SettingsCommand(const CommandCall& call) {
+    if (call.Words.empty()) return PrintSettings(call);
+    if (call.Words[0] == "init") return InitSettings(call);
+    if (call.Words[0] == "set") return ChangeSettings(call);
+    return RefuseCall(call, "usage: counterctl settings [init|set] [KEY=VALUE...] [--force]");
+}
+
+}  // namespace counter

@@ -1,0 +1,313 @@
+// counterctl from the outside: exit statuses, what goes to which stream, the JSON documents.
+#include "cli/cli.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "support/bench_meter.h"
+
+namespace counter::test {
+namespace {
+
+using Json = nlohmann::json;
+using Words = std::vector<std::string>;
+
+class FixedCatalog : public PortCatalog {
+  public:
+    std::vector<PortDescription> Ports() const override {
+        return {{"/dev/ttyS0", "16550A", ""}, {"/dev/ttyUSB0", "Converter", "/dev/serial/by-id/usb-1"}};
+    }
+    std::string DeviceOf(int number) const override { return "port " + std::to_string(number); }
+};
+
+// The machine of a command: a line to a simulated meter on the virtual clock.
+struct BenchMachine : Machine {
+    explicit BenchMachine(const sim::MeterOptions& options) : Line(Clock, options) {}
+    Pump& Waits() override { return Clock; }
+    SerialPort& Port() override { return Line; }
+    const PortCatalog& Catalog() override { return Known; }
+    VirtualPump Clock;
+    MeterLine Line;
+    FixedCatalog Known;
+};
+
+struct CliBench {
+    sim::MeterOptions Meter;
+    MemoryFiles Store;
+    bool Terminal = false;
+    Status PortOpening;
+    double InterruptAfterMs = -1;
+    std::string Out, Err;
+
+    CliBench() {
+        Store.Contents["home/Settings.SSS"] = "3501000100100831010000\r\n2711000000000000F6CB00000000\r\n";
+        Store.Contents["/dev/ttyUSB0"] = "";
+    }
+
+    int Run(const Words& words) {
+        std::ostringstream out, err;
+        const CliWorld world{out,
+                             err,
+                             Terminal,
+                             Store,
+                             [] { return std::string("home"); },
+                             [this](const std::string&) { return MakeMachine(); }};
+        std::vector<const char*> argv = {"counterctl"};
+        for (const std::string& word : words) argv.push_back(word.c_str());
+        int status = -1;
+        try {
+            status = RunCli(world, static_cast<int>(argv.size()), argv.data());
+        } catch (const ProcessEnded& ended) {
+            status = ended.Status;
+        }
+        Out = out.str();
+        Err = err.str();
+        return status;
+    }
+    std::string LastErrLine() const {
+        const std::string text = Err.substr(0, Err.find_last_not_of('\n') + 1);
+        return text.substr(text.find_last_of('\n') + 1);
+    }
+
+  private:
+    std::unique_ptr<Machine> MakeMachine() {
+        auto machine = std::make_unique<BenchMachine>(Meter);
+        machine->Line.NextOpen = PortOpening;
+        BenchMachine* raw = machine.get();
+        if (InterruptAfterMs >= 0)
+            raw->Clock.After(InterruptAfterMs, [raw] { raw->Clock.RequestInterrupt(); });
+        return machine;
+    }
+};
+
+TEST(Usage, IsOneLineThatSaysWhatIsLegal) {
+    const struct {
+        Words Line;
+        const char* Says;
+    } cases[] = {
+        {{}, "COMMAND one of settings ports default"},
+        {{"frob"}, "COMMAND one of settings"},
+        {{"get"}, "usage: counterctl get FILE"},
+        {{"get", "a", "b"}, "usage: counterctl get FILE"},
+        {{"diff", "a"}, "usage: counterctl diff A B"},
+        {{"show", "a", "--frob"}, "usage: counterctl show FILE [--as fields|menu|setup]"},
+        {{"show", "a", "--as", "table"}, "--as is fields, menu or setup"},
+        {{"settings", "set"}, "usage: counterctl settings set KEY=VALUE..."},
+        {{"settings", "set", "Baud=1"}, "keys are MeterType BaudIndex"},
+        {{"settings", "set", "BaudIndex"}, "'BaudIndex' is not KEY=VALUE"},
+        {{"settings", "set", "BaudIndex=7"}, "BaudIndex is a number 0 to 6"},
+        {{"settings", "show"}, "usage: counterctl settings"},
+        {{"ports", "map", "0", "/dev/ttyUSB0"}, "a port number is 1 to 99"},
+        {{"ports", "map", "1"}, "usage: counterctl ports [map N DEVICE]"},
+        {{"put", "a"}, "not there yet"},
+        {{"read", "item1"}, "not there yet"},
+    };
+    for (const auto& c : cases) {
+        CliBench bench;
+        const auto before = bench.Store.Contents;
+        EXPECT_EQ(bench.Run(c.Line), 1) << c.Says;
+        EXPECT_NE(bench.Err.find(c.Says), std::string::npos) << bench.Err;
+        EXPECT_EQ(bench.Err.find('\n'), bench.Err.size() - 1) << "one line: " << bench.Err;
+        EXPECT_EQ(bench.Out, "");
+        EXPECT_EQ(bench.Store.Contents, before) << "nothing was done";
+    }
+}
+
+TEST(Usage, HelpAndVersionAreNoFailure) {
+    CliBench bench;
+    EXPECT_EQ(bench.Run({"--version"}), 0);
+    EXPECT_EQ(bench.Out, "counterctl 0.1.0\n");
+    EXPECT_EQ(bench.Run({"get", "--help"}), 0);
+    EXPECT_NE(bench.Out.find("reads the meter's setup into FILE"), std::string::npos);
+}
+
+TEST(Settings, OptionsStandBeforeAndBehindTheCommand) {
+    CliBench bench;
+    bench.Store.Contents["other/Settings.SSS"] = "3101000100100831010000\r\n2711000000000000F6CB00000000\r\n";
+    for (const Words& line :
+         {Words{"--dir", "other", "--json", "settings"}, {"settings", "--json", "--dir", "other"}}) {
+        EXPECT_EQ(bench.Run(line), 0);
+        EXPECT_EQ(Json::parse(bench.Out)["BaudIndex"], 1);
+    }
+}
+
+TEST(Settings, JsonHasEveryKeyAndTheLinesAsTheyStand) {
+    CliBench bench;
+    bench.Store.Contents["home/Settings.SSS"] = "3512210K2471079251\r\n27110080A3010203F6CBC0A80105\r\n";
+    EXPECT_EQ(bench.Run({"settings", "--json"}), 0);
+    EXPECT_EQ(Json::parse(bench.Out), Json::parse(R"({"MeterType":3,"BaudIndex":5,"CommPortNumber":12,
+        "SerialProtocol":2,"ParityIndex":1,"MeterAddressValue":20,"ModbusAddress":247,"LongWakeUp":1,
+        "FirmwareVersion":79,"CommsEnabled":2,"ProgramKind":5,"TcpPort":10001,"NodeAddress":"0080A3010203",
+        "NodeUdpPort":63179,"NodeIp":"192.168.1.5","SettingsLine1":"3512210K2471079251",
+        "SettingsLine2":"27110080A3010203F6CBC0A80105","EthernetMode":1})"));
+}
+
+TEST(Settings, InitAndSetWriteWholeLines) {
+    CliBench bench;
+    EXPECT_EQ(bench.Run({"settings", "set", "BaudIndex=2", "MeterAddressValue=16"}), 0);
+    EXPECT_EQ(bench.Store.Contents["home/Settings.SSS"],
+              "3201000G00100831010000\r\n2711000000000000F6CB00000000\r\n");
+    EXPECT_EQ(bench.Run({"settings", "init"}), 2) << "a file stands there";
+    EXPECT_EQ(bench.Run({"settings", "init", "--force", "SerialProtocol=1"}), 0);
+    EXPECT_EQ(bench.Store.Contents["home/Settings.SSS"],
+              "3501100100100831010000\r\n2711000000000000F6CB00000000\r\n");
+    EXPECT_EQ(bench.Run({"settings", "init", "--dir", "new"}), 0);
+    EXPECT_EQ(bench.Store.Folders.count("new"), 1U);
+}
+
+TEST(Settings, AStrangeBaudDigitIsShownAndRefused) {
+    CliBench bench;
+    bench.Store.Contents["home/Settings.SSS"] = "3x01000100100831010000\r\n\r\n";
+    EXPECT_EQ(bench.Run({"settings", "--json"}), 2);
+    EXPECT_EQ(Json::parse(bench.Out)["BaudIndex"], -1);
+    EXPECT_NE(bench.Err.find("none of 0 to 6"), std::string::npos);
+    EXPECT_EQ(bench.Run({"settings", "set", "BaudIndex=5"}), 0);
+    EXPECT_EQ(bench.Run({"settings"}), 0);
+}
+
+TEST(Ports, AreListedWithTheNumbersThatMeanThem) {
+    CliBench bench;
+    bench.Store.Links["home/ports/com1"] = "/dev/pts/4";
+    bench.Store.Links["home/ports/com7"] = "/dev/serial/by-id/usb-1";
+    EXPECT_EQ(bench.Run({"ports", "--json"}), 0);
+    EXPECT_EQ(Json::parse(bench.Out), Json::parse(R"([
+        {"device":"/dev/ttyS0","description":"16550A","byId":"","numbers":[]},
+        {"device":"/dev/ttyUSB0","description":"Converter","byId":"/dev/serial/by-id/usb-1","numbers":[2,7]},
+        {"device":"/dev/pts/4","description":"","byId":"","numbers":[1]}])"));
+}
+
+TEST(Ports, MapLinksByTheLastingName) {
+    CliBench bench;
+    EXPECT_EQ(bench.Run({"ports", "map", "3", "ttyUSB0"}), 0);
+    EXPECT_EQ(bench.Store.Links["home/ports/com3"], "/dev/serial/by-id/usb-1");
+    EXPECT_EQ(bench.Run({"ports", "map", "3", "/dev/none"}), 2);
+    EXPECT_EQ(bench.Err, "counterctl: /dev/none: No such file or directory\n");
+}
+
+TEST(Show, FieldsAsJson) {
+    CliBench bench;
+    EXPECT_EQ(bench.Run({"default", "d.CT2"}), 0);
+    EXPECT_EQ(bench.Run({"show", "d.CT2", "--json"}), 0);
+    const Json list = Json::parse(bench.Out);
+    const char* expected[] = {
+        R"({"position":55,"digits":"002710","field":"Setpoint 1","value":"+010000."})",
+        R"({"position":109,"digits":"00","bits":"3..2","field":"Serial Protocol","value":"Custom ASCII"})",
+        R"({"position":159,"digits":"01","bits":"0","field":"Trigger Slope B","value":"Negative"})",
+        R"({"position":137,"digits":"8064","field":"Calibration, Parts per Million","value":"-00100."})",
+        R"({"position":173,"digits":"012C","field":"Time Out","value":"003.00"})",
+    };
+    for (const char* line : expected) {
+        EXPECT_NE(std::find(list.begin(), list.end(), Json::parse(line)), list.end()) << line;
+    }
+}
+
+TEST(Show, ByteSoupIsShownAndStaysJson) {
+    CliBench bench;
+    std::string soup;
+    for (int i = 0; i < 300; ++i) soup += static_cast<char>(i * 37 % 256);
+    bench.Store.Contents["soup"] = soup;
+    EXPECT_EQ(bench.Run({"show", "soup"}), 0);
+    EXPECT_EQ(bench.Run({"show", "soup", "--json"}), 0);
+    EXPECT_TRUE(Json::accept(bench.Out));
+    EXPECT_EQ(bench.Run({"show", "none"}), 2);
+    EXPECT_EQ(bench.Err, "counterctl: none: No such file or directory\n");
+}
+
+TEST(Diff, TellsTheFieldsThatDiffer) {
+    CliBench bench;
+    bench.Run({"default", "a"});
+    std::string text = bench.Store.Contents["a"];
+    EXPECT_EQ(bench.Run({"diff", "a", "a"}), 0);
+    text.replace(54, 6, "004E20");  // Setpoint 1
+    text.replace(154, 2, "0F");     // Resolution 15 is shown as 10
+    text.replace(190, 2, "60");     // Baud Rate
+    bench.Store.Contents["b"] = text.substr(0, 260) + "77";
+    EXPECT_EQ(bench.Run({"diff", "a", "b", "--json"}), 4);
+    EXPECT_EQ(Json::parse(bench.Out), Json::parse(R"([
+        {"field":"Setpoint 1","position":55,"a":"+010000.","b":"+020000.","counts":true},
+        {"field":"Resolution","position":155,"a":"1","b":"100000","counts":true},
+        {"field":"Baud Rate","position":191,"a":"9600","b":"19200","counts":true},
+        {"field":"Digits behind the setup","position":261,"a":"","b":"77","counts":true}])"));
+    EXPECT_EQ(bench.Run({"diff", "a", "none"}), 2);
+}
+
+TEST(Diff, CodesThatReadAlikeAreToldByTheirDigits) {
+    CliBench bench;
+    bench.Run({"default", "a"});
+    std::string text = bench.Store.Contents["a"];
+    bench.Store.Contents["a"] = text.replace(202, 2, "02");
+    bench.Store.Contents["b"] = text.replace(202, 2, "03");
+    EXPECT_EQ(bench.Run({"diff", "a", "b", "--json"}), 4);
+    EXPECT_EQ(Json::parse(bench.Out),
+              Json::parse(R"([{"field":"Alarm 1 State","position":203,"a":"02","b":"03","counts":true}])"));
+}
+
+TEST(Get, WritesTheFileAndTellsTheStatus) {
+    CliBench bench;
+    EXPECT_EQ(bench.Run({"get", "m.CT2"}), 0);
+    EXPECT_EQ(bench.Out, "Getting data from the Counter.  Data received OK.\n");
+    EXPECT_EQ(bench.Store.Contents["m.CT2"], std::string(sim::kDefaultImage) + "\r\n");
+    EXPECT_EQ(bench.Run({"get", "m.CT2", "--json"}), 0);
+    EXPECT_EQ(Json::parse(bench.Out),
+              Json::parse(R"({"status":"Getting data from the Counter.  Data received OK.",
+        "LinkError":0,"FirmwareVersion":83,"MeterType":3,"messages":[]})"));
+}
+
+TEST(Get, AFailedLinkIs3AndWritesNothing) {
+    CliBench bench;
+    sim::Fault fault;
+    sim::ParseFault("XR35:noreply", fault);
+    bench.Meter.Faults = {fault};
+    EXPECT_EQ(bench.Run({"get", "m.CT2", "--json"}), 3);
+    EXPECT_EQ(bench.LastErrLine(), "Failed to Get data, check connections, then try again.      ( 21)");
+    EXPECT_EQ(Json::parse(bench.Out)["LinkError"], 21);
+    EXPECT_EQ(bench.Store.Contents.count("m.CT2"), 0U);
+}
+
+TEST(Get, FilesAndPortsThatCannotBeUsedAre2) {
+    CliBench bench;
+    bench.Store.Refused.insert("m.CT2");
+    EXPECT_EQ(bench.Run({"get", "m.CT2"}), 2);
+    EXPECT_EQ(bench.LastErrLine(), "counterctl: m.CT2: Permission denied");
+    bench.PortOpening = {StatusKind::Busy, "home/ports/com1", "Device or resource busy"};
+    EXPECT_EQ(bench.Run({"get", "n.CT2"}), 2);
+    EXPECT_EQ(bench.LastErrLine(), "counterctl: home/ports/com1: Device or resource busy");
+    bench.Store.Contents["home/Settings.SSS"] = "3501000100100830010000\r\n\r\n";
+    EXPECT_EQ(bench.Run({"get", "n.CT2"}), 2) << "settings without a link";
+    bench.Store.Contents.erase("home/Settings.SSS");
+    EXPECT_EQ(bench.Run({"get", "n.CT2"}), 2);
+    EXPECT_EQ(bench.LastErrLine(), "counterctl: home/Settings.SSS: No such file or directory");
+}
+
+TEST(Get, AnInterruptEndsItAtTheNextWait) {
+    CliBench bench;
+    bench.InterruptAfterMs = 1500;
+    EXPECT_EQ(bench.Run({"get", "m.CT2"}), 130);
+    EXPECT_EQ(bench.LastErrLine(), "counterctl: interrupted");
+    EXPECT_EQ(bench.Store.Contents.count("m.CT2"), 0U);
+}
+
+TEST(Get, MessagesGoToStandardErrorAndJson) {
+    CliBench bench;
+    bench.Meter.Patches = {{185, "64"}};
+    EXPECT_EQ(bench.Run({"get", "m.CT2", "--json"}), 0);
+    const Json messages = Json::parse(bench.Out)["messages"];
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0]["title"], "Note:");
+    EXPECT_EQ(bench.Err.find("Note: The Data Type shows as 'Remote A.'  It is possible"), 0U);
+}
+
+TEST(Get, TraceAndProgressGoToStandardError) {
+    CliBench bench;
+    EXPECT_EQ(bench.Run({"get", "m.CT2", "--trace"}), 0);
+    EXPECT_NE(bench.Err.find(" > 2A 31 47 31 33 30 0D 0A  *1G130..\n"), std::string::npos) << bench.Err;
+    EXPECT_NE(bench.Err.find(" < 34 39 0D  49.\n"), std::string::npos) << bench.Err;
+    bench.Terminal = true;
+    EXPECT_EQ(bench.Run({"get", "m.CT2"}), 0);
+    EXPECT_NE(bench.Err.find("] 60 %"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace counter::test
