@@ -1,0 +1,55 @@
+// SetupImage: the whole configuration of the meter as one text of hexadecimal digits, and the only functions
+// that touch its digits.
+//
+// A position is the place of a digit, from 1 on. A byte is the two digits at its position, bit 7 the high bit
+// of the first. The text may be short (204 digits after a Get that failed), long (300 from a file) or hold
+// anything at all. So everything here works on what is there: a digit that isn't there reads as missing, a
+// write outside is dropped, nothing changes the length. Digits are read in either case.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace counter {
+
+// As many digits as the four stretches of the meter's memory have: 108 + 96 + 44 + 12.
+inline constexpr int kImageDigits = 260;
+
+struct SetupImage {
+    std::string SetupData = std::string(kImageDigits, '0');
+};
+
+// The bits hiBit..loBit (0..7) of the byte at `pos`, right-aligned; 0 when loBit is above hiBit.
+int BitsGet(const SetupImage& image, int hiBit, int loBit, int pos);
+
+// Puts `value` into the bits hiBit..loBit and keeps the others. The value isn't cut to the field: one that is
+// too large spills into higher bits, and of a result above 0xFF the first two of three digits are stored.
+// Both are required; callers pass legal values.
+void BitsPut(SetupImage& image, int hiBit, int loBit, int pos, int value);
+
+// 0..255. A pair with a character that isn't hexadecimal is 0 as a whole; a lone last digit is its value.
+int ByteGet(const SetupImage& image, int pos);
+
+// 0..255; of a larger value the first two digits are stored.
+void BytePut(SetupImage& image, int pos, int value);
+
+// What is there of `count` digits from `pos` on; shorter at the end of the image.
+std::string DigitsGet(const SetupImage& image, int pos, int count);
+
+// Overwrites the digits from `pos` on; what reaches beyond the image is dropped.
+void DigitsPut(SetupImage& image, int pos, std::string_view digits);
+
+// One digit, 0..15; 0 where it isn't hexadecimal or isn't there.
+int HexDigitGet(const SetupImage& image, int pos);
+
+// The board that feeds the meter: 0 none, 1 two signal conditioners, 2 V-F converter, 3 quadrature; a code
+// that no board has stands for itself.
+int InputOptionFromSetup(const SetupImage& image);
+
+// The code that stands for such a board in bits 2..0 of byte 193.
+int InputOptionCode(int inputOption);
+
+// 0 on a Basic meter, 1 on an Extended one, whichever curve that has.
+int ExtendedMeterFromSetup(const SetupImage& image);
+
+}  // namespace counter

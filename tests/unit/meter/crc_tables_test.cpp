@@ -1,0 +1,32 @@
+#include "meter/crc_tables.h"
+
+#include <gtest/gtest.h>
+
+#include "meter/colors.h"
+
+namespace counter {
+namespace {
+
+// The check of one byte, bit by bit: the polynomial 0xA001 shifted right.
+unsigned BitwiseCrc(unsigned value) {
+    for (int bit = 0; bit < 8; ++bit) value = (value & 1) != 0 ? value >> 1 ^ 0xA001 : value >> 1;
+    return value;
+}
+
+TEST(CrcTables, ArePublishedExceptForOneEntry) {
+    for (unsigned i = 0; i < 256; ++i) {
+        EXPECT_EQ(FirstCrcTable[i], i == 233 ? 0xC2 : BitwiseCrc(i) & 0xFF) << "entry " << i;
+        EXPECT_EQ(SecondCrcTable[i], BitwiseCrc(i) >> 8) << "entry " << i;
+    }
+    EXPECT_EQ(BitwiseCrc(233) & 0xFF, kCrcEntryPublished);
+}
+
+TEST(Colors, AreFoundByRole) {
+    EXPECT_EQ(ColorName(Color{255, 0, 0}), "ColorRed");
+    EXPECT_EQ(ColorName(Color{128, 0, 0}), "ColorDarkRed");
+    EXPECT_EQ(ColorName(Color{192, 255, 192}), "ColorLightGreen");
+    EXPECT_EQ(ColorName(Color{1, 2, 3}), "");
+}
+
+}  // namespace
+}  // namespace counter

@@ -1,0 +1,120 @@
+#include "meter/setup_image.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include "image_with.h"
+
+namespace counter {
+namespace {
+
+TEST(BitsPut, KeepsTheOtherBitsAndSpillsUpwards) {
+    struct Case {
+        const char* Name;
+        int HiBit, LoBit, Pos, Value;
+        const char *Before, *After;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"middle bits",              5, 3, 171,   4, "00", "20"},
+        {"one digit keeps its zero", 3, 0, 199,   7, "00", "07"},
+        {"lower case is read",       3, 0, 199,   1, "c3", "C1"},
+        {"spills into bit 4",        3, 0, 165,  16, "00", "10"},
+        {"three digits lose one",    7, 7, 185,   2, "04", "10"},
+        {"damaged pair is replaced", 2, 0, 193,   1, "G9", "01"},
+        {"no bits at all",           1, 3, 171,   0, "A5", "A5"},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        SetupImage image = With(c.Pos, c.Before);
+        BitsPut(image, c.HiBit, c.LoBit, c.Pos, c.Value);
+        EXPECT_EQ(image.SetupData, With(c.Pos, c.After).SetupData) << c.Name;
+    }
+}
+
+TEST(BitsGet, RightAlignsTheField) {
+    struct Case {
+        const char* Name;
+        int HiBit, LoBit;
+        const char* Byte;
+        int Value;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"bit 7 clear",         7, 7, "49",   0},
+        {"bit 7 set",           7, 7, "C9",   1},
+        {"whole byte",          7, 0, "FE", 254},
+        {"none: lo above hi",   2, 5, "FF",   0},
+        {"first digit damaged", 7, 0, "G9",   0},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        EXPECT_EQ(BitsGet(With(171, c.Byte), c.HiBit, c.LoBit, 171), c.Value) << c.Name;
+    }
+}
+
+TEST(SetupImage, OutsideReadsAsNothingAndDropsWrites) {
+    SetupImage image{"12345678f"};
+    EXPECT_EQ(ByteGet(image, 9), 15) << "a lone last digit is its value";
+    EXPECT_EQ(DigitsGet(image, 5, 6), "5678f");
+    for (int pos : {-2000000000, -1, 0, 10, 205, 2000000000}) {
+        EXPECT_EQ(ByteGet(image, pos), 0) << pos;
+        EXPECT_EQ(BitsGet(image, 7, 0, pos), 0) << pos;
+        EXPECT_EQ(HexDigitGet(image, pos), 0) << pos;
+        EXPECT_EQ(DigitsGet(image, pos, 6), "") << pos;
+        BytePut(image, pos, 255);
+        BitsPut(image, 7, 7, pos, 1);
+        DigitsPut(image, pos, "FFFFFF");
+    }
+    EXPECT_EQ(DigitsGet(image, 1, -1), "");
+    EXPECT_EQ(image.SetupData, "12345678f");
+
+    EXPECT_EQ(HexDigitGet(image, 9), 15);
+    BytePut(image, 9, 0xAB);
+    EXPECT_STREQ(image.SetupData.c_str(), "12345678A") << "nothing behind the end";
+    DigitsPut(image, 7, "CDEF00");
+    EXPECT_EQ(image.SetupData, "123456CDE");
+
+    SetupImage longImage{std::string(300, '0')};
+    BytePut(longImage, 299, 0x5A0);  // the first two digits of three
+    EXPECT_EQ(longImage.SetupData, std::string(298, '0') + "5A");
+    EXPECT_EQ(ByteGet(longImage, 299), 0x5A);
+}
+
+TEST(InputOption, IsStoredByCode) {
+    const std::pair<const char*, int> cases[] = {{"F8", 0}, {"F9", 1}, {"FC", 2}, {"FA", 3},
+                                                 {"FB", 3}, {"FD", 5}, {"FF", 7}};
+    for (auto [byte, option] : cases) EXPECT_EQ(InputOptionFromSetup(With(193, byte)), option) << byte;
+    EXPECT_EQ(InputOptionCode(1), 1);
+    EXPECT_EQ(InputOptionCode(2), 4);
+    EXPECT_EQ(InputOptionCode(3), 2);
+}
+
+TEST(ExtendedMeter, IsAnyClassButZero) {
+    EXPECT_EQ(ExtendedMeterFromSetup(With(185, "F3")), 0);
+    EXPECT_EQ(ExtendedMeterFromSetup(With(185, "04")), 1);
+}
+
+RC_GTEST_PROP(SetupImage, FieldsOfAnyImageReadBackAsWritten, (std::string text)) {
+    SetupImage image{text};
+    int length = static_cast<int>(text.size());
+    int pos = *rc::gen::inRange(-3, length + 4);
+    int lo = *rc::gen::inRange(0, 8);
+    int hi = *rc::gen::inRange(lo, 8);
+    int value = *rc::gen::inRange(0, 1 << (hi - lo + 1));
+    int before = ByteGet(image, pos);
+
+    BitsPut(image, hi, lo, pos, value);
+
+    RC_ASSERT(image.SetupData.size() == text.size());
+    if (pos < 1 || pos >= length) return;  // not a whole byte
+    RC_ASSERT(BitsGet(image, hi, lo, pos) == value);
+    for (int bit = 0; bit < 8; ++bit) {
+        if (bit < lo || bit > hi) RC_ASSERT(BitsGet(image, bit, bit, pos) == (before >> bit & 1));
+    }
+    text.replace(static_cast<std::size_t>(pos) - 1, 2, image.SetupData, static_cast<std::size_t>(pos) - 1, 2);
+    RC_ASSERT(image.SetupData == text);
+}
+
+}  // namespace
+}  // namespace counter
