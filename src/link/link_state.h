@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace counter {
 
@@ -15,6 +16,9 @@ struct LinkState {
     std::string RawReply;   // the reply before trimming
     int LinkError = 0;      // 0 good, see link_error.h
     int PortFault = 0;      // 1: WaitForInput met a port error
+
+    // Write frames of the last Put that have gone out, by command ("WR1A") or by function and first register.
+    std::vector<std::string> FramesWritten;
 
     // How the meter is reached; from the settings.
     int ModbusLink = 0;      // 0 Custom ASCII, 1 Modbus of either kind

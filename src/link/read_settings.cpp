@@ -43,23 +43,22 @@ void RefuseOtherPrograms(const Settings& settings, Dialogs& dialogs, Pump& pump)
 
 }  // namespace
 
-Status ReadSettings(const ProgramFolder& folder, Dialogs& dialogs, Settings& settings,
-                    MeterIdentity& identity, Link& link) {
-    const std::string path = folder.At(kSettingsFile);
+Status ReadSettings(const BringUp& bringUp) {
+    Settings& settings = bringUp.Stored;
+    Link& link = bringUp.Line;
+    const std::string path = bringUp.Folder.At(kSettingsFile);
     std::string text;
-    if (Status status = folder.Store.Read(path, text); !status.Ok()) return status;
+    if (Status status = bringUp.Folder.Store.Read(path, text); !status.Ok()) return status;
     ParseSettings(SplitSettings(text), settings);
-    RefuseOtherPrograms(settings, dialogs, link.Waits);
+    RefuseOtherPrograms(settings, bringUp.Boxes, link.Waits);
     TakeLinkState(settings, link.State);
-    TakeIdentity(settings, identity);
+    TakeIdentity(settings, bringUp.Identity);
     if (settings.EthernetMode == 1) return {};
-    if (settings.BaudIndex < 0) {
-        return {StatusKind::Illegal, path, kBaudDigitReason};
-    }
+    if (settings.BaudIndex < 0) return {StatusKind::Illegal, path, kBaudDigitReason};
     if (settings.CommsEnabled > 0) {
         if (Status status = OpenPort(link, settings); !status.Ok()) return status;
     } else {
-        identity.SetupFromMeter = 0;
+        bringUp.Identity.SetupFromMeter = 0;
     }
     link.State.CharTimeMs = CharacterTime(settings.BaudIndex);
     return {};

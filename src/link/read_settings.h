@@ -13,10 +13,18 @@ namespace counter {
 // Exit status of a program that was started with another program's settings.
 inline constexpr int kWrongProgramExit = 2;
 
+// What bringing the link up works on.
+struct BringUp {
+    const ProgramFolder& Folder;
+    Dialogs& Boxes;
+    Settings& Stored;
+    MeterIdentity& Identity;
+    Link& Line;
+};
+
 // Reads the file, sets the link's state and opens the port. Through a node, or without a link, no port is
 // touched. Failures: the file can't be read; a baud digit outside 0..6; the port can't be opened. Another
 // program's settings (ProgramKind 8) end the process behind a message box.
-Status ReadSettings(const ProgramFolder& folder, Dialogs& dialogs, Settings& settings,
-                    MeterIdentity& identity, Link& link);
+Status ReadSettings(const BringUp& bringUp);
 
 }  // namespace counter

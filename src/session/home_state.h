@@ -5,6 +5,7 @@
 #include <string>
 
 #include "meter/colors.h"
+#include "platform/status.h"
 
 namespace counter {
 
@@ -16,6 +17,7 @@ struct HomeState {
     bool ProgressVisible = false;
     bool Hourglass = false;
     std::string CurrentFileName;
+    Status Backup;  // how the last good Get's copy was kept
 
     // Menu entries that are enabled by what was loaded.
     bool ViewEnabled = false;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "link/link.h"
+#include "link/read_settings.h"
 #include "meter/derived_values.h"
 #include "meter/meter_identity.h"
 #include "meter/setup_image.h"
@@ -31,10 +32,11 @@ struct Session {
     HomeState Home;
 
     Link Line{LinkData, Waits, Port};
+    BringUp Settled{Folder, Boxes, Stored, Identity, Line};
 
     Session(Pump& pump, SerialPort& port, Dialogs& dialogs, ProgramFolder folder)
         : Waits(pump), Port(port), Boxes(dialogs), Folder(std::move(folder)) {}
-    Session(const Session&) = delete;  // Line refers into it
+    Session(const Session&) = delete;  // Line and Settled refer into it
     Session& operator=(const Session&) = delete;
 };
 

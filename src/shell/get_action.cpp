@@ -1,6 +1,7 @@
 #include "shell/get_action.h"
 
 #include "link/waits.h"
+#include "shell/backups.h"
 #include "transfer/get_setup.h"
 
 namespace counter {
@@ -39,6 +40,7 @@ void Succeed(Session& session) {
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
     home.ShowProgress(false);
     home.ShowStatus("Getting data from the Counter.  Data received OK.", ColorGreen);
+    home.Backup = KeepBackup(session);
 }
 
 // Service technicians find the image of the last Get over Modbus here; nothing in the program reads it, so a

@@ -11,7 +11,4 @@ namespace counter {
 // opened is told by the status.
 Status Start(Session& session);
 
-// Reads the settings again and brings the link up as they say.
-Status ReadSettings(Session& session);
-
 }  // namespace counter

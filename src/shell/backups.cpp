@@ -1,0 +1,56 @@
+#include "shell/backups.h"
+
+#include <cstdio>
+#include <vector>
+
+#include "shell/setup_files.h"
+
+namespace counter {
+
+namespace {
+
+constexpr const char* kNameExample = "2026-11-24_23-05-59-123_address-";
+
+// Whatever else lies in the folder is the user's.
+bool IsBackup(const std::string& name) {
+    const std::string example = kNameExample;
+    if (name.size() < example.size()) return false;
+    for (std::size_t i = 0; i < example.size(); ++i) {
+        const bool digit = example[i] >= '0' && example[i] <= '9';
+        if (digit ? name[i] < '0' || name[i] > '9' : name[i] != example[i]) return false;
+    }
+    return true;
+}
+
+// Names begin with the date, so their order is that of time.
+void RemoveOldest(Files& files, const std::string& folder) {
+    std::vector<std::string> names;
+    if (!files.List(folder, names).Ok()) return;
+    std::vector<std::string> backups;
+    for (const std::string& name : names) {
+        if (IsBackup(name)) backups.push_back(name);
+    }
+    for (std::size_t i = 0; i + kBackupsKept < backups.size(); ++i) files.Remove(folder + "/" + backups[i]);
+}
+
+}  // namespace
+
+std::string BackupName(const Session& session) {
+    const WallTime now = session.Waits.LocalTime();
+    const int address = session.LinkData.ModbusLink == 1 ? session.Stored.ModbusAddress : session.Stored.MeterAddressValue;
+    char name[96];
+    std::snprintf(name, sizeof name, "%04d-%02d-%02d_%02d-%02d-%02d-%03d_address-%02d.CT2", now.Year, now.Month, now.Day,
+                  now.Hour, now.Minute, now.Second, now.Millisecond, address);
+    return name;
+}
+
+Status KeepBackup(Session& session) {
+    Files& files = session.Folder.Store;
+    const std::string folder = session.Folder.At("backups");
+    if (Status status = files.MakeFolder(folder); !status.Ok()) return status;
+    Status status = SaveSetupFile(files, folder + "/" + BackupName(session), session.Image);
+    if (status.Ok()) RemoveOldest(files, folder);
+    return status;
+}
+
+}  // namespace counter

@@ -1,0 +1,18 @@
+// Backups: a copy of what every good Get brought, so that what a Put overwrites can be had again.
+//
+// backups/2026-11-24_23-05-59-123_address-01.CT2 in the program folder; the newest 100 are kept.
+#pragma once
+
+#include "platform/status.h"
+#include "session/session.h"
+
+namespace counter {
+
+inline constexpr int kBackupsKept = 100;
+
+// The name of a backup made now, by the meter's address in the protocol of the link.
+std::string BackupName(const Session& session);
+
+Status KeepBackup(Session& session);
+
+}  // namespace counter

@@ -1,0 +1,72 @@
+#include "transfer/compare_setups.h"
+
+#include "meter/field_value.h"
+#include "meter/firmware.h"
+#include "transfer/put_frames.h"
+
+namespace counter {
+
+namespace {
+
+bool Covers(int position, int digits, const FieldRow& row) {
+    return position <= row.Pos && row.Pos + row.Digits <= position + digits;
+}
+
+bool AsciiWritesIt(std::span<const AsciiWrite> writes, const FieldRow& row) {
+    for (const AsciiWrite& write : writes) {
+        for (const Stretch& stretch : write.Data) {
+            if (Covers(stretch.Position, stretch.Digits, row)) return true;
+        }
+    }
+    return false;
+}
+
+bool ModbusWritesIt(const FieldRow& row, int firmwareVersion) {
+    for (const ModbusWrite& write : ModbusWrites()) {
+        if (write.NeedsCutoffRegister && !ModbusTakesCutoffValue(firmwareVersion)) continue;
+        for (const RegisterPiece& piece : write.Data) {
+            if (Covers(piece.Position, piece.Digits, row)) return true;
+        }
+    }
+    return false;
+}
+
+bool IsHardware(Field field) {
+    switch (field) {
+        case Field::InputOption:
+        case Field::CommOption:
+        case Field::RelayOption:
+        case Field::LockoutJumper:
+        case Field::AnalogOption: return true;
+        default: return false;
+    }
+}
+
+}  // namespace
+
+PutRoad RoadOf(const LinkState& link) {
+    if (link.ModbusLink == 1) return PutRoad::Modbus;
+    return link.EthernetMode == 1 ? PutRoad::AsciiNode : PutRoad::AsciiSerial;
+}
+
+Standing StandingOf(Field field, PutRoad road, int firmwareVersion) {
+    if (field == Field::FirmwareVersion || field == Field::MeterType) return Standing::ReadOnly;
+    if (IsHardware(field)) return Standing::Hardware;
+    const FieldRow& row = RowOf(field);
+    const bool written = road == PutRoad::Modbus
+                             ? ModbusWritesIt(row, firmwareVersion)
+                             : AsciiWritesIt(road == PutRoad::AsciiNode ? NodeWrites() : SerialWrites(), row);
+    return written ? Standing::Written : Standing::NotWritten;
+}
+
+std::vector<FieldDifference> CompareSetups(const SetupImage& a, const SetupImage& b, PutRoad road,
+                                           int firmwareVersion) {
+    std::vector<FieldDifference> differences;
+    for (const FieldRow& row : FieldTable()) {
+        if (row.Kind == Mark::Overlap || FieldEqual(a, b, row.Handle)) continue;
+        differences.push_back({row.Handle, StandingOf(row.Handle, road, firmwareVersion)});
+    }
+    return differences;
+}
+
+}  // namespace counter

@@ -1,0 +1,112 @@
+#include "transfer/put_setup.h"
+
+#include <string>
+
+#include "link/exchange.h"
+#include "link/waits.h"
+#include "meter/firmware.h"
+#include "transfer/put_frames.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kBoardLength = 16;    // LinkError of a board answer of a wrong length
+constexpr int kAnswerDigits = 12;   // address, function, first register, count
+constexpr int kBeforeResetMs = 1500;
+constexpr char kRemoteC = 'C';
+
+bool IsRemoteC(const SetupImage& image) { return DigitsGet(image, 185, 1) == std::string(1, kRemoteC); }
+
+// The board codes lie four Modes apart; none counts as the dual board.
+int BoardOfMode(int modeDigit) { return modeDigit / 4 == 0 ? 1 : modeDigit / 4; }
+
+// Stops the reading stream first. Returns the Mode digit of the meter, -1 where none came.
+int AskBoardAscii(Link& link) {
+    SendAscii(link, "A1");
+    LinkDelay(link, 300);
+    link.State.RawReply.clear();
+    AskAscii(link, "G12D");
+    if (link.State.LinkError != 0) return -1;
+    if (link.State.RawReply.size() == 2) return HexDigitGet({link.State.RawReply}, 1);
+    link.State.PortFault = 1;
+    return -1;
+}
+
+int AskBoardModbus(Link& link) {
+    AskModbus(link, "0300450001");
+    if (link.State.LinkError != 0) return -1;
+    // The length is that of RTU also over Modbus ASCII, whose answer never has it: required.
+    const std::size_t wanted = link.State.EthernetMode == 1 ? 10 : 14;
+    if (link.State.ReplyText.size() != wanted) {
+        link.State.LinkError = kBoardLength;
+        return -1;
+    }
+    const int mode = HexDigitGet({link.State.ReplyText}, 9);
+    LinkDelay(link, link.State.BaudIndex == 0 ? 0 : 1000);
+    return mode;
+}
+
+double PauseMs(const LinkState& link) {
+    if (link.EthernetMode == 1 && link.BaudIndex == 0) return 0;
+    return link.BaudIndex == 1 ? 600 : 1000;
+}
+
+bool WriteRow(SetupTransfer& transfer, const ModbusWrite& write) {
+    Link& link = transfer.Line;
+    const std::string payload = write.Head + ModbusData(transfer.Image, write);
+    LinkDelay(link, PauseMs(link.State));
+    transfer.ProgressTo(write.Percent);
+    link.State.ModbusPayload = payload;
+    SendCommand(link);
+    link.State.FramesWritten.push_back(std::string(write.Head).substr(0, 6));
+    ReceiveReply(link);
+    const int wanted = kAnswerDigits + ModbusExtraDigits(link.State);
+    const int got = static_cast<int>(link.State.ReplyText.size());
+    if (link.State.LinkError == 0 && got != wanted) link.State.LinkError = write.Step;
+    return link.State.LinkError == 0;
+}
+
+}  // namespace
+
+BoardCheck CheckMeterBoard(SetupTransfer& transfer) {
+    Link& link = transfer.Line;
+    const int mode = link.State.ModbusLink == 0 ? AskBoardAscii(link) : AskBoardModbus(link);
+    if (mode < 0) return {};
+    BoardCheck check{true, BoardOfMode(mode), BoardOfMode(HexDigitGet(transfer.Image, 199))};
+    if (IsRemoteC(transfer.Image)) check.ImageBoard = check.MeterBoard;
+    return check;
+}
+
+void PutSetupAscii(SetupTransfer& transfer) {
+    Link& link = transfer.Line;
+    transfer.Image.SetupData.resize(kImageDigits, '0');
+    if (IsRemoteC(transfer.Image)) DigitsPut(transfer.Image, 199, "00");
+    if (link.State.LinkError != 0) return;
+    for (const AsciiWrite& write : link.State.EthernetMode == 1 ? NodeWrites() : SerialWrites()) {
+        if (write.PauseMs > 0) LinkDelay(link, write.PauseMs);
+        SendAscii(link, write.Command + AsciiData(transfer.Image, write) + "Z");
+        link.State.FramesWritten.emplace_back(write.Command);
+        transfer.ProgressTo(write.Percent);
+    }
+    LinkDelay(link, kBeforeResetMs);
+    link.State.CommandText = std::string("|*") + link.State.MeterAddressChar + "C0";
+    SendCommand(link);
+    link.State.FramesWritten.emplace_back("C0");
+}
+
+Status PutSetupModbus(SetupTransfer& transfer, const BringUp& bringUp) {
+    SetupImage& image = transfer.Image;
+    transfer.Line.State.ReplyText.clear();
+    // A meter that was told the address 0 would never answer again.
+    if (ByteGet(image, 111) == 0) DigitsPut(image, 111, "01");
+    for (const ModbusWrite& write : ModbusWrites()) {
+        if (write.NeedsCutoffRegister && !ModbusTakesCutoffValue(transfer.Identity.FirmwareVersion)) continue;
+        if (write.Data.front().Position == 185 && IsRemoteC(image)) DigitsPut(image, 185, "7");
+        if (!WriteRow(transfer, write)) return {};
+    }
+    transfer.Line.State.ModbusAddressHex = DigitsGet(image, 111, 2);
+    return SaveLinkSettings(image, bringUp);
+}
+
+}  // namespace counter

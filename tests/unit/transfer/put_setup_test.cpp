@@ -1,0 +1,288 @@
+// Put Setup against the simulated meter: frames byte for byte, faults, what the link does afterwards.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "meter/default_setup.h"
+#include "meter/hex_text.h"
+#include "shell/put_action.h"
+#include "support/bench_meter.h"
+#include "support/meter_kinds.h"
+#include "transfer/compare_setups.h"
+#include "transfer/put_setup.h"
+
+namespace counter::test {
+namespace {
+
+using Words = std::vector<std::string>;
+
+struct PutBench : BenchMeter {
+    explicit PutBench(sim::MeterOptions options = {}, const Words& settings = {})
+        : BenchMeter(std::move(options), settings) {
+        SwitchOn();
+        BuildDefaultSetup(Program.Image);
+    }
+    int Put() {
+        Settled = PutSetup(Program);
+        return Program.LinkData.LinkError;
+    }
+    std::string SettingsText() { return Store.Contents["home/Settings.SSS"]; }
+    Status Settled;
+};
+
+std::string Printable(const std::string& frame, const LinkKind& kind) {
+    return kind.Protocol == sim::LineProtocol::ModbusRtu ? HexOfText(frame) : frame.substr(0, frame.size() - 2);
+}
+
+// The file was reviewed by hand against the meter's manual: a difference is a change of what goes to meters.
+TEST(Put, FramesOfTheDefaultImageAreTheReviewedOnes) {
+    std::ostringstream frames;
+    for (const LinkKind& kind : kLinkKinds) {
+        PutBench bench(MeterOf(kind), {kind.Setting});
+        BitsPut(bench.Program.Image, 3, 2, 109, static_cast<int>(kind.Protocol));
+        EXPECT_EQ(bench.Put(), 0) << kind.Name;
+        frames << kind.Name << "\n";
+        for (const std::string& frame : bench.Line.Sent()) frames << Printable(frame, kind) << "\n";
+    }
+    std::ifstream golden(TEST_FOLDER "/put_default.golden");
+    std::ostringstream expected;
+    expected << golden.rdbuf();
+    EXPECT_EQ(frames.str(), expected.str());
+}
+
+TEST(Put, TheMeterThenHoldsTheImage) {
+    PutBench bench;
+    DigitsPut(bench.Program.Image, 55, "003039");
+    DigitsPut(bench.Program.Image, 113, "123456");  // carried: never written
+    EXPECT_EQ(bench.Put(), 0);
+    std::string expected = bench.Program.Image.SetupData;
+    expected.replace(112, 6, "000000");
+    EXPECT_EQ(bench.Line.Meter().ImageText(), expected);
+    EXPECT_EQ(bench.Program.Home.StatusText, "Putting data to the Counter.  Data appears to have Transferred O.K.");
+    EXPECT_FALSE(bench.Program.Home.ProgressVisible);
+}
+
+TEST(Put, OverTheNodeTheFirstBlockGoesInParts) {
+    VirtualPump pump;
+    MeterLine line(pump, {});
+    line.Open();
+    LinkState state;
+    state.EthernetMode = 1;
+    state.MeterAddressChar = '1';
+    Link link{state, pump, line};
+    SetupImage image;
+    BuildDefaultSetup(image);
+    MeterIdentity identity;
+    DerivedValues derived;
+    SetupTransfer transfer{link, image, identity, derived, [](int) {}};
+    PutSetupAscii(transfer);
+    ASSERT_EQ(line.Sent().size(), 6U);
+    EXPECT_EQ(line.Sent()[0], "*1W91A0027100000000000000000000000000186A0Z\r\n");
+    EXPECT_EQ(line.Sent()[1], "*1W9110000000186A0004E20002710002710002710Z\r\n");
+    EXPECT_EQ(line.Sent()[2], "*1W4350027100000000001Z\r\n");
+}
+
+TEST(Put, AShortImageIsFilledAndALongOneCut) {
+    for (const std::size_t digits : {std::size_t{204}, std::size_t{300}}) {
+        PutBench bench;
+        bench.Program.Image.SetupData.resize(digits, '7');
+        EXPECT_EQ(bench.Put(), 0);
+        EXPECT_EQ(bench.Program.Image.SetupData.size(), 260U);
+        EXPECT_EQ(bench.Line.Sent()[5].substr(0, 6), "*1WB74");
+        EXPECT_EQ(bench.Line.Sent()[5].size(), 6 + 44 + 1 + 2U);
+    }
+}
+
+TEST(Put, ARemoteCDisplayIsPutAsItsProtocolNeeds) {
+    PutBench ascii;
+    DigitsPut(ascii.Program.Image, 185, "C");
+    DigitsPut(ascii.Program.Image, 199, "12");
+    EXPECT_EQ(ascii.Put(), 0);
+    EXPECT_EQ(DigitsGet(ascii.Program.Image, 185, 1), "C");
+    EXPECT_EQ(DigitsGet(ascii.Program.Image, 199, 2), "00");
+
+    PutBench rtu(MeterOf(kRtu), {kRtu.Setting});
+    BitsPut(rtu.Program.Image, 3, 2, 109, 1);
+    DigitsPut(rtu.Program.Image, 185, "C");
+    EXPECT_EQ(rtu.Put(), 0);
+    EXPECT_EQ(DigitsGet(rtu.Program.Image, 185, 1), "7");
+    EXPECT_EQ(rtu.Line.Meter().ImageText().substr(184, 1), "7");
+}
+
+TEST(Put, AModbusAddressOf0BecomesOneBeforeItReachesTheMeter) {
+    PutBench bench(MeterOf(kRtu), {kRtu.Setting});
+    BitsPut(bench.Program.Image, 3, 2, 109, 1);
+    DigitsPut(bench.Program.Image, 111, "00");
+    EXPECT_EQ(bench.Put(), 0);
+    EXPECT_EQ(bench.Line.Meter().ImageText().substr(110, 2), "01");
+    EXPECT_EQ(bench.Program.LinkData.ModbusAddressHex, "01");
+}
+
+TEST(Put, OldMetersTakeNoCutoffValueOverModbus) {
+    for (const auto& [version, frames] : {std::pair{75, 6U}, {76, 7U}}) {
+        PutBench bench(MeterOf(kRtu, version), {kRtu.Setting, "FirmwareVersion=" + std::to_string(version)});
+        BitsPut(bench.Program.Image, 3, 2, 109, 1);
+        EXPECT_EQ(bench.Put(), 0);
+        EXPECT_EQ(bench.Line.Sent().size(), frames) << version;
+    }
+}
+
+TEST(BoardCheck, WarnsAndGoesOn) {
+    const struct {
+        const char* Name;
+        const char* MeterMode;
+        const char* ImageMode;
+        const char* ImageType;
+        const char* Text;
+    } cases[] = {
+        {"V-F data, quadrature meter", "C0", "80", "0", "You cannot write V-F Converter data\rto a Quadrature Meter."},
+        {"dual data, V-F meter", "81", "00", "0", "You cannot write Dual Signal Conditioner data\rto a V-F Converter."},
+        {"Modes 0 and 4 are one board", "40", "00", "0", ""},
+        {"Remote C goes to any board", "C0", "80", "C", ""},
+    };
+    for (const auto& c : cases) {
+        for (const LinkKind& kind : {kLinkKinds[0], kRtu}) {
+            sim::MeterOptions options = MeterOf(kind);
+            options.Patches = {{199, c.MeterMode}};
+            PutBench bench(options, {kind.Setting});
+            BitsPut(bench.Program.Image, 3, 2, 109, static_cast<int>(kind.Protocol));
+            DigitsPut(bench.Program.Image, 199, c.ImageMode);
+            DigitsPut(bench.Program.Image, 185, c.ImageType);
+            EXPECT_EQ(bench.Put(), 0) << c.Name;
+            ASSERT_EQ(bench.Boxes.Shown.size(), *c.Text == 0 ? 0U : 1U) << c.Name << kind.Name;
+            if (*c.Text != 0) {
+                EXPECT_EQ(bench.Boxes.Shown[0].Title, "Put Data");
+                EXPECT_EQ(bench.Boxes.Shown[0].Text, c.Text);
+            }
+        }
+    }
+}
+
+TEST(BoardCheck, ADeadLineStopsACustomAsciiPut) {
+    PutBench bench(WithFault({}, "G12D:noreply"));
+    EXPECT_EQ(bench.Put(), 21);
+    EXPECT_EQ(bench.Line.Sent(), (Words{"*1A1\r\n", "*1G12D\r\n"}));
+    EXPECT_EQ(bench.Program.Home.StatusText,
+              "Data transfer unsuccessful. Check connections and try again. (21)");
+}
+
+TEST(BoardCheck, AnAnswerOfAnotherLengthIsNoComparison) {
+    PutBench bench(WithFault({}, "G12D:cut=0"));
+    bench.Line.Unplug();
+    bench.Pump.After(300 + 300 + 310, [&] { bench.Line.Inject("0000\r"); });
+    EXPECT_EQ(bench.Put(), 0);
+    EXPECT_EQ(bench.Program.LinkData.PortFault, 1);
+    EXPECT_EQ(bench.Line.Sent().size(), 7U) << "the Put goes on";
+}
+
+TEST(Put, AFailedRowHasItsNumberAndTheRowsBeforeItAreInTheMeter) {
+    const struct {
+        const char* Fault;
+        const LinkKind& Kind;
+        int LinkError;
+        std::size_t Frames;
+    } cases[] = {
+        {"100001:exception=2", kModbusAscii, 1, 2}, {"100011:exception=2", kModbusAscii, 4, 3},
+        {"100021:exception=2", kModbusAscii, 7, 4}, {"10003A:exception=2", kModbusAscii, 10, 5},
+        {"10004D:exception=2", kModbusAscii, 11, 6}, {"100041:exception=2", kModbusAscii, 14, 7},
+        {"100021:exception=3", kRtu, 3, 4},         {"100011:badcheck", kRtu, 24, 3},
+        {"10004D:noreply", kRtu, 21, 6},            {"100001:gone=2", kRtu, 27, 2},
+        {"030045:noreply", kRtu, 0, 7},
+    };
+    for (const auto& c : cases) {
+        PutBench bench(WithFault(MeterOf(c.Kind), c.Fault), {c.Kind.Setting});
+        BitsPut(bench.Program.Image, 3, 2, 109, static_cast<int>(c.Kind.Protocol));
+        DigitsPut(bench.Program.Image, 55, "003039");  // row 1
+        DigitsPut(bench.Program.Image, 191, "60");     // row 6: 19200 baud
+        const std::string settings = bench.SettingsText();
+        EXPECT_EQ(bench.Put(), c.LinkError) << c.Fault;
+        EXPECT_EQ(bench.Line.Sent().size(), c.Frames) << c.Fault;
+        const bool rowOneWritten = bench.Line.Meter().ImageText().substr(54, 6) == "003039";
+        EXPECT_EQ(rowOneWritten, c.LinkError == 27 || c.Frames > 2) << c.Fault;
+        EXPECT_EQ(bench.SettingsText() == settings, c.LinkError != 0) << "settings follow a good Put only: " << c.Fault;
+    }
+}
+
+TEST(LinkSettings, FollowTheImage) {
+    const struct {
+        const char* Name;
+        int Position;
+        const char* Digits;
+        const char* Line1;
+    } cases[] = {
+        {"nothing", 1, "002710", "3501000100100831010000"},   {"baud", 191, "10", "3101000100100831010000"},
+        {"address 17", 189, "31", "3501000H00100831010000"},  {"RTU, even", 109, "06", "3501120100100831010000"},
+        {"parity without Modbus", 109, "02", "3501000100100831010000"},
+        {"Modbus address", 111, "F7", "3501000124700831010000"}, {"duplex", 187, "81", "3501000100110831010000"},
+    };
+    for (const auto& c : cases) {
+        SetupImage image;
+        BuildDefaultSetup(image);
+        DigitsPut(image, c.Position, c.Digits);
+        EXPECT_EQ(LinkSettingsLine("3501000100100831010000", image), c.Line1) << c.Name;
+    }
+}
+
+TEST(LinkSettings, APutWithoutAChangeLeavesFileAndPortAlone) {
+    PutBench bench;
+    bench.Store.Refused.insert("none");
+    const std::string before = bench.SettingsText();
+    bench.Put();
+    EXPECT_EQ(bench.SettingsText(), before);
+    EXPECT_EQ(std::count(bench.Line.Calls().begin(), bench.Line.Calls().end(), "Open"), 2) << "start and board check";
+}
+
+TEST(LinkSettings, ThePortFollowsTheMeterToANewRate) {
+    PutBench bench;
+    DigitsPut(bench.Program.Image, 191, "60");
+    DigitsPut(bench.Program.Image, 189, "2A");
+    EXPECT_EQ(bench.Put(), 0);
+    EXPECT_EQ(bench.SettingsText(), "3601000A00100831010000\r\n2711000000000000F6CB00000000\r\n");
+    EXPECT_EQ(bench.Line.Calls()[bench.Line.Calls().size() - 3], "Settings 19200,n,8,1");
+    EXPECT_EQ(bench.Line.Meter().ActiveLine().Baud, 19200);
+    EXPECT_EQ(bench.Program.LinkData.MeterAddressChar, 'A');
+}
+
+TEST(LinkSettings, AFileThatCannotBeWrittenIsTold) {
+    PutBench bench;
+    DigitsPut(bench.Program.Image, 191, "60");
+    struct ReadOnlyFiles : MemoryFiles {
+        Status Write(const std::string& path, std::string_view) override {
+            return {StatusKind::NoPermission, path, "Permission denied"};
+        }
+    } files;
+    files.Contents = bench.Store.Contents;
+    Session session(bench.Pump, bench.Line, bench.Boxes, {files, "home"});
+    session.Image = bench.Program.Image;
+    EXPECT_EQ(PutSetup(session).Text(), "home/Settings.SSS: Permission denied");
+    EXPECT_EQ(session.Stored.Lines.SettingsLine1, "3501000100100831010000") << "memory says what the file says";
+}
+
+TEST(Compare, KnowsWhatEachRoadWrites) {
+    const struct {
+        Field Which;
+        Standing Serial, Node, Modbus75, Modbus76;
+    } cases[] = {
+        {Field::Setpoint1, Standing::Written, Standing::Written, Standing::Written, Standing::Written},
+        {Field::LowIn1, Standing::Written, Standing::NotWritten, Standing::Written, Standing::Written},
+        {Field::CutoffValue, Standing::Written, Standing::Written, Standing::NotWritten, Standing::Written},
+        {Field::Calibration, Standing::NotWritten, Standing::NotWritten, Standing::NotWritten, Standing::NotWritten},
+        {Field::Carried113, Standing::NotWritten, Standing::NotWritten, Standing::NotWritten, Standing::NotWritten},
+        {Field::Carried141, Standing::Written, Standing::Written, Standing::NotWritten, Standing::NotWritten},
+        {Field::Parity, Standing::Written, Standing::Written, Standing::Written, Standing::Written},
+        {Field::Analog2Lo, Standing::Written, Standing::Written, Standing::Written, Standing::Written},
+        {Field::AnalogOption, Standing::Hardware, Standing::Hardware, Standing::Hardware, Standing::Hardware},
+        {Field::RelayOption, Standing::Hardware, Standing::Hardware, Standing::Hardware, Standing::Hardware},
+        {Field::MeterType, Standing::ReadOnly, Standing::ReadOnly, Standing::ReadOnly, Standing::ReadOnly},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(StandingOf(c.Which, PutRoad::AsciiSerial, 83), c.Serial) << FieldName(c.Which);
+        EXPECT_EQ(StandingOf(c.Which, PutRoad::AsciiNode, 83), c.Node) << FieldName(c.Which);
+        EXPECT_EQ(StandingOf(c.Which, PutRoad::Modbus, 75), c.Modbus75) << FieldName(c.Which);
+        EXPECT_EQ(StandingOf(c.Which, PutRoad::Modbus, 76), c.Modbus76) << FieldName(c.Which);
+    }
+}
+
+}  // namespace
+}  // namespace counter::test
