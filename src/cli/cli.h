@@ -31,6 +31,8 @@ int DefaultCommand(const CommandCall& call);
 int ShowCommand(const CommandCall& call);
 int DiffCommand(const CommandCall& call);
 int GetCommand(const CommandCall& call);
+int PutCommand(const CommandCall& call);
+int VerifyCommand(const CommandCall& call);
 
 // Of a command that later work brings: says so, status 1.
 int NotThereYet(const CommandCall& call);

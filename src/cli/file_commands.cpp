@@ -1,6 +1,7 @@
 // default, show, diff: setup files without a meter.
 #include "cli/cli.h"
 #include "cli/cli_output.h"
+#include "cli/differences.h"
 #include "meter/default_setup.h"
 #include "meter/field_value.h"
 #include "shell/setup_files.h"
@@ -44,27 +45,11 @@ std::string Surplus(const SetupImage& image) {
     return image.SetupData.size() > kImageDigits ? image.SetupData.substr(kImageDigits) : std::string();
 }
 
-// Values of the same text that are stored differently are told by their digits.
-Json DifferenceJson(const SetupImage& a, const SetupImage& b, const FieldRow& row) {
-    Json valueA = FieldJson(a, row.Handle);
-    Json valueB = FieldJson(b, row.Handle);
-    if (valueA == valueB) {
-        valueA = Utf8(FieldDigits(a, row.Handle));
-        valueB = Utf8(FieldDigits(b, row.Handle));
-    }
-    return {{"field", std::string(row.Name)},
-            {"position", row.Pos},
-            {"a", valueA},
-            {"b", valueB},
-            {"counts", true}};
-}
-
+// Every difference of two files counts.
 Json Differences(const SetupImage& a, const SetupImage& b) {
-    Json list = Json::array();
-    for (const FieldRow& row : FieldTable()) {
-        if (row.Kind == Mark::Overlap || FieldEqual(a, b, row.Handle)) continue;
-        list.push_back(DifferenceJson(a, b, row));
-    }
+    std::vector<FieldDifference> differences = CompareSetups(a, b, PutRoad::AsciiSerial, 0);
+    for (FieldDifference& difference : differences) difference.Stands = Standing::Written;
+    Json list = DifferencesJson(a, b, differences);
     if (Surplus(a) != Surplus(b)) {
         list.push_back({{"field", "Digits behind the setup"},
                         {"position", kImageDigits + 1},
@@ -73,23 +58,6 @@ Json Differences(const SetupImage& a, const SetupImage& b) {
                         {"counts", true}});
     }
     return list;
-}
-
-std::string PlainText(const Json& value) {
-    return value.is_string() ? value.get<std::string>() : value.dump();
-}
-
-void PrintDifferences(const CommandCall& call, const Json& list) {
-    if (call.Json) {
-        WriteJson(call, list);
-        return;
-    }
-    std::vector<std::vector<std::string>> lines = {{"Position", "Field", call.Words[0], call.Words[1]}};
-    for (const Json& line : list) {
-        lines.push_back({PlainText(line["position"]), PlainText(line["field"]), PlainText(line["a"]),
-                         PlainText(line["b"])});
-    }
-    call.World.Out << (list.empty() ? "No field differs.\n" : Columns(lines));
 }
 
 }  // namespace
@@ -119,7 +87,11 @@ int DiffCommand(const CommandCall& call) {
     if (Status status = LoadSetupFile(call.World.Store, call.Words[1], b); !status.Ok())
         return RefuseStatus(call, status);
     const Json list = Differences(a, b);
-    PrintDifferences(call, list);
+    if (call.Json) {
+        WriteJson(call, list);
+    } else {
+        call.World.Out << DifferencesTable(list, call.Words[0], call.Words[1]);
+    }
     return list.empty() ? kDone : kDifferent;
 }
 

@@ -1,7 +1,10 @@
 #include "cli/link_session.h"
 
+#include <utility>
+
 #include "link/link_error.h"
 #include "link/port_setup.h"
+#include "shell/get_action.h"
 #include "shell/start.h"
 
 namespace counter {
@@ -63,12 +66,24 @@ int LinkSession::Begin() {
                 "there is no serial link (CommsEnabled is 0); counterctl settings set CommsEnabled=1"});
 }
 
-int LinkSession::End(const Json& more) {
+int LinkSession::Get() {
+    GetSetup(session_);
+    if (session_.LinkData.LinkError != 0) return kLinkFailed;
+    const Status& kept = session_.Home.Backup;
+    if (!kept.Ok()) call_.World.Err << "counterctl: no backup: " << kept.Text() << "\n";
+    return kDone;
+}
+
+void LinkSession::Finish() {
     ClosePort(session_.Line);
     session_.Home.Changed = nullptr;
+    if (std::exchange(barOnScreen_, false)) call_.World.Err << "\n";
+}
+
+int LinkSession::End(const Json& more) {
     const int error = session_.LinkData.LinkError;
-    const std::string& status = session_.Home.StatusText;
-    if (barOnScreen_) call_.World.Err << "\n";
+    const std::string status = session_.Home.StatusText;
+    Finish();
     if (call_.Json) {
         Json document = {{"status", status}, {"LinkError", error}};
         document.update(more);
@@ -77,8 +92,13 @@ int LinkSession::End(const Json& more) {
     } else if (error == 0) {
         call_.World.Out << status << "\n";
     }
-    if (error == 0) return kDone;
-    call_.World.Err << "counterctl: " << LinkErrorMeaning(error) << "\n" << status << "\n";
+    return error == 0 ? kDone : Fail();
+}
+
+int LinkSession::Fail() {
+    Finish();
+    call_.World.Err << "counterctl: " << LinkErrorMeaning(session_.LinkData.LinkError) << "\n"
+                    << session_.Home.StatusText << "\n";
     return kLinkFailed;
 }
 
@@ -94,9 +114,15 @@ void LinkSession::ShowProgress() {
 void LinkSession::OnInterrupt() {
     if (trace_) trace_->Flush();
     session_.Port.Close();
-    call_.World.Err << (barOnScreen_ ? "\n" : "") << "counterctl: interrupted\n" << std::flush;
+    call_.World.Err << (barOnScreen_ ? "\n" : "") << "counterctl: interrupted" << WrittenSoFar() << "\n" << std::flush;
     call_.World.Out << std::flush;
     machine_->Waits().EndProcess(kInterrupted);
+}
+
+std::string LinkSession::WrittenSoFar() const {
+    std::string text;
+    for (const std::string& frame : session_.LinkData.FramesWritten) text += " " + frame;
+    return text.empty() ? text : "; written so far:" + text;
 }
 
 }  // namespace counter

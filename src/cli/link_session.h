@@ -32,15 +32,22 @@ class LinkSession {
 
     // Reads the settings and opens the port. Returns 0, or the exit status with its line written.
     int Begin();
-    // Closes the port and tells how the action ended: the status line, with --json as a document that `more`
-    // adds to. Returns 0 or 3.
+    // Get Setup. Returns 0, or 3 with the failure told.
+    int Get();
+    // Closes the port and the progress bar.
+    void Finish();
+    // Finishes and tells how the action ended: the status line, with --json as a document that `more` adds to.
+    // Returns 0 or 3.
     int End(const Json& more);
+    // Finishes and tells a failed link on standard error. Returns 3.
+    int Fail();
 
     Session& Program() { return session_; }
 
   private:
     void ShowProgress();
     void OnInterrupt();
+    std::string WrittenSoFar() const;  // the frames of an interrupted Put
 
     const CommandCall& call_;
     std::unique_ptr<Machine> machine_;

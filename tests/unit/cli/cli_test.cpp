@@ -101,7 +101,7 @@ TEST(Usage, IsOneLineThatSaysWhatIsLegal) {
         {{"settings", "show"}, "usage: counterctl settings"},
         {{"ports", "map", "0", "/dev/ttyUSB0"}, "a port number is 1 to 99"},
         {{"ports", "map", "1"}, "usage: counterctl ports [map N DEVICE]"},
-        {{"put", "a"}, "not there yet"},
+        {{"put"}, "usage: counterctl put FILE [--backup OLD] [--verify]"},
         {{"read", "item1"}, "not there yet"},
     };
     for (const auto& c : cases) {
@@ -297,6 +297,99 @@ TEST(Get, MessagesGoToStandardErrorAndJson) {
     ASSERT_EQ(messages.size(), 1U);
     EXPECT_EQ(messages[0]["title"], "Note:");
     EXPECT_EQ(bench.Err.find("Note: The Data Type shows as 'Remote A.'  It is possible"), 0U);
+}
+
+TEST(Get, LeavesABackup) {
+    CliBench bench;
+    EXPECT_EQ(bench.Run({"get", "m.CT2"}), 0);
+    EXPECT_EQ(bench.Store.Contents["home/backups/2026-03-04_05-06-07-089_address-01.CT2"],
+              std::string(sim::kDefaultImage) + "\r\n");
+    bench.Store.Refused.insert("home/backups/2026-03-04_05-06-07-089_address-01.CT2");
+    EXPECT_EQ(bench.Run({"get", "m.CT2"}), 0) << "the Get itself is good";
+    EXPECT_NE(bench.Err.find("no backup: home/backups/"), std::string::npos) << bench.Err;
+}
+
+// The default setup with 12345 as Setpoint 1.
+std::string ChangedSetup() {
+    std::string text = std::string(sim::kDefaultImage) + "\r\n";
+    return text.replace(54, 6, "003039");
+}
+
+TEST(Put, WritesAndVerifies) {
+    CliBench bench;
+    bench.Store.Contents["new.CT2"] = ChangedSetup();
+    EXPECT_EQ(bench.Run({"put", "new.CT2", "--verify", "--json", "--backup", "old.CT2"}), 0) << bench.Err;
+    EXPECT_EQ(Json::parse(bench.Out),
+              Json::parse(R"({"status":"Putting data to the Counter.  Data appears to have Transferred O.K.",
+                              "LinkError":0,"differences":[],"messages":[]})"));
+    EXPECT_EQ(bench.Store.Contents["old.CT2"], std::string(sim::kDefaultImage) + "\r\n");
+    EXPECT_EQ(bench.Run({"put", "new.CT2"}), 0);
+    EXPECT_EQ(bench.Out, "Putting data to the Counter.  Data appears to have Transferred O.K.\n");
+}
+
+TEST(Put, NothingIsSentWithoutItsBackup) {
+    CliBench bench;
+    bench.Store.Contents["new.CT2"] = ChangedSetup();
+    bench.Store.Refused.insert("old.CT2");
+    EXPECT_EQ(bench.Run({"put", "new.CT2", "--backup", "old.CT2", "--trace"}), 2);
+    EXPECT_EQ(bench.Err.find("WR1A"), std::string::npos);
+    EXPECT_EQ(bench.LastErrLine(), "counterctl: old.CT2: Permission denied");
+    sim::Fault fault;
+    sim::ParseFault("XR35:noreply", fault);
+    bench.Meter.Faults = {fault};
+    EXPECT_EQ(bench.Run({"put", "new.CT2", "--backup", "old2.CT2", "--trace"}), 3);
+    EXPECT_EQ(bench.Err.find("WR1A"), std::string::npos);
+    EXPECT_EQ(bench.LastErrLine(), "Failed to Get data, check connections, then try again.      ( 21)");
+    EXPECT_EQ(bench.Run({"put", "none.CT2"}), 2);
+}
+
+TEST(Put, FailuresAndMessages) {
+    CliBench bench;
+    bench.Store.Contents["new.CT2"] = ChangedSetup();
+    sim::Fault fault;
+    sim::ParseFault("G12D:noreply", fault);
+    bench.Meter.Faults = {fault};
+    EXPECT_EQ(bench.Run({"put", "new.CT2", "--verify", "--json"}), 3);
+    EXPECT_EQ(bench.LastErrLine(), "Data transfer unsuccessful. Check connections and try again. (21)");
+    EXPECT_EQ(Json::parse(bench.Out)["LinkError"], 21);
+
+    bench.Meter.Faults.clear();
+    bench.Meter.Patches = {{199, "C0"}};
+    EXPECT_EQ(bench.Run({"put", "new.CT2"}), 0);
+    EXPECT_EQ(bench.Err, "Put Data You cannot write Dual Signal Conditioner data to a Quadrature Meter.\n");
+}
+
+TEST(Put, AnInterruptTellsWhatHasGoneOut) {
+    CliBench bench;
+    bench.Store.Contents["new.CT2"] = ChangedSetup();
+    bench.InterruptAfterMs = 2500;
+    EXPECT_EQ(bench.Run({"put", "new.CT2"}), 130);
+    EXPECT_EQ(bench.LastErrLine(), "counterctl: interrupted; written so far: WR1A W435 WG2A");
+}
+
+TEST(Put, SettingsThatCannotFollowAre2) {
+    CliBench bench;
+    bench.Store.Contents["new.CT2"] = ChangedSetup().replace(190, 2, "60");
+    bench.Store.ReadOnly.insert("home/Settings.SSS");
+    EXPECT_EQ(bench.Run({"put", "new.CT2"}), 2);
+    EXPECT_EQ(bench.LastErrLine(), "counterctl: home/Settings.SSS: Permission denied");
+}
+
+TEST(Verify, CountsWhatAPutWrites) {
+    CliBench bench;
+    bench.Store.Contents["new.CT2"] = ChangedSetup().replace(232, 2, "52").replace(136, 4, "0064");
+    EXPECT_EQ(bench.Run({"verify", "new.CT2", "--json"}), 4);
+    EXPECT_EQ(Json::parse(bench.Out), Json::parse(R"([
+        {"field":"Setpoint 1","position":55,"a":"+012345.","b":"+010000.","counts":true},
+        {"field":"Calibration, Parts per Million","position":137,"a":"+00100.","b":"-00100.","counts":false},
+        {"field":"FirmwareVersion","position":233,"a":82,"b":83,"counts":false}])"));
+    bench.Store.Contents["new.CT2"].replace(54, 6, "002710");
+    EXPECT_EQ(bench.Run({"verify", "new.CT2"}), 0) << "what no Put changes is told, but does not count";
+    EXPECT_NE(bench.Out.find("Not counted"), std::string::npos);
+    sim::Fault fault;
+    sim::ParseFault("*:noreply", fault);
+    bench.Meter.Faults = {fault};
+    EXPECT_EQ(bench.Run({"verify", "new.CT2"}), 3);
 }
 
 TEST(Get, TraceAndProgressGoToStandardError) {

@@ -11,7 +11,9 @@ Status MemoryFiles::Read(const std::string& path, std::string& content) const {
 }
 
 Status MemoryFiles::Write(const std::string& path, std::string_view content) {
-    if (Refused.count(path) > 0) return {StatusKind::NoPermission, path, "Permission denied"};
+    if (Refused.count(path) + ReadOnly.count(path) > 0) {
+        return {StatusKind::NoPermission, path, "Permission denied"};
+    }
     Contents[path] = std::string(content);
     return {};
 }

@@ -226,7 +226,6 @@ TEST(LinkSettings, FollowTheImage) {
 
 TEST(LinkSettings, APutWithoutAChangeLeavesFileAndPortAlone) {
     PutBench bench;
-    bench.Store.Refused.insert("none");
     const std::string before = bench.SettingsText();
     bench.Put();
     EXPECT_EQ(bench.SettingsText(), before);
@@ -247,16 +246,10 @@ TEST(LinkSettings, ThePortFollowsTheMeterToANewRate) {
 TEST(LinkSettings, AFileThatCannotBeWrittenIsTold) {
     PutBench bench;
     DigitsPut(bench.Program.Image, 191, "60");
-    struct ReadOnlyFiles : MemoryFiles {
-        Status Write(const std::string& path, std::string_view) override {
-            return {StatusKind::NoPermission, path, "Permission denied"};
-        }
-    } files;
-    files.Contents = bench.Store.Contents;
-    Session session(bench.Pump, bench.Line, bench.Boxes, {files, "home"});
-    session.Image = bench.Program.Image;
-    EXPECT_EQ(PutSetup(session).Text(), "home/Settings.SSS: Permission denied");
-    EXPECT_EQ(session.Stored.Lines.SettingsLine1, "3501000100100831010000") << "memory says what the file says";
+    bench.Store.ReadOnly.insert("home/Settings.SSS");
+    bench.Put();
+    EXPECT_EQ(bench.Settled.Text(), "home/Settings.SSS: Permission denied");
+    EXPECT_EQ(bench.Program.Stored.Lines.SettingsLine1, "3501000100100831010000") << "memory says what the file says";
 }
 
 TEST(Compare, KnowsWhatEachRoadWrites) {

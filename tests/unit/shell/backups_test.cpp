@@ -1,0 +1,39 @@
+// Backups: named by time and address, the newest 100 kept, nobody else's files touched.
+#include "shell/backups.h"
+
+#include <gtest/gtest.h>
+
+#include "support/bench_meter.h"
+
+namespace counter::test {
+namespace {
+
+TEST(Backups, AreNamedByTimeAndAddress) {
+    BenchMeter ascii({}, {"MeterAddressValue=31"});
+    ascii.SwitchOn();
+    EXPECT_EQ(BackupName(ascii.Program), "2026-03-04_05-06-07-089_address-31.CT2");
+    BenchMeter modbus({}, {"SerialProtocol=1", "ModbusAddress=247"});
+    modbus.SwitchOn();
+    EXPECT_EQ(BackupName(modbus.Program), "2026-03-04_05-06-07-089_address-247.CT2");
+}
+
+TEST(Backups, TheNewest100AreKeptAndTheUsersFilesToo) {
+    BenchMeter bench;
+    bench.SwitchOn();
+    const std::string folder = "home/backups/";
+    bench.Store.Contents[folder + "1999 line 3.CT2"] = "mine";
+    bench.Store.Contents[folder + "best.CT2"] = "mine";
+    for (int i = 0; i < 105; ++i) {
+        const std::string second = std::to_string(100 + i).substr(1);
+        bench.Store.Contents[folder + "2025-01-0" + (i < 100 ? "1" : "2") + "_00-00-" + second + "-000_address-01.CT2"] = "old";
+    }
+    EXPECT_TRUE(KeepBackup(bench.Program).Ok());
+    EXPECT_EQ(bench.Store.Contents.count(folder + "1999 line 3.CT2"), 1U);
+    EXPECT_EQ(bench.Store.Contents.count(folder + "best.CT2"), 1U);
+    EXPECT_EQ(bench.Store.Contents.count(folder + "2025-01-01_00-00-05-000_address-01.CT2"), 0U);
+    EXPECT_EQ(bench.Store.Contents.count(folder + "2025-01-01_00-00-06-000_address-01.CT2"), 1U);
+    EXPECT_EQ(bench.Store.Contents.size(), 1 + 2 + 100U) << "settings, two of the user's, a hundred backups";
+}
+
+}  // namespace
+}  // namespace counter::test
