@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# all.sh [BIN]: every figure that README quotes, from one run.
+set -euo pipefail
+bin=$(realpath "${1:-build/release/bin}")
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+"$bin/bench_core" --benchmark_min_time=0.3
+"$bin/counterctl" default "$work/default.CT2"
+echo "counterctl show (A) against an empty QCoreApplication program (B)"
+"$bin/bench_process" 31 "$bin/counterctl" show "$work/default.CT2" -- "$bin/bench_empty_qt"
+"$bin/bench_get" "$bin" "$work/home"
