@@ -1,0 +1,22 @@
+#include "platform/qt/core/program_folder.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/qt/core/core_runtime.h"
+#include "platform/qt/core/qt_files.h"
+#include "temp_folder.h"
+
+namespace counter {
+
+TEST(ProgramFolder, UsersDataFolderUnlessSettingsLieBesideTheExecutable) {
+    const TempFolder folder;
+    EXPECT_EQ(ChooseProgramFolder(folder.Path, "/home/user/share"), "/home/user/share/counter-setup");
+    ASSERT_TRUE(QtFiles().Write(folder.At("Settings.SSS"), "").Ok());
+    EXPECT_EQ(ChooseProgramFolder(folder.Path, "/home/user/share"), folder.Path);
+    setenv("XDG_DATA_HOME", folder.Path.c_str(), 1);
+    const CoreRuntime runtime;
+    EXPECT_EQ(DefaultProgramFolder(), folder.At("counter-setup"));
+    unsetenv("XDG_DATA_HOME");
+}
+
+}  // namespace counter
