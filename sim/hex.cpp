@@ -1,0 +1,45 @@
+#include "sim/hex.h"
+
+namespace sim {
+
+int DigitValue(char digit) {
+    if (digit >= '0' && digit <= '9') return digit - '0';
+    if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
+    return -1;
+}
+
+std::string HexOf(std::uint32_t value, int digits) {
+    std::string text;
+    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
+        text += "0123456789ABCDEF"[(value >> shift) & 0xF];
+    return text;
+}
+
+std::optional<std::uint32_t> NumberOf(std::string_view digits) {
+    if (digits.empty() || digits.size() > 8) return std::nullopt;
+    std::uint32_t value = 0;
+    for (char digit : digits) {
+        if (DigitValue(digit) < 0) return std::nullopt;
+        value = value << 4 | static_cast<std::uint32_t>(DigitValue(digit));
+    }
+    return value;
+}
+
+std::string HexOfBytes(std::string_view bytes) {
+    std::string text;
+    for (char byte : bytes) text += HexOf(static_cast<unsigned char>(byte), 2);
+    return text;
+}
+
+std::optional<std::string> BytesOfHex(std::string_view digits) {
+    if (digits.size() % 2 != 0) return std::nullopt;
+    std::string bytes;
+    for (std::size_t i = 0; i < digits.size(); i += 2) {
+        const auto value = NumberOf(digits.substr(i, 2));
+        if (!value) return std::nullopt;
+        bytes += static_cast<char>(*value);
+    }
+    return bytes;
+}
+
+}  // namespace sim

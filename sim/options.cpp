@@ -1,0 +1,150 @@
+#include "sim/options.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "sim/hex.h"
+#include "sim/memory.h"
+
+namespace sim {
+
+namespace {
+
+constexpr int kBaudRates[] = {300, 600, 1200, 2400, 4800, 9600, 19200};
+
+struct FaultName {
+    std::string_view Name;
+    FaultKind Kind;
+    int Values;  // how many numbers follow "="
+};
+
+// clang-format off
+constexpr FaultName kFaultNames[] = {
+    {"noreply",   FaultKind::NoReply,   0},
+    {"cut",       FaultKind::Cut,       1},
+    {"extra",     FaultKind::Extra,     0},
+    {"garbage",   FaultKind::Garbage,   0},
+    {"badcheck",  FaultKind::BadCheck,  0},
+    {"exception", FaultKind::Exception, 1},
+    {"late",      FaultKind::Late,      1},
+    {"pause",     FaultKind::Pause,     2},
+    {"paced",     FaultKind::Paced,     0},
+    {"echo",      FaultKind::Echo,      0},
+    {"badecho",   FaultKind::BadEcho,   0},
+    {"gone",      FaultKind::Gone,      1},
+};
+// clang-format on
+
+std::string FaultHelp(std::string_view text) {
+    return "illegal fault \"" + std::string(text) +
+           "\": COMMAND[#N]:KIND, where COMMAND is the beginning of a command or *, and KIND is noreply, "
+           "cut=N, "
+           "extra, garbage, badcheck, exception=CODE, late=MS, pause=AT,MS, paced, echo, badecho or gone=N";
+}
+
+// A whole decimal number without a sign.
+bool ParseNumber(std::string_view text, int& out) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), out);
+    return error == std::errc{} && end == text.data() + text.size() && out >= 0;
+}
+
+// Text before the first `mark`, which is removed with it; the whole text when there is none.
+std::string_view CutAt(std::string_view& text, char mark) {
+    const auto at = std::min(text.find(mark), text.size());
+    const std::string_view head = text.substr(0, at);
+    text.remove_prefix(std::min(at + 1, text.size()));
+    return head;
+}
+
+bool ParseKind(std::string_view text, Fault& fault) {
+    const bool hasValue = text.find('=') != std::string_view::npos;
+    const std::string_view name = CutAt(text, '=');
+    const auto kind = std::find_if(std::begin(kFaultNames), std::end(kFaultNames),
+                                   [&](const FaultName& known) { return known.Name == name; });
+    if (kind == std::end(kFaultNames) || hasValue != (kind->Values > 0)) return false;
+    fault.Kind = kind->Kind;
+    if (kind->Values == 2 && !ParseNumber(CutAt(text, ','), fault.Value)) return false;
+    return kind->Values == 0 || ParseNumber(text, kind->Values == 2 ? fault.Value2 : fault.Value);
+}
+
+}  // namespace
+
+const char* const kDefaultImage =
+    "002710000000000000000000000000"
+    "0186A00000000186A0004E20002710"
+    "002710002710000000000000002710"
+    "002710000000000000000100000000"
+    "000000000000000080640002271023"
+    "112E050101040055070500012C000A"
+    "000004012150490900000000000000"
+    "000000000000000000000053030D00"
+    "08000D00002710000000";
+
+std::string StartImage(const MeterOptions& options) {
+    std::string text = options.Image.empty() ? kDefaultImage : options.Image;
+    for (const ImagePatch& patch : options.Patches) {
+        const auto position = static_cast<std::size_t>(patch.Position - 1);
+        if (position < text.size())
+            text.replace(position, patch.Digits.size(), patch.Digits.substr(0, text.size() - position));
+    }
+    Memory memory;
+    if (!memory.LoadImage(text)) return text;
+    if (options.Version) memory.SetBits(233, 7, 0, *options.Version);
+    if (options.Type) memory.SetBits(235, 7, 0, *options.Type);
+    if (options.Protocol) memory.SetBits(109, 3, 2, static_cast<int>(*options.Protocol));
+    if (options.Parity) memory.SetBits(109, 1, 0, *options.Parity);
+    if (options.BaudIndex) memory.SetBits(191, 6, 4, *options.BaudIndex);
+    if (options.Address) memory.SetBits(189, 4, 0, *options.Address);
+    if (options.ModbusAddress) memory.SetBits(111, 7, 0, *options.ModbusAddress);
+    return memory.ImageText();
+}
+
+std::optional<int> BaudIndexOf(int rate) {
+    const auto found = std::find(std::begin(kBaudRates), std::end(kBaudRates), rate);
+    if (found == std::end(kBaudRates)) return std::nullopt;
+    return static_cast<int>(found - std::begin(kBaudRates));
+}
+
+int BaudRateOf(int index) {
+    return index >= 0 && index < 7 ? kBaudRates[index] : 9600;
+}
+
+std::string ParseFault(std::string_view text, Fault& out) {
+    Fault fault;
+    std::string_view kind = text;
+    std::string_view time = CutAt(kind, ':');
+    const bool hasTime = time.find('#') != std::string_view::npos;
+    fault.Command = CutAt(time, '#');
+    const bool timeGood = !hasTime || (ParseNumber(time, fault.Time) && fault.Time > 0);
+    if (fault.Command.empty() || !timeGood || !ParseKind(kind, fault)) return FaultHelp(text);
+    out = fault;
+    return "";
+}
+
+std::string ParsePatch(std::string_view text, ImagePatch& out) {
+    ImagePatch patch;
+    std::string_view digits = text;
+    const bool positionGood = ParseNumber(CutAt(digits, '='), patch.Position) && patch.Position >= 1;
+    const auto room = kImageDigits + 1 - patch.Position;
+    const bool digitsGood =
+        std::all_of(digits.begin(), digits.end(), [](char c) { return DigitValue(c) >= 0; });
+    if (!positionGood || digits.empty() || !digitsGood || static_cast<int>(digits.size()) > room)
+        return "illegal patch \"" + std::string(text) +
+               "\": POSITION=DIGITS, position 1 to 260, upper-case hexadecimal digits that fit behind it";
+    patch.Digits = digits;
+    out = patch;
+    return "";
+}
+
+std::string ParseLiveByte(std::string_view text, std::map<int, int>& out) {
+    std::string_view byte = text;
+    const std::string_view address = CutAt(byte, '=');
+    const auto addressValue = NumberOf(address);
+    const auto byteValue = NumberOf(byte);
+    if (address.size() != 2 || byte.size() != 2 || !addressValue || !byteValue)
+        return "illegal byte \"" + std::string(text) + "\": ADDRESS=BYTE, two hexadecimal digits each";
+    out[static_cast<int>(*addressValue)] = static_cast<int>(*byteValue);
+    return "";
+}
+
+}  // namespace sim

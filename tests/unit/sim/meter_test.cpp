@@ -1,0 +1,252 @@
+#include "sim/meter.h"
+
+#include <gtest/gtest.h>
+
+#include "tool.h"
+
+namespace sim {
+namespace {
+
+const std::string kImage = kDefaultImage;
+// Diagnostics at address 1: the answer is the request.
+const std::string kEchoFrame = Bytes("010800010000B1CB");
+
+TEST(MeterAscii, GetReadsTheImageInThreeBlocks) {
+    Tool tool;
+    EXPECT_EQ(tool.Ask("|**|\r\n"), "");
+    EXPECT_EQ(tool.Ask("*1XR1AZ\r\n"), kImage.substr(0, 108) + "\r");
+    EXPECT_EQ(tool.NowMs, 1002) << "2 ms after the command";
+    EXPECT_EQ(tool.Ask("*1XR35Z\r\n"), kImage.substr(248) + kImage.substr(108, 96) + "\r");
+    EXPECT_EQ(tool.Ask("*1XB74Z\r\n"), kImage.substr(204, 44) + "\r");
+    EXPECT_EQ(tool.Ask("*1G130\r\n"), "49\r");
+    EXPECT_EQ(tool.Ask("*1C0\r\n"), "");
+    EXPECT_EQ(tool.Meter.Commands(),
+              (std::vector<std::string>{"|**|", "*1XR1AZ", "*1XR35Z", "*1XB74Z", "*1G130", "*1C0"}));
+}
+
+TEST(MeterAscii, CommandsMayComeInPiecesAndOneByOne) {
+    Tool tool;
+    EXPECT_EQ(tool.Ask("*1G1"), "");
+    EXPECT_EQ(tool.Ask("30"), "");
+    EXPECT_EQ(tool.Ask("\r"), "49\r") << "acts at CR";
+    EXPECT_EQ(tool.Ask("\n*1G132\r\n*1G12D\r\n"), "21\r00\r");
+    EXPECT_EQ(tool.Ask(std::string(5000, 'x') + "\r\n"), "");
+    EXPECT_EQ(tool.Ask("*1G130\r\n"), "49\r") << "noise of any length is got over";
+}
+
+TEST(MeterAscii, WhatIsNotForThisMeterIsSilence) {
+    Tool tool;
+    for (const char* line :
+         {"*2G130\r\n", "1G130\r\n", "*************\r\n", "G130\r\n", "*1g130\r\n", "\r\n\r\n"})
+        EXPECT_EQ(tool.Ask(line), "") << line;
+    EXPECT_EQ(tool.Meter.Commands(),
+              (std::vector<std::string>{"?*2G130", "?1G130", "?*************", "?G130", "*1g130"}));
+}
+
+TEST(MeterAscii, LineSettingsOfAPutTakeEffectAfterItsReset) {
+    Tool tool;
+    EXPECT_EQ(tool.Ask("*1W11E2030Z\r\n"), "");  // address byte 20, baud byte 30: address 0, 2400
+    EXPECT_EQ(tool.Meter.ActiveLine().Baud, 9600);
+    EXPECT_EQ(tool.Ask("*1X11EZ\r\n"), "2030\r") << "still at the old address";
+    const double resetMs = tool.NowMs;
+    tool.Meter.Receive("|*1C0\r\n", tool.NowMs);
+    tool.Meter.TakeDue(resetMs + 49);
+    EXPECT_EQ(tool.Meter.ActiveLine().Baud, 9600);
+    tool.Meter.TakeDue(resetMs + 50);
+    EXPECT_EQ(tool.Meter.ActiveLine(), (LineSettings{LineProtocol::CustomAscii, 3, 2400, 0, 0, 1}));
+    tool.NowMs += 60;
+    EXPECT_EQ(tool.Ask("*1X11EZ\r\n"), "");
+    EXPECT_EQ(tool.Ask("*0X11EZ\r\n"), "2030\r");
+}
+
+TEST(MeterRtu, AnswersWhenSilenceHasEndedTheFrame) {
+    Tool tool(Speaking(LineProtocol::ModbusRtu));
+    EXPECT_EQ(tool.Ask(kEchoFrame), kEchoFrame);
+    EXPECT_NEAR(tool.NowMs, 1000 + 3.5 * 11000 / 9600 + 2, 1e-6);
+    EXPECT_EQ(tool.AskRtu("010300010002"), "01030400002710E00F");
+    EXPECT_EQ(tool.AskRtu("0103003C0001"), "018302C0F1");
+    EXPECT_EQ(tool.Meter.Commands(), (std::vector<std::string>{"0800010000", "0300010002", "03003C0001"}));
+}
+
+TEST(MeterRtu, SilenceAloneEndsAFrame) {
+    const struct {
+        const char* Name;
+        int BaudIndex;
+        double GapMs;  // twice within the frame
+        std::string Reply;
+    } kCases[] = {
+        // clang-format off
+        {"19200, gap below 3.5 characters",  6, 2.0, kEchoFrame},
+        {"19200, above",                     6, 2.1, ""},
+        {"300, below",                       0, 128, kEchoFrame},
+        {"300, above",                       0, 129, ""},
+        // clang-format on
+    };
+    for (const auto& c : kCases) {
+        MeterOptions options = Speaking(LineProtocol::ModbusRtu);
+        options.BaudIndex = c.BaudIndex;
+        Tool tool(options);
+        tool.Meter.Receive(kEchoFrame.substr(0, 3), tool.NowMs);
+        tool.Meter.Receive(kEchoFrame.substr(3, 2), tool.NowMs += c.GapMs);
+        tool.NowMs += c.GapMs;
+        EXPECT_EQ(tool.Ask(kEchoFrame.substr(5)), c.Reply) << c.Name;
+    }
+    Tool tool(Speaking(LineProtocol::ModbusRtu));
+    EXPECT_EQ(tool.Ask(kEchoFrame + kEchoFrame), "") << "two frames without a pause are one bad frame";
+}
+
+TEST(MeterRtu, DamagedAndForeignFramesAreSilenceAndABroadcastIsDoneInSilence) {
+    Tool tool(Speaking(LineProtocol::ModbusRtu));
+    EXPECT_EQ(tool.Ask(Bytes("010800010000B1CC")), "") << "check";
+    EXPECT_EQ(tool.Ask(Bytes("01")), "") << "one byte";
+    EXPECT_EQ(tool.AskRtu("020800010000"), "") << "address";
+    EXPECT_EQ(tool.AskRtu("000600310123"), "") << "broadcast";
+    EXPECT_EQ(tool.AskRtu("010300310001"), "0103020123F80D");
+    EXPECT_EQ(tool.Meter.Commands(), (std::vector<std::string>{"?010800010000B1CC", "?01", "?0800010000",
+                                                               "0600310123", "0300310001"}));
+}
+
+TEST(MeterRtu, OldFirmwareKnowsOnlyItsOwnCheck) {
+    MeterOptions options = Speaking(LineProtocol::ModbusRtu);
+    options.ModbusAddress = 5;
+    options.Crc = CrcKind::C2;
+    Tool tool(options);
+    EXPECT_EQ(tool.Ask(Bytes("050400070002C18E")), "");
+    EXPECT_EQ(HexOfBytes(tool.Ask(Bytes("050400070002C28E"))).substr(0, 6), "050404");
+}
+
+TEST(MeterRtu, TheLastWriteOfASetupIsAnsweredAtTheOldSettings) {
+    Tool tool(Speaking(LineProtocol::ModbusRtu));
+    EXPECT_EQ(tool.AskRtu("0110005F0001020009"), "0110005F000131DB") << "new address 9, not yet in use";
+    EXPECT_EQ(tool.AskRtu("010300310001"), "010302000A3843");
+    EXPECT_EQ(tool.AskRtu("01100049000306006000210001"), "01100049000351DE") << "19200, neither";
+    EXPECT_EQ(tool.AskRtu("010300310001"), "010302000A3843");
+    EXPECT_EQ(tool.AskRtu("0110004C0001020008"), "0110004C0001C01E") << "Modbus ASCII";
+    EXPECT_EQ(tool.NowMs, tool.ArrivedMs.back() + 50) << "the settings change 50 ms behind the answer";
+    EXPECT_EQ(tool.Meter.ActiveLine(), (LineSettings{LineProtocol::ModbusAscii, 6, 19200, 0, 1, 9}));
+    EXPECT_EQ(tool.Ask(":090300310001C2\r\n"), ":090302000AE8\r\n");
+}
+
+TEST(MeterModbusAscii, TalksInLines) {
+    Tool tool(Speaking(LineProtocol::ModbusAscii));
+    EXPECT_EQ(tool.Ask(":010800010000F6\r\n"), ":010800010000F6\r\n");
+    EXPECT_EQ(tool.NowMs, 1002);
+    EXPECT_EQ(tool.Ask(":010300010002F9\r\n"), ":01030400002710C1\r\n");
+    EXPECT_EQ(tool.Ask(":010300000001FB\r\n"), ":0183027A\r\n");
+    EXPECT_EQ(tool.Ask("noise:0108:010800010000F6\r\n"), ":010800010000F6\r\n") << "a colon begins anew";
+    for (const char* bad : {":010800010000F7\r\n", "010800010000F6\r\n", ":010800010000f6\r\n",
+                            ":010800010000F6\n", ":020800010000F5\r\n", ":\r\n"})
+        EXPECT_EQ(tool.Ask(bad), "") << bad;
+}
+
+struct FaultCase {
+    const char* Name;
+    const char* Fault;
+    std::string Question;
+    std::string Reply;
+};
+
+TEST(MeterFaults, CustomAscii) {
+    const FaultCase kCases[] = {
+        // clang-format off
+        {"no reply",             "G130:noreply",     "*1G130\r\n",  ""},
+        {"another command",      "G132:noreply",     "*1G130\r\n",  "49\r"},
+        {"cut before the CR",    "G130:cut=2",       "*1G130\r\n",  "49"},
+        {"cut to nothing",       "G130:cut=0",       "*1G130\r\n",  ""},
+        {"extra",                "G1:extra",         "*1G130\r\n",  "490\r"},
+        {"garbage",              "*:garbage",        "*1G130\r\n",  "aho"},
+        {"no check to spoil",    "*:badcheck",       "*1G130\r\n",  "49\r"},
+        {"echo",                 "*:echo",           "*1G130\r\n",  "*1G130\r\n49\r"},
+        {"echo of a write",      "W1:echo",          "*1W1FF0000Z\r\n", "*1W1FF0000Z\r\n"},
+        {"echo of a wake-up",    "|**|:echo",        "|**|\r\n",    "|**|\r\n"},
+        {"echo to another",      "*:echo",           "*2G130\r\n",  "*2G130\r\n"},
+        {"echo alone",           "*:badecho",        "*1G130\r\n",  "*1G120\r\n49\r"},
+        {"head with a bar",      "G130:extra",       "|*1G130\r\n", "490\r"},
+        // clang-format on
+    };
+    for (const auto& c : kCases)
+        EXPECT_EQ(Tool(WithFaults({}, {c.Fault})).Ask(c.Question), c.Reply) << c.Name;
+}
+
+TEST(MeterFaults, ModbusRtu) {
+    const FaultCase kCases[] = {
+        // clang-format off
+        {"no reply",             "08:noreply",       "010800010000",  ""},
+        {"exception",            "030001:exception=6", "010300010002", "018306C132"},
+        {"extra, check fits",    "*:extra",          "010800010000",  "010800010000000B74"},
+        {"bad check",            "*:badcheck",       "010800010000",  "010800010000B1CA"},
+        {"cut",                  "*:cut=5",          "010800010000",  "0108000100"},
+        {"echo",                 "*:echo",           "010800010000",  "010800010000B1CB010800010000B1CB"},
+        // clang-format on
+    };
+    for (const auto& c : kCases)
+        EXPECT_EQ(Tool(WithFaults(Speaking(LineProtocol::ModbusRtu), {c.Fault})).AskRtu(c.Question), c.Reply)
+            << c.Name;
+    Tool ascii(WithFaults(Speaking(LineProtocol::ModbusAscii), {"08:badcheck"}));
+    EXPECT_EQ(ascii.Ask(":010800010000F6\r\n"), ":010800010000F0\r\n");
+}
+
+TEST(MeterFaults, AnExceptionLeavesTheMemoryAndAMissingReplyDoesNot) {
+    Tool tool(WithFaults(Speaking(LineProtocol::ModbusRtu), {"0600#1:exception=4", "0600#2:noreply"}));
+    tool.AskRtu("010600310001");
+    EXPECT_EQ(tool.Meter.ImageText(), StartImage(Speaking(LineProtocol::ModbusRtu)));
+    EXPECT_EQ(tool.AskRtu("010600310123"), "");
+    EXPECT_EQ(tool.Meter.ImageText().substr(176, 4), "0123");
+}
+
+TEST(MeterFaults, StrikeTheNthTimeOnlyAndTogether) {
+    Tool tool(WithFaults({}, {"G130#2:extra", "*#3:cut=1", "G13#2:echo"}));
+    EXPECT_EQ(tool.Ask("*1G130\r\n"), "49\r");
+    EXPECT_EQ(tool.Ask("*1G130\r\n"), "*1G130\r\n490\r");
+    EXPECT_EQ(tool.Ask("*1G130\r\n"), "4");
+    EXPECT_EQ(tool.Ask("*1G130\r\n"), "49\r");
+}
+
+TEST(MeterFaults, MomentsOfTheReply) {
+    const struct {
+        const char* Name;
+        std::vector<std::string> Faults;
+        std::vector<double> ArrivedMs;  // after the command
+    } kCases[] = {
+        // clang-format off
+        {"none",               {},                               {2}},
+        {"late",               {"*:late=2800"},                  {2802}},
+        {"pause",              {"*:pause=2,500"},                {2, 502}},
+        {"pause at once",      {"*:pause=0,500"},                {502}},
+        {"paced at 300 baud",  {"*:paced"},                      {35, 68, 102}},
+        {"paced and pause",    {"*:paced", "*:pause=1,100"},     {35, 168, 202}},
+        {"echo goes first",    {"*:echo", "*:late=10"},          {0, 12}},
+        // clang-format on
+    };
+    for (const auto& c : kCases) {
+        MeterOptions options = WithFaults({}, c.Faults);
+        options.BaudIndex = 0;
+        Tool tool(options);
+        tool.Ask("*1G130\r\n");
+        ASSERT_EQ(tool.ArrivedMs.size(), c.ArrivedMs.size()) << c.Name;
+        for (std::size_t i = 0; i < c.ArrivedMs.size(); ++i)
+            EXPECT_NEAR(tool.ArrivedMs[i], 1000 + c.ArrivedMs[i], 1) << c.Name << " " << i;
+    }
+}
+
+TEST(MeterFaults, ALineThatGoesAwayStaysAwayUntilItIsBack) {
+    Tool tool(WithFaults({}, {"XR1A#1:gone=5", "WG2A:gone=0"}));
+    EXPECT_EQ(tool.Ask("*1XR1AZ\r\n"), "00271");
+    EXPECT_TRUE(tool.Meter.LineGone());
+    EXPECT_EQ(tool.Ask("*1G130\r\n"), "");
+    EXPECT_EQ(tool.Meter.Commands().size(), 1u);
+    tool.Meter.LineBack();
+    EXPECT_EQ(tool.Ask("*1XR1AZ\r\n").size(), 109u);
+    EXPECT_FALSE(tool.Meter.LineGone());
+    tool.Ask("*1WG2A" + std::string(64, '0') + "Z\r\n");
+    EXPECT_TRUE(tool.Meter.LineGone()) << "a command without a reply can break it too";
+}
+
+TEST(Meter, ASecondCommandIsAnsweredBehindTheFirst) {
+    Tool tool(WithFaults({}, {"G130:late=100", "*:echo"}));
+    tool.Meter.Receive("*1G130\r\n", 1000);
+    EXPECT_EQ(tool.Ask("*1G132\r\n"), "*1G130\r\n49\r*1G132\r\n21\r");
+}
+
+}  // namespace
+}  // namespace sim

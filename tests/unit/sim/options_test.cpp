@@ -1,0 +1,71 @@
+#include "sim/options.h"
+
+#include <gtest/gtest.h>
+
+namespace sim {
+namespace {
+
+TEST(Options, LegalFaults) {
+    const std::pair<const char*, Fault> kCases[] = {
+        // clang-format off
+        {"XR35:noreply",       {"XR35",   0,  FaultKind::NoReply}},
+        {"*:paced",            {"*",      0,  FaultKind::Paced}},
+        {"030011:exception=2", {"030011", 0,  FaultKind::Exception, 2}},
+        {"G130#2:cut=0",       {"G130",   2,  FaultKind::Cut}},
+        {"XB74:pause=20,1500", {"XB74",   0,  FaultKind::Pause, 20, 1500}},
+        {"*#13:late=2800",     {"*",      13, FaultKind::Late, 2800}},
+        {"|**|:badecho",       {"|**|",   0,  FaultKind::BadEcho}},
+        // clang-format on
+    };
+    for (const auto& [text, expected] : kCases) {
+        Fault fault;
+        EXPECT_EQ(ParseFault(text, fault), "");
+        EXPECT_EQ(fault, expected) << text;
+    }
+}
+
+TEST(Options, IllegalTextsChangeNothingAndSayWhatIsLegal) {
+    for (const char* text :
+         {"", "XR35", ":noreply", "XR35:", "XR35:silence", "XR35:cut", "XR35:cut=", "XR35:cut=x",
+          "XR35:cut=-1", "XR35:cut=1,2", "XR35:noreply=1", "XR35:pause=5", "XR35:pause=5,", "XR35#0:extra",
+          "XR35#:extra", "XR35#x:extra", "XR35:late=99999999999"}) {
+        Fault fault{"kept"};
+        EXPECT_NE(ParseFault(text, fault).find("noreply, cut=N"), std::string::npos) << text;
+        EXPECT_EQ(fault.Command, "kept") << text;
+    }
+    for (const char* text : {"", "=00", "0=00", "261=0", "260=00", "x=00", "5=", "5=0g", "5=0a", "5"}) {
+        ImagePatch patch{7, "kept"};
+        EXPECT_NE(ParsePatch(text, patch), "") << text;
+        EXPECT_EQ(patch.Digits, "kept") << text;
+    }
+    std::map<int, int> bytes;
+    for (const char* text : {"", "30", "30=", "3=49", "30=049", "30=4g"})
+        EXPECT_NE(ParseLiveByte(text, bytes), "") << text;
+    EXPECT_TRUE(bytes.empty());
+    EXPECT_EQ(ParseLiveByte("2B=04", bytes), "");
+    EXPECT_EQ(bytes.at(0x2B), 4);
+}
+
+TEST(Options, StartImageHoldsPatchesAndSettings) {
+    MeterOptions options;
+    EXPECT_EQ(StartImage(options), kDefaultImage);
+    ASSERT_EQ(ParsePatch("259=AB", options.Patches.emplace_back()), "");
+    options.Patches.push_back({189, "E0"});
+    options.Version = 75;
+    options.Type = 7;
+    options.Protocol = LineProtocol::ModbusAscii;
+    options.Parity = 2;
+    options.BaudIndex = BaudIndexOf(19200);
+    options.Address = 31;
+    options.ModbusAddress = 255;
+    std::string expected = kDefaultImage;
+    expected.replace(108, 4, "0AFF");
+    expected.replace(188, 4, "FF60");
+    expected.replace(232, 4, "4B07");
+    expected.replace(258, 2, "AB");
+    EXPECT_EQ(StartImage(options), expected);
+    EXPECT_FALSE(BaudIndexOf(9601));
+}
+
+}  // namespace
+}  // namespace sim

@@ -1,0 +1,45 @@
+#include "sim/sim_files.h"
+
+#include <gtest/gtest.h>
+
+#include "sim/options.h"
+#include "temp_folder.h"
+
+namespace sim {
+namespace {
+
+TEST(SimFiles, ImageFilesComeBackAsTheyWereWritten) {
+    const TempFolder folder;
+    const std::string path = folder.File("a.CT2");
+    EXPECT_EQ(WriteImageFile(path, kDefaultImage), "");
+    EXPECT_EQ(ReadText(path), std::string(kDefaultImage) + "\r\n");
+    EXPECT_FALSE(std::filesystem::exists(path + ".part"));
+    std::string image;
+    EXPECT_EQ(ReadImageFile(path, image), "");
+    EXPECT_EQ(image, kDefaultImage);
+    WriteText(path, std::string(260, '7'));
+    EXPECT_EQ(ReadImageFile(path, image), "") << "a line end is not needed";
+    EXPECT_EQ(image, std::string(260, '7'));
+}
+
+TEST(SimFiles, AFailedWriteLeavesNothingBehind) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder.File("folder"));
+    EXPECT_EQ(WriteImageFile(folder.File("folder"), kDefaultImage),
+              folder.File("folder") + ": Is a directory");
+    EXPECT_FALSE(std::filesystem::exists(folder.File("folder.part")));
+    EXPECT_NE(WriteImageFile(folder.File("no/where"), kDefaultImage), "");
+}
+
+TEST(SimFiles, ALinkIsReplacedEvenIfItNamesNothing) {
+    const TempFolder folder;
+    const std::string link = folder.File("com1");
+    EXPECT_EQ(PointLink(link, "/dev/pts/1000"), "");
+    EXPECT_EQ(PointLink(link, "/dev/pts/1001"), "");
+    RemoveLink(link, "/dev/pts/1000");
+    EXPECT_EQ(std::filesystem::read_symlink(link), "/dev/pts/1001")
+        << "another program's by now, so it stays";
+}
+
+}  // namespace
+}  // namespace sim
