@@ -23,21 +23,24 @@ Json DifferenceJson(const SetupImage& a, const SetupImage& b, const FieldDiffere
             {"counts", difference.Counts()}};
 }
 
-std::string PlainText(const Json& value) { return value.is_string() ? value.get<std::string>() : value.dump(); }
+std::string PlainText(const Json& value) {
+    return value.is_string() ? value.get<std::string>() : value.dump();
+}
 
 std::string Table(const Json& list, bool counts, const std::string& nameA, const std::string& nameB) {
     std::vector<std::vector<std::string>> lines = {{"Position", "Field", nameA, nameB}};
     for (const Json& line : list) {
         if (line["counts"] != counts) continue;
-        lines.push_back(
-            {PlainText(line["position"]), PlainText(line["field"]), PlainText(line["a"]), PlainText(line["b"])});
+        lines.push_back({PlainText(line["position"]), PlainText(line["field"]), PlainText(line["a"]),
+                         PlainText(line["b"])});
     }
     return lines.size() == 1 ? std::string() : Columns(lines);
 }
 
 }  // namespace
 
-Json DifferencesJson(const SetupImage& a, const SetupImage& b, const std::vector<FieldDifference>& differences) {
+Json DifferencesJson(const SetupImage& a, const SetupImage& b,
+                     const std::vector<FieldDifference>& differences) {
     Json list = Json::array();
     for (const FieldDifference& difference : differences) list.push_back(DifferenceJson(a, b, difference));
     return list;

@@ -9,9 +9,10 @@
 
 namespace counter {
 
-// [{"field", "position", "a", "b", "counts"}]. Values of the same text that are stored differently are told by
-// their digits.
-Json DifferencesJson(const SetupImage& a, const SetupImage& b, const std::vector<FieldDifference>& differences);
+// [{"field", "position", "a", "b", "counts"}]. Values of the same text that are stored differently are told
+// by their digits.
+Json DifferencesJson(const SetupImage& a, const SetupImage& b,
+                     const std::vector<FieldDifference>& differences);
 
 // True where a difference of the list counts.
 bool AnyCounts(const Json& list);

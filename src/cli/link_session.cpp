@@ -114,7 +114,8 @@ void LinkSession::ShowProgress() {
 void LinkSession::OnInterrupt() {
     if (trace_) trace_->Flush();
     session_.Port.Close();
-    call_.World.Err << (barOnScreen_ ? "\n" : "") << "counterctl: interrupted" << WrittenSoFar() << "\n" << std::flush;
+    call_.World.Err << (barOnScreen_ ? "\n" : "") << "counterctl: interrupted" << WrittenSoFar() << "\n"
+                    << std::flush;
     call_.World.Out << std::flush;
     machine_->Waits().EndProcess(kInterrupted);
 }

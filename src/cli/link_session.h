@@ -36,8 +36,8 @@ class LinkSession {
     int Get();
     // Closes the port and the progress bar.
     void Finish();
-    // Finishes and tells how the action ended: the status line, with --json as a document that `more` adds to.
-    // Returns 0 or 3.
+    // Finishes and tells how the action ended: the status line, with --json as a document that `more` adds
+    // to. Returns 0 or 3.
     int End(const Json& more);
     // Finishes and tells a failed link on standard error. Returns 3.
     int Fail();

@@ -37,10 +37,11 @@ void RemoveOldest(Files& files, const std::string& folder) {
 
 std::string BackupName(const Session& session) {
     const WallTime now = session.Waits.LocalTime();
-    const int address = session.LinkData.ModbusLink == 1 ? session.Stored.ModbusAddress : session.Stored.MeterAddressValue;
+    const int address =
+        session.LinkData.ModbusLink == 1 ? session.Stored.ModbusAddress : session.Stored.MeterAddressValue;
     char name[96];
-    std::snprintf(name, sizeof name, "%04d-%02d-%02d_%02d-%02d-%02d-%03d_address-%02d.CT2", now.Year, now.Month, now.Day,
-                  now.Hour, now.Minute, now.Second, now.Millisecond, address);
+    std::snprintf(name, sizeof name, "%04d-%02d-%02d_%02d-%02d-%02d-%03d_address-%02d.CT2", now.Year,
+                  now.Month, now.Day, now.Hour, now.Minute, now.Second, now.Millisecond, address);
     return name;
 }
 

@@ -13,9 +13,12 @@ namespace {
 constexpr const char* kAppearsDone = "Putting data to the Counter.  Data appears to have Transferred O.K.";
 
 // By board code 1 to 3.
-constexpr std::array<const char*, 4> kBoardNames = {"", "Dual Signal Conditioner", "V-F Converter", "Quadrature Meter"};
+constexpr std::array<const char*, 4> kBoardNames = {"", "Dual Signal Conditioner", "V-F Converter",
+                                                    "Quadrature Meter"};
 
-const char* BoardName(int board) { return kBoardNames[static_cast<std::size_t>(board)]; }
+const char* BoardName(int board) {
+    return kBoardNames[static_cast<std::size_t>(board)];
+}
 
 SetupTransfer TransferOf(Session& session) {
     return {session.Line, session.Image, session.Identity, session.Derived,

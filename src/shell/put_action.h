@@ -6,9 +6,9 @@
 
 namespace counter {
 
-// Ends with LinkError 0 or the failure and its number on the status line. A board that the setup was not made for
-// is warned about, and the transfer goes on. The status returned is of Settings.SSS and the port, which follow the
-// image after a good Put: not good means that they could not.
+// Ends with LinkError 0 or the failure and its number on the status line. A board that the setup was not made
+// for is warned about, and the transfer goes on. The status returned is of Settings.SSS and the port, which
+// follow the image after a good Put: not good means that they could not.
 Status PutSetup(Session& session);
 
 }  // namespace counter

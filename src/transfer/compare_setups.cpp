@@ -37,8 +37,10 @@ bool IsHardware(Field field) {
         case Field::CommOption:
         case Field::RelayOption:
         case Field::LockoutJumper:
-        case Field::AnalogOption: return true;
-        default: return false;
+        case Field::AnalogOption:
+            return true;
+        default:
+            return false;
     }
 }
 

@@ -13,7 +13,9 @@ std::string ThreeDigits(int number) {
     return text;
 }
 
-void PutDigit(std::string& line, int position, int digit) { SettingsPut(line, position, std::to_string(digit)); }
+void PutDigit(std::string& line, int position, int digit) {
+    SettingsPut(line, position, std::to_string(digit));
+}
 
 }  // namespace
 

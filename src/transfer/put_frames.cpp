@@ -75,20 +75,31 @@ constexpr std::array<ModbusWrite, 6> kModbusWrites = {{
 
 std::string RegisterDigits(const std::string& digits, RegisterForm form) {
     switch (form) {
-        case F::Byte: return "00" + digits;
-        case F::Int32: return ImageToInt32(digits);
-        case F::Sign32: return ImageSignToInt32(digits);
-        case F::Float32: return ImageToFloat32(digits);
-        case F::Plain: break;
+        case F::Byte:
+            return "00" + digits;
+        case F::Int32:
+            return ImageToInt32(digits);
+        case F::Sign32:
+            return ImageSignToInt32(digits);
+        case F::Float32:
+            return ImageToFloat32(digits);
+        case F::Plain:
+            break;
     }
     return digits;
 }
 
 }  // namespace
 
-std::span<const AsciiWrite> SerialWrites() { return kSerialWrites; }
-std::span<const AsciiWrite> NodeWrites() { return kNodeWrites; }
-std::span<const ModbusWrite> ModbusWrites() { return kModbusWrites; }
+std::span<const AsciiWrite> SerialWrites() {
+    return kSerialWrites;
+}
+std::span<const AsciiWrite> NodeWrites() {
+    return kNodeWrites;
+}
+std::span<const ModbusWrite> ModbusWrites() {
+    return kModbusWrites;
+}
 
 std::string AsciiData(const SetupImage& image, const AsciiWrite& write) {
     std::string data;

@@ -42,8 +42,8 @@ struct RegisterPiece {
 struct ModbusWrite {
     const char* Head;  // function 16, first register, count, bytes
     std::span<const RegisterPiece> Data;
-    int Percent;  // progress before it
-    int Step;     // LinkError of an answer of a wrong length
+    int Percent;               // progress before it
+    int Step;                  // LinkError of an answer of a wrong length
     bool NeedsCutoffRegister;  // only for meters that take the Cutoff Value
 };
 

@@ -11,15 +11,19 @@ namespace counter {
 
 namespace {
 
-constexpr int kBoardLength = 16;    // LinkError of a board answer of a wrong length
-constexpr int kAnswerDigits = 12;   // address, function, first register, count
+constexpr int kBoardLength = 16;   // LinkError of a board answer of a wrong length
+constexpr int kAnswerDigits = 12;  // address, function, first register, count
 constexpr int kBeforeResetMs = 1500;
 constexpr char kRemoteC = 'C';
 
-bool IsRemoteC(const SetupImage& image) { return DigitsGet(image, 185, 1) == std::string(1, kRemoteC); }
+bool IsRemoteC(const SetupImage& image) {
+    return DigitsGet(image, 185, 1) == std::string(1, kRemoteC);
+}
 
 // The board codes lie four Modes apart; none counts as the dual board.
-int BoardOfMode(int modeDigit) { return modeDigit / 4 == 0 ? 1 : modeDigit / 4; }
+int BoardOfMode(int modeDigit) {
+    return modeDigit / 4 == 0 ? 1 : modeDigit / 4;
+}
 
 // Stops the reading stream first. Returns the Mode digit of the meter, -1 where none came.
 int AskBoardAscii(Link& link) {

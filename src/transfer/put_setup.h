@@ -16,9 +16,9 @@ struct BoardCheck {
     int ImageBoard = 0;     // the same, of the setup to be written
 };
 
-// Asks the meter for its input board. An image for a "Remote C" display goes to any board. Over Custom ASCII the
-// exchange's LinkError stops the Put that follows; over Modbus ASCII the answer is always taken for too short
-// (LinkError 16, no comparison), as it always was.
+// Asks the meter for its input board. An image for a "Remote C" display goes to any board. Over Custom ASCII
+// the exchange's LinkError stops the Put that follows; over Modbus ASCII the answer is always taken for too
+// short (LinkError 16, no comparison), as it always was.
 BoardCheck CheckMeterBoard(SetupTransfer& transfer);
 
 // Fills or cuts the image to 260 digits; does nothing else where LinkError is not 0.
@@ -31,16 +31,16 @@ BoardCheck CheckMeterBoard(SetupTransfer& transfer);
 //   |*C0  reset, behind 1500 ms
 void PutSetupAscii(SetupTransfer& transfer);
 
-// Six writes, the fourth only above version 75; LinkError 1, 4, 7, 10, 11 or 14 for an answer of a wrong length. A
-// Modbus address 0 becomes 1 in the image, a "Remote C" display becomes type 7. A good Put ends with
-// SaveLinkSettings, whose status is returned.
+// Six writes, the fourth only above version 75; LinkError 1, 4, 7, 10, 11 or 14 for an answer of a wrong
+// length. A Modbus address 0 becomes 1 in the image, a "Remote C" display becomes type 7. A good Put ends
+// with SaveLinkSettings, whose status is returned.
 Status PutSetupModbus(SetupTransfer& transfer, const BringUp& bringUp);
 
 // Line 1 of the settings as the image wants it: baud rate, protocol, parity, both addresses, duplex.
 std::string LinkSettingsLine(const std::string& settingsLine1, const SetupImage& image);
 
-// Brings Settings.SSS in line with what was put and, where that changes it, the port too: a meter told to go to a
-// new baud rate is answered at that rate from then on.
+// Brings Settings.SSS in line with what was put and, where that changes it, the port too: a meter told to go
+// to a new baud rate is answered at that rate from then on.
 Status SaveLinkSettings(const SetupImage& image, const BringUp& bringUp);
 
 }  // namespace counter

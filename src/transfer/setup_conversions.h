@@ -14,8 +14,8 @@ std::string Int24ToImage(std::string_view digits);
 // plus 8 for a negative value, and five digits of magnitude.
 std::string Float32ToImage(std::string_view digits);
 
-// The way back, 6 digits in, 8 digits out. A field that the image is too short for stays short, behind two zeros:
-// the meter refuses such a frame.
+// The way back, 6 digits in, 8 digits out. A field that the image is too short for stays short, behind two
+// zeros: the meter refuses such a frame.
 
 // Any first digit but "0" makes the value negative; kept within -999999..999999.
 std::string ImageToInt32(std::string_view digits);
@@ -24,8 +24,8 @@ std::string ImageToInt32(std::string_view digits);
 // required, the meter takes the low 24 bits.
 std::string ImageSignToInt32(std::string_view digits);
 
-// One digit of sign and decimal point code and five of magnitude in. Out come "0", the code, and 24 bits of two's
-// complement. A negative value's code is kept within 1..6; a negative zero loses its sign.
+// One digit of sign and decimal point code and five of magnitude in. Out come "0", the code, and 24 bits of
+// two's complement. A negative value's code is kept within 1..6; a negative zero loses its sign.
 std::string ImageToFloat32(std::string_view digits);
 
 }  // namespace counter

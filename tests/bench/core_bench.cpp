@@ -44,7 +44,8 @@ void BM_ValueDecode(benchmark::State& state) {
     SetupImage image = DefaultImage();
     const ValueContext context;
     int decPt = 2;
-    for (auto _ : state) benchmark::DoNotOptimize(ValueDecode(image, context, value.TypeCode, value.Position, decPt));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ValueDecode(image, context, value.TypeCode, value.Position, decPt));
     state.SetLabel("type code " + std::to_string(value.TypeCode));
 }
 BENCHMARK(BM_ValueDecode)->DenseRange(0, std::size(kValues) - 1);

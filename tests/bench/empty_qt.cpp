@@ -1,4 +1,6 @@
 // The measure for counterctl's start: a program that only makes its application object.
 #include <QCoreApplication>
 
-int main(int argc, char** argv) { const QCoreApplication application(argc, argv); }
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+}

@@ -1,5 +1,5 @@
-// bench_get BIN FOLDER [RUNS]: counterctl get from counter-sim over a pseudo terminal, in each protocol. Wall time
-// against the sum of the pauses that the link demands, processor time against wall time.
+// bench_get BIN FOLDER [RUNS]: counterctl get from counter-sim over a pseudo terminal, in each protocol. Wall
+// time against the sum of the pauses that the link demands, processor time against wall time.
 //
 // FOLDER becomes the program folder.
 #include <signal.h>
@@ -46,8 +46,8 @@ pid_t StartMeter(const std::string& bin, const Kind& kind, const std::string& li
     if (child == 0) {
         dup2(ends[1], STDOUT_FILENO);
         close(ends[0]);
-        execl((bin + "/counter-sim").c_str(), "counter-sim", "--protocol", kind.Protocol, "--link", link.c_str(),
-              static_cast<char*>(nullptr));
+        execl((bin + "/counter-sim").c_str(), "counter-sim", "--protocol", kind.Protocol, "--link",
+              link.c_str(), static_cast<char*>(nullptr));
         _exit(127);
     }
     close(ends[1]);
@@ -73,7 +73,8 @@ void Measure(const std::string& bin, const std::string& folder, const Kind& kind
     kill(meter, SIGTERM);
     waitpid(meter, nullptr, 0);
     std::printf("%-14s pauses %8.1f ms  wall %8.1f ms  ratio %.4f  cpu %5.1f ms  cpu/wall %.4f\n", kind.Name,
-                kind.PausesMs, Median(wall), Median(wall) / kind.PausesMs, Median(cpu), Median(cpu) / Median(wall));
+                kind.PausesMs, Median(wall), Median(wall) / kind.PausesMs, Median(cpu),
+                Median(cpu) / Median(wall));
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 // Frame and check of a Modbus RTU exchange beside libmodbus's own check of the same frame.
 //
-// libmodbus checks a reply only while it receives it, so three loops bring the same bytes through a socket pair:
-// one that only reads them, one in which libmodbus receives and checks, one in which the tool's check follows the
-// reading. What a check costs is its loop less the first.
+// libmodbus checks a reply only while it receives it, so three loops bring the same bytes through a socket
+// pair: one that only reads them, one in which libmodbus receives and checks, one in which the tool's check
+// follows the reading. What a check costs is its loop less the first.
 #include <benchmark/benchmark.h>
 #include <modbus/modbus.h>
 #include <sys/socket.h>

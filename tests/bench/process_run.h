@@ -6,8 +6,8 @@
 
 struct RunFigures {
     double WallMs = 0;
-    double CpuMs = 0;   // user and system
-    long PeakKb = 0;    // resident memory
+    double CpuMs = 0;  // user and system
+    long PeakKb = 0;   // resident memory
     int Status = 0;
 };
 

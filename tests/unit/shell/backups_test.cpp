@@ -25,7 +25,8 @@ TEST(Backups, TheNewest100AreKeptAndTheUsersFilesToo) {
     bench.Store.Contents[folder + "best.CT2"] = "mine";
     for (int i = 0; i < 105; ++i) {
         const std::string second = std::to_string(100 + i).substr(1);
-        bench.Store.Contents[folder + "2025-01-0" + (i < 100 ? "1" : "2") + "_00-00-" + second + "-000_address-01.CT2"] = "old";
+        bench.Store.Contents[folder + "2025-01-0" + (i < 100 ? "1" : "2") + "_00-00-" + second +
+                             "-000_address-01.CT2"] = "old";
     }
     EXPECT_TRUE(KeepBackup(bench.Program).Ok());
     EXPECT_EQ(bench.Store.Contents.count(folder + "1999 line 3.CT2"), 1U);

@@ -32,7 +32,8 @@ struct PutBench : BenchMeter {
 };
 
 std::string Printable(const std::string& frame, const LinkKind& kind) {
-    return kind.Protocol == sim::LineProtocol::ModbusRtu ? HexOfText(frame) : frame.substr(0, frame.size() - 2);
+    return kind.Protocol == sim::LineProtocol::ModbusRtu ? HexOfText(frame)
+                                                         : frame.substr(0, frame.size() - 2);
 }
 
 // The file was reviewed by hand against the meter's manual: a difference is a change of what goes to meters.
@@ -59,7 +60,8 @@ TEST(Put, TheMeterThenHoldsTheImage) {
     std::string expected = bench.Program.Image.SetupData;
     expected.replace(112, 6, "000000");
     EXPECT_EQ(bench.Line.Meter().ImageText(), expected);
-    EXPECT_EQ(bench.Program.Home.StatusText, "Putting data to the Counter.  Data appears to have Transferred O.K.");
+    EXPECT_EQ(bench.Program.Home.StatusText,
+              "Putting data to the Counter.  Data appears to have Transferred O.K.");
     EXPECT_FALSE(bench.Program.Home.ProgressVisible);
 }
 
@@ -136,8 +138,10 @@ TEST(BoardCheck, WarnsAndGoesOn) {
         const char* ImageType;
         const char* Text;
     } cases[] = {
-        {"V-F data, quadrature meter", "C0", "80", "0", "You cannot write V-F Converter data\rto a Quadrature Meter."},
-        {"dual data, V-F meter", "81", "00", "0", "You cannot write Dual Signal Conditioner data\rto a V-F Converter."},
+        {"V-F data, quadrature meter", "C0", "80", "0",
+         "You cannot write V-F Converter data\rto a Quadrature Meter."},
+        {"dual data, V-F meter", "81", "00", "0",
+         "You cannot write Dual Signal Conditioner data\rto a V-F Converter."},
         {"Modes 0 and 4 are one board", "40", "00", "0", ""},
         {"Remote C goes to any board", "C0", "80", "C", ""},
     };
@@ -183,11 +187,16 @@ TEST(Put, AFailedRowHasItsNumberAndTheRowsBeforeItAreInTheMeter) {
         int LinkError;
         std::size_t Frames;
     } cases[] = {
-        {"100001:exception=2", kModbusAscii, 1, 2}, {"100011:exception=2", kModbusAscii, 4, 3},
-        {"100021:exception=2", kModbusAscii, 7, 4}, {"10003A:exception=2", kModbusAscii, 10, 5},
-        {"10004D:exception=2", kModbusAscii, 11, 6}, {"100041:exception=2", kModbusAscii, 14, 7},
-        {"100021:exception=3", kRtu, 3, 4},         {"100011:badcheck", kRtu, 24, 3},
-        {"10004D:noreply", kRtu, 21, 6},            {"100001:gone=2", kRtu, 27, 2},
+        {"100001:exception=2", kModbusAscii, 1, 2},
+        {"100011:exception=2", kModbusAscii, 4, 3},
+        {"100021:exception=2", kModbusAscii, 7, 4},
+        {"10003A:exception=2", kModbusAscii, 10, 5},
+        {"10004D:exception=2", kModbusAscii, 11, 6},
+        {"100041:exception=2", kModbusAscii, 14, 7},
+        {"100021:exception=3", kRtu, 3, 4},
+        {"100011:badcheck", kRtu, 24, 3},
+        {"10004D:noreply", kRtu, 21, 6},
+        {"100001:gone=2", kRtu, 27, 2},
         {"030045:noreply", kRtu, 0, 7},
     };
     for (const auto& c : cases) {
@@ -200,7 +209,8 @@ TEST(Put, AFailedRowHasItsNumberAndTheRowsBeforeItAreInTheMeter) {
         EXPECT_EQ(bench.Line.Sent().size(), c.Frames) << c.Fault;
         const bool rowOneWritten = bench.Line.Meter().ImageText().substr(54, 6) == "003039";
         EXPECT_EQ(rowOneWritten, c.LinkError == 27 || c.Frames > 2) << c.Fault;
-        EXPECT_EQ(bench.SettingsText() == settings, c.LinkError != 0) << "settings follow a good Put only: " << c.Fault;
+        EXPECT_EQ(bench.SettingsText() == settings, c.LinkError != 0)
+            << "settings follow a good Put only: " << c.Fault;
     }
 }
 
@@ -211,10 +221,13 @@ TEST(LinkSettings, FollowTheImage) {
         const char* Digits;
         const char* Line1;
     } cases[] = {
-        {"nothing", 1, "002710", "3501000100100831010000"},   {"baud", 191, "10", "3101000100100831010000"},
-        {"address 17", 189, "31", "3501000H00100831010000"},  {"RTU, even", 109, "06", "3501120100100831010000"},
+        {"nothing", 1, "002710", "3501000100100831010000"},
+        {"baud", 191, "10", "3101000100100831010000"},
+        {"address 17", 189, "31", "3501000H00100831010000"},
+        {"RTU, even", 109, "06", "3501120100100831010000"},
         {"parity without Modbus", 109, "02", "3501000100100831010000"},
-        {"Modbus address", 111, "F7", "3501000124700831010000"}, {"duplex", 187, "81", "3501000100110831010000"},
+        {"Modbus address", 111, "F7", "3501000124700831010000"},
+        {"duplex", 187, "81", "3501000100110831010000"},
     };
     for (const auto& c : cases) {
         SetupImage image;
@@ -229,7 +242,8 @@ TEST(LinkSettings, APutWithoutAChangeLeavesFileAndPortAlone) {
     const std::string before = bench.SettingsText();
     bench.Put();
     EXPECT_EQ(bench.SettingsText(), before);
-    EXPECT_EQ(std::count(bench.Line.Calls().begin(), bench.Line.Calls().end(), "Open"), 2) << "start and board check";
+    EXPECT_EQ(std::count(bench.Line.Calls().begin(), bench.Line.Calls().end(), "Open"), 2)
+        << "start and board check";
 }
 
 TEST(LinkSettings, ThePortFollowsTheMeterToANewRate) {
@@ -249,7 +263,8 @@ TEST(LinkSettings, AFileThatCannotBeWrittenIsTold) {
     bench.Store.ReadOnly.insert("home/Settings.SSS");
     bench.Put();
     EXPECT_EQ(bench.Settled.Text(), "home/Settings.SSS: Permission denied");
-    EXPECT_EQ(bench.Program.Stored.Lines.SettingsLine1, "3501000100100831010000") << "memory says what the file says";
+    EXPECT_EQ(bench.Program.Stored.Lines.SettingsLine1, "3501000100100831010000")
+        << "memory says what the file says";
 }
 
 TEST(Compare, KnowsWhatEachRoadWrites) {
@@ -260,8 +275,10 @@ TEST(Compare, KnowsWhatEachRoadWrites) {
         {Field::Setpoint1, Standing::Written, Standing::Written, Standing::Written, Standing::Written},
         {Field::LowIn1, Standing::Written, Standing::NotWritten, Standing::Written, Standing::Written},
         {Field::CutoffValue, Standing::Written, Standing::Written, Standing::NotWritten, Standing::Written},
-        {Field::Calibration, Standing::NotWritten, Standing::NotWritten, Standing::NotWritten, Standing::NotWritten},
-        {Field::Carried113, Standing::NotWritten, Standing::NotWritten, Standing::NotWritten, Standing::NotWritten},
+        {Field::Calibration, Standing::NotWritten, Standing::NotWritten, Standing::NotWritten,
+         Standing::NotWritten},
+        {Field::Carried113, Standing::NotWritten, Standing::NotWritten, Standing::NotWritten,
+         Standing::NotWritten},
         {Field::Carried141, Standing::Written, Standing::Written, Standing::NotWritten, Standing::NotWritten},
         {Field::Parity, Standing::Written, Standing::Written, Standing::Written, Standing::Written},
         {Field::Analog2Lo, Standing::Written, Standing::Written, Standing::Written, Standing::Written},

@@ -37,7 +37,8 @@ class RandomImages {
         BytePut(image, 233, version);
         BytePut(image, 235, 3);
         if (ByteGet(image, 111) == 0) BytePut(image, 111, 1);
-        if (BitsGet(image, 2, 0, 193) == 0) BitsPut(image, 7, 4, 185, 6 + Below(6));  // no board: a remote display
+        if (BitsGet(image, 2, 0, 193) == 0)
+            BitsPut(image, 7, 4, 185, 6 + Below(6));  // no board: a remote display
         if (BitsGet(image, 7, 4, 185) == 12) BitsPut(image, 7, 4, 185, 6);
         return image;
     }
@@ -110,7 +111,8 @@ void RunOne(RandomImages& images, const LinkKind& kind, int version, Tally& tall
     }
     ASSERT_EQ(bench.Line.Meter().ImageText(), expected.SetupData) << kind.Name << " version " << version;
 
-    const PutRoad road = kind.Protocol == sim::LineProtocol::CustomAscii ? PutRoad::AsciiSerial : PutRoad::Modbus;
+    const PutRoad road =
+        kind.Protocol == sim::LineProtocol::CustomAscii ? PutRoad::AsciiSerial : PutRoad::Modbus;
     GetSetup(bench.Program);
     if (bench.Program.LinkData.LinkError != 0) {
         ASSERT_TRUE(FailedByItsCheck(bench)) << kind.Name << " get " << wanted.SetupData;
@@ -146,7 +148,8 @@ TEST(RoundTrip, PutThenGetKeepsEveryFieldThatTheLinkWrites) {
 
 // Every magnitude that digit entry can type, in steps that share no factor with its digits, and the ends.
 TEST(RoundTrip, ConversionsBringBackWhatTheyTook) {
-    for (int magnitude = 1; magnitude <= 999999; magnitude = magnitude < 999000 ? magnitude + 7 : magnitude + 1) {
+    for (int magnitude = 1; magnitude <= 999999;
+         magnitude = magnitude < 999000 ? magnitude + 7 : magnitude + 1) {
         for (const char* sign : {"+", "-"}) {
             std::string digits = std::to_string(magnitude);
             digits.insert(0, 6 - digits.size(), '0');

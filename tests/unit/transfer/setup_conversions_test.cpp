@@ -44,7 +44,11 @@ TEST(Conversions, ImageSignToInt32) {
         const char* In;
         const char* Out;
     } cases[] = {
-        {"0186A0", "000186A0"}, {"8186A0", "EFFE7960"}, {"800001", "EFFFFFFF"}, {"800000", "F0000000"}, {"", "00"},
+        {"0186A0", "000186A0"},
+        {"8186A0", "EFFE7960"},
+        {"800001", "EFFFFFFF"},
+        {"800000", "F0000000"},
+        {"", "00"},
     };
     for (const auto& c : cases) EXPECT_EQ(ImageSignToInt32(c.In), c.Out) << c.In;
 }
