@@ -23,7 +23,8 @@ struct ModbusCheck {
 ModbusCheck ModbusCrc(std::string_view bytes, bool fixedTable);
 
 // LRC of a text of hexadecimal digits, as two characters: 256 less the sum of its bytes modulo 256. A sum
-// that is a multiple of 256 gives 256, written "G0". Required: the meter's own end computes it the same way.
+// that is a multiple of 256 gives 256, written "G0". Required, odd as it is: the meter itself sends the true
+// "00", so a reply of that kind fails.
 std::string ModbusLrc(std::string_view digits);
 
 // The frame of a request whose `digits` begin with the address.

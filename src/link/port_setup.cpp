@@ -9,11 +9,8 @@ std::string PortSettingsText(const LinkState& link) {
     std::string text(BaudTable[static_cast<std::size_t>(link.BaudIndex)]);
     if (link.ModbusLink == 0) return text + ",n,8,1";
     constexpr std::string_view kParities = "noe";
-    const std::string_view parity = link.ParityIndex < 3
-                                        ? kParities.substr(static_cast<std::size_t>(link.ParityIndex), 1)
-                                        : std::string_view();
     text += ",";
-    text += parity;
+    text += kParities.substr(static_cast<std::size_t>(link.ParityIndex), 1);
     text += "," + std::to_string(9 - link.SerialProtocol);
     text += "," + std::to_string(link.ParityIndex > 0 ? 1 : 2);
     return text;

@@ -10,7 +10,7 @@
 namespace counter {
 
 // "baud,parity,databits,stopbits". Custom ASCII: n, 8, 1. Modbus RTU has 8 data bits and Modbus ASCII 7, both
-// 2 stop bits without parity and 1 with. BaudIndex must be legal.
+// 2 stop bits without parity and 1 with. All indexes must be legal.
 std::string PortSettingsText(const LinkState& link);
 
 // Opens the port of `settings` at the link's line settings. A failure leaves it closed.

@@ -34,6 +34,16 @@ void TakeIdentity(const Settings& settings, MeterIdentity& identity) {
     if (settings.MeterType == 7) identity.NoPanelModel = 1;
 }
 
+// What no serial line can be set to; empty where all is legal.
+std::string IllegalLine(const Settings& settings) {
+    if (settings.BaudIndex < 0) return kBaudDigitReason;
+    if (settings.SerialProtocol > 2) return "the protocol digit, position 5 of line 1, is none of 0 to 2";
+    if (settings.ModbusLink == 1 && settings.ParityIndex > 2) {
+        return "the parity digit, position 6 of line 1, is none of 0 to 2";
+    }
+    return {};
+}
+
 void RefuseOtherPrograms(const Settings& settings, Dialogs& dialogs, Pump& pump) {
     if (settings.ProgramKind != kWrongProgram) return;
     dialogs.Show(
@@ -54,7 +64,8 @@ Status ReadSettings(const BringUp& bringUp) {
     TakeLinkState(settings, link.State);
     TakeIdentity(settings, bringUp.Identity);
     if (settings.EthernetMode == 1) return {};
-    if (settings.BaudIndex < 0) return {StatusKind::Illegal, path, kBaudDigitReason};
+    if (const std::string reason = IllegalLine(settings); !reason.empty())
+        return {StatusKind::Illegal, path, reason};
     if (settings.CommsEnabled > 0) {
         if (Status status = OpenPort(link, settings); !status.Ok()) return status;
     } else {

@@ -1,5 +1,7 @@
 #include "link/waits.h"
 
+#include "link/link_error.h"
+
 namespace counter {
 
 namespace {
@@ -34,6 +36,12 @@ void WaitForInput(Link& link) {
 void WaitForOutput(Link& link) {
     link.Waits.WaitUntil(
         Pump::kForever, [&] { return link.Port.Faulted() || link.Port.OutBufferCount() == 0; }, "send");
+}
+
+bool SerialLineHolds(Link& link) {
+    if (link.State.EthernetMode == 1 || !link.Port.Faulted()) return true;
+    link.State.LinkError = LinkErrors::kPortFault;
+    return false;
 }
 
 }  // namespace counter

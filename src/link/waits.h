@@ -17,4 +17,8 @@ void WaitForInput(Link& link);
 // Waits until all that was sent has gone out, or the line has.
 void WaitForOutput(Link& link);
 
+// False, with LinkError 27, where the serial line has gone away meanwhile. A write that nothing answers has
+// no other proof that it went anywhere.
+bool SerialLineHolds(Link& link);
+
 }  // namespace counter

@@ -32,7 +32,7 @@ int BaudIndexOf(const std::string& character) {
     return legal ? character[0] - '0' : -1;
 }
 
-// Seven characters lie between "9" and "A"; ":" still counts as 10, as it always has.
+// Seven characters lie between "9" and "A". ":" counts as 10 too: required.
 int AddressValue(const std::string& character) {
     if (character.empty()) return 0;
     const int value = static_cast<unsigned char>(character[0]) - '0';

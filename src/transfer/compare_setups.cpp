@@ -44,6 +44,11 @@ bool IsHardware(Field field) {
     }
 }
 
+// Whether a meter is Basic or Extended is fitted; which curve an Extended one has is set.
+bool OtherClass(const SetupImage& a, const SetupImage& b) {
+    return ExtendedMeterFromSetup(a) != ExtendedMeterFromSetup(b);
+}
+
 }  // namespace
 
 PutRoad RoadOf(const LinkState& link) {
@@ -66,7 +71,9 @@ std::vector<FieldDifference> CompareSetups(const SetupImage& a, const SetupImage
     std::vector<FieldDifference> differences;
     for (const FieldRow& row : FieldTable()) {
         if (row.Kind == Mark::Overlap || FieldEqual(a, b, row.Handle)) continue;
-        differences.push_back({row.Handle, StandingOf(row.Handle, road, firmwareVersion)});
+        Standing standing = StandingOf(row.Handle, road, firmwareVersion);
+        if (row.Handle == Field::ClassAndCurve && OtherClass(a, b)) standing = Standing::Hardware;
+        differences.push_back({row.Handle, standing});
     }
     return differences;
 }

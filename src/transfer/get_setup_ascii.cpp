@@ -119,6 +119,7 @@ void SettleRemoteDisplay(SetupImage& image) {
 }  // namespace
 
 void GetSetupAscii(SetupTransfer& transfer) {
+    transfer.Line.State.PortFault = 0;  // one of an exchange before must not cut this Get short
     transfer.ProgressTo(6);
     WakeUp(transfer.Line);
     LinkDelay(transfer.Line, 300);

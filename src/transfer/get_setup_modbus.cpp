@@ -103,7 +103,7 @@ void Scatter(const std::string& reply, std::span<const Piece> pieces, SetupImage
     }
 }
 
-// The node is slow enough by itself at 300 baud.
+// Through the node at 300 baud there is no pause of its own: required.
 double PauseMs(const LinkState& link) {
     return link.EthernetMode == 1 && link.BaudIndex == 0 ? 0 : 1000;
 }

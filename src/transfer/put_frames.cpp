@@ -18,7 +18,7 @@ constexpr std::array<Stretch, 2> kAnalog2     = {{{249, 12}, {109, 4}}};
 constexpr std::array<Stretch, 1> kBytes       = {{{141, 64}}};
 constexpr std::array<Stretch, 1> kAlarms34    = {{{205, 44}}};
 
-// The meter stores the second half of its memory slowly: the last block has to wait for it.
+// Required: the last block waits for the meter to take in the ones before it.
 constexpr int kBeforeLastMs = 2000;
 
 constexpr std::array<AsciiWrite, 4> kSerialWrites = {{

@@ -51,6 +51,16 @@ int AskBoardModbus(Link& link) {
     return mode;
 }
 
+bool WriteBlock(SetupTransfer& transfer, const AsciiWrite& write) {
+    Link& link = transfer.Line;
+    if (write.PauseMs > 0) LinkDelay(link, write.PauseMs);
+    SendAscii(link, write.Command + AsciiData(transfer.Image, write) + "Z");
+    if (!SerialLineHolds(link)) return false;
+    link.State.FramesWritten.emplace_back(write.Command);
+    transfer.ProgressTo(write.Percent);
+    return true;
+}
+
 double PauseMs(const LinkState& link) {
     if (link.EthernetMode == 1 && link.BaudIndex == 0) return 0;
     return link.BaudIndex == 1 ? 600 : 1000;
@@ -88,22 +98,19 @@ void PutSetupAscii(SetupTransfer& transfer) {
     if (IsRemoteC(transfer.Image)) DigitsPut(transfer.Image, 199, "00");
     if (link.State.LinkError != 0) return;
     for (const AsciiWrite& write : link.State.EthernetMode == 1 ? NodeWrites() : SerialWrites()) {
-        if (write.PauseMs > 0) LinkDelay(link, write.PauseMs);
-        SendAscii(link, write.Command + AsciiData(transfer.Image, write) + "Z");
-        link.State.FramesWritten.emplace_back(write.Command);
-        transfer.ProgressTo(write.Percent);
+        if (!WriteBlock(transfer, write)) return;
     }
     LinkDelay(link, kBeforeResetMs);
     link.State.CommandText = std::string("|*") + link.State.MeterAddressChar + "C0";
     SendCommand(link);
-    link.State.FramesWritten.emplace_back("C0");
+    if (SerialLineHolds(link)) link.State.FramesWritten.emplace_back("C0");
 }
 
 Status PutSetupModbus(SetupTransfer& transfer, const BringUp& bringUp) {
     SetupImage& image = transfer.Image;
     transfer.Line.State.ReplyText.clear();
     // A meter that was told the address 0 would never answer again.
-    if (ByteGet(image, 111) == 0) DigitsPut(image, 111, "01");
+    if (DigitsGet(image, 111, 2) == "00") DigitsPut(image, 111, "01");
     for (const ModbusWrite& write : ModbusWrites()) {
         if (write.NeedsCutoffRegister && !ModbusTakesCutoffValue(transfer.Identity.FirmwareVersion)) continue;
         if (write.Data.front().Position == 185 && IsRemoteC(image)) DigitsPut(image, 185, "7");

@@ -18,10 +18,11 @@ struct BoardCheck {
 
 // Asks the meter for its input board. An image for a "Remote C" display goes to any board. Over Custom ASCII
 // the exchange's LinkError stops the Put that follows; over Modbus ASCII the answer is always taken for too
-// short (LinkError 16, no comparison), as it always was.
+// short (LinkError 16, no comparison): required.
 BoardCheck CheckMeterBoard(SetupTransfer& transfer);
 
-// Fills or cuts the image to 260 digits; does nothing else where LinkError is not 0.
+// Fills or cuts the image to 260 digits; does nothing else where LinkError is not 0. A line that goes away
+// meanwhile ends it with LinkError 27.
 //
 //   WR1A  positions 1..108              serial
 //   W91A, W911  positions 1..36, 37..72  through the node; 73..108 do not reach the meter: required

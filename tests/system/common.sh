@@ -19,15 +19,17 @@ ctl() {
 }
 
 stop_peer() {
-    [ -n "$sim" ] && kill "$sim" 2>/dev/null && wait "$sim" 2>/dev/null || true
+    [ -n "$sim" ] && kill "$sim" 2>/dev/null || true
     sim=
+    # Its end closes the pipe: then it has saved what it was told to.
+    while read -r _ <&3; do :; done 2>/dev/null || true
 }
 trap stop_peer EXIT
 
 # start_peer PROGRAM ARGUMENT...: starts a program that prints the path of its line first, and makes it port 1.
 start_peer() {
     stop_peer
-    exec 3< <("$@" 2>>"$work/peer.log" & echo $!; wait)
+    exec 3< <(echo "$BASHPID"; exec "$@" 2>>"$work/peer.log")
     read -r sim <&3
     read -r device <&3 || fail "$1 did not start"
     ctl 0 ports map 1 "$device"

@@ -17,7 +17,8 @@ done
 # A first session, as README tells it: the lines of its blocks marked "sh counterctl", with the simulated meter.
 export PATH="$bin:$PATH"
 cd "$work"
-awk '/^```sh counterctl/ {on = 1; next} /^```/ {on = 0} on' "$root/README.md" >session.sh
-[ -s session.sh ] || fail "README has no session"
+echo 'trap '"'"'kill $(jobs -p) 2>/dev/null || true'"'"' EXIT' >session.sh
+awk '/^```sh counterctl/ {on = 1; next} /^```/ {on = 0} on' "$root/README.md" >>session.sh
+[ "$(wc -l <session.sh)" -gt 1 ] || fail "README has no session"
 bash -eu session.sh >session.out 2>&1 || { cat session.out; fail "README's first session"; }
 echo "All as it should be."

@@ -83,6 +83,15 @@ TEST(BringUp, Refusals) {
     baud.Store.Contents[path] = "3901000100100831010000\r\n\r\n";
     EXPECT_EQ(baud.SwitchOn().Text(), path + ": the baud digit, position 2 of line 1, is none of 0 to 6");
 
+    BenchMeter protocol;
+    protocol.Store.Contents[path] = "3501300100100831010000\r\n\r\n";
+    EXPECT_EQ(protocol.SwitchOn().Text(),
+              path + ": the protocol digit, position 5 of line 1, is none of 0 to 2");
+
+    BenchMeter parity;
+    parity.Store.Contents[path] = "3501190100100831010000\r\n\r\n";
+    EXPECT_EQ(parity.SwitchOn().Text(), path + ": the parity digit, position 6 of line 1, is none of 0 to 2");
+
     BenchMeter port;
     port.Line.NextOpen = {StatusKind::NotFound, "home/ports/com1", "No such file or directory"};
     EXPECT_EQ(port.SwitchOn().Text(), "home/ports/com1: No such file or directory");

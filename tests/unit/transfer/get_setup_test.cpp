@@ -108,6 +108,14 @@ TEST(GetAscii, Version78TellsTwoRelaysByBit2OfByte2B) {
     }
 }
 
+TEST(GetAscii, Version78TellsTwoRelaysOfCode3AsCode1) {
+    sim::MeterOptions options = MeterOf(78);
+    options.RelayBoard = 3;
+    GetBench bench(options);
+    EXPECT_EQ(bench.Get(), 0);
+    EXPECT_EQ(BitsGet(bench.Program.Image, 6, 5, 193), 3);
+}
+
 TEST(GetAscii, AByte2BThatNeverCameIsReadFromTheReplyBefore) {
     sim::MeterOptions options = WithFault(MeterOf(78), "G12B:noreply");
     options.LiveBytes[0x30] = 0x29;

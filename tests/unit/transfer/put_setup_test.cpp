@@ -36,7 +36,7 @@ std::string Printable(const std::string& frame, const LinkKind& kind) {
                                                          : frame.substr(0, frame.size() - 2);
 }
 
-// The file was reviewed by hand against the meter's manual: a difference is a change of what goes to meters.
+// The file was worked out apart from the tool and reviewed: a difference is a change of what goes to meters.
 TEST(Put, FramesOfTheDefaultImageAreTheReviewedOnes) {
     std::ostringstream frames;
     for (const LinkKind& kind : kLinkKinds) {
@@ -169,6 +169,25 @@ TEST(BoardCheck, ADeadLineStopsACustomAsciiPut) {
     EXPECT_EQ(bench.Line.Sent(), (Words{"*1A1\r\n", "*1G12D\r\n"}));
     EXPECT_EQ(bench.Program.Home.StatusText,
               "Data transfer unsuccessful. Check connections and try again. (21)");
+}
+
+TEST(Put, ALineThatGoesAwayMeanwhileIs27) {
+    const struct {
+        const char* Fault;
+        Words Written;
+    } cases[] = {
+        {"WR1A:gone=0", {"WR1A"}},
+        {"WG2A:gone=0", {"WR1A", "W435", "WG2A"}},
+        {"WB74:gone=0", {"WR1A", "W435", "WG2A", "WB74"}},
+        {"C0:gone=0", {"WR1A", "W435", "WG2A", "WB74", "C0"}},
+    };
+    for (const auto& c : cases) {
+        PutBench bench(WithFault({}, c.Fault));
+        EXPECT_EQ(bench.Put(), 27) << c.Fault;
+        EXPECT_EQ(bench.Program.LinkData.FramesWritten, c.Written) << c.Fault;
+        EXPECT_EQ(bench.Line.Meter().Commands().size(), 2 + c.Written.size())
+            << c.Fault << ": nothing more arrives";
+    }
 }
 
 TEST(BoardCheck, AnAnswerOfAnotherLengthIsNoComparison) {

@@ -50,14 +50,36 @@ class RandomImages {
         return row.Codes.empty() ? static_cast<int>(index) : row.Codes[index];
     }
 
-    // Typed as digit entry types it: five digits or six, a point anywhere for the inputs; no negative zero.
+    // The largest number that digit entry takes.
+    static int Largest(const FieldRow& row) {
+        if (row.ValueCode >= 2) return 999999;
+        if (row.ValueCode == 1) return 29999;
+        return row.Handle == Field::CutoffValue ? 59999 : 19999;
+    }
+
+    // Any number that it takes, and often the ends.
+    int Number(const FieldRow& row) {
+        const int largest = Largest(row);
+        switch (Below(8)) {
+            case 0:
+                return 0;
+            case 1:
+                return largest;
+            default:
+                return Below(largest + 1);
+        }
+    }
+
+    // Typed as digit entry types it: five digits or six, a point anywhere for the inputs. A negative zero has
+    // no place among a register's numbers and comes back as zero, so there is none here.
     void PutValue(SetupImage& image, const FieldRow& row) {
         const bool five = row.ValueCode < 2;
-        std::string digits = std::to_string(1 + Below(five ? 19999 : 999999));
+        const int number = Number(row);
+        std::string digits = std::to_string(number);
         digits.insert(0, (five ? 5 : 6) - digits.size(), '0');
         const auto point = static_cast<std::size_t>(row.ValueCode == 4 ? 1 + Below(6) : 1);
         digits.insert(point, ".");
-        if (row.ValueCode != 0) digits.insert(0, Below(2) == 0 ? "+" : "-");
+        if (row.ValueCode != 0) digits.insert(0, number == 0 || Below(2) == 0 ? "+" : "-");
         ValueEncode(image, {}, row.ValueCode, row.Pos, digits);
     }
 

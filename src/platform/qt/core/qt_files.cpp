@@ -24,12 +24,16 @@ Status StatusOf(const std::string& path, int error) {
     return error == 0 ? Status{} : SystemStatus(path, error);
 }
 
-// 0, or the system's error.
+// No file of this program is longer than some lines; a device such as /dev/zero has no end.
+constexpr std::size_t kLargestFile = 64U << 20;
+
+// 0, or the system's error; EFBIG for a file that is too large to be one of ours.
 int ReadAll(int descriptor, std::string& content) {
     char block[16384];
     for (;;) {
         const ssize_t size = read(descriptor, block, sizeof block);
         if (size == 0) return 0;
+        if (content.size() > kLargestFile) return EFBIG;
         if (size > 0) content.append(block, static_cast<std::size_t>(size));
         if (size < 0 && errno != EINTR) return errno;
     }
