@@ -70,13 +70,14 @@ int Device::LiveByte(int address) const {
     switch (address) {
         case 0x28:
             return extended ? 0x80 : 0;
-        // Bit 2 is clear when relay code 3 is meant where the option byte of version 78 tells 1.
+        // Bit 2 is clear when there are two relays of code 3, which the option byte of version 78 tells as 1.
         case 0x2B:
             return (OptionByte() >> 5 & 3) == 3 ? 0 : 0x04;
         case 0x2D:
             return BoardByte();
         case 0x30:
-            return OptionByte();
+            return memory_.Bits(233, 7, 0) == 78 && (OptionByte() >> 5 & 3) == 3 ? OptionByte() & ~0x40
+                                                                                 : OptionByte();
         case 0x32:
             return memory_.Bits(189, 7, 0);
         case 0x33:

@@ -33,7 +33,7 @@ void AddMeter(CLI::App& app, sim::MeterOptions& meter) {
         ->check(CLI::Range(0, 3));
     app.add_option("--comm", meter.CommBoard, "comm board: 0 none, 1 RS232, 2 RS485")
         ->check(CLI::Range(0, 3));
-    app.add_option("--relay", meter.RelayBoard, "relay board code: 2 two relays, 1 or 3 four")
+    app.add_option("--relay", meter.RelayBoard, "relay board code: 1 four relays, 2 or 3 two")
         ->check(CLI::Range(0, 3));
     app.add_option("--analog", meter.AnalogBoard, "analog option 0..4")->check(CLI::Range(0, 99));
     app.add_option("--extended", meter.Extended, "Extended option: 0 or 1");

@@ -37,7 +37,7 @@ struct MeterOptions {
     // Boards that are fitted, whatever the image says.
     std::optional<int> InputBoard;   // 0 none, 1 dual signal conditioner, 2 V-F converter, 3 quadrature
     std::optional<int> CommBoard;    // 0 none, 1 RS232, 2 RS485
-    std::optional<int> RelayBoard;   // code 0..3: 2 is two relays, 1 and 3 are four
+    std::optional<int> RelayBoard;   // code 0..3: 1 is four relays, 2 and 3 are two
     std::optional<int> AnalogBoard;  // 0..4
     std::optional<bool> Extended;
     std::map<int, int> LiveBytes;  // byte that a G command gives at an address, above all else

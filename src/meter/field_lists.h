@@ -100,6 +100,13 @@ inline constexpr Text kControlInputs[] = {
     "Item 2            Item 3              Function Reset",
 };
 
+// What stands at some codes of the control inputs instead: before version 78, and on a remote display.
+inline constexpr std::string_view kControlInputs8Before78 = "Hold              External Gate       Function Reset";
+inline constexpr std::string_view kControlInputs9Before78 = "Peak or Valley    External Gate       No Action";
+inline constexpr std::string_view kControlInputs15Remote = "Enable Tare       Tare if enabled     Tare";
+
+// Of a meter that knows no span hysteresis.
+inline constexpr std::string_view kPlainHysteresis = " Hysteresis";
 // Span hysteresis has no code of its own in the one bit of an alarm: deviation_code.h.
 inline constexpr Text kDeviationType[] = {" Band Deviation", " Split Hysteresis", " Span Hysteresis"};
 inline constexpr Text kNumRdgs[] = {"  1 Reading",  "  2 Readings", "  4 Readings", "  8 Readings",

@@ -5,6 +5,8 @@
 #include "meter/derived_values.h"
 #include "meter/deviation_code.h"
 #include "meter/field_lists.h"
+#include "meter/firmware_rules.h"
+#include "meter/mode_tables.h"
 #include "meter/text.h"
 #include "meter/value_codec.h"
 
@@ -50,31 +52,81 @@ int PointOf(const SetupImage& image, const DerivedValues& values, Point point) {
     return 1;
 }
 
-std::string TextOfValue(const SetupImage& image, const FieldRow& row) {
-    DerivedValues values = DeriveFromImage(image, StoredCode(image, Field::FirmwareVersion));
-    ValueContext context{values.InputOption, values.ModeIndex, values.TimeEntry};
-    int decPt = PointOf(image, values, row.DecPt);
-    return std::string(Trimmed(ValueText(image, context, row.ValueCode, row.Pos, decPt)));
+DerivedValues Derived(const SetupImage& image) {
+    return DeriveFromImage(image, StoredCode(image, Field::FirmwareVersion));
 }
 
-// Which deviation type an alarm has depends on all three bits of the deviation code.
-std::string_view DeviationEntry(const SetupImage& image, Field field) {
-    DeviationCode code =
-        DeviationFromCode(StoredCode(image, Field::DeviationCode), StoredCode(image, Field::FirmwareVersion));
-    int type = field == Field::Deviation1Type ? code.Type1 : code.Type2;
+std::string TextOfValue(const SetupImage& image, const FieldRow& row) {
+    DerivedValues values = Derived(image);
+    // A stopwatch that shows a clock keeps its offsets in seconds.
+    bool clock = (row.Handle == Field::Offset1 || row.Handle == Field::Offset2) && values.ClockMode == 5;
+    ValueContext context{values.InputOption, values.ModeIndex, clock ? 2 : 0};
+    int decPt = PointOf(image, values, row.DecPt);
+    std::string text(Trimmed(ValueText(image, context, row.ValueCode, row.Pos, decPt)));
+    return clock ? AddClkDP(StripBlanks(text)) : text;
+}
+
+// Which deviation type alarms 1 and 2 have depends on all three bits of the deviation code.
+std::string_view DeviationEntry(const SetupImage& image, Field field, int code) {
+    int version = StoredCode(image, Field::FirmwareVersion);
+    DeviationCode both = DeviationFromCode(StoredCode(image, Field::DeviationCode), version);
+    int type = code;
+    if (field == Field::Deviation1Type) type = both.Type1;
+    if (field == Field::Deviation2Type) type = both.Type2;
+    if (type == 1 && !SpanHysteresisOffered(version)) return lists::kPlainHysteresis;
     return lists::kDeviationType[static_cast<std::size_t>(type)];
 }
 
 // Only one analog board goes below zero; the others show that range as the one below it.
 std::string_view AnalogRangeEntry(const SetupImage& image, int code) {
-    DerivedValues values = DeriveFromImage(image, StoredCode(image, Field::FirmwareVersion));
-    return EntryOfCode(RowOf(Field::AnalogRange), code == 3 && values.AnalogOption != 3 ? 2 : code);
+    return EntryOfCode(RowOf(Field::AnalogRange), code == 3 && Derived(image).AnalogOption != 3 ? 2 : code);
 }
 
-std::string_view EntryShown(const SetupImage& image, Field field, int code) {
-    if (field == Field::Deviation1Type || field == Field::Deviation2Type) return DeviationEntry(image, field);
-    if (field == Field::AnalogRange) return AnalogRangeEntry(image, code);
-    return EntryOfCode(RowOf(field), code);
+std::string_view ControlInputsEntry(const SetupImage& image, int code) {
+    bool before78 = !TotalResetInputsOffered(StoredCode(image, Field::FirmwareVersion));
+    if (code == 8 && before78) return lists::kControlInputs8Before78;
+    if (code == 9 && before78) return lists::kControlInputs9Before78;
+    if (code == 15 && StoredCode(image, Field::DisplayType) >= 6) return lists::kControlInputs15Remote;
+    return EntryOfCode(RowOf(Field::ControlInputs), code);
+}
+
+// The source in force: a code that isn't offered is Item 1, a remote display has Item 3 alone.
+std::string SourceEntry(const SetupImage& image, int code) {
+    DerivedValues values = Derived(image);
+    int source = SourceInForce(values, code);
+    if (source == 0) return "Filtered Item" + std::to_string(values.FilteredItem);
+    return "Item " + std::to_string(source);
+}
+
+// The Function in force, by its name in the Mode in force.
+std::string_view FunctionEntry(const SetupImage& image, int code) {
+    DerivedValues values = Derived(image);
+    return values.FunctionIndex == code ? FunctionName(values.ModeIndex, code) : std::string_view();
+}
+
+std::string EntryShown(const SetupImage& image, Field field, int code) {
+    switch (field) {
+        case Field::Deviation1Type:
+        case Field::Deviation2Type:
+        case Field::Deviation3Type:
+        case Field::Deviation4Type:
+            return std::string(DeviationEntry(image, field, code));
+        case Field::AnalogRange:
+            return std::string(AnalogRangeEntry(image, code));
+        case Field::ControlInputs:
+            return std::string(ControlInputsEntry(image, code));
+        case Field::Alarm1Source:
+        case Field::Alarm2Source:
+        case Field::Alarm3Source:
+        case Field::Alarm4Source:
+        case Field::AnalogSource:
+        case Field::AnalogSource2:
+            return SourceEntry(image, code);
+        case Field::Function:
+            return std::string(FunctionEntry(image, code));
+        default:
+            return std::string(EntryOfCode(RowOf(field), code));
+    }
 }
 
 }  // namespace
@@ -84,7 +136,8 @@ FieldValue ValueOfField(const SetupImage& image, Field field) {
     if (row.IsValue()) return {TextOfValue(image, row), false, 0};
     if (row.Kind == Mark::Carried && !row.IsBits()) return {FieldDigits(image, field), false, 0};
     int code = StoredCode(image, field);
-    std::string_view entry = Trimmed(EntryShown(image, field, code));
+    std::string shown = EntryShown(image, field, code);
+    std::string_view entry = Trimmed(shown);
     if (entry.empty()) return {std::to_string(code), true, code};
     return {std::string(entry), false, code};
 }

@@ -24,4 +24,9 @@ constexpr bool SpanHysteresisOffered(int firmwareVersion) {
     return firmwareVersion >= 82;
 }
 
+// Control inputs 8 and 9 reset totals and show alarms; before, they held and gated.
+constexpr bool TotalResetInputsOffered(int firmwareVersion) {
+    return firmwareVersion >= 78;
+}
+
 }  // namespace counter

@@ -45,7 +45,7 @@ constexpr unsigned ParseHex(std::string_view digits) {
 std::string HexNumber(unsigned value, int digits);
 
 // Two characters for a byte 0..255. The first goes on beyond "F" in the character set, so that 256, which a
-// sum of bytes can reach, is "G0": the meter's own arithmetic, required. A value below 0 counts as 0.
+// sum of bytes can reach, is "G0": required. A value below 0 counts as 0.
 std::string HexByte(int value);
 
 // Two digits for each character, in order.

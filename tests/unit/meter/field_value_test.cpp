@@ -55,6 +55,49 @@ TEST(FieldValue, ReadsAsPeopleSayIt) {
     EXPECT_EQ(ValueOfField(bipolar, Field::AnalogRange).Text, "-10V to +10V");
 }
 
+// Digits at two positions of the default setup, and what a field then reads.
+TEST(FieldValue, FollowsVersionDisplayAndMode) {
+    struct Case {
+        const char* Name;
+        int Pos1;
+        const char* Digits1;
+        int Pos2;
+        const char* Digits2;
+        Field Handle;
+        const char* Text;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"control inputs 8 before 78",  233, "4D", 197, "08", Field::ControlInputs,
+                                        "Hold              External Gate       Function Reset"},
+        {"control inputs 9 before 78",  233, "4D", 197, "09", Field::ControlInputs,
+                                        "Peak or Valley    External Gate       No Action"},
+        {"control inputs 8 from 78",    233, "4E", 197, "08", Field::ControlInputs,
+                                        "Total A Reset     Total B Reset       Both A,B Reset"},
+        {"tare on a remote display",    185, "64", 197, "0F", Field::ControlInputs,
+                                        "Enable Tare       Tare if enabled     Tare"},
+        {"hysteresis before 82",        233, "51", 201, "08", Field::Deviation1Type, "Hysteresis"},
+        {"hysteresis of alarm 3",       233, "51", 229, "08", Field::Deviation3Type, "Hysteresis"},
+        {"filtered item by its number", 199, "02", 169, "00", Field::Alarm1Source,   "Filtered Item3"},
+        {"source that isn't offered",   199, "01", 169, "C0", Field::Alarm1Source,   "Item 1"},
+        {"source of a remote display",  185, "64", 169, "40", Field::Alarm1Source,   "Item 3"},
+        {"function by its name",        199, "0F", 185, "04", Field::Function,       "(A / B) -1"},
+        {"function of another mode",    199, "24", 185, "04", Field::Function,       "A -B  UpDn"},
+        {"function that doesn't exist", 199, "04", 185, "04", Field::Function,       "4"},
+        {"clock of a stopwatch",        199, "50", 185, "54", Field::Offset2,        "+00. 00. 00"},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        SetupImage image = DefaultWith(c.Pos1, c.Digits1);
+        DigitsPut(image, c.Pos2, c.Digits2);
+        EXPECT_EQ(ValueOfField(image, c.Handle).Text, c.Text) << c.Name;
+    }
+    SetupImage clock = DefaultWith(199, "50");
+    DigitsPut(clock, 185, "54");
+    DigitsPut(clock, 37, "000E4D");
+    EXPECT_EQ(ValueOfField(clock, Field::Offset1).Text, "+01. 01. 01");
+}
+
 TEST(FieldValue, TakesThePointOfTheSetupView) {
     struct Case {
         const char *Name, *ModeAndFunction;
