@@ -46,7 +46,7 @@ const std::vector<CommandRow>& Commands() {
         {"diff",      "A B", "the fields in which two setup files differ",
          2, 2, {}, DiffCommand},
         {"edit",      "FILE [--script SCRIPT] [--out FILE2] [--from-meter]", "edits FILE by the actions of SCRIPT",
-         1, 1, {{"--script", true}, {"--out", true}, {"--from-meter", false}}, NotThereYet},
+         1, 1, {{"--script", true}, {"--out", true}, {"--from-meter", false}}, EditCommand},
         {"read",      "item1|item2|item3|peak|valley|all|all+", "one reading, or one line of them",
          1, 1, {}, NotThereYet},
         {"reset",     "meter|function|alarms|peak|valley|display", "one reset command",
@@ -126,14 +126,25 @@ int RefuseUsage(const CliWorld& world, const CLI::App& app, const std::string& r
     return kUsage;
 }
 
-int RunCommand(const CliWorld& world, const CommandRow& row, const Parsed& parsed) {
+// An option without a value would mean something else than what was asked for: a backup into nowhere.
+std::string EmptyOption(const CLI::App& app, const CommandRow& row, const Parsed& parsed) {
+    if (app.get_option("--dir")->count() > 0 && parsed.Folder.empty()) return "--dir";
+    for (const OptionRow& option : row.Options) {
+        const bool given = app.get_subcommand(row.Name)->get_option(option.Name)->count() > 0;
+        if (given && option.TakesValue && parsed.Values.at(option.Name).empty()) return option.Name;
+    }
+    return {};
+}
+
+int RunCommand(const CliWorld& world, const CLI::App& app, const CommandRow& row, const Parsed& parsed) {
+    if (const std::string empty = EmptyOption(app, row, parsed); !empty.empty()) {
+        return RefuseUsage(world, app, empty + " needs a value");
+    }
     CommandCall call{world, parsed.Folder, parsed.Json, parsed.Trace, parsed.Words, {}};
     if (call.Folder.empty()) call.Folder = world.DefaultFolder();
     for (const OptionRow& option : row.Options) {
-        const auto value = parsed.Values.find(option.Name);
-        if (value != parsed.Values.end() && !value->second.empty()) call.Options[option.Name] = value->second;
-        const auto flag = parsed.Flags.find(option.Name);
-        if (flag != parsed.Flags.end() && flag->second) call.Options[option.Name] = "1";
+        if (app.get_subcommand(row.Name)->get_option(option.Name)->count() == 0) continue;
+        call.Options[option.Name] = option.TakesValue ? parsed.Values.at(option.Name) : "1";
     }
     return row.Run(call);
 }
@@ -157,7 +168,7 @@ int RunCli(const CliWorld& world, int argc, const char* const* argv) {
     } catch (const CLI::ParseError& error) {
         return RefuseUsage(world, app, error.what());
     }
-    return RunCommand(world, *CalledCommand(app), parsed);
+    return RunCommand(world, app, *CalledCommand(app), parsed);
 }
 
 }  // namespace counter

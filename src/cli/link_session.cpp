@@ -5,6 +5,7 @@
 #include "link/link_error.h"
 #include "link/port_setup.h"
 #include "shell/get_action.h"
+#include "shell/put_action.h"
 #include "shell/start.h"
 
 namespace counter {
@@ -29,6 +30,7 @@ SerialPort& PortOf(TracePort* trace, Machine& machine) {
 
 void LineDialogs::Show(const Message& message) {
     shown_.push_back(message);
+    if (BeforeLine) BeforeLine();
     std::string line = message.Title.empty() ? message.Text : message.Title + " " + message.Text;
     for (char& c : line) c = c == '\r' || c == '\n' ? ' ' : c;
     err_ << line << std::endl;
@@ -48,6 +50,7 @@ LinkSession::LinkSession(const CommandCall& call)
       session_(machine_->Waits(), PortOf(trace_.get(), *machine_), dialogs_,
                {call.World.Store, call.Folder}) {
     machine_->Waits().OnInterrupt = [this] { OnInterrupt(); };
+    dialogs_.BeforeLine = [this] { EndBar(); };
     if (call.World.ErrIsTerminal && !call.Trace) session_.Home.Changed = [this] { ShowProgress(); };
 }
 
@@ -70,19 +73,32 @@ int LinkSession::Get() {
     GetSetup(session_);
     if (session_.LinkData.LinkError != 0) return kLinkFailed;
     const Status& kept = session_.Home.Backup;
-    if (!kept.Ok()) call_.World.Err << "counterctl: no backup: " << kept.Text() << "\n";
+    if (!kept.Ok()) {
+        EndBar();
+        call_.World.Err << "counterctl: no backup: " << kept.Text() << "\n";
+    }
     return kDone;
 }
 
+Status LinkSession::Put() {
+    putting_ = true;
+    return PutSetup(session_);
+}
+
+void LinkSession::EndBar() {
+    if (std::exchange(barOnScreen_, false)) call_.World.Err << "\n";
+}
+
 void LinkSession::Finish() {
+    if (std::exchange(finished_, true)) return;
     ClosePort(session_.Line);
     session_.Home.Changed = nullptr;
-    if (std::exchange(barOnScreen_, false)) call_.World.Err << "\n";
+    EndBar();
 }
 
 int LinkSession::End(const Json& more) {
     const int error = session_.LinkData.LinkError;
-    const std::string status = session_.Home.StatusText;
+    const std::string& status = session_.Home.StatusText;
     Finish();
     if (call_.Json) {
         Json document = {{"status", status}, {"LinkError", error}};
@@ -92,13 +108,8 @@ int LinkSession::End(const Json& more) {
     } else if (error == 0) {
         call_.World.Out << status << "\n";
     }
-    return error == 0 ? kDone : Fail();
-}
-
-int LinkSession::Fail() {
-    Finish();
-    call_.World.Err << "counterctl: " << LinkErrorMeaning(session_.LinkData.LinkError) << "\n"
-                    << session_.Home.StatusText << "\n";
+    if (error == 0) return kDone;
+    call_.World.Err << "counterctl: " << LinkErrorMeaning(error) << "\n" << status << "\n";
     return kLinkFailed;
 }
 
@@ -114,16 +125,18 @@ void LinkSession::ShowProgress() {
 void LinkSession::OnInterrupt() {
     if (trace_) trace_->Flush();
     session_.Port.Close();
-    call_.World.Err << (barOnScreen_ ? "\n" : "") << "counterctl: interrupted" << WrittenSoFar() << "\n"
-                    << std::flush;
+    EndBar();
+    call_.World.Err << "counterctl: interrupted" << WrittenSoFar() << "\n" << std::flush;
     call_.World.Out << std::flush;
     machine_->Waits().EndProcess(kInterrupted);
 }
 
 std::string LinkSession::WrittenSoFar() const {
-    std::string text;
+    if (!putting_) return {};
+    if (session_.LinkData.FramesWritten.empty()) return "; nothing was written";
+    std::string text = "; written so far:";
     for (const std::string& frame : session_.LinkData.FramesWritten) text += " " + frame;
-    return text.empty() ? text : "; written so far:" + text;
+    return text;
 }
 
 }  // namespace counter

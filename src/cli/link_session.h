@@ -1,6 +1,7 @@
 // LinkSession: a session for one command that talks to the meter.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -17,6 +18,7 @@ class LineDialogs : public Dialogs {
     explicit LineDialogs(std::ostream& err) : err_(err) {}
     void Show(const Message& message) override;
     Json Messages() const;
+    std::function<void()> BeforeLine;  // may be empty
 
   private:
     std::ostream& err_;
@@ -32,20 +34,21 @@ class LinkSession {
 
     // Reads the settings and opens the port. Returns 0, or the exit status with its line written.
     int Begin();
-    // Get Setup. Returns 0, or 3 with the failure told.
+    // Get Setup. Returns 0, or 3 for a failure that End tells.
     int Get();
-    // Closes the port and the progress bar.
+    // Put Setup of the session's image. The status is of settings and port, which follow it.
+    Status Put();
+    // Closes the port and the progress bar; again is nothing.
     void Finish();
     // Finishes and tells how the action ended: the status line, with --json as a document that `more` adds
-    // to. Returns 0 or 3.
+    // to, a failure on standard error. Returns 0 or 3.
     int End(const Json& more);
-    // Finishes and tells a failed link on standard error. Returns 3.
-    int Fail();
 
     Session& Program() { return session_; }
 
   private:
     void ShowProgress();
+    void EndBar();
     void OnInterrupt();
     std::string WrittenSoFar() const;  // the frames of an interrupted Put
 
@@ -55,6 +58,8 @@ class LinkSession {
     std::unique_ptr<TracePort> trace_;
     Session session_;
     bool barOnScreen_ = false;
+    bool putting_ = false;
+    bool finished_ = false;
 };
 
 }  // namespace counter

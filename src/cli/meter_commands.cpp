@@ -2,16 +2,13 @@
 #include "cli/cli.h"
 #include "cli/differences.h"
 #include "cli/link_session.h"
-#include "shell/put_action.h"
 #include "shell/setup_files.h"
 
 namespace counter {
 
 namespace {
 
-// Reads the meter into the file.
-int GetInto(const CommandCall& call, LinkSession& link, const std::string& path) {
-    if (const int failed = link.Get(); failed != kDone) return failed;
+int SaveInto(const CommandCall& call, LinkSession& link, const std::string& path) {
     const Status saved = SaveSetupFile(call.World.Store, path, link.Program().Image);
     return saved.Ok() ? kDone : RefuseStatus(call, saved);
 }
@@ -30,9 +27,9 @@ int TellDifferences(const CommandCall& call, const Json& list, const std::string
     return AnyCounts(list) ? kDifferent : kDone;
 }
 
-// The port and the settings could not follow what was put.
+// The meter was written, but port and settings could not follow it.
 int RefuseSettled(const CommandCall& call, LinkSession& link, const Status& settled) {
-    link.Finish();
+    link.End(Json::object());
     return RefuseStatus(call, settled);
 }
 
@@ -51,8 +48,11 @@ int PutVerified(const CommandCall& call, LinkSession& link) {
 int GetCommand(const CommandCall& call) {
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
-    if (GetInto(call, link, call.Words[0]) == kFileOrPort) return kFileOrPort;
     const MeterIdentity& identity = link.Program().Identity;
+    if (link.Get() == kDone) {
+        link.Finish();  // nothing can interrupt between the file and its report
+        if (const int status = SaveInto(call, link, call.Words[0]); status != kDone) return status;
+    }
     return link.End({{"FirmwareVersion", identity.FirmwareVersion}, {"MeterType", identity.MeterType}});
 }
 
@@ -64,13 +64,15 @@ int PutCommand(const CommandCall& call) {
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
     if (call.Has("--backup")) {
-        const int status = GetInto(call, link, call.Options.at("--backup"));
-        if (status == kLinkFailed) return link.End(Json::object());
-        if (status != kDone) return status;
+        if (link.Get() != kDone) return link.End(Json::object());
+        if (const int status = SaveInto(call, link, call.Options.at("--backup")); status != kDone) {
+            link.Finish();
+            return status;
+        }
     }
     Session& session = link.Program();
     session.Image = image;
-    if (Status settled = PutSetup(session); !settled.Ok()) return RefuseSettled(call, link, settled);
+    if (Status settled = link.Put(); !settled.Ok()) return RefuseSettled(call, link, settled);
     if (session.LinkData.LinkError != 0 || !call.Has("--verify")) return link.End(Json::object());
     return PutVerified(call, link);
 }
@@ -82,8 +84,9 @@ int VerifyCommand(const CommandCall& call) {
     }
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
+    link.Program().Image = wanted;  // what the link does not bring is not told as different
     const Json list = ReadAndCompare(link, wanted);
-    if (list.is_null()) return link.Fail();
+    if (list.is_null()) return link.End(Json::object());
     link.Finish();
     if (call.Json) WriteJson(call, list);
     return TellDifferences(call, list, call.Words[0]);

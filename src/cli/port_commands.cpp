@@ -1,6 +1,8 @@
 // ports, ports map.
 #include <algorithm>
 #include <charconv>
+#include <filesystem>
+#include <system_error>
 
 #include "cli/cli.h"
 #include "cli/cli_output.h"
@@ -23,10 +25,17 @@ std::string LinkPath(const CommandCall& call, int number) {
     return PortsFolder(call) + "/com" + std::to_string(number);
 }
 
+// Two names of one device.
+bool SameDevice(const std::string& a, const std::string& b) {
+    std::error_code ignored;
+    return a == b || std::filesystem::equivalent(a, b, ignored);
+}
+
 // Devices that a number names, but the machine does not list (a pseudo terminal), are listed too.
 ListedPort& Listed(std::vector<ListedPort>& ports, const std::string& device) {
     const auto found = std::find_if(ports.begin(), ports.end(), [&](const ListedPort& listed) {
-        return listed.Port.Device == device || (!listed.Port.ById.empty() && listed.Port.ById == device);
+        return SameDevice(listed.Port.Device, device) ||
+               (!listed.Port.ById.empty() && listed.Port.ById == device);
     });
     if (found != ports.end()) return *found;
     ports.push_back({{device, "", ""}, {}});
@@ -69,10 +78,16 @@ int PrintPorts(const CommandCall& call, const std::vector<ListedPort>& ports) {
     return kDone;
 }
 
+// "ttyUSB0" is a device of /dev, a path stays one: the link must hold wherever counterctl is called.
+std::string DevicePath(const std::string& word) {
+    if (word.find('/') == std::string::npos) return "/dev/" + word;
+    return std::filesystem::absolute(word).lexically_normal().string();
+}
+
 // The adaptor's lasting name where it has one, so that the number keeps its adaptor.
 std::string LastingName(const PortCatalog& catalog, const std::string& device) {
     for (const PortDescription& port : catalog.Ports()) {
-        if (port.Device == device && !port.ById.empty()) return port.ById;
+        if (!port.ById.empty() && SameDevice(port.Device, device)) return port.ById;
     }
     return device;
 }
@@ -84,7 +99,7 @@ int MapPort(const CommandCall& call, const PortCatalog& catalog) {
     if (error != std::errc() || end != word.data() + word.size() || number < 1 || number > kMostPorts) {
         return RefuseCall(call, "a port number is 1 to 99");
     }
-    const std::string device = call.Words[2].substr(0, 1) == "/" ? call.Words[2] : "/dev/" + call.Words[2];
+    const std::string device = DevicePath(call.Words[2]);
     if (!call.World.Store.Exists(device)) {
         return RefuseStatus(call, {StatusKind::NotFound, device, "No such file or directory"});
     }

@@ -34,16 +34,6 @@ void TakeIdentity(const Settings& settings, MeterIdentity& identity) {
     if (settings.MeterType == 7) identity.NoPanelModel = 1;
 }
 
-// What no serial line can be set to; empty where all is legal.
-std::string IllegalLine(const Settings& settings) {
-    if (settings.BaudIndex < 0) return kBaudDigitReason;
-    if (settings.SerialProtocol > 2) return "the protocol digit, position 5 of line 1, is none of 0 to 2";
-    if (settings.ModbusLink == 1 && settings.ParityIndex > 2) {
-        return "the parity digit, position 6 of line 1, is none of 0 to 2";
-    }
-    return {};
-}
-
 void RefuseOtherPrograms(const Settings& settings, Dialogs& dialogs, Pump& pump) {
     if (settings.ProgramKind != kWrongProgram) return;
     dialogs.Show(

@@ -13,6 +13,7 @@
 #include "platform/pump.h"
 #include "platform/serial_port.h"
 #include "session/home_state.h"
+#include "session/view_state.h"
 #include "settings/settings.h"
 
 namespace counter {
@@ -30,6 +31,7 @@ struct Session {
     LinkState LinkData;
     DerivedValues Derived;
     HomeState Home;
+    ViewState Views;
 
     Link Line{LinkData, Waits, Port};
     BringUp Settled{Folder, Boxes, Stored, Identity, Line};

@@ -121,6 +121,15 @@ void ParseSettings(const SettingsLines& fileLines, Settings& settings) {
     ParseLine2(settings.Lines.SettingsLine2, settings);
 }
 
+std::string IllegalLine(const Settings& settings) {
+    if (settings.BaudIndex < 0) return kBaudDigitReason;
+    if (settings.SerialProtocol > 2) return "the protocol digit, position 5 of line 1, is none of 0 to 2";
+    if (settings.ModbusLink == 1 && settings.ParityIndex > 2) {
+        return "the parity digit, position 6 of line 1, is none of 0 to 2";
+    }
+    return {};
+}
+
 std::string FormatSettings(const SettingsLines& lines) {
     return lines.SettingsLine1 + "\r\n" + lines.SettingsLine2 + "\r\n";
 }

@@ -67,6 +67,9 @@ std::string NormaliseLine1(std::string_view line);
 // MeterAddressLabel as they were.
 void ParseSettings(const SettingsLines& fileLines, Settings& settings);
 
+// Why no serial line can be set as these settings say, naming the digit; empty where all is legal.
+std::string IllegalLine(const Settings& settings);
+
 // Both lines as the file holds them.
 std::string FormatSettings(const SettingsLines& lines);
 

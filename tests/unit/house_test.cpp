@@ -14,8 +14,12 @@ namespace fs = std::filesystem;
 
 // In order of height: a room includes only itself and rooms that stand before it. Rooms that are not listed
 // may be included by nobody.
-const std::vector<std::string> kRooms = {"meter",    "platform", "settings", "link",
-                                         "transfer", "session",  "shell",    "cli"};
+const std::vector<std::string> kRooms = {"meter",      "platform",  "settings",    "link",
+                                         "transfer",   "controls",  "digit_entry", "session",
+                                         "setup_view", "menu_view", "shell",       "cli"};
+
+// Views stand side by side: none includes another.
+const std::vector<std::string> kViews = {"setup_view", "menu_view"};
 
 struct Include {
     std::string File;  // relative to the source folder
@@ -76,6 +80,17 @@ TEST(House, RoomsLookUpOnly) {
         EXPECT_GE(from, 0) << "room " << room << " has no place in the order";
         EXPECT_GE(to, 0) << include.File << " includes " << include.Target;
         EXPECT_GE(from, to) << include.File << " includes " << include.Target;
+    }
+}
+
+TEST(House, ViewsDoNotKnowOneAnother) {
+    for (const std::string& view : kViews) {
+        for (const Include& include : IncludesBelow("src/" + view)) {
+            for (const std::string& other : kViews) {
+                const bool known = other != view && include.Target.rfind(other + "/", 0) == 0;
+                EXPECT_FALSE(known) << include.File << " includes " << include.Target;
+            }
+        }
     }
 }
 

@@ -1,0 +1,170 @@
+#include "controls/form.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace counter {
+
+namespace {
+
+bool HasPlace(const Control& list, int index) {
+    return index >= 0 && index < static_cast<int>(list.Entries.size());
+}
+
+bool TakesClick(ControlKind kind) {
+    return kind == ControlKind::Option || kind == ControlKind::Button || kind == ControlKind::Value ||
+           kind == ControlKind::Label;
+}
+
+}  // namespace
+
+std::string Control::FullName() const {
+    return Index == kSingle ? Name : Name + "[" + std::to_string(Index) + "]";
+}
+
+std::string_view RefusalText(Refusal refusal) {
+    switch (refusal) {
+        case Refusal::None:
+            return "can be reached";
+        case Refusal::Hidden:
+            return "is hidden";
+        case Refusal::Disabled:
+            return "is disabled";
+        case Refusal::TabNotOffered:
+            return "stands on a tab that is not offered";
+        case Refusal::OtherTab:
+            return "stands on a tab that is not on show";
+        case Refusal::NoSuchAction:
+            return "has no such action";
+        case Refusal::NoSuchEntry:
+            return "has no such entry";
+    }
+    return {};
+}
+
+Control& Form::Add(Control control) {
+    return controls_.emplace_back(std::move(control));
+}
+
+void Form::On(Control& control, Handler handler) {
+    handlers_[&control] = std::move(handler);
+}
+
+Control* Form::Find(std::string_view name, int index) {
+    auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Control& control) {
+        return control.Index == index && control.Name == name;
+    });
+    return found == controls_.end() ? nullptr : &*found;
+}
+
+Control* Form::FindFull(std::string_view fullName) {
+    auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Control& control) {
+        return fullName.starts_with(control.Name) && control.FullName() == fullName;
+    });
+    return found == controls_.end() ? nullptr : &*found;
+}
+
+void Form::SetIndex(Control& list, int index) {
+    list.ListIndex = HasPlace(list, index) ? index : -1;
+    if (list.ListIndex >= 0) RunLive(list);
+}
+
+void Form::SetCheck(Control& box, int value) {
+    if (box.Value == value) return;
+    box.Value = value;
+    RunLive(box);
+}
+
+void Form::SetOption(Control& option, bool set) {
+    if (set) {
+        for (Control& other : controls_) {
+            bool group = other.Kind == ControlKind::Option && other.Container == option.Container &&
+                         other.Tab == option.Tab;
+            if (group) other.Value = 0;
+        }
+    }
+    option.Value = set ? 1 : 0;
+}
+
+void Form::Fill(Control& list, std::span<const std::string_view> entries) {
+    list.Entries.assign(entries.begin(), entries.end());
+    list.ListIndex = -1;
+}
+
+void Form::SetFrameActive(Control& frame, Control& control, bool active) {
+    frame.Enabled = control.Enabled = active;
+    control.TextColor = active ? ColorBlack : ColorGray;
+}
+
+Refusal Form::Reach(const Control& control) const {
+    if (strip_ && control.Tab != kEveryTab) {
+        if (!strip_->Offered[static_cast<std::size_t>(control.Tab)]) return Refusal::TabNotOffered;
+        if (OnlyPageOnShow && strip_->ListIndex != control.Tab) return Refusal::OtherTab;
+    }
+    bool enabled = true;
+    for (const Control* around = &control; around; around = around->Container) {
+        if (!around->Visible) return Refusal::Hidden;
+        enabled = enabled && around->Enabled;
+    }
+    return enabled ? Refusal::None : Refusal::Disabled;
+}
+
+Refusal Form::Select(Control& list, int index) {
+    Refusal refusal = Touch(list, list.Kind == ControlKind::List);
+    if (refusal != Refusal::None) return refusal;
+    if (!HasPlace(list, index)) return Refusal::NoSuchEntry;
+    list.ListIndex = index;
+    RunLive(list);
+    TellChanged();
+    return Refusal::None;
+}
+
+Refusal Form::Check(Control& box, int value) {
+    Refusal refusal = Touch(box, box.Kind == ControlKind::Check);
+    if (refusal != Refusal::None) return refusal;
+    if (value != 0 && value != 1) return Refusal::NoSuchEntry;
+    SetCheck(box, value);
+    TellChanged();
+    return Refusal::None;
+}
+
+Refusal Form::Click(Control& control) {
+    Refusal refusal = Touch(control, TakesClick(control.Kind));
+    if (refusal != Refusal::None) return refusal;
+    if (control.Kind == ControlKind::Option) SetOption(control, true);
+    Run(control);
+    TellChanged();
+    return Refusal::None;
+}
+
+Refusal Form::ComeToTab(int tab) {
+    if (!strip_ || !HasPlace(*strip_, tab)) return Refusal::NoSuchEntry;
+    if (!strip_->Offered[static_cast<std::size_t>(tab)]) return Refusal::TabNotOffered;
+    if (Touched) Touched(*strip_);
+    strip_->ListIndex = tab;
+    Run(*strip_);
+    TellChanged();
+    return Refusal::None;
+}
+
+void Form::TellChanged() const {
+    if (Changed) Changed();
+}
+
+Refusal Form::Touch(Control& control, bool rightKind) {
+    if (!rightKind) return Refusal::NoSuchAction;
+    Refusal refusal = Reach(control);
+    if (refusal == Refusal::None && Touched) Touched(control);
+    return refusal;
+}
+
+void Form::Run(Control& control) {
+    auto found = handlers_.find(&control);
+    if (found != handlers_.end()) found->second(control);
+}
+
+void Form::RunLive(Control& control) {
+    if (handlersLive_ == 1) Run(control);
+}
+
+}  // namespace counter

@@ -1,0 +1,102 @@
+// Form: the controls of one view, and the one place where actions on them come in.
+//
+// Rules of the view change a control's properties as they like, but select entries, boxes and options
+// through the form; users act through Select, Check, Click and ComeToTab, which refuse what a user could not
+// reach now.
+//
+// A handler runs
+//   - for a list whose entry is selected, by a rule or by a user, also one that is selected already,
+//   - for a box whose value changes,
+//     both only while handlers are live;
+//   - for an option, button, value or label that a user clicks, always.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <span>
+#include <string_view>
+#include <unordered_map>
+
+#include "controls/control.h"
+
+namespace counter {
+
+// Why an action did not happen.
+enum class Refusal {
+    None,
+    Hidden,         // it or something around it
+    Disabled,       // it or something around it
+    TabNotOffered,  // its page can't be come to
+    OtherTab,       // another page is on show
+    NoSuchAction,   // this kind of control has no such action
+    NoSuchEntry,    // the list has no such entry, the box no such value
+};
+
+// In words, for a line that tells what is wrong: "is hidden".
+std::string_view RefusalText(Refusal refusal);
+
+class Form {
+  public:
+    using Handler = std::function<void(Control&)>;
+
+    // Handlers of lists and boxes are live while `handlersLive` is 1.
+    explicit Form(const int& handlersLive) : handlersLive_(handlersLive) {}
+    Form(const Form&) = delete;  // its controls point into it
+    Form& operator=(const Form&) = delete;
+
+    // Controls keep their place in memory and come in the order in which they were added.
+    Control& Add(Control control);
+    void On(Control& control, Handler handler);
+    // The strip that names the pages; without one all pages can be reached.
+    void SetTabStrip(Control& strip) { strip_ = &strip; }
+
+    // Null where there is none.
+    Control* Find(std::string_view name, int index = kSingle);
+    // The same by "txtSetpt[1]".
+    Control* FindFull(std::string_view fullName);
+
+    auto begin() { return controls_.begin(); }
+    auto end() { return controls_.end(); }
+    auto begin() const { return controls_.begin(); }
+    auto end() const { return controls_.end(); }
+
+    // For rules. An index that the list lacks leaves it without selection and runs nothing.
+    void SetIndex(Control& list, int index);
+    void SetCheck(Control& box, int value);
+    // Sets or clears an option alone; a set one clears the others in its container. Runs nothing.
+    void SetOption(Control& option, bool set);
+    // Empties a list and fills it again; it is then without selection.
+    static void Fill(Control& list, std::span<const std::string_view> entries);
+    // Both are shown enabled or disabled, and the list's text black or gray.
+    static void SetFrameActive(Control& frame, Control& control, bool active);
+
+    // For users. Refusal::None: done.
+    Refusal Select(Control& list, int index);
+    Refusal Check(Control& box, int value);
+    Refusal Click(Control& control);
+    Refusal ComeToTab(int tab);
+    // Whether a user could act on it now.
+    Refusal Reach(const Control& control) const;
+
+    // Users of a script may act on any page that is offered; at a screen only the page on show can be
+    // reached.
+    bool OnlyPageOnShow = true;
+
+    // Told which control a user acts on, before its handler runs; may be empty.
+    std::function<void(const Control&)> Touched;
+    // Told when something may have to be drawn again; may be empty.
+    std::function<void()> Changed;
+    void TellChanged() const;
+
+  private:
+    void Run(Control& control);
+    void RunLive(Control& control);
+    Refusal Touch(Control& control, bool rightKind);
+
+    const int& handlersLive_;
+    Control* strip_ = nullptr;
+    std::deque<Control> controls_;
+    std::unordered_map<const Control*, Handler> handlers_;
+};
+
+}  // namespace counter

@@ -1,0 +1,38 @@
+#include "controls/page_builder.h"
+
+namespace counter {
+
+namespace {
+
+std::string CaptionOf(std::string_view caption, int index) {
+    std::string text(caption);
+    std::size_t mark = index == kSingle ? std::string::npos : text.find('#');
+    if (mark != std::string::npos) text.replace(mark, 1, std::to_string(index));
+    return text;
+}
+
+}  // namespace
+
+Control& PageBuilder::Add(ControlKind kind, Control* container, std::string_view name,
+                          std::string_view caption, int index) {
+    Control control;
+    control.Kind = kind;
+    control.Name = name;
+    control.Index = index;
+    control.Tab = tab_;
+    control.Container = container;
+    control.HelpNumber = help_(name);
+    control.Caption = CaptionOf(caption, index);
+    return form_.Add(std::move(control));
+}
+
+Framed PageBuilder::Wrap(ControlKind kind, Control* container, std::string_view name,
+                         std::string_view caption, int index) {
+    std::string frameName = "fra" + std::string(name.substr(3));
+    Control& frame = Add(ControlKind::Frame, container, frameName, caption, index);
+    Control& inner = Add(kind, &frame, name, {}, index);
+    frame.HelpNumber = inner.HelpNumber;
+    return {frame, inner};
+}
+
+}  // namespace counter

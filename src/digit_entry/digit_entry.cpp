@@ -1,0 +1,190 @@
+// Opening and leaving the dialog: a field's text into the boxes, the boxes into the image.
+#include "digit_entry/digit_entry.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+#include "digit_entry/digit_text.h"
+#include "link/waits.h"
+#include "meter/colors.h"
+#include "meter/value_codec.h"
+
+namespace counter {
+
+namespace {
+
+// Between hiding the dialog and the refresh behind it, so that the screen is drawn first.
+constexpr double kBehindDialogMs = 10;
+
+constexpr int kVfConverter = 2;
+constexpr int kPulsesPerRevPos = 161;
+constexpr int kMostByte = 255;
+
+Control* AddControl(Form& form, ControlKind kind, const char* name, int index, const char* caption = "") {
+    Control control;
+    control.Kind = kind;
+    control.Name = name;
+    control.Index = index;
+    control.Caption = caption;
+    return &form.Add(std::move(control));
+}
+
+int NumberOf(const std::string& digits) {
+    int number = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return number;
+}
+
+// As fields show a value: a blank, the sign, the digits.
+std::string WithSeparateSign(const std::string& text) {
+    if (text.starts_with('-')) return " " + text;
+    return " +" + text.substr(std::min<std::size_t>(1, text.size()));
+}
+
+}  // namespace
+
+DigitEntry::DigitEntry(const EntryWork& work) : Controls(work.State.SetupRefreshOn), work_(work) {
+    for (int i = 0; i < kDigitBoxes; ++i) {
+        Control* box = AddControl(Controls, ControlKind::Value, "txtDigit", i);
+        boxes_[static_cast<std::size_t>(i)] = box;
+        Controls.On(*box, [this, i](Control&) { FocusBox(i); });
+    }
+    for (int i = 0; i < kMarks; ++i) {
+        marks_[static_cast<std::size_t>(i)] = AddControl(Controls, ControlKind::Label, "lblDP", i);
+    }
+    Controls.On(*AddControl(Controls, ControlKind::Button, "cmdOK", kSingle, "OK"),
+                [this](Control&) { Ok(); });
+    Controls.On(*AddControl(Controls, ControlKind::Button, "cmdCancel", kSingle, "Cancel"),
+                [this](Control&) { Cancel(); });
+}
+
+DigitLimits DigitEntry::Limits() const {
+    const EntryState& state = work_.State;
+    return {state.FieldType, state.FieldPos, work_.Derived.TimeEntry,
+            state.FieldType == kFreePointType && work_.Derived.InputOption != kVfConverter};
+}
+
+void DigitEntry::OpenDigitEntry() {
+    work_.State.EntryReturn = 1;
+    work_.State.EntryTarget->BackColor = ColorLightGreen;
+    shown_ = true;
+    LoadDigits();
+}
+
+void DigitEntry::LoadDigits() {
+    EntryState& state = work_.State;
+    state.EntryAtEnd = 0;
+    const DigitLimits limits = Limits();
+    const BareText bare = BareTextOf(state.FieldText, !limits.FreePoint);
+    const int first = FirstBox(state.FieldType);
+    state.EntryDecimal = OpeningDecimal(bare.PointPlace, bare.PointCode);
+    std::string text = bare.Text;
+    if (state.FieldType == kByteType) {
+        text.insert(0, "00");
+        text.erase(0, text.size() - std::min<std::size_t>(3, text.size()));
+    }
+    if (state.FieldType == 5 || state.FieldType == 6) text.clear();  // no field has these; boxes stay empty
+    DigitTexts spread = SpreadText(text, limits, state.EntryDecimal);
+    for (int i = 0; i < kDigitBoxes; ++i) {
+        Box(i).Enabled = i >= first;
+        Box(i).Text = std::move(spread[static_cast<std::size_t>(i)]);
+    }
+    MoveTo(first);
+    LightMark();
+}
+
+// The place of the point that the boxes show, 0 where there is none. A code that the image holds is taken as
+// it stands, 0 and 7 included.
+int DigitEntry::OpeningDecimal(int pointPlace, int pointCode) const {
+    const DerivedValues& derived = work_.Derived;
+    switch (work_.State.FieldType) {
+        case 0:
+        case 1:
+            if (derived.CutoffActive == 1) return derived.DecPt1;
+            return work_.State.FieldType == 0 && work_.State.FieldPos == kPulsesPerRevPos ? 1 : 3;
+        case 2:
+            return derived.PresetActive == 1 ? derived.DecPt1 : pointCode;
+        case 3:
+            return 6;
+        case kFreePointType:
+            if (derived.InputOption == kVfConverter) return derived.ModeIndex == 9 ? 6 : 5;
+            return pointPlace == 0 ? 1 : 9 - pointPlace;
+        case kByteType:
+            return 1;
+        default:
+            return 0;
+    }
+}
+
+void DigitEntry::LightMark() {
+    for (Control* mark : marks_) mark->BackColor = ColorDarkGray;
+    const int decimal = work_.State.EntryDecimal;
+    if (work_.State.FieldType == kFreePointType || decimal < 1 || decimal > kMarks) return;
+    marks_[static_cast<std::size_t>(decimal) - 1]->BackColor = ColorDarkRed;
+}
+
+bool DigitEntry::MarkLit(int mark) const {
+    return marks_[static_cast<std::size_t>(mark)]->BackColor == ColorDarkRed;
+}
+
+// False where a byte is refused; nothing is stored then.
+bool DigitEntry::StoreDigits() {
+    EntryState& state = work_.State;
+    state.FieldText.clear();
+    for (int i = FirstBox(state.FieldType); i <= kLastBox; ++i) state.FieldText += Box(i).Text;
+    state.FieldText =
+        work_.Derived.TimeEntry > 0 ? StripBlanks(state.FieldText) : FirstPointOnly(state.FieldText);
+    if (state.FieldType == kByteType) {
+        if (!StoreByte()) return false;
+    } else {
+        const DerivedValues& derived = work_.Derived;
+        ValueEncode(work_.Image, {derived.InputOption, derived.ModeIndex, derived.TimeEntry}, state.FieldType,
+                    state.FieldPos, state.FieldText);
+        if (state.FieldType != 0) state.FieldText = WithSeparateSign(state.FieldText);
+    }
+    state.EntryTarget->Text = state.FieldText;
+    state.EntryTarget->BackColor = ColorWhite;
+    return true;
+}
+
+bool DigitEntry::StoreByte() {
+    EntryState& state = work_.State;
+    const int number = NumberOf(state.FieldText);
+    if (number > kMostByte) {
+        Beep();
+        MoveTo(FirstBox(kByteType));
+        return false;
+    }
+    state.EntryByte = number;
+    state.FieldText = WithoutLeadingZeros(state.FieldText);
+    BytePut(work_.Image, state.FieldPos, number);
+    return true;
+}
+
+void DigitEntry::Ok() {
+    if (!StoreDigits()) return;
+    Close();
+    work_.Derived.TimeEntry = 0;
+    LinkDelay(work_.Line, kBehindDialogMs);
+    work_.State.SetupRefreshOn = 1;
+}
+
+// TimeEntry stays, as required; the refresh that follows clears it.
+void DigitEntry::Cancel() {
+    work_.State.EntryTarget->BackColor = ColorWhite;
+    Close();
+}
+
+void DigitEntry::HelpKey() {
+    Cancel();
+    work_.State.EntryReturn = 0;
+    if (OpenHelp) OpenHelp(work_.State.EntryTarget->HelpNumber);
+}
+
+void DigitEntry::Close() {
+    work_.State.EntryReturn = 1;
+    shown_ = false;
+}
+
+}  // namespace counter

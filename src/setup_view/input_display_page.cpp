@@ -1,0 +1,220 @@
+#include "setup_view/input_display_page.h"
+
+#include <algorithm>
+
+#include "meter/field_lists.h"
+#include "meter/firmware_rules.h"
+#include "meter/mode_tables.h"
+#include "setup_view/setup_view.h"
+
+namespace counter {
+
+namespace {
+
+using Entries = std::span<const std::string_view>;
+
+constexpr int kLastOwnDisplay = 5;  // from 6 on another device rules the display
+constexpr int kRemoteC = 12;        // one way only: Custom ASCII
+constexpr int kInsteadOfRemoteC = 7;
+constexpr std::size_t kFirstRemote = 6;
+
+// A meter without a panel names the remote types otherwise.
+constexpr std::string_view kRemoteWithoutPanel[] = {" Remote A", " Remote S", " Remote 1", " Remote 2",
+                                                    " Remote 3", " Remote 4", " Remote C"};
+
+// Whether a value's text stands for anything but 0.
+bool IsNotZero(std::string_view text) {
+    return text.find_first_of("123456789") != std::string_view::npos;
+}
+
+}  // namespace
+
+void InputDisplayPage::Wire() {
+    const Binding kPlain[] = {
+        {DVal.Inner, Field::DisplayFilter}, {LeadZ.Inner, Field::LeadingZeros},
+        {DspyN.Inner, Field::DisplayItem},  {Action.Inner, Field::PeakKeyAction},
+        {cboExtAB, Field::ControlInputs},   {GateTime.Inner, Field::GateTime},
+        {txtCal, Field::Calibration},
+    };
+    Bind(kPlain);
+    Controls().On(DType.Inner, [this](Control&) { PickDisplayType(); });
+    Controls().On(CutoffEnable.Inner, [this](Control&) { PickCutoffEnable(); });
+    Controls().On(PwrOnTot.Inner, [this](Control&) { PickPowerOnTotal(); });
+    Controls().On(TimeOut.Inner, [this](Control& box) {
+        OpenEntry(box, Values().PresetActive == 1 ? Field::Preset : Field::TimeOut);
+    });
+    Controls().On(Pulses.Inner, [this](Control& box) {
+        OpenEntry(box, Values().CutoffActive == 1 ? Field::CutoffValue : Field::PulsesPerRev, true);
+    });
+}
+
+void InputDisplayPage::FillFixedLists() {
+    Form::Fill(DVal.Inner, lists::kFiltered);
+    Form::Fill(LeadZ.Inner, lists::kLeadingZeros);
+    Form::Fill(PwrOnTot.Inner, lists::kPowerOnTotal);
+    FillDisplayTypes();
+    RefillControlInputs();
+    RefillActions();
+}
+
+void InputDisplayPage::FillDisplayTypes() {
+    Control& list = DType.Inner;
+    Form::Fill(list, lists::kDisplayType);
+    if (Meter().NoPanelModel == 1)
+        std::copy(std::begin(kRemoteWithoutPanel), std::end(kRemoteWithoutPanel),
+                  list.Entries.begin() + kFirstRemote);
+    // Without an input board the meter is a remote display only.
+    if (Values().InputOption == 0) std::fill_n(list.Entries.begin(), kFirstRemote, " ");
+    if (Program.LinkData.ModbusLink != 0) {
+        list.Entries.pop_back();
+        if (Stored(Field::DisplayType) == kRemoteC) Put(Field::DisplayType, kInsteadOfRemoteC);
+    }
+    Values().DisplayType = Stored(Field::DisplayType);
+    Controls().SetIndex(list, Values().DisplayType);
+    View.OfferByDisplayType();
+}
+
+void InputDisplayPage::ShowOpeningTexts() {
+    int point = 3;
+    GateTime.Inner.Text = TextOf(Field::GateTime, point);
+    if (Values().PresetActive == 0) TimeOut.Inner.Text = TextOf(Field::TimeOut, point);
+    txtCal.Text = TextOf(Field::Calibration, point);
+}
+
+void InputDisplayPage::ShowByMeterKind() {
+    bool panel = Meter().MeterType != 7;
+    LeadZ.Frame.Visible = panel;
+    DspyN.Frame.Visible = Action.Frame.Visible = panel && Values().InputOption != 0;
+}
+
+void InputDisplayPage::ShowSelections() {
+    Show(LeadZ.Inner, Field::LeadingZeros);
+    Show(Action.Inner, Field::PeakKeyAction);
+    Show(cboExtAB, Field::ControlInputs);
+}
+
+void InputDisplayPage::RefreshCutoff() {
+    Form::Fill(CutoffEnable.Inner, lists::kCutoffEnable);
+    Show(CutoffEnable.Inner, Field::CutoffEnable);
+    int mode = Values().ModeIndex;
+    int function = Values().FunctionIndex;
+    View.SetFrameActive(CutoffEnable.Frame, CutoffEnable.Inner,
+                        function == 3 || function == 8 || (function == 2 && mode >= 8));
+}
+
+void InputDisplayPage::RefreshGateTime() {
+    GateTime.Frame.Visible = Values().InputOption != 0;
+}
+
+void InputDisplayPage::RefreshTimeOut() {
+    DerivedValues& values = Values();
+    ActiveBoxesUpdate(values);
+    bool timeOut = (values.ModeWord & kWordTimeOut) != 0 || values.DisplayType > kLastOwnDisplay;
+    bool shown = timeOut || values.PresetActive == 1;
+    TimeOut.Frame.Enabled = TimeOut.Inner.Enabled = shown;
+    lblTSecs.Enabled = timeOut;
+    if (!shown) return;
+    TimeOut.Frame.Caption = timeOut ? "Time Out" : "Preset";
+    int point = 3;
+    TimeOut.Inner.Text = timeOut ? TextOf(Field::TimeOut, point) : TextOf(Field::Preset, values.DecPt1);
+}
+
+void InputDisplayPage::RefreshDisplayType() {
+    Show(DType.Inner, Field::DisplayType);
+    bool remoteC = DType.Inner.ListIndex == kRemoteC;
+    View.Communication.fraRmtDspyC.Visible = View.Communication.lblAscTbl.Visible = remoteC;
+}
+
+void InputDisplayPage::RefreshDisplayFilter() {
+    DVal.Frame.Visible = Values().InputOption != 0;
+    Show(DVal.Inner, Field::DisplayFilter);
+}
+
+void InputDisplayPage::RefreshPulsesAndItem() {
+    bool board = Values().InputOption != 0;
+    if (Values().ModeIndex == 12) {
+        Pulses.Frame.Visible = board;
+        if (board) {
+            Pulses.Inner.Visible = true;
+            Pulses.Frame.Caption = "Pulses per Rev";
+        }
+        DspyN.Frame.Visible = DspyN.Inner.Visible = false;
+        return;
+    }
+    bool cutoff = Values().CutoffActive == 1;
+    Pulses.Frame.Visible = Pulses.Inner.Visible = CutoffEnable.Frame.Visible = cutoff;
+    if (cutoff) Pulses.Frame.Caption = "Cutoff Value";
+    DspyN.Frame.Visible = board;
+    DspyN.Inner.Visible = true;
+    RefreshDisplayItem();
+}
+
+// An item that the Function doesn't have is repaired in the image.
+void InputDisplayPage::RefreshDisplayItem() {
+    int count = Values().ItemCount;
+    int stored = Stored(Field::DisplayItem);
+    int legal = stored == 0 ? 1 : std::min(stored, count);
+    if (legal != stored) Put(Field::DisplayItem, legal);
+    Form::Fill(DspyN.Inner, Entries(lists::kDisplayItem).first(static_cast<std::size_t>(count)));
+    Controls().SetIndex(DspyN.Inner, legal - 1);
+    View.SetFrameActive(DspyN.Frame, DspyN.Inner, count > 1);
+}
+
+void InputDisplayPage::RefreshPowerOnTotal() {
+    PwrOnTot.Frame.Visible = Values().InputOption != 0;
+    Show(PwrOnTot.Inner, Field::PowerOnTotal);
+}
+
+void InputDisplayPage::RefillControlInputs() {
+    int selected = cboExtAB.ListIndex;
+    Form::Fill(cboExtAB, lists::kControlInputs);
+    if (!TotalResetInputsOffered(Meter().FirmwareVersion)) {
+        cboExtAB.Entries[8] = lists::kControlInputs8Before78;
+        cboExtAB.Entries[9] = lists::kControlInputs9Before78;
+    }
+    if (Values().DisplayType > kLastOwnDisplay) cboExtAB.Entries[15] = lists::kControlInputs15Remote;
+    cboExtAB.ListIndex = selected;
+}
+
+void InputDisplayPage::RefillActions() {
+    Form::Fill(Action.Inner, lists::kPeakKeyAction);
+}
+
+void InputDisplayPage::RefreshAction() {
+    Action.Frame.Visible = Values().DisplayType <= kLastOwnDisplay;
+    Show(Action.Inner, Field::PeakKeyAction);
+}
+
+void InputDisplayPage::ShowCutoffValue() {
+    if (Values().CutoffActive != 1) return;
+    Pulses.Inner.Text = TextOf(Field::CutoffValue, Values().DecPt1);
+    Pulses.Frame.Enabled = Pulses.Inner.Enabled = CutoffEnable.Inner.ListIndex != 1;
+}
+
+void InputDisplayPage::LeaveRemoteC() {
+    DType.Inner.ListIndex = kInsteadOfRemoteC;
+    PickDisplayType();
+}
+
+void InputDisplayPage::PickDisplayType() {
+    Put(Field::DisplayType, DType.Inner.ListIndex);
+    Values().DisplayType = DType.Inner.ListIndex;
+    View.ViewRefresh();
+    View.OfferByDisplayType();
+}
+
+void InputDisplayPage::PickCutoffEnable() {
+    Put(Field::CutoffEnable, CutoffEnable.Inner.ListIndex);
+    View.ViewRefresh();
+    ShowCutoffValue();
+}
+
+// The box may show the Cutoff Value; the message then comes for that value, required.
+void InputDisplayPage::PickPowerOnTotal() {
+    Put(Field::PowerOnTotal, PwrOnTot.Inner.ListIndex);
+    bool onShow = Pulses.Frame.Visible && Pulses.Inner.Visible;
+    if (PwrOnTot.Inner.ListIndex == 1 && onShow && IsNotZero(Pulses.Inner.Text))
+        Program.Boxes.Show({"", "Set Pulses per Revolution = 0", BoxIcon::None});
+}
+
+}  // namespace counter

@@ -1,0 +1,106 @@
+#include "setup_view/meter_class.h"
+
+#include "link/exchange.h"
+#include "link/port_setup.h"
+#include "link/waits.h"
+#include "meter/hex_text.h"
+#include "settings/settings.h"
+#include "setup_view/setup_view.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kBaud9600 = 5;  // index of the baud table
+constexpr double kBetweenFramesMs = 100;
+constexpr std::size_t kWordDigits = 4;
+constexpr std::size_t kOldNodeLine = 28;  // length of a node line that was never written at the program's end
+
+// The first byte of the word with its class: no curve on a Basic meter; on an Extended one the curve stays.
+std::string WithClass(std::string word, int extended) {
+    auto byte = ParseHex(std::string_view(word).substr(0, 2));
+    if (!extended) byte &= ~0x0CU;
+    if (extended && (byte & 0x0CU) == 0) byte |= 0x04U;
+    return word.replace(0, 2, HexNumber(byte, 2));
+}
+
+Settings At9600(Settings settings) {
+    settings.BaudIndex = kBaud9600;
+    return settings;
+}
+
+}  // namespace
+
+void MeterClass::Wire() {
+    Controls().On(cmdQBasic, [this](Control& button) { PressClass(button, 0); });
+    Controls().On(cmdQExtended, [this](Control& button) { PressClass(button, 1); });
+    Controls().On(cmd9600, [this](Control&) { SetBaud9600(); });
+}
+
+void MeterClass::PaintButtons() {
+    cmdQBasic.BackColor = cmdQExtended.BackColor = ColorGray;
+}
+
+void MeterClass::MarkClass() {
+    (Values().ExtendedMeter ? cmdQExtended : cmdQBasic).BackColor = ColorLightGray;
+}
+
+void MeterClass::PressClass(Control& button, int extended) {
+    button.BackColor = ColorWhite;
+    View.BasicExtend(extended);
+    button.BackColor = ColorLightGray;
+    View.Focus(extended ? View.Modes.optExtended : View.Modes.optBasic);
+}
+
+void MeterClass::WriteClass(int extended) {
+    ShowHourglass(true);
+    View.Buttons.picText.Text = extended ? "Writing EXTENDED meter" : "Writing BASIC meter";
+    View.Controls.TellChanged();
+    SendClass(extended);
+    LinkDelay(Program.Line, kBetweenFramesMs);
+    View.Buttons.picText.Text.clear();
+    ShowHourglass(false);
+}
+
+void MeterClass::ShowHourglass(bool shown) {
+    Program.Home.Hourglass = shown;
+    if (Program.Home.Changed) Program.Home.Changed();
+}
+
+void MeterClass::SendClass(int extended) {
+    LinkState& link = Program.LinkData;
+    bool connected = Program.Stored.CommsEnabled != 0 || link.EthernetMode == 1;
+    if (!connected || link.ModbusLink != 0) return;
+    AskAscii(Program.Line, "X11FZ");
+    if (link.LinkError != 0 || link.ReplyText.size() != kWordDigits) return;
+    LinkDelay(Program.Line, kBetweenFramesMs);
+    SendAscii(Program.Line, "W11F" + WithClass(link.ReplyText, extended) + "Z");
+}
+
+// The file and the open port change; the BaudIndex in memory stays until the settings are read again. A file
+// that can't be written leaves the port as it is, and the home view says why.
+void MeterClass::SetBaud9600() {
+    const std::string path = Program.Folder.At(kSettingsFile);
+    std::string text;
+    Status status = Program.Folder.Store.Read(path, text);
+    if (const std::string reason = IllegalLine(At9600(Program.Stored)); status.Ok() && !reason.empty())
+        status = {StatusKind::Illegal, path, reason};
+    if (status.Ok()) {
+        SettingsLines lines = SplitSettings(text);
+        lines.SettingsLine1 = NormaliseLine1(lines.SettingsLine1);
+        SettingsPut(lines.SettingsLine1, 2, std::to_string(kBaud9600));
+        if (lines.SettingsLine2.size() == kOldNodeLine) lines.SettingsLine2 += "0";
+        status = Program.Folder.Store.Write(path, FormatSettings(lines));
+        if (status.Ok()) Program.Stored.Lines = lines;
+    }
+    if (!status.Ok()) {
+        Program.Home.ShowStatus(status.Text(), ColorRed);
+        return;
+    }
+    LinkState at9600 = Program.LinkData;
+    at9600.BaudIndex = kBaud9600;
+    if (Status set = Program.Port.SetSettings(PortSettingsText(at9600)); !set.Ok())
+        Program.Home.ShowStatus(set.Text(), ColorRed);
+}
+
+}  // namespace counter

@@ -1,0 +1,84 @@
+#include "meter/default_setup.h"
+#include "stories.h"
+
+namespace counter::test {
+namespace {
+
+constexpr const char* kFile = "home/Settings.SSS";
+
+TEST(MeterClass, Baud9600GoesIntoFileAndPort) {
+    SetupBench bench;
+    bench.Bench.SwitchOn();
+    bench.Bench.Program.LinkData.BaudIndex = 2;
+    bench.Bench.Store.Contents[kFile] = "32010001001083018\r\n0000000000000000000000000000\r\n";
+    bench.Open();
+    bench.Do("cmd9600");
+    EXPECT_EQ(bench.Bench.Store.Contents[kFile],
+              "3501000100108301810000\r\n00000000000000000000000000000\r\n");
+    EXPECT_EQ(bench.Bench.Line.Calls().back(), "Settings 9600,n,8,1");
+    EXPECT_EQ(bench.Bench.Program.LinkData.BaudIndex, 2) << "as it was, until the settings are read again";
+    EXPECT_EQ(bench.Bench.Program.Stored.Lines.SettingsLine1, "3501000100108301810000");
+}
+
+TEST(MeterClass, AFileThatTakesNothingLeavesThePort) {
+    SetupBench bench;
+    bench.Bench.SwitchOn();
+    bench.Bench.Store.ReadOnly.insert(kFile);
+    const std::size_t calls = bench.Bench.Line.Calls().size();
+    bench.Open();
+    bench.Do("cmd9600");
+    EXPECT_EQ(bench.Bench.Line.Calls().size(), calls);
+    EXPECT_EQ(bench.Bench.Program.Home.StatusColor, ColorRed);
+}
+
+TEST(MeterClass, ALineThatCannotBeSetIsToldAndLeavesTheFile) {
+    SetupBench bench;
+    const char* strange = "3501150100100830000000\r\n\r\n";  // RTU with parity 5, no link
+    bench.Bench.Store.Contents[kFile] = strange;
+    bench.Bench.SwitchOn();
+    bench.Open();
+    bench.Do("cmd9600");
+    EXPECT_EQ(bench.Bench.Store.Contents[kFile], strange);
+    EXPECT_EQ(bench.Bench.Program.Home.StatusText,
+              "home/Settings.SSS: the parity digit, position 6 of line 1, is none of 0 to 2");
+}
+
+TEST(MeterClass, IsWrittenIntoAConnectedMeterAlone) {
+    const struct {
+        const char* Name;
+        const char* Meters;  // bytes 185 and 187 in the meter
+        const char* Button;
+        const char* After;
+    } cases[] = {
+        {"basic, curve dropped", "C901", "cmdQBasic", "C101"},
+        {"extended", "C101", "cmdQExtended", "C501"},
+        {"extended with its curve", "0C01", "cmdQExtended", "0C01"},
+    };
+    for (const auto& c : cases) {
+        SetupBench bench;
+        bench.Bench.SwitchOn();
+        BuildDefaultSetup(bench.Image());
+        bench.Open();
+        std::string meters = bench.Image().SetupData;
+        bench.Bench.Line.Meter().LoadImage(meters.replace(184, 4, c.Meters));
+        bench.Bench.Pump.After(200, [&] { EXPECT_NE(bench.View.Buttons.picText.Text, "") << c.Name; });
+        bench.Do(c.Button);
+        EXPECT_EQ(bench.Bench.Line.Meter().ImageText(), meters.replace(184, 4, c.After)) << c.Name;
+        EXPECT_EQ(bench.Seen("@185"), "04") << c.Name;
+        EXPECT_EQ(bench.View.Buttons.picText.Text, "") << c.Name;
+        EXPECT_FALSE(bench.Bench.Program.Home.Hourglass) << c.Name;
+        EXPECT_EQ(bench.Seen(std::string(c.Button) + ".back"), "ColorLightGray") << c.Name;
+    }
+}
+
+TEST(MeterClass, NothingGoesOutWithoutALinkOrOverModbus) {
+    for (const char* given : {"comms=0", "comms=1; modbus=1"}) {
+        SetupBench bench(given);
+        bench.Open();
+        bench.Do("cmdQBasic");
+        EXPECT_TRUE(bench.Bench.Line.Sent().empty()) << given;
+    }
+}
+
+}  // namespace
+}  // namespace counter::test

@@ -1,0 +1,81 @@
+// Coming and going, help, and what the view does while it waits.
+#include <set>
+
+#include "stories.h"
+
+namespace counter::test {
+namespace {
+
+TEST(SetupView, ComesToTheFront) {
+    // clang-format off
+    const Story stories[] = {
+        {"on its first page",         "",       "tab 4; reopen", "tab=0"},
+        {"behind an entry on the page it was", "151=22", "tab 3; txtSetpt[1] := 000064", "tab=3; txtSetpt[1]= +00010.0; cboTimConst=(none)"},
+        {"once alone",                "",       "tab 3; txtSetpt[1] := 000064; tab 6; reopen", "tab=0; cboRlyOpt=2-Relay Board"},
+        {"from the image, not from old lists", "", "cboMode #2; cboOutItems #3; @199=03; @187=06; reopen", "cboMode=Rate; cboFunction=A, A Total; cboOutItems=Valley"},
+        {"as its version is",         "",       "@233=51; reopen", "cboDevTyp[1].list= Band Deviation| Hysteresis"},
+    };
+    // clang-format on
+    RunStories(stories);
+}
+
+TEST(SetupView, UsersCantReachOtherPages) {
+    SetupBench bench;
+    bench.Open();
+    Form& form = bench.View.Controls;
+    Control& baud = *form.Find("cboBaudRate");
+    EXPECT_EQ(form.Select(baud, 6), Refusal::OtherTab);
+    EXPECT_EQ(bench.Seen("@191"), "50");
+    EXPECT_EQ(form.ComeToTab(kCommunicationTab), Refusal::None);
+    EXPECT_EQ(form.Select(baud, 6), Refusal::None);
+    EXPECT_EQ(bench.Seen("@191"), "60");
+    EXPECT_EQ(form.ComeToTab(7), Refusal::NoSuchEntry);
+}
+
+// A pick that slips into a wait of a refresh is shown and not written.
+TEST(SetupView, HandlersAreDeadWhileARuleWaits) {
+    SetupBench bench;
+    bench.Open();
+    bench.Bench.Pump.After(5, [&] { bench.Do("cboBaudRate #6"); });
+    bench.Do("optCoord1[0]");
+    EXPECT_EQ(bench.Seen("cboBaudRate"), " 19200");
+    EXPECT_EQ(bench.Seen("@191"), "50");
+    bench.Do("cboBaudRate #6");
+    EXPECT_EQ(bench.Seen("@191"), "60");
+}
+
+TEST(SetupView, EveryControlHasANameAndAHelpNumber) {
+    SetupBench bench;
+    std::set<std::string> names;
+    for (const Control& control : bench.View.Controls) {
+        EXPECT_TRUE(names.insert(control.FullName()).second) << control.FullName();
+        EXPECT_GE(control.HelpNumber, 1100) << control.FullName();
+        EXPECT_LE(control.HelpNumber, 1199) << control.FullName();
+    }
+    EXPECT_EQ(names.count("txtScale2[3]"), 1U);
+    EXPECT_EQ(names.count("cboResoln[0]"), 0U);
+}
+
+TEST(SetupView, HelpFollowsWhatWasTouched) {
+    SetupBench bench;
+    bench.Open();
+    bench.Do("cboTranChars #1");  // brings the label of the character table
+    int asked = 0;
+    bench.View.OpenHelp = [&](int number) { asked = number; };
+    const std::pair<const char*, int> cases[] = {{"optBasic", 1156},     {"optCoord2[0]", 1135},
+                                                 {"optScale2[0]", 1135}, {"lblAscTbl", 1138},
+                                                 {"cmdQExtended", 1156}, {"cboOutItems #1", 1180}};
+    for (const auto& [deed, number] : cases) {
+        bench.Do(deed);
+        bench.View.HelpKey();
+        EXPECT_EQ(asked, number) << deed;
+    }
+    bench.Do("tab 3");
+    bench.View.HelpKey();
+    bench.View.Activate();
+    bench.View.RestorePage();
+    EXPECT_EQ(bench.Seen("tab"), "3");
+}
+
+}  // namespace
+}  // namespace counter::test
