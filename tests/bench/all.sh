@@ -8,4 +8,4 @@ trap 'rm -rf "$work"' EXIT
 "$bin/counterctl" default "$work/default.CT2"
 echo "counterctl show (A) against an empty QCoreApplication program (B)"
 "$bin/bench_process" 31 "$bin/counterctl" show "$work/default.CT2" -- "$bin/bench_empty_qt"
-"$bin/bench_get" "$bin" "$work/home"
+"$bin/bench_transfer" "$bin" "$work/home"

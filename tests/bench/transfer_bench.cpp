@@ -22,20 +22,28 @@ constexpr double kCloseMs = 200;
 constexpr double kBeginMs = 5;
 
 // Wake-up, 300 ms, five exchanges, 200 ms before the last, the reset that no reply follows.
-constexpr double kAsciiMs = kBeginMs + 300 + 300 + 5 * kExchangeMs + 200 + 300 + kCloseMs;
+constexpr double kAsciiGetMs = kBeginMs + 300 + 300 + 5 * kExchangeMs + 200 + 300;
 // The echo and six ranges with a second before each.
-constexpr double kModbusMs = kBeginMs + 7 * kExchangeMs + 6 * 1000 + kCloseMs;
+constexpr double kModbusGetMs = kBeginMs + 7 * kExchangeMs + 6 * 1000;
+// Stop of the stream and 300 ms, the board, four blocks with 2000 ms before the last, 1500 ms and the reset,
+// 1000 ms.
+constexpr double kAsciiPutMs = 300 + 300 + kExchangeMs + 4 * 300 + 2000 + 1500 + 300 + 1000;
+// The board and a second, six writes with a second before each.
+constexpr double kModbusPutMs = kExchangeMs + 1000 + 6 * (1000 + kExchangeMs);
+// Over Modbus ASCII the board's answer counts as too short, and no second follows it.
+constexpr double kModbusAsciiPutMs = kModbusPutMs - 1000;
 
 struct Kind {
     const char* Name;
     const char* Protocol;  // for counter-sim
     const char* Setting;   // for counterctl
-    double PausesMs;
+    double GetMs;
+    double PutMs;
 };
 constexpr Kind kKinds[] = {
-    {"Custom ASCII", "ascii", "SerialProtocol=0", kAsciiMs},
-    {"Modbus RTU", "rtu", "SerialProtocol=1", kModbusMs},
-    {"Modbus ASCII", "modbus-ascii", "SerialProtocol=2", kModbusMs},
+    {"Custom ASCII", "ascii", "SerialProtocol=0", kAsciiGetMs, kAsciiPutMs},
+    {"Modbus RTU", "rtu", "SerialProtocol=1", kModbusGetMs, kModbusPutMs},
+    {"Modbus ASCII", "modbus-ascii", "SerialProtocol=2", kModbusGetMs, kModbusAsciiPutMs},
 };
 
 // Starts the simulated meter and returns once it has told its path.
@@ -57,31 +65,38 @@ pid_t StartMeter(const std::string& bin, const Kind& kind, const std::string& li
     return child;
 }
 
-void Measure(const std::string& bin, const std::string& folder, const Kind& kind, int runs) {
-    const std::string counterctl = bin + "/counterctl";
-    const std::string link = folder + "/ports/com1";
-    RunProcess({counterctl, "--dir", folder, "settings", "init", "--force", kind.Setting});
-    RunProcess({"mkdir", "-p", folder + "/ports"});
-    const pid_t meter = StartMeter(bin, kind, link);
+void MeasureOne(const Kind& kind, const char* action, const std::vector<std::string>& command,
+                double pausesMs, int runs) {
     std::vector<double> wall, cpu;
     for (int run = 0; run < runs; ++run) {
-        const RunFigures figures = RunProcess({counterctl, "--dir", folder, "get", folder + "/got.CT2"});
-        if (figures.Status != 0) std::printf("%s: get ended with %d\n", kind.Name, figures.Status);
+        const RunFigures figures = RunProcess(command);
+        if (figures.Status != 0) std::printf("%s: %s ended with %d\n", kind.Name, action, figures.Status);
         wall.push_back(figures.WallMs);
         cpu.push_back(figures.CpuMs);
     }
+    std::printf("%-13s %-12s pauses %8.1f ms  wall %8.1f ms  ratio %.4f  cpu %5.1f ms  cpu/wall %.4f\n",
+                kind.Name, action, pausesMs, Median(wall), Median(wall) / pausesMs, Median(cpu),
+                Median(cpu) / Median(wall));
+}
+
+void Measure(const std::string& bin, const std::string& folder, const Kind& kind, int runs) {
+    const std::string counterctl = bin + "/counterctl";
+    const std::string file = folder + "/got.CT2";
+    RunProcess({counterctl, "--dir", folder, "settings", "init", "--force", kind.Setting});
+    RunProcess({"mkdir", "-p", folder + "/ports"});
+    const pid_t meter = StartMeter(bin, kind, folder + "/ports/com1");
+    MeasureOne(kind, "get", {counterctl, "--dir", folder, "get", file}, kind.GetMs + kCloseMs, runs);
+    MeasureOne(kind, "put --verify", {counterctl, "--dir", folder, "put", file, "--verify"},
+               kind.PutMs + kind.GetMs + kCloseMs, runs);
     kill(meter, SIGTERM);
     waitpid(meter, nullptr, 0);
-    std::printf("%-14s pauses %8.1f ms  wall %8.1f ms  ratio %.4f  cpu %5.1f ms  cpu/wall %.4f\n", kind.Name,
-                kind.PausesMs, Median(wall), Median(wall) / kind.PausesMs, Median(cpu),
-                Median(cpu) / Median(wall));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc < 3) {
-        std::fprintf(stderr, "usage: bench_get BIN FOLDER [RUNS]\n");
+        std::fprintf(stderr, "usage: bench_transfer BIN FOLDER [RUNS]\n");
         return 1;
     }
     for (const Kind& kind : kKinds) Measure(argv[1], argv[2], kind, argc > 3 ? std::atoi(argv[3]) : 3);

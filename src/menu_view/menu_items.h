@@ -1,0 +1,84 @@
+// The items of the meter's menu in the order in which its panel steps through them: one table, a row an item,
+// to be held beside the meter's manual.
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "menu_view/menu_cells.h"
+#include "menu_view/menu_facts.h"
+#include "meter/setup_image.h"
+
+namespace counter {
+
+// Where the decimal point of a value comes from.
+enum class MenuPoint {
+    Code1,
+    Code3,
+    Code6,  // also of what ignores it
+    DecPt1,
+    Item2,  // of scaling group 2
+    Alarm1,
+    Alarm2,
+    Alarm3,
+    Alarm4,
+    Analog1,
+    Analog2,
+};
+
+enum class ValueForm {
+    Plain,
+    BlanksInFront,  // two, which bring five digits to the right
+    BlanksBehind,   // two, which bring them to the left
+    Clock,          // hours, minutes, seconds where the meter shows a clock
+};
+
+// A value of the image: type code of the menu's form (10 and above), position, point.
+struct MenuValue {
+    int Type = 0;
+    int Pos = 0;
+    MenuPoint Point = MenuPoint::Code1;
+    ValueForm Form = ValueForm::Plain;
+};
+
+// Bits hi..lo of the byte at a position; position 0 is a blank digit.
+struct MenuBits {
+    int Pos = 0;
+    int HiBit = 0;
+    int LoBit = 0;
+};
+
+// How an item's cells are made.
+enum class MenuCellsBy { Value, Points, Text, Multiplier, Digits };
+
+struct MenuItem {
+    int Order = 0;          // 1..49
+    std::string_view Name;  // as the panel spells it
+    int Code = 0;           // which help it has; two pairs of items share one, which is meant so
+    int Kind = 0;           // 0 to 4 values by how they are entered, 5 texts, 6 digits
+    MenuCellsBy By = MenuCellsBy::Value;
+    bool (*Shown)(const MenuFacts&) = nullptr;
+
+    MenuValue Value;
+    std::array<MenuBits, 6> Digits{};
+    void (*Correct)(const MenuFacts&, MenuDigits&) = nullptr;                    // of digits; may be none
+    std::string (*Text)(const SetupImage&, const MenuFacts&) = nullptr;          // of texts and points
+    std::string_view (*NameEnd)(const SetupImage&, const MenuFacts&) = nullptr;  // may be none
+};
+
+std::span<const MenuItem> MenuItems();
+
+// A setpoint, in the list behind the meter's alarm key.
+struct SetpointItem {
+    std::string_view Name;
+    MenuValue Value;
+    int StatePos;          // byte with the alarm's state
+    int DisabledBit;       // its bit that says that the alarm is disabled
+    int LeastRelayOption;  // boards that have the alarm: 1 any, 2 the one with four relays
+};
+
+std::span<const SetpointItem> SetpointItems();
+
+}  // namespace counter

@@ -1,0 +1,203 @@
+#include "menu_view/menu_view.h"
+
+#include <string>
+
+#include "menu_view/menu_facts.h"
+#include "menu_view/menu_items.h"
+#include "menu_view/menu_mnemonics.h"
+#include "meter/value_codec.h"
+
+namespace counter {
+
+namespace {
+
+// Rows that something stands beside.
+constexpr int kInputCode = 1;
+constexpr int kScale1Code = 13;
+constexpr int kScale2Code = 19;
+constexpr int kCalibrationCode = 43;
+
+constexpr std::array<std::string_view, 4> kInputOptions = {" None", " Dual Signal Conditioner",
+                                                           " V-to-F Converter", " Quadrature"};
+
+ShortText<12> NameOf(std::string_view name, std::string_view end = {}) {
+    ShortText<12> text(" ");
+    text.Append(name);
+    text.Append(end);
+    return text;
+}
+
+MenuRow HeaderRow(std::string_view name) {
+    return {name, {"S", "1", "2", "3", "4", "5", "6"}};
+}
+
+int PointOf(const MenuFacts& facts, MenuPoint point) {
+    switch (point) {
+        case MenuPoint::Code1:
+            return 1;
+        case MenuPoint::Code3:
+            return 3;
+        case MenuPoint::Code6:
+            return 6;
+        case MenuPoint::DecPt1:
+            return facts.Values.DecPt1;
+        case MenuPoint::Item2:
+            return facts.Item2Dp;
+        case MenuPoint::Alarm1:
+            return facts.AlarmPoints[0];
+        case MenuPoint::Alarm2:
+            return facts.AlarmPoints[1];
+        case MenuPoint::Alarm3:
+            return facts.AlarmPoints[2];
+        case MenuPoint::Alarm4:
+            return facts.AlarmPoints[3];
+        case MenuPoint::Analog1:
+            return facts.AnalogPoints[0];
+        case MenuPoint::Analog2:
+            return facts.AnalogPoints[1];
+    }
+    return 1;
+}
+
+std::string TextOf(const SetupImage& image, const MenuFacts& facts, const MenuValue& value, bool clock) {
+    ValueContext context{facts.Values.InputOption, facts.Values.ModeIndex, clock ? 2 : 0};
+    return ValueText(image, context, value.Type, value.Pos, PointOf(facts, value.Point));
+}
+
+bool ShowsClock(const MenuFacts& facts) {
+    return facts.Values.ClockMode == 5;
+}
+
+MenuCells ValueCells(const SetupImage& image, const MenuFacts& facts, const MenuValue& value) {
+    bool clock = value.Form == ValueForm::Clock;
+    std::string text = TextOf(image, facts, value, clock && ShowsClock(facts));
+    if (value.Form == ValueForm::BlanksInFront) text.insert(0, "  ");
+    if (value.Form == ValueForm::BlanksBehind) text.append("  ");
+    // Any Mode with a clock display has its points, not only a stopwatch whose value is one.
+    bool clockPoints = clock && facts.Values.DisplayType == 5;
+    return CellsOfValue(text, clockPoints ? CellPoints::Clock : CellPoints::Inside);
+}
+
+MenuCells DigitRowCells(const SetupImage& image, const MenuFacts& facts, const MenuItem& item) {
+    MenuDigits digits;
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        const MenuBits& bits = item.Digits[i];
+        digits[i] = bits.Pos == 0 ? kBlankDigit : BitsGet(image, bits.HiBit, bits.LoBit, bits.Pos);
+    }
+    if (item.Correct != nullptr) item.Correct(facts, digits);
+    return CellsOfDigits(digits);
+}
+
+MenuCells CellsOf(const SetupImage& image, const MenuFacts& facts, const MenuItem& item) {
+    switch (item.By) {
+        case MenuCellsBy::Value:
+            return ValueCells(image, facts, item.Value);
+        case MenuCellsBy::Digits:
+            return DigitRowCells(image, facts, item);
+        case MenuCellsBy::Text:
+            return CellsOfText(item.Text(image, facts));
+        case MenuCellsBy::Points:
+            return CellsOfValue(item.Text(image, facts), CellPoints::Last);
+        case MenuCellsBy::Multiplier:
+            return WithBlankSign(DigitCellsOfMultiplier(item.Text(image, facts)));
+    }
+    return {};
+}
+
+DigitCells MultiplierCells(const SetupImage& image, int hiBit, int loBit) {
+    return DigitCellsOfMultiplier(EntryOrBlank(kMultipliers, BitsGet(image, hiBit, loBit, 165)));
+}
+
+// What stands beside a row that has just been added.
+void PlaceBeside(MenuView& view, int code, const SetupImage& image, const MenuFacts& facts) {
+    int row = view.MenuRowCount;
+    if (code == kInputCode) {
+        view.InputPlace.Row = row;
+        view.grdInput = DigitCellsOfText(FunctionMnemonic(facts.Mode(), facts.Function()));
+    } else if (code == kScale1Code) {
+        view.Scale1Place.Row = row;
+        view.grdScale1 = MultiplierCells(image, 3, 0);
+    } else if (code == kScale2Code) {
+        view.Scale2Place.Row = row;
+        view.grdScale2 = MultiplierCells(image, 7, 4);
+    } else if (code == kCalibrationCode) {
+        view.NoChangePlace.Row = row;
+    }
+}
+
+void AddMenuRow(MenuView& view, const SetupImage& image, const MenuFacts& facts, const MenuItem& item) {
+    auto row = static_cast<std::size_t>(++view.MenuRowCount);
+    std::string_view end = item.NameEnd == nullptr ? "" : item.NameEnd(image, facts);
+    view.grdMain[row] = {NameOf(item.Name, end), CellsOf(image, facts, item)};
+    view.MenuRowCodes[row] = static_cast<std::int16_t>(item.Code);
+    PlaceBeside(view, item.Code, image, facts);
+}
+
+// A disabled alarm has no setpoint behind the alarm key. State 3, which no list offers, counts as disabled.
+bool HasSetpoint(const SetupImage& image, const MenuFacts& facts, const SetpointItem& item) {
+    return facts.Values.RelayOption >= item.LeastRelayOption &&
+           BitsGet(image, item.DisabledBit, item.DisabledBit, item.StatePos) == 0;
+}
+
+void AddSetpoints(MenuView& view, const SetupImage& image, const MenuFacts& facts) {
+    view.SetPtHeight = facts.Values.RelayOption == 2 ? 4 : 2;
+    for (const SetpointItem& item : SetpointItems()) {
+        if (!HasSetpoint(image, facts, item)) continue;
+        auto row = static_cast<std::size_t>(++view.SetPtRowCount);
+        std::string text = TextOf(image, facts, item.Value, ShowsClock(facts));
+        view.grdSetPt[row] = {NameOf(item.Name), CellsOfSetpoint(text)};
+    }
+}
+
+void Follow(Overlay& overlay, int firstVisibleRow) {
+    constexpr int kRowHeight = 270;
+    constexpr int kFirstRowTop = 440;
+    overlay.Visible = overlay.Row > 0 && overlay.Row >= firstVisibleRow;
+    overlay.Top = (overlay.Row - firstVisibleRow) * kRowHeight + kFirstRowTop;
+}
+
+}  // namespace
+
+void MenuView::ScrollTo(int firstVisibleRow) {
+    FirstVisibleRow = firstVisibleRow;
+    for (Overlay* overlay : {&InputPlace, &Scale1Place, &Scale2Place, &NoChangePlace}) {
+        Follow(*overlay, firstVisibleRow);
+    }
+}
+
+int MenuView::HelpIdOfRow(int row, PointerEvent event) const {
+    if (row < 1 || row > MenuRowCount) return 0;
+    return MenuHelpId(MenuRowCodes[static_cast<std::size_t>(row)], event, AnalogOption, ProtocolCode);
+}
+
+MenuView BuildMenuView(SetupImage& image, const MeterIdentity& meter, const DerivedValues& shared) {
+    const MenuFacts facts = ReadMenuFacts(image, meter, shared);
+    MenuView view;
+    view.AnalogOption = facts.Values.AnalogOption;
+    view.ProtocolCode = facts.Values.ProtocolCode;
+    view.lblSigCond = EntryOrBlank(kInputOptions, facts.Values.InputOption);
+    view.grdMain[0] = HeaderRow("    Dig. No.");
+    for (const MenuItem& item : MenuItems()) {
+        if (item.Shown(facts)) AddMenuRow(view, image, facts, item);
+    }
+    view.grdSetPt[0] = HeaderRow(" ALARM KEY  ");
+    AddSetpoints(view, image, facts);
+    view.ScrollTo(1);
+    return view;
+}
+
+int MenuHelpId(int code, PointerEvent event, int analogOption, int protocolCode) {
+    // Codes 49 to 52 belong to no row today; their help would stand apart, on the primary event alone.
+    bool apart = event == PointerEvent::Primary && code >= 49 && code <= 52;
+    int number = code + (apart ? 2093 : 2200);
+    if (analogOption == 4 && code >= 37) number -= 2;  // the second output has the help of the first
+    if (protocolCode == 0 && code >= 43) number += 1;
+    return number;
+}
+
+MenuRow Row41(const SetupImage& image) {
+    std::string number = "00" + std::to_string(ByteGet(image, 111));
+    return {NameOf("Addr"), CellsOfValue("    " + number.substr(number.size() - 3), CellPoints::Inside)};
+}
+
+}  // namespace counter
