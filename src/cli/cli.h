@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/cli_world.h"
+#include "meter/setup_image.h"
 
 namespace counter {
 
@@ -33,6 +34,12 @@ int DiffCommand(const CommandCall& call);
 int GetCommand(const CommandCall& call);
 int PutCommand(const CommandCall& call);
 int VerifyCommand(const CommandCall& call);
+int EditCommand(const CommandCall& call);
+
+// show --as menu. The image keeps what building the menu repairs.
+int ShowMenu(const CommandCall& call, SetupImage& image);
+// show --as setup. What opening the Setup view repairs is shown and not kept.
+int ShowSetup(const CommandCall& call, const SetupImage& image);
 
 // Of a command that later work brings: says so, status 1.
 int NotThereYet(const CommandCall& call);

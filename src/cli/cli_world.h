@@ -2,8 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <iostream>
 #include <memory>
-#include <ostream>
 #include <string>
 
 #include "platform/files.h"
@@ -28,6 +28,7 @@ struct CliWorld {
     Files& Store;
     std::function<std::string()> DefaultFolder;
     std::function<std::unique_ptr<Machine>(const std::string& programFolder)> MakeMachine;
+    std::istream& In = std::cin;
 };
 
 // Exit statuses of counterctl.

@@ -72,11 +72,14 @@ int DefaultCommand(const CommandCall& call) {
 int ShowCommand(const CommandCall& call) {
     const auto as = call.Options.find("--as");
     const std::string form = as == call.Options.end() ? "fields" : as->second;
-    if (form == "menu" || form == "setup") return NotThereYet(call);
-    if (form != "fields") return RefuseCall(call, "--as is fields, menu or setup");
+    if (form != "fields" && form != "menu" && form != "setup") {
+        return RefuseCall(call, "--as is fields, menu or setup");
+    }
     SetupImage image;
     const Status status = LoadSetupFile(call.World.Store, call.Words[0], image);
-    return status.Ok() ? ShowFields(call, image) : RefuseStatus(call, status);
+    if (!status.Ok()) return RefuseStatus(call, status);
+    if (form == "setup") return ShowSetup(call, image);
+    return form == "menu" ? ShowMenu(call, image) : ShowFields(call, image);
 }
 
 int DiffCommand(const CommandCall& call) {

@@ -1,0 +1,41 @@
+#include "cli/offline_session.h"
+
+#include "link/read_settings.h"
+
+namespace counter {
+
+void JumpingPump::RunEvents(double deadlineMs) {
+    if (OnTurn) OnTurn();
+    // Nothing can arrive, so a wait without end would never end.
+    if (deadlineMs == kForever) EndProcess(kLinkFailed);
+    nowMs_ = deadlineMs;
+}
+
+OfflineSession::OfflineSession(const CommandCall& call)
+    : dialogs_(call.World.Err),
+      files_(call.World.Store),
+      session_(pump_, port_, dialogs_, {files_, call.Folder}) {}
+
+void OfflineSession::Begin(const SetupImage& image) {
+    session_.Image = image;
+    std::string text;
+    if (session_.Folder.Store.Read(session_.Folder.At(kSettingsFile), text).Ok()) {
+        // Whether the port could be opened, and at what speed, is of no concern: none is meant.
+        ReadSettings(session_.Settled);
+    } else {
+        TakeIdentityOfImage();
+        if (session_.Identity.MeterType == 7) session_.Identity.NoPanelModel = 1;
+    }
+}
+
+void OfflineSession::ImageIsFromMeter() {
+    session_.Identity.SetupFromMeter = 1;
+    TakeIdentityOfImage();
+}
+
+void OfflineSession::TakeIdentityOfImage() {
+    session_.Identity.MeterType = ByteGet(session_.Image, 235);
+    session_.Identity.FirmwareVersion = ByteGet(session_.Image, 233);
+}
+
+}  // namespace counter

@@ -1,0 +1,221 @@
+#include "cli/setup_run.h"
+
+#include <algorithm>
+
+#include "meter/text.h"
+
+namespace counter {
+
+namespace {
+
+constexpr char kEnterKey = 13;
+
+std::string Label(const ScriptAction& action) {
+    return ControlLabel(action.Control, action.Index);
+}
+
+// What a verb can be done to; empty where `control` is of that kind.
+std::string_view WrongKind(const Control& control, ScriptVerb verb) {
+    const ControlKind kind = control.Kind;
+    switch (verb) {
+        case ScriptVerb::Select:
+            return kind == ControlKind::List ? "" : "is not a list";
+        case ScriptVerb::Check:
+            return kind == ControlKind::Check ? "" : "is not a check box";
+        case ScriptVerb::Click:
+            return kind == ControlKind::Button || kind == ControlKind::Option
+                       ? ""
+                       : "is not a button or option button";
+        default:
+            return kind == ControlKind::Value ? "" : "is not a value field";
+    }
+}
+
+std::string Refused(const Control& control, Refusal refusal) {
+    if (refusal == Refusal::None) return {};
+    return control.FullName() + " " + std::string(RefusalText(refusal));
+}
+
+// The entry that equals the text, blanks at both ends ignored, or -1.
+int EntryOf(const Control& list, std::string_view text) {
+    const auto found = std::find_if(list.Entries.begin(), list.Entries.end(),
+                                    [text](std::string_view entry) { return Trimmed(entry) == text; });
+    return found == list.Entries.end() ? -1 : static_cast<int>(found - list.Entries.begin());
+}
+
+int EntryOf(const Control& list, const ScriptAction& action) {
+    if (action.Number >= 0) return action.Number;
+    for (const std::string& text : TextCandidates(action.Text)) {
+        if (const int index = EntryOf(list, text); index >= 0) return index;
+    }
+    return -1;
+}
+
+std::string NoEntry(const Control& list, const ScriptAction& action) {
+    std::string text = list.FullName() + " has no entry ";
+    text += action.Number >= 0 ? "#" + std::to_string(action.Number) : "'" + action.Text + "'";
+    text += "; entries are";
+    int index = 0;
+    for (const std::string_view entry : list.Entries) {
+        text += " #" + std::to_string(index++) + " '" + std::string(Trimmed(entry)) + "'";
+    }
+    return text;
+}
+
+void TypeKeys(DigitEntry& entry, const std::string& keys) {
+    for (const char key : keys) {
+        if (key == '<') {
+            entry.LeftArrow();
+        } else if (key == '>') {
+            entry.RightArrow();
+        } else {
+            entry.Key(key == '~' ? kEnterKey : key);
+        }
+    }
+}
+
+}  // namespace
+
+SetupRun::SetupRun(const CommandCall& call, const SetupImage& image, bool fromMeter)
+    : offline_(call),
+      view_(offline_.Program()),
+      entry_({offline_.Program().Views, offline_.Program().Image, offline_.Program().Derived,
+              offline_.Program().Line}) {
+    try {
+        offline_.Begin(image);
+    } catch (const ProgramEnded&) {
+        ended_ = true;
+    }
+    if (fromMeter) offline_.ImageIsFromMeter();
+    view_.Controls.OnlyPageOnShow = false;
+    view_.OpenDigitEntry = [this] {
+        entry_.OpenDigitEntry();
+        entryOpened_ = true;
+    };
+    view_.ShowMainMenu = [this] { left_ = true; };
+    readButton_ = view_.Controls.Find("cmdRead");
+    offline_.Waits().OnTurn = [this] { RunDuringReadLoop(); };
+}
+
+void SetupRun::Open() {
+    if (ended_) return;
+    try {
+        view_.Load();
+        view_.Activate();
+    } catch (const ProgramEnded&) {
+        ended_ = true;
+    }
+}
+
+std::string SetupRun::RunScript(std::string_view script) {
+    rest_ = script;
+    line_ = 0;
+    try {
+        while (Step()) {
+        }
+    } catch (const ProgramEnded&) {
+        ended_ = !scriptOver_;
+        if (ended_) Step();  // any further action is refused
+    }
+    return wrong_;
+}
+
+// The Read loop runs until its button is pressed again, so the actions behind its start run within it, one in
+// each turn of its waits. Where the script ends first, so does the program.
+void SetupRun::RunDuringReadLoop() {
+    const bool reading = readButton_ != nullptr && readButton_->Caption == "Stop";
+    if (!reading || actsInLoop_) return;
+    actsInLoop_ = true;
+    const bool more = Step();
+    actsInLoop_ = false;
+    if (more) return;
+    scriptOver_ = true;
+    offline_.Waits().EndProcess(kDone);
+}
+
+// Runs the next action. False at the end and behind an action that was refused.
+bool SetupRun::Step() {
+    while (wrong_.empty() && !rest_.empty()) {
+        ScriptAction action;
+        const std::string line = TakeLine();
+        wrong_ = ParseScriptLine(line, action);
+        if (wrong_.empty() && action.Verb == ScriptVerb::None) continue;
+        const int number = line_;
+        if (wrong_.empty()) wrong_ = Run(action);
+        if (!wrong_.empty()) wrong_ = "line " + std::to_string(number) + ": " + wrong_;
+        return wrong_.empty();
+    }
+    return false;
+}
+
+std::string SetupRun::TakeLine() {
+    const std::size_t end = std::min(rest_.find('\n'), rest_.size());
+    const std::string line(rest_.substr(0, end));
+    rest_.remove_prefix(std::min(end + 1, rest_.size()));
+    ++line_;
+    return line;
+}
+
+std::string SetupRun::Run(const ScriptAction& action) {
+    if (ended_) return "the program has ended";
+    if (left_) return "the Setup view was left for the main menu";
+    if (action.Verb == ScriptVerb::Tab) return ComeToTab(action.Number);
+    Control* control = view_.Controls.Find(action.Control, action.Index);
+    if (control == nullptr) return NoControl(action);
+    const std::string_view wrongKind = WrongKind(*control, action.Verb);
+    if (!wrongKind.empty()) return Label(action) + " " + std::string(wrongKind);
+    return ActOn(*control, action);
+}
+
+std::string SetupRun::ComeToTab(int tab) {
+    const Refusal refusal = view_.Controls.ComeToTab(tab);
+    if (refusal == Refusal::None) return {};
+    return "tab " + std::to_string(tab) +
+           (refusal == Refusal::NoSuchEntry ? " does not exist" : " is not offered");
+}
+
+std::string SetupRun::ActOn(Control& control, const ScriptAction& action) {
+    switch (action.Verb) {
+        case ScriptVerb::Select:
+            return Select(control, action);
+        case ScriptVerb::Check:
+            return Refused(control, view_.Controls.Check(control, action.Number));
+        case ScriptVerb::Click:
+            return Refused(control, view_.Controls.Click(control));
+        default:
+            return TypeInto(control, action);
+    }
+}
+
+std::string SetupRun::Select(Control& list, const ScriptAction& action) {
+    const Refusal reach = view_.Controls.Reach(list);
+    if (reach != Refusal::None) return Refused(list, reach);
+    const int index = EntryOf(list, action);
+    const Refusal refusal = view_.Controls.Select(list, index);
+    return refusal == Refusal::NoSuchEntry ? NoEntry(list, action) : Refused(list, refusal);
+}
+
+std::string SetupRun::TypeInto(Control& value, const ScriptAction& action) {
+    entryOpened_ = false;
+    const Refusal refusal = view_.Controls.Click(value);
+    if (refusal != Refusal::None) return Refused(value, refusal);
+    if (!entryOpened_) return value.FullName() + " opens no digit entry";
+    TypeKeys(entry_, action.Text);
+    if (action.Verb == ScriptVerb::Enter) entry_.Ok();
+    // A byte of 256 or more keeps the dialog up.
+    if (entry_.Shown()) entry_.Cancel();
+    view_.EntryClosed();
+    return {};
+}
+
+// Which indexes there are helps whoever left one out.
+std::string SetupRun::NoControl(const ScriptAction& action) {
+    std::string elements;
+    for (const Control& control : view_.Controls) {
+        if (control.Name == action.Control) elements += " " + control.FullName();
+    }
+    std::string text = "no control '" + Label(action) + "'";
+    return elements.empty() ? text : text + "; there is" + elements;
+}
+
+}  // namespace counter
