@@ -35,8 +35,12 @@ ctl get "$home/first.CT2"
 say "Show it as fields"
 ctl show "$home/first.CT2"
 
-say "Change a field in a copy: Setpoint 1 becomes 12345"
-sed 's/^\(.\{54\}\)....../\1003039/' "$home/first.CT2" >"$home/changed.CT2"
+say "Show it as the meter's own front-panel menu"
+ctl show "$home/first.CT2" --as menu
+
+say "Change a value in the Setup view, from a script: Setpoint 1 becomes 12345"
+echo 'enter txtSetpt[1] +012345' >"$home/change.txt"
+ctl edit "$home/first.CT2" --script "$home/change.txt" --out "$home/changed.CT2"
 ctl diff "$home/first.CT2" "$home/changed.CT2" || [ $? -eq 4 ]
 
 say "Write it into the meter, with a backup of what was there, and read it back"

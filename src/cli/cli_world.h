@@ -1,6 +1,7 @@
 // What counterctl needs of the world: streams, files and, for the commands that talk, a machine with ports.
 #pragma once
 
+#include <cstdlib>
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -29,6 +30,8 @@ struct CliWorld {
     std::function<std::string()> DefaultFolder;
     std::function<std::unique_ptr<Machine>(const std::string& programFolder)> MakeMachine;
     std::istream& In = std::cin;
+    // Ends the process with what was written so far and does not return; the one of tests unwinds.
+    std::function<void(int status)> Exit = std::_Exit;
 };
 
 // Exit statuses of counterctl.

@@ -24,18 +24,10 @@ std::string OutPath(const CommandCall& call) {
     return path == call.Options.end() ? call.Words[0] : path->second;
 }
 
-}  // namespace
-
-int EditCommand(const CommandCall& call) {
-    SetupImage image;
-    std::string script;
-    if (Status status = LoadSetupFile(call.World.Store, call.Words[0], image); !status.Ok())
-        return RefuseStatus(call, status);
-    if (Status status = ReadScript(call, script); !status.Ok()) return RefuseStatus(call, status);
-    SetupRun run(call, image, call.Has("--from-meter"));
-    run.Open();
-    if (const std::string wrong = run.RunScript(script); !wrong.empty()) return RefuseCall(call, wrong);
-    // A program that a message ended has no setup to keep: its view was never whole.
+// A refused script writes nothing. A program that a message ended has no setup to keep: its view was never
+// whole.
+int FinishEdit(const CommandCall& call, SetupRun& run) {
+    if (!run.Wrong().empty()) return RefuseCall(call, run.Wrong());
     if (!run.Ended()) {
         if (Status status = SaveSetupFile(call.World.Store, OutPath(call), run.Program().Image); !status.Ok())
             return RefuseStatus(call, status);
@@ -45,15 +37,30 @@ int EditCommand(const CommandCall& call) {
     return kDone;
 }
 
-int ShowSetup(const CommandCall& call, const SetupImage& image) {
-    SetupRun run(call, image, false);
-    run.Open();
+int FinishShow(const CommandCall& call, SetupRun& run) {
     if (call.Json) {
         WriteJson(call, SetupJson(run));
     } else {
         call.World.Out << SetupText(run);
     }
     return kDone;
+}
+
+}  // namespace
+
+int EditCommand(const CommandCall& call) {
+    SetupImage image;
+    std::string script;
+    if (Status status = LoadSetupFile(call.World.Store, call.Words[0], image); !status.Ok())
+        return RefuseStatus(call, status);
+    if (Status status = ReadScript(call, script); !status.Ok()) return RefuseStatus(call, status);
+    SetupRun run(call, [&call](SetupRun& done) { return FinishEdit(call, done); });
+    return run.Execute(image, call.Has("--from-meter"), script);
+}
+
+int ShowSetup(const CommandCall& call, const SetupImage& image) {
+    SetupRun run(call, [&call](SetupRun& done) { return FinishShow(call, done); });
+    return run.Execute(image, false, "");
 }
 
 }  // namespace counter

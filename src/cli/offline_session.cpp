@@ -1,5 +1,7 @@
 #include "cli/offline_session.h"
 
+#include <cstdlib>
+
 #include "link/read_settings.h"
 
 namespace counter {
@@ -9,6 +11,11 @@ void JumpingPump::RunEvents(double deadlineMs) {
     // Nothing can arrive, so a wait without end would never end.
     if (deadlineMs == kForever) EndProcess(kLinkFailed);
     nowMs_ = deadlineMs;
+}
+
+void JumpingPump::EndProcess(int status) {
+    if (OnEnd) OnEnd();
+    std::_Exit(status);
 }
 
 OfflineSession::OfflineSession(const CommandCall& call)

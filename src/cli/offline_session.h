@@ -13,18 +13,14 @@
 
 namespace counter {
 
-// What ends a program that has no process of its own to end.
-struct ProgramEnded {
-    int Status = 0;
-};
-
-// A clock that jumps to the deadline of each wait. Ending the process unwinds by ProgramEnded, which the
-// command catches to tell what was there at the end.
+// A clock that jumps to the deadline of each wait.
 class JumpingPump : public Pump {
   public:
     double NowMs() const override { return nowMs_; }
     WallTime LocalTime() const override { return {}; }
-    [[noreturn]] void EndProcess(int status) override { throw ProgramEnded{status}; }
+    // Whoever runs the command tells what was there at the end, and ends the process.
+    [[noreturn]] void EndProcess(int status) override;
+    std::function<void()> OnEnd;  // does not return
 
     // Called in each turn of a wait, before the clock jumps; may be empty.
     std::function<void()> OnTurn;

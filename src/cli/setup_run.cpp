@@ -1,6 +1,7 @@
 #include "cli/setup_run.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "meter/text.h"
 
@@ -76,17 +77,13 @@ void TypeKeys(DigitEntry& entry, const std::string& keys) {
 
 }  // namespace
 
-SetupRun::SetupRun(const CommandCall& call, const SetupImage& image, bool fromMeter)
-    : offline_(call),
+SetupRun::SetupRun(const CommandCall& call, Finish finish)
+    : call_(call),
+      finish_(std::move(finish)),
+      offline_(call),
       view_(offline_.Program()),
       entry_({offline_.Program().Views, offline_.Program().Image, offline_.Program().Derived,
               offline_.Program().Line}) {
-    try {
-        offline_.Begin(image);
-    } catch (const ProgramEnded&) {
-        ended_ = true;
-    }
-    if (fromMeter) offline_.ImageIsFromMeter();
     view_.Controls.OnlyPageOnShow = false;
     view_.OpenDigitEntry = [this] {
         entry_.OpenDigitEntry();
@@ -95,29 +92,27 @@ SetupRun::SetupRun(const CommandCall& call, const SetupImage& image, bool fromMe
     view_.ShowMainMenu = [this] { left_ = true; };
     readButton_ = view_.Controls.Find("cmdRead");
     offline_.Waits().OnTurn = [this] { RunDuringReadLoop(); };
+    offline_.Waits().OnEnd = [this] { End(); };
 }
 
-void SetupRun::Open() {
-    if (ended_) return;
-    try {
-        view_.Load();
-        view_.Activate();
-    } catch (const ProgramEnded&) {
-        ended_ = true;
-    }
-}
-
-std::string SetupRun::RunScript(std::string_view script) {
+int SetupRun::Execute(const SetupImage& image, bool fromMeter, std::string_view script) {
     rest_ = script;
-    line_ = 0;
-    try {
-        while (Step()) {
-        }
-    } catch (const ProgramEnded&) {
-        ended_ = !scriptOver_;
-        if (ended_) Step();  // any further action is refused
+    offline_.Begin(image);
+    if (fromMeter) offline_.ImageIsFromMeter();
+    view_.Load();
+    view_.Activate();
+    while (Step()) {
     }
-    return wrong_;
+    return finish_(*this);
+}
+
+void SetupRun::End() {
+    ended_ = !scriptOver_;
+    if (ended_) Step();  // any further action is refused
+    const int status = finish_(*this);
+    call_.World.Out.flush();
+    call_.World.Err.flush();
+    call_.World.Exit(status);
 }
 
 // The Read loop runs until its button is pressed again, so the actions behind its start run within it, one in

@@ -1,6 +1,7 @@
 // SetupRun: the Setup view on one setup, without a screen, and a user who acts by a script.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -13,15 +14,18 @@ namespace counter {
 
 class SetupRun {
   public:
-    // With `fromMeter` the image counts as the result of a good Get Setup.
-    SetupRun(const CommandCall& call, const SetupImage& image, bool fromMeter);
+    // What is done with the view at its end. Returns the exit status.
+    using Finish = std::function<int(SetupRun& run)>;
+    SetupRun(const CommandCall& call, Finish finish);
 
-    // Brings the view to the front. A message may end the program.
-    void Open();
-    // Runs the actions of a script. Returns nothing, or the first action that can't be done and why, as
-    // "line 3: txtSetpt[1] is hidden"; no action behind that one is run.
-    std::string RunScript(std::string_view script);
+    // Brings the view to the front, runs the actions of the script and finishes. With `fromMeter` the image
+    // counts as the result of a good Get Setup. A message may end the program: then it finishes at once, and
+    // the process ends with the status.
+    int Execute(const SetupImage& image, bool fromMeter, std::string_view script);
 
+    // The first action that could not be done and why, as "line 3: txtSetpt[1] is hidden"; empty where all
+    // were. No action behind that one is run.
+    const std::string& Wrong() const { return wrong_; }
     SetupView& View() { return view_; }
     Session& Program() { return offline_.Program(); }
     Status WriteHeld() { return offline_.WriteHeld(); }
@@ -30,6 +34,7 @@ class SetupRun {
     bool Ended() const { return ended_; }
 
   private:
+    void End();
     bool Step();
     void RunDuringReadLoop();
     std::string TakeLine();
@@ -41,6 +46,8 @@ class SetupRun {
     std::string TypeInto(Control& value, const ScriptAction& action);
     std::string NoControl(const ScriptAction& action);
 
+    const CommandCall& call_;
+    Finish finish_;
     OfflineSession offline_;
     SetupView view_;
     DigitEntry entry_;

@@ -8,4 +8,8 @@ trap 'rm -rf "$work"' EXIT
 "$bin/counterctl" default "$work/default.CT2"
 echo "counterctl show (A) against an empty QCoreApplication program (B)"
 "$bin/bench_process" 31 "$bin/counterctl" show "$work/default.CT2" -- "$bin/bench_empty_qt"
+for _ in $(seq 500); do printf 'select cboMode Total\nselect cboMode Rate\n'; done >"$work/script"
+echo "counterctl edit with 1,000 actions (A) against an empty QCoreApplication program (B)"
+"$bin/bench_process" 31 "$bin/counterctl" --dir "$work/none" edit "$work/default.CT2" --script "$work/script" \
+    --out "$work/edited.CT2" -- "$bin/bench_empty_qt"
 "$bin/bench_transfer" "$bin" "$work/home"

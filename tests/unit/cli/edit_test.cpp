@@ -9,6 +9,7 @@
 #include "cli/edit_script.h"
 #include "meter/default_setup.h"
 #include "support/memory_files.h"
+#include "support/virtual_pump.h"
 
 namespace counter::test {
 namespace {
@@ -35,10 +36,16 @@ struct EditBench {
             ADD_FAILURE() << "a setup file needs no machine";
             return nullptr;
         };
-        const CliWorld world{out, err, false, Store, home, machine, in};
+        const auto exit = [](int status) { throw ProcessEnded{status}; };
+        const CliWorld world{out, err, false, Store, home, machine, in, exit};
         std::vector<const char*> argv = {"counterctl"};
         for (const std::string& word : words) argv.push_back(word.c_str());
-        const int status = RunCli(world, static_cast<int>(argv.size()), argv.data());
+        int status = -1;
+        try {
+            status = RunCli(world, static_cast<int>(argv.size()), argv.data());
+        } catch (const ProcessEnded& ended) {
+            status = ended.Status;
+        }
         Out = out.str();
         Err = err.str();
         return status;

@@ -44,6 +44,18 @@ TEST(SetupView, HandlersAreDeadWhileARuleWaits) {
     EXPECT_EQ(bench.Seen("@191"), "60");
 }
 
+// Coming to the analog page within the wait refreshes the whole view and ends with live handlers; the lists that
+// the outer rule still fills must not write what they pass through.
+TEST(SetupView, ARefreshWithinAWaitLeavesTheMultipliers) {
+    SetupBench bench;
+    DigitsPut(bench.Image(), 165, "95");
+    DigitsPut(bench.Image(), 155, "02");
+    bench.Open();
+    bench.Bench.Pump.After(5, [&] { bench.Do("tab 5"); });
+    bench.Do("optCoord1[0]");
+    EXPECT_EQ(bench.Seen("@165"), "95");
+}
+
 TEST(SetupView, EveryControlHasANameAndAHelpNumber) {
     SetupBench bench;
     std::set<std::string> names;
