@@ -1,5 +1,6 @@
 #include "menu_view/menu_cells.h"
 
+#include <algorithm>
 #include <string>
 
 #include "meter/text.h"

@@ -5,6 +5,7 @@
 
 #include "meter/derived_values.h"
 #include "meter/meter_identity.h"
+#include "meter/mode_tables.h"
 #include "meter/setup_image.h"
 
 namespace counter {
@@ -18,7 +19,7 @@ struct MenuFacts {
 
     bool Coordinates1 = false;    // scaling group 1 is entered as coordinates
     bool Coordinates2 = false;    // group 2
-    bool CutoffDisabled = false;  //
+    bool CutoffDisabled = false;  // the CutoFF row is left out
     bool CoordHidden = false;     // a curve takes the place of the scaling of item 1
     bool Rd0Flag = false;         // a square root, with its reading at zero input
     int DeviationCode = 0;        // 0..7, of alarms 1 and 2
@@ -31,7 +32,7 @@ struct MenuFacts {
     int Mode() const { return Values.ModeIndex; }
     int Function() const { return Values.FunctionIndex; }
     bool IsPair(int mode, int function) const { return Mode() == mode && Function() == function; }
-    bool IsVfMode() const { return Mode() >= 8 && Mode() <= 10; }
+    bool IsVfMode() const { return counter::IsVfMode(Mode()); }
     bool Combines() const { return Function() >= 11 && Function() <= 14; }  // A with B: + - . /
 
     // The meter shows points at all: a clock has colons in their place.

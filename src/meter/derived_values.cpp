@@ -13,10 +13,6 @@ bool HasName(const DerivedValues& values) {
     return !FunctionName(values.ModeIndex, values.FunctionIndex).empty();
 }
 
-bool IsVfMode(int mode) {
-    return mode >= 8 && mode <= 10;
-}
-
 void NormaliseDualSigCond(DerivedValues& values) {
     if (values.ModeIndex < 0 || values.ModeIndex > 7 || values.ModeIndex == 3) {
         values.ModeIndex = 0;

@@ -203,6 +203,11 @@ constexpr Entry EntryOf(const ModeGrid<Entry>& grid, int mode, int function) {
     return grid[static_cast<std::size_t>(mode)][static_cast<std::size_t>(function)];
 }
 
+// The three Modes of the V-F converter: 4-20 mA, 0-1 mA, 0-10 V.
+constexpr bool IsVfMode(int mode) {
+    return mode >= 8 && mode <= 10;
+}
+
 // The name of a pair; empty where the pair doesn't exist.
 constexpr std::string_view FunctionName(int mode, int function) {
     return EntryOf(FunctionNames, mode, function);

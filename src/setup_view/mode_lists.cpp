@@ -20,10 +20,6 @@ constexpr std::string_view kQuadratureModes[] = {"Quadrature"};
 constexpr int kFirstVfMode = 8;
 constexpr int kQuadratureMode = 12;
 
-bool IsVfMode(int mode) {
-    return mode >= kFirstVfMode && mode <= 10;
-}
-
 Entries ModesOf(const DerivedValues& values) {
     switch (values.InputOption) {
         case 0:

@@ -22,10 +22,6 @@ constexpr GroupFields kGroup1 = {Field::Scale1,   Field::Multiplier1, Field::Off
 constexpr GroupFields kGroup2 = {Field::Scale2,   Field::Multiplier2, Field::Offset2,   Field::LowIn2,
                                  Field::LowRead2, Field::HighIn2,     Field::HighRead2, Field::Group2Form};
 
-bool IsVfMode(int mode) {
-    return mode >= 8 && mode <= 10;
-}
-
 bool IsRateBatch(const DerivedValues& values) {
     return values.ModeIndex == 0 && values.FunctionIndex == 2;
 }

@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "run_line.h"
 #include "support/bench_meter.h"
 
 namespace counter::test {
@@ -54,14 +55,7 @@ struct CliBench {
                              Store,
                              [] { return std::string("home"); },
                              [this](const std::string&) { return MakeMachine(); }};
-        std::vector<const char*> argv = {"counterctl"};
-        for (const std::string& word : words) argv.push_back(word.c_str());
-        int status = -1;
-        try {
-            status = RunCli(world, static_cast<int>(argv.size()), argv.data());
-        } catch (const ProcessEnded& ended) {
-            status = ended.Status;
-        }
+        const int status = RunLine(world, words);
         Out = out.str();
         Err = err.str();
         return status;

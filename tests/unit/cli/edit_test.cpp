@@ -8,6 +8,7 @@
 #include "cli/cli.h"
 #include "cli/edit_script.h"
 #include "meter/default_setup.h"
+#include "run_line.h"
 #include "support/memory_files.h"
 #include "support/virtual_pump.h"
 
@@ -38,14 +39,7 @@ struct EditBench {
         };
         const auto exit = [](int status) { throw ProcessEnded{status}; };
         const CliWorld world{out, err, false, Store, home, machine, in, exit};
-        std::vector<const char*> argv = {"counterctl"};
-        for (const std::string& word : words) argv.push_back(word.c_str());
-        int status = -1;
-        try {
-            status = RunCli(world, static_cast<int>(argv.size()), argv.data());
-        } catch (const ProcessEnded& ended) {
-            status = ended.Status;
-        }
+        const int status = RunLine(world, words);
         Out = out.str();
         Err = err.str();
         return status;

@@ -69,6 +69,11 @@ TEST_F(QtFilesTest, RefusalsNameThePathAndTheBareReason) {
     EXPECT_EQ(Names(), (NameList{"deep", "file"}));
 }
 
+TEST_F(QtFilesTest, AFileWithoutAnEndIsRefused) {
+    std::string content;
+    EXPECT_EQ(files_.Read("/dev/zero", content).Text(), "/dev/zero: File too large");
+}
+
 TEST_F(QtFilesTest, WriteThatFailsHalfwayLeavesTheOldFileAlone) {
     ASSERT_TRUE(files_.Write(folder_.At("a"), "old").Ok());
     rlimit former = {};
