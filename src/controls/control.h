@@ -22,7 +22,10 @@ enum class ControlKind {
     Button,
     Value,  // shows a value; a click opens digit entry, nothing is typed into it
     TabStrip,
-    Picture,  // shows a line of text for a while
+    Picture,   // shows text for a while
+    Menu,      // a menu heading or entry; its container is the heading it stands under
+    Entry,     // a box that a user types into freely
+    Progress,  // shows Value, 0..100
 };
 
 inline constexpr int kSingle = -1;    // Index of a control that is not in an array
@@ -40,12 +43,14 @@ struct Control {
     bool Visible = true;
     bool Enabled = true;
 
-    std::string Text;     // of a value or picture
-    std::string Caption;  // of all others but lists and the tab strip
+    std::string Text;  // of a value, entry or picture
+    // Of all others but lists and the tab strip. In a menu and on a button that has one, "&" stands before
+    // the access key.
+    std::string Caption;
     // Of a list or the tab strip; the texts live as long as the program.
     std::vector<std::string_view> Entries;
     int ListIndex = -1;         // entry that is selected, or the page on show; -1 none
-    int Value = 0;              // of a check box or option, 0 or 1
+    int Value = 0;              // of a check box or option, 0 or 1; of a progress bar, 0..100
     std::vector<bool> Offered;  // of a tab strip: the pages that can be come to
 
     std::optional<Color> TextColor;  // where a rule has set one

@@ -13,7 +13,12 @@ bool HasPlace(const Control& list, int index) {
 
 bool TakesClick(ControlKind kind) {
     return kind == ControlKind::Option || kind == ControlKind::Button || kind == ControlKind::Value ||
-           kind == ControlKind::Label;
+           kind == ControlKind::Label || kind == ControlKind::Menu;
+}
+
+bool TakesFocus(ControlKind kind) {
+    return kind != ControlKind::Frame && kind != ControlKind::Label && kind != ControlKind::Picture &&
+           kind != ControlKind::Menu && kind != ControlKind::Progress;
 }
 
 }  // namespace
@@ -48,6 +53,18 @@ Control& Form::Add(Control control) {
 
 void Form::On(Control& control, Handler handler) {
     handlers_[&control] = std::move(handler);
+}
+
+void Form::OnEnter(Control& control, Handler handler) {
+    enterHandlers_[&control] = std::move(handler);
+}
+
+void Form::OnGotFocus(Control& control, Handler handler) {
+    gotFocusHandlers_[&control] = std::move(handler);
+}
+
+void Form::OnLostFocus(Control& control, Handler handler) {
+    lostFocusHandlers_[&control] = std::move(handler);
 }
 
 Control* Form::Find(std::string_view name, int index) {
@@ -94,6 +111,19 @@ void Form::Fill(Control& list, std::span<const std::string_view> entries) {
 void Form::SetFrameActive(Control& frame, Control& control, bool active) {
     frame.Enabled = control.Enabled = active;
     control.TextColor = active ? ColorBlack : ColorGray;
+}
+
+void Form::SetFocus(Control& control) {
+    MoveFocus(control);
+    if (FocusMoved) FocusMoved(control);
+}
+
+void Form::MoveFocus(Control& control) {
+    if (focused_ == &control) return;
+    Control* before = focused_;
+    focused_ = &control;
+    if (before) RunOf(lostFocusHandlers_, *before);
+    RunOf(gotFocusHandlers_, control);
 }
 
 Refusal Form::Reach(const Control& control) const {
@@ -147,6 +177,31 @@ Refusal Form::ComeToTab(int tab) {
     return Refusal::None;
 }
 
+Refusal Form::Type(Control& entry, const std::string& text) {
+    Refusal refusal = Touch(entry, entry.Kind == ControlKind::Entry);
+    if (refusal != Refusal::None || entry.Text == text) return refusal;
+    entry.Text = text;
+    Run(entry);
+    TellChanged();
+    return Refusal::None;
+}
+
+Refusal Form::Enter(Control& entry) {
+    Refusal refusal = Touch(entry, entry.Kind == ControlKind::Entry);
+    if (refusal != Refusal::None) return refusal;
+    RunOf(enterHandlers_, entry);
+    TellChanged();
+    return Refusal::None;
+}
+
+Refusal Form::Focus(Control& control) {
+    Refusal refusal = Touch(control, TakesFocus(control.Kind));
+    if (refusal != Refusal::None) return refusal;
+    MoveFocus(control);
+    TellChanged();
+    return Refusal::None;
+}
+
 void Form::TellChanged() const {
     if (Changed) Changed();
 }
@@ -158,9 +213,13 @@ Refusal Form::Touch(Control& control, bool rightKind) {
     return refusal;
 }
 
+void Form::RunOf(const Handlers& handlers, Control& control) {
+    auto found = handlers.find(&control);
+    if (found != handlers.end()) found->second(control);
+}
+
 void Form::Run(Control& control) {
-    auto found = handlers_.find(&control);
-    if (found != handlers_.end()) found->second(control);
+    RunOf(handlers_, control);
 }
 
 void Form::RunLive(Control& control) {

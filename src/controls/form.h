@@ -8,12 +8,17 @@
 //   - for a list whose entry is selected, by a rule or by a user, also one that is selected already,
 //   - for a box whose value changes,
 //     both only while handlers are live;
-//   - for an option, button, value or label that a user clicks, always.
+//   - for an option, button, value, label or menu entry that a user clicks, always;
+//   - for an entry whose text a user changes, always.
+//
+// A form knows which of its controls has the focus, where its view has rules about that: what comes to have
+// it and what loses it may have handlers of their own, whoever moved it.
 #pragma once
 
 #include <deque>
 #include <functional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 
@@ -47,6 +52,10 @@ class Form {
     // Controls keep their place in memory and come in the order in which they were added.
     Control& Add(Control control);
     void On(Control& control, Handler handler);
+    // Enter pressed in an entry; the control comes to have the focus; it loses it.
+    void OnEnter(Control& control, Handler handler);
+    void OnGotFocus(Control& control, Handler handler);
+    void OnLostFocus(Control& control, Handler handler);
     // The strip that names the pages; without one all pages can be reached.
     void SetTabStrip(Control& strip) { strip_ = &strip; }
 
@@ -69,12 +78,24 @@ class Form {
     static void Fill(Control& list, std::span<const std::string_view> entries);
     // Both are shown enabled or disabled, and the list's text black or gray.
     static void SetFrameActive(Control& frame, Control& control, bool active);
+    // Moves the focus; one that has it already stays as it is and runs nothing.
+    void SetFocus(Control& control);
+    // Null: none, as when the view opens.
+    Control* Focused() const { return focused_; }
+    // Nothing has the focus any more; runs nothing.
+    void DropFocus() { focused_ = nullptr; }
 
     // For users. Refusal::None: done.
     Refusal Select(Control& list, int index);
     Refusal Check(Control& box, int value);
     Refusal Click(Control& control);
     Refusal ComeToTab(int tab);
+    // An entry's text is now this; a text that is the same runs nothing.
+    Refusal Type(Control& entry, const std::string& text);
+    // The Enter key in an entry.
+    Refusal Enter(Control& entry);
+    // A click or the Tab key brings the focus.
+    Refusal Focus(Control& control);
     // Whether a user could act on it now.
     Refusal Reach(const Control& control) const;
 
@@ -87,8 +108,13 @@ class Form {
     // Told when something may have to be drawn again; may be empty.
     std::function<void()> Changed;
     void TellChanged() const;
+    // Told where a rule moved the focus; may be empty.
+    std::function<void(const Control&)> FocusMoved;
 
   private:
+    using Handlers = std::unordered_map<const Control*, Handler>;
+    static void RunOf(const Handlers& handlers, Control& control);
+    void MoveFocus(Control& control);
     void Run(Control& control);
     void RunLive(Control& control);
     Refusal Touch(Control& control, bool rightKind);
@@ -96,7 +122,8 @@ class Form {
     const int& handlersLive_;
     Control* strip_ = nullptr;
     std::deque<Control> controls_;
-    std::unordered_map<const Control*, Handler> handlers_;
+    Control* focused_ = nullptr;
+    Handlers handlers_, enterHandlers_, gotFocusHandlers_, lostFocusHandlers_;
 };
 
 }  // namespace counter

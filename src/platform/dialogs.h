@@ -1,4 +1,4 @@
-// Dialogs: what must stop the user.
+// Dialogs: what must stop the user, and what asks.
 #pragma once
 
 #include <string>
@@ -13,11 +13,24 @@ struct Message {
     BoxIcon Icon = BoxIcon::None;
 };
 
+struct FileQuestion {
+    std::string Title;
+    std::string Filter;  // "Setup files (*.CT2)|*.CT2": what the user reads, then the pattern
+};
+
+// Where nobody sits at a screen, questions are cancelled and a beep is silent.
 class Dialogs {
   public:
     virtual ~Dialogs() = default;
     // Shows a message box and returns when the user has closed it.
     virtual void Show(const Message& message) = 0;
+    // A box with OK and Cancel; true for OK.
+    virtual bool Confirm(const Message&) { return false; }
+    // The path that the user chose; empty where the dialog was cancelled. An existing file is replaced
+    // without a question.
+    virtual std::string AskOpenFile(const FileQuestion&) { return {}; }
+    virtual std::string AskSaveFile(const FileQuestion&) { return {}; }
+    virtual void Beep() {}
 };
 
 }  // namespace counter

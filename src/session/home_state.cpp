@@ -27,4 +27,9 @@ void HomeState::ShowProgress(bool visible) {
     Tell(*this);
 }
 
+void HomeState::ShowHourglass(bool shown) {
+    Hourglass = shown;
+    Tell(*this);
+}
+
 }  // namespace counter

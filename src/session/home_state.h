@@ -30,6 +30,7 @@ struct HomeState {
     void ShowStatus(const std::string& text, Color color);
     void ProgressTo(int percent);
     void ShowProgress(bool visible);
+    void ShowHourglass(bool shown);
 };
 
 }  // namespace counter

@@ -53,18 +53,13 @@ void MeterClass::PressClass(Control& button, int extended) {
 }
 
 void MeterClass::WriteClass(int extended) {
-    ShowHourglass(true);
+    Program.Home.ShowHourglass(true);
     View.Buttons.picText.Text = extended ? "Writing EXTENDED meter" : "Writing BASIC meter";
     View.Controls.TellChanged();
     SendClass(extended);
     LinkDelay(Program.Line, kBetweenFramesMs);
     View.Buttons.picText.Text.clear();
-    ShowHourglass(false);
-}
-
-void MeterClass::ShowHourglass(bool shown) {
-    Program.Home.Hourglass = shown;
-    if (Program.Home.Changed) Program.Home.Changed();
+    Program.Home.ShowHourglass(false);
 }
 
 void MeterClass::SendClass(int extended) {

@@ -33,7 +33,6 @@ struct MeterClass : Page {
   private:
     void PressClass(Control& button, int extended);
     void SendClass(int extended);
-    void ShowHourglass(bool shown);
     void SetBaud9600();
 };
 

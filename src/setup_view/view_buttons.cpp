@@ -8,6 +8,7 @@
 #include "link/exchange.h"
 #include "link/waits.h"
 #include "meter/hex_text.h"
+#include "meter/leading_number.h"
 #include "setup_view/setup_view.h"
 
 namespace counter {
@@ -20,14 +21,6 @@ constexpr std::size_t kNumberAt = 8;
 constexpr std::size_t kNumberDigits = 6;
 constexpr int kMostReading = 999999;
 constexpr int kTwoTo24 = 16777216;
-
-// The number that the text begins with, blanks in front allowed; 0 where there is none.
-double LeadingNumber(const std::string& text) {
-    std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return 0;
-    std::size_t end = text.find_first_not_of("+-.0123456789", first);
-    return std::strtod(text.substr(first, end - first).c_str(), nullptr);
-}
 
 }  // namespace
 

@@ -20,7 +20,7 @@ constexpr const char* kRemoteNote =
 constexpr int kRemoteA = 6;  // Display Type
 
 void BeginGet(Session& session) {
-    session.Home.Hourglass = true;
+    session.Home.ShowHourglass(true);
     session.Home.ShowStatus("Getting data from the Counter.", ColorGreen);
     LinkDelay(session.Line, 5);
     session.Home.ProgressPercent = 0;
@@ -72,7 +72,7 @@ void GetSetup(Session& session) {
     }
     if (BitsGet(session.Image, 7, 4, 185) == kRemoteA)
         session.Boxes.Show({"Note:", kRemoteNote, BoxIcon::None});
-    session.Home.Hourglass = false;
+    session.Home.ShowHourglass(false);
 }
 
 }  // namespace counter

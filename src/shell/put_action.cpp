@@ -26,7 +26,7 @@ SetupTransfer TransferOf(Session& session) {
 }
 
 void BeginPut(HomeState& home) {
-    home.Hourglass = true;
+    home.ShowHourglass(true);
     home.ShowStatus("Putting data to the Counter.", ColorGreen);
     home.ProgressPercent = 5;
     home.ShowProgress(true);
@@ -61,7 +61,7 @@ Status Transfer(Session& session) {
 }
 
 Status Finish(Session& session, Status settled) {
-    session.Home.Hourglass = false;
+    session.Home.ShowHourglass(false);
     if (session.LinkData.LinkError != 0) {
         session.Home.ShowStatus("Data transfer unsuccessful. Check connections and try again. (" +
                                     std::to_string(session.LinkData.LinkError) + ")",

@@ -132,5 +132,38 @@ TEST(Form, OneOptionOfAContainerIsSet) {
               (std::array{0, 1, 1}));
 }
 
+TEST(Form, FocusTellsWhatLosesItAndWhatGetsIt) {
+    FormBench bench;
+    std::string story;
+    for (Control* control : {&bench.Box, &bench.Left}) {
+        bench.Controls.OnGotFocus(*control, [&](Control& c) { story += "+" + c.Name; });
+        bench.Controls.OnLostFocus(*control, [&](Control& c) { story += "-" + c.Name; });
+    }
+    EXPECT_EQ(bench.Controls.Focus(bench.Box), Refusal::None);
+    bench.Controls.SetFocus(bench.Left);
+    bench.Controls.SetFocus(bench.Left);
+    EXPECT_EQ(bench.Controls.Focus(bench.List.Frame), Refusal::NoSuchAction);
+    EXPECT_EQ(bench.Controls.Focused(), &bench.Left);
+    EXPECT_EQ(story, "+chkX-chkX+optLeft");
+}
+
+TEST(Form, AnEntryTellsANewTextAndEnter) {
+    FormBench bench;
+    Control& entry = bench.First.Add(ControlKind::Entry, nullptr, "txtX");
+    int entered = 0;
+    bench.Controls.On(entry, [&](Control&) { ++bench.Ran; });
+    bench.Controls.OnEnter(entry, [&](Control&) { ++entered; });
+    EXPECT_EQ(bench.Controls.Type(entry, "5"), Refusal::None);
+    EXPECT_EQ(bench.Controls.Type(entry, "5"), Refusal::None);
+    EXPECT_EQ(bench.Ran, 1) << "the same text is no change";
+    EXPECT_EQ(bench.Controls.Enter(entry), Refusal::None);
+    EXPECT_EQ(entered, 1);
+    EXPECT_EQ(bench.Controls.Type(bench.Box, "5"), Refusal::NoSuchAction);
+    entry.Enabled = false;
+    EXPECT_EQ(bench.Controls.Type(entry, "6"), Refusal::Disabled);
+    EXPECT_EQ(bench.Controls.Enter(entry), Refusal::Disabled);
+    EXPECT_EQ(entry.Text, "5");
+}
+
 }  // namespace
 }  // namespace counter

@@ -1,0 +1,19 @@
+// Printer: a view on paper, as it stands on the screen.
+#pragma once
+
+#include <string>
+
+#include "platform/status.h"
+
+namespace counter {
+
+class Printer {
+  public:
+    virtual ~Printer() = default;
+    // Prints the view on show, or text as one document in a fixed pitch, to the printer or PDF file that the
+    // user chooses; a user who cancels that choice is no failure.
+    virtual Status PrintView() = 0;
+    virtual Status PrintText(const std::string& title, const std::string& text) = 0;
+};
+
+}  // namespace counter

@@ -1,0 +1,50 @@
+#include "meter/leading_number.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace counter {
+namespace {
+
+TEST(LeadingNumber, TakesWhatTheTextBeginsWith) {
+    const struct {
+        const char* Text;
+        double Expected;
+    } cases[] = {
+        {"", 0},
+        {"   ", 0},
+        {"+123.45", 123.45},
+        {" 001234.5\r", 1234.5},
+        {"-  12.5", -12.5},
+        {"1,000", 1},
+        {"1.2.3", 1.2},
+        {"12AB", 12},
+        {"ABC", 0},
+        {"--5", 0},
+        {"-", 0},
+        {".", 0},
+        {".5", 0.5},
+        {"5.", 5},
+        {"2e3", 2000},
+        {"2e", 2},
+        {"inf", 0},
+        {"nan", 0},
+        {"1e999", HUGE_VAL},
+        {"-1e999", -HUGE_VAL},
+        {"1e-999", 0},
+        {"0x10", 0},
+        {"1 000", 1000},
+    };
+    for (const auto& c : cases) EXPECT_EQ(LeadingNumber(c.Text), c.Expected) << "\"" << c.Text << "\"";
+}
+
+TEST(LeadingNumber, HalvesGoToTheEvenNumber) {
+    EXPECT_EQ(RoundHalfEven(0.5), 0);
+    EXPECT_EQ(RoundHalfEven(1.5), 2);
+    EXPECT_EQ(RoundHalfEven(-2.5), -2);
+    EXPECT_EQ(RoundHalfEven(2.51), 3);
+}
+
+}  // namespace
+}  // namespace counter
