@@ -14,12 +14,14 @@ namespace fs = std::filesystem;
 
 // In order of height: a room includes only itself and rooms that stand before it. Rooms that are not listed
 // may be included by nobody.
-const std::vector<std::string> kRooms = {"meter",      "platform",  "settings",    "link",
-                                         "transfer",   "controls",  "digit_entry", "session",
-                                         "setup_view", "menu_view", "shell",       "cli"};
+const std::vector<std::string> kRooms = {"meter",    "platform",    "settings",    "link",       "transfer",
+                                         "controls", "digit_entry", "session",     "setup_view", "menu_view",
+                                         "commands", "readings",    "calibration", "curve",      "help",
+                                         "shell",    "cli"};
 
 // Views stand side by side: none includes another.
-const std::vector<std::string> kViews = {"setup_view", "menu_view"};
+const std::vector<std::string> kViews = {"setup_view",  "menu_view", "commands", "readings",
+                                         "calibration", "curve",     "help"};
 
 struct Include {
     std::string File;  // relative to the source folder
