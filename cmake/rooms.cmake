@@ -10,6 +10,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 takes std::string's own joining and replacing for overlapping copies once it inlines them
   # (its bugs 105329 and 105651); clang and the sanitizers watch over the same lines.
   list(APPEND COUNTER_WARNINGS -Wno-restrict -Wno-maybe-uninitialized)
+  add_compile_options(-fpch-preprocess)  # lets ccache see through precompiled headers
 endif()
 
 # counter_room(NAME FOLDER SOURCES file... [LINKS target...])

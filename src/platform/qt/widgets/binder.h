@@ -1,0 +1,71 @@
+// Binder: one form and the widgets that show it, bound by the controls' names.
+//
+// It listens only to what a user does (activated, clicked, keys), and compares before it sets, so no echo can
+// arise. The form refuses what a user could not reach; the widget then goes back to what the form says.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <unordered_map>
+#include <vector>
+
+#include "controls/form.h"
+
+class QWidget;
+
+namespace counter {
+
+class FieldRow;
+
+class Binder : public QObject {
+  public:
+    explicit Binder(Form& form);
+    ~Binder() override;
+
+    // Makes the widget of a control and binds it.
+    QWidget* Make(Control& control, QWidget* parent);
+    // A frame that only wraps one control, as a row: the frame's caption, then the control, then the labels
+    // that stand in the frame.
+    FieldRow* MakeRow(Control& frame, Control& inner, QWidget* parent);
+    // A group box, for a frame that holds more; its widgets are made with it as parent.
+    QWidget* MakeGroup(Control& frame, QWidget* parent) { return Make(frame, parent); }
+    // A widget that was made elsewhere, of the class that MakeWidget makes for the kind.
+    void Bind(Control& control, QWidget* widget);
+    // A control that a window shows itself (tab strip, menu entry): `show` sets what it shows.
+    void BindSpecial(Control& control, QWidget* widget, std::function<void()> show);
+
+    // Shows what the form says; what is shown already is left alone.
+    void Refresh();
+
+    QWidget* WidgetOf(const Control& control) const;
+    // Controls that no widget shows.
+    std::vector<const Control*> Unbound() const;
+
+    // Told of each action that the form refused; may be empty.
+    std::function<void(const Control&, Refusal)> Refused;
+
+  protected:
+    // Focus coming by a user, clicks on labels, Enter in entries.
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+  private:
+    struct Bound {
+        Control* Of;
+        QWidget* Shown;
+        std::function<void()> Show;  // of a special one
+    };
+
+    void Listen(Control& control, QWidget* widget);
+    void Done(const Control& control, Refusal refusal);
+    void ShowOne(const Bound& bound);
+    void MoveFocus(const Control& control);
+    Control* ControlOf(const QObject* widget) const;
+
+    Form& form_;
+    std::vector<Bound> bound_;
+    std::unordered_map<const QObject*, Control*> byWidget_;
+    std::unordered_map<const Control*, QWidget*> byControl_;
+    bool movingFocus_ = false;
+};
+
+}  // namespace counter

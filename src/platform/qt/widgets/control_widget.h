@@ -1,0 +1,31 @@
+// One renderer for each kind of control: the widget that shows it. What it shows, the Binder sets.
+#pragma once
+
+#include <QLabel>
+#include <QWidget>
+
+#include "controls/control.h"
+
+namespace counter {
+
+// A caption and the field beside it, with whatever stands behind the field.
+class FieldRow : public QWidget {
+  public:
+    FieldRow(QWidget* parent, const std::string& caption);
+    QLabel& Caption() { return *caption_; }
+    void AddField(QWidget* field, int stretch = 0);
+    // Rows that stand below one another have captions and fields of one width.
+    void SetWidths(int caption, int field);
+
+  private:
+    QLabel* caption_;
+    QWidget* field_ = nullptr;
+};
+
+// Widget for a control of any kind but a menu entry or tab strip, which their window makes.
+QWidget* MakeWidget(const Control& control, QWidget* parent);
+
+// "txtSetpt[1]": the object name by which tests and assistive tools find a control's widget.
+QString ObjectName(const Control& control);
+
+}  // namespace counter

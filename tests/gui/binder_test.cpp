@@ -1,0 +1,113 @@
+// Widgets bound to a form: what the user does reaches it, what it refuses goes back, and no echo arises.
+#include "platform/qt/widgets/binder.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QTest>
+#include <QVBoxLayout>
+#include <array>
+
+#include "controls/page_builder.h"
+#include "platform/qt/widgets/control_widget.h"
+
+namespace counter {
+namespace {
+
+constexpr std::array<std::string_view, 3> kEntries = {"one", "two", "three"};
+
+int NoHelp(std::string_view) {
+    return 0;
+}
+
+struct BinderBench {
+    int Live = 1;
+    Form Controls{Live};
+    PageBuilder Build{Controls, kEveryTab, NoHelp};
+    Framed List = Build.Wrap(ControlKind::List, nullptr, "cboX", "&Caption");
+    Control& Box = Build.Add(ControlKind::Check, nullptr, "chkX", "A && B");
+    Control& Button = Build.Add(ControlKind::Button, nullptr, "cmdX", "Go");
+    Control& Text = Build.Add(ControlKind::Entry, nullptr, "txtX");
+    Control& Value = Build.Add(ControlKind::Value, nullptr, "txtV");
+    int Ran = 0;
+    QWidget Window;
+    Binder Bound{Controls};
+    QWidget* Row = Bound.MakeRow(List.Frame, List.Inner, &Window);
+
+    BinderBench() {
+        auto* column = new QVBoxLayout(&Window);
+        column->addWidget(Row);
+        for (Control* control : {&Box, &Button, &Text, &Value})
+            column->addWidget(Bound.Make(*control, &Window));
+        Form::Fill(List.Inner, kEntries);
+        for (Control& control : Controls) Controls.On(control, [this](Control&) { ++Ran; });
+        Controls.TellChanged();
+        Window.show();
+    }
+    template <class Widget>
+    Widget* Of(const Control& control) {
+        return static_cast<Widget*>(Bound.WidgetOf(control));
+    }
+};
+
+TEST(Binder, AUserActsThroughTheForm) {
+    BinderBench bench;
+    auto* list = bench.Of<QComboBox>(bench.List.Inner);
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(bench.List.Inner.ListIndex, 0);
+    QTest::mouseClick(bench.Of<QWidget>(bench.Box), Qt::LeftButton, {}, QPoint(6, 10));
+    EXPECT_EQ(bench.Box.Value, 1);
+    QTest::mouseClick(bench.Of<QWidget>(bench.Button), Qt::LeftButton);
+    QTest::keyClicks(bench.Of<QWidget>(bench.Text), "12");
+    EXPECT_EQ(bench.Text.Text, "12");
+    QTest::keyClick(bench.Of<QWidget>(bench.Value), Qt::Key_Space);
+    QTest::mouseClick(bench.Of<QWidget>(bench.Value), Qt::RightButton);
+    EXPECT_EQ(bench.Ran, 7);
+}
+
+TEST(Binder, ShowingWhatARuleSetIsNoActionOfAUser) {
+    BinderBench bench;
+    bench.Live = 0;
+    bench.Controls.SetIndex(bench.List.Inner, 2);
+    bench.Controls.SetCheck(bench.Box, 1);
+    bench.Text.Text = "rule";
+    bench.Value.Visible = false;
+    bench.Button.Enabled = false;
+    bench.Live = 1;
+    bench.Controls.TellChanged();
+    EXPECT_EQ(bench.Of<QComboBox>(bench.List.Inner)->currentIndex(), 2);
+    EXPECT_TRUE(bench.Of<QWidget>(bench.Value)->isHidden());
+    EXPECT_FALSE(bench.Of<QWidget>(bench.Button)->isEnabled());
+    EXPECT_EQ(bench.Ran, 0);
+}
+
+TEST(Binder, AWheelLeavesAListAlone) {
+    BinderBench bench;
+    auto* list = bench.Of<QComboBox>(bench.List.Inner);
+    list->setFocus();
+    QWheelEvent turn(QPointF(5, 5), list->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), Qt::NoButton, {},
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(list, &turn);
+    EXPECT_EQ(bench.Ran, 0);
+}
+
+TEST(Binder, WhatTheFormRefusesGoesBack) {
+    BinderBench bench;
+    bench.Box.Visible = false;  // and no refresh yet
+    QTest::mouseClick(bench.Of<QWidget>(bench.Box), Qt::LeftButton, {}, QPoint(6, 10));
+    EXPECT_EQ(bench.Box.Value, 0);
+    EXPECT_FALSE(bench.Of<QAbstractButton>(bench.Box)->isChecked());
+    EXPECT_TRUE(bench.Of<QWidget>(bench.Box)->isHidden());
+}
+
+TEST(Binder, EveryWidgetIsNamed) {
+    BinderBench bench;
+    EXPECT_TRUE(bench.Bound.Unbound().empty());
+    EXPECT_EQ(bench.Of<QWidget>(bench.List.Inner)->accessibleName(), "Caption");
+    EXPECT_EQ(bench.Of<QWidget>(bench.List.Inner)->objectName(), "cboX");
+    EXPECT_EQ(static_cast<FieldRow*>(bench.Row)->Caption().buddy(), bench.Of<QWidget>(bench.List.Inner));
+}
+
+}  // namespace
+}  // namespace counter

@@ -1,0 +1,34 @@
+// GuiPump: the virtual clock with the real event loop in it. Events of the widgets run at once; only when
+// none is left does the clock jump to the next thing due.
+#pragma once
+
+#include <QCoreApplication>
+
+#include "support/virtual_pump.h"
+
+namespace counter::test {
+
+class GuiPump : public VirtualPump {
+  public:
+    // Runs the events of the widgets, and whatever they cause at the present time.
+    static void Settle() {
+        for (int turn = 0; turn < 3; ++turn) {
+            QCoreApplication::sendPostedEvents();
+            QCoreApplication::processEvents(QEventLoop::AllEvents);
+        }
+    }
+    // "After 300 ms": the clock goes on by this much, with all that is due in between.
+    void Pass(double ms) {
+        WaitUntil(
+            NowMs() + ms, [] { return false; }, "the test lets time pass");
+    }
+
+  protected:
+    void RunEvents(double deadlineMs) override {
+        Settle();
+        VirtualPump::RunEvents(deadlineMs);
+        Settle();
+    }
+};
+
+}  // namespace counter::test

@@ -1,0 +1,62 @@
+#include "tools/help/help_pairs.h"
+
+namespace help_tool {
+
+namespace {
+
+constexpr int kRecords = 99;
+constexpr std::size_t kRecordBytes = 6;
+constexpr std::size_t kMostLength = 32767;  // two signed bytes
+
+std::string LittleEndian(std::size_t value, int bytes) {
+    std::string text;
+    for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i) & 0xFF);
+    return text;
+}
+
+std::string Record(std::size_t position, std::size_t length) {
+    return LittleEndian(position, 4) + LittleEndian(length, 2);
+}
+
+std::string EmptyIndex() {
+    std::string index;
+    for (int i = 0; i < kRecords; ++i) index += Record(1, 0);
+    return index;
+}
+
+}  // namespace
+
+std::map<int, Pair> MakePairs(const std::vector<Entry>& entries, std::vector<Fault>& faults) {
+    std::map<int, Pair> pairs;
+    std::map<int, const Entry*> owners;
+    for (const Entry& entry : entries) {
+        if (entry.Text.size() > kMostLength) {
+            faults.push_back({entry.File, entry.Line, "a text of more than 32767 characters"});
+            continue;
+        }
+        std::map<int, std::size_t> positions;  // by n: a text stands once in each pair that shows it
+        for (int number : entry.Numbers) {
+            const auto [owner, isNew] = owners.emplace(number, &entry);
+            if (!isNew) {
+                faults.push_back({entry.File, entry.Line,
+                                  std::to_string(number) + " stands already in " + owner->second->File + ":" +
+                                      std::to_string(owner->second->Line)});
+                continue;
+            }
+            Pair& pair = pairs[number / 100];
+            if (pair.Index.empty()) pair.Index = EmptyIndex();
+            const auto [position, isFirst] = positions.emplace(number / 100, pair.Texts.size() + 1);
+            if (isFirst) pair.Texts += entry.Text;
+            const std::size_t record = static_cast<std::size_t>(number % 100 - 1);
+            pair.Index.replace(record * kRecordBytes, kRecordBytes,
+                               Record(position->second, entry.Text.size()));
+        }
+    }
+    return pairs;
+}
+
+std::string PairName(int n) {
+    return (n < 10 ? "Help " : "Help") + std::to_string(n);
+}
+
+}  // namespace help_tool

@@ -1,0 +1,45 @@
+// Help sources: the text files from which the help files are made, as people edit them.
+//
+//   # A comment, outside or inside an entry.
+//   [1101 1102] Title of the entry
+//   A paragraph over one or more lines; *these words* are emphasised, \* is an asterisk.
+//
+//   An empty line ends a paragraph.
+//   - An item begins on a line of its own,
+//     and goes on over as many lines as it likes.
+//
+//   [1138 fixed] Title of a table
+//   Lines that stay as they are, asterisks and all.
+//
+// The title stands above the text, emphasised in all but tables. Characters are printable ASCII; "$" is the
+// mark of emphasis in the files made, so only a table may hold it.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace help_tool {
+
+// What is wrong with a source, and where.
+struct Fault {
+    std::string File;
+    int Line = 0;  // from 1
+    std::string Reason;
+
+    // "FILE:LINE: REASON".
+    std::string Text() const { return File + ":" + std::to_string(Line) + ": " + Reason; }
+};
+
+struct Entry {
+    std::vector<int> Numbers;  // one text may serve several
+    std::string File;
+    int Line = 0;      // of the heading
+    std::string Text;  // as it goes into the text file: CR LF ends lines, "$" switches emphasis
+};
+
+// Appends the entries of one source and what is wrong with it.
+void ReadHelpSource(const std::string& file, std::string_view content, std::vector<Entry>& entries,
+                    std::vector<Fault>& faults);
+
+}  // namespace help_tool
