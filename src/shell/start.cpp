@@ -5,10 +5,10 @@
 namespace counter {
 
 Status Start(Session& session) {
-    if (Status status = ReadSettings(session.Settled); !status.Ok()) return status;
+    const Status status = ReadSettings(session.Settled);
     session.LinkData.CrcTableFixed = HasPublishedCrc(session.Stored.FirmwareVersion);
     session.Image = SetupImage{};
-    return {};
+    return status;
 }
 
 }  // namespace counter

@@ -8,7 +8,7 @@ namespace counter {
 
 // Reads the settings and opens the port that they name; decides once which Modbus check the meter uses, by
 // the version in the settings as they stand now; sets the image to 260 zeros. A file or port that can't be
-// opened is told by the status.
+// opened is told by the status; the session can be worked with all the same.
 Status Start(Session& session);
 
 }  // namespace counter

@@ -1,5 +1,6 @@
 #include "platform/qt/widgets/binder.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
@@ -10,6 +11,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
 
 #include "platform/qt/widgets/colors.h"
 #include "platform/qt/widgets/control_widget.h"
@@ -148,6 +150,15 @@ void Binder::BindSpecial(Control& control, QWidget* widget, std::function<void()
     widget->installEventFilter(this);
 }
 
+void Binder::BindAction(Control& control, QAction* action) {
+    action->setObjectName(ObjectName(control));
+    byWidget_[action] = &control;
+    bound_.push_back({&control, nullptr, [&control, action] {
+                          action->setEnabled(control.Enabled);
+                          action->setVisible(control.Visible);
+                      }});
+}
+
 void Binder::Listen(Control& control, QWidget* widget) {
     Control* const of = &control;
     if (auto* list = qobject_cast<QComboBox*>(widget)) {
@@ -183,6 +194,7 @@ void Binder::ShowOne(const Bound& bound) {
     QWidget* widget = bound.Shown;
     if (bound.Show) {
         bound.Show();
+        if (!widget) return;
     } else {
         ShowValue(control, widget);
         ShowColors(control, widget);
@@ -207,7 +219,9 @@ Control* Binder::ControlOf(const QObject* widget) const {
 std::vector<const Control*> Binder::Unbound() const {
     std::vector<const Control*> list;
     for (const Control& control : form_) {
-        if (!WidgetOf(control)) list.push_back(&control);
+        const bool shown = std::any_of(bound_.begin(), bound_.end(),
+                                       [&control](const Bound& bound) { return bound.Of == &control; });
+        if (!shown) list.push_back(&control);
     }
     return list;
 }

@@ -11,6 +11,7 @@
 
 #include "controls/form.h"
 
+class QAction;
 class QWidget;
 
 namespace counter {
@@ -33,6 +34,8 @@ class Binder : public QObject {
     void Bind(Control& control, QWidget* widget);
     // A control that a window shows itself (tab strip, menu entry): `show` sets what it shows.
     void BindSpecial(Control& control, QWidget* widget, std::function<void()> show);
+    // A menu entry and its action, which takes over its flags.
+    void BindAction(Control& control, QAction* action);
 
     // Shows what the form says; what is shown already is left alone.
     void Refresh();
@@ -51,7 +54,7 @@ class Binder : public QObject {
   private:
     struct Bound {
         Control* Of;
-        QWidget* Shown;
+        QWidget* Shown;              // null: an action
         std::function<void()> Show;  // of a special one
     };
 

@@ -1,0 +1,26 @@
+// StatusStrip: the dark strip at the foot of a view, on which green, red and white texts read well.
+#pragma once
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QWidget>
+
+#include "controls/control.h"
+
+namespace counter {
+
+class StatusStrip : public QWidget {
+  public:
+    explicit StatusStrip(QWidget* parent);
+
+    // A label's caption in its colour; a hidden one leaves the strip empty.
+    void ShowLine(const Control& line);
+    QLabel& Line() { return *line_; }
+    QProgressBar& Bar() { return *bar_; }
+
+  private:
+    QLabel* line_;
+    QProgressBar* bar_;
+};
+
+}  // namespace counter

@@ -1,0 +1,28 @@
+// The menu of the home view as a table: headings in their order, each followed by its entries.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "shell/view_id.h"
+
+namespace counter {
+
+struct HomeMenuRow {
+    std::string_view Name;     // "mnuGet"
+    std::string_view Caption;  // "&" before the access key
+    bool Heading;
+    int HelpTopic;                // of a heading
+    bool Enabled;                 // as the program starts
+    std::optional<ViewId> Opens;  // the view that an entry opens and does nothing else
+};
+
+std::span<const HomeMenuRow> HomeMenu();
+
+// The lines that cmdMenuHelp shows, with the empty lines between them, as one text.
+std::string_view HomeHelpText();
+
+inline constexpr int kHomeHelpTopic = 3101;
+
+}  // namespace counter

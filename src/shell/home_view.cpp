@@ -1,0 +1,178 @@
+#include "shell/home_view.h"
+
+#include "link/port_setup.h"
+
+namespace counter {
+
+namespace {
+
+constexpr std::size_t kOldNodeLine = 28;  // length of a node line that was never written at the program's end
+constexpr int kEndedAt = 29;              // position of the "1" that an ended program leaves
+
+int NoHelp(std::string_view) {
+    return 0;
+}
+
+}  // namespace
+
+HomeView::HomeView(Session& session) : session_(session) {
+    AddMenu();
+    Wire();
+    session_.Home.Changed = [this] { ShowState(); };
+}
+
+HomeView::~HomeView() {
+    session_.Home.Changed = nullptr;
+}
+
+Control& HomeView::Add(ControlKind kind, std::string_view name, std::string_view caption) {
+    return PageBuilder(Controls, kEveryTab, NoHelp).Add(kind, nullptr, name, caption);
+}
+
+void HomeView::AddMenu() {
+    Control* heading = nullptr;
+    for (const HomeMenuRow& row : HomeMenu()) {
+        Control& control = Add(ControlKind::Menu, row.Name, row.Caption);
+        control.Enabled = row.Enabled;
+        control.HelpNumber = row.HelpTopic;
+        if (row.Heading) heading = &control;
+        if (!row.Heading) control.Container = heading;
+    }
+}
+
+void HomeView::Wire() {
+    for (const HomeMenuRow& row : HomeMenu()) {
+        Control& control = Menu(row.Name);
+        if (row.Heading)
+            Controls.On(control, [this, &row](Control& heading) { ComeToHeading(row, heading); });
+        if (row.Opens) Controls.On(control, [this, &row](Control&) { OpenView(row); });
+    }
+    On("mnuDefaultSet", &HomeView::DefaultSetup);
+    On("mnuOpen", &HomeView::OpenSetup);
+    On("mnuSave", &HomeView::SaveSetup);
+    On("mnuSaveAs", &HomeView::SaveSetupAs);
+    On("mnuExit", &HomeView::Exit);
+    On("mnuGet", &HomeView::Get);
+    On("mnuPut", &HomeView::Put);
+    On("cmdMenuHelp", &HomeView::MenuHelp);
+    On("cmdOK", &HomeView::EndMenuHelp);
+}
+
+void HomeView::On(std::string_view name, void (HomeView::*action)()) {
+    Controls.On(Menu(name), [this, action](Control&) { (this->*action)(); });
+}
+
+void HomeView::Load() {
+    for (Control* hidden : {&lblPGText, &pbBar, &lblWait, &lblTest, &lblTest1, &lblTest2})
+        hidden->Visible = false;
+    session_.Identity.SetupFromMeter = 0;
+    MenuHelp();
+}
+
+void HomeView::Activate() {
+    if (CloseViews) CloseViews();
+    session_.Home.Hourglass = false;
+    const bool comms = session_.Stored.CommsEnabled != 0;
+    Menu("mnuCounter").Enabled = comms;
+    if (!comms) session_.Identity.SetupFromMeter = 0;
+    const LinkState& link = session_.LinkData;
+    session_.Home.CalibrationEnabled = link.ModbusLink != 1;
+    Menu("mnuMRdgs").Enabled = link.ModbusLink != 1 && link.EthernetMode != 1;
+    if (session_.Stored.ProgramKind == 7) Menu("mnuCalib").Visible = false;
+    Menu("mnuMenu").Visible = session_.Identity.MeterType != 7;
+    ShowState();
+}
+
+void HomeView::ShowState() {
+    const HomeState& home = session_.Home;
+    lblPGText.Caption = home.StatusText;
+    lblPGText.TextColor = home.StatusColor;
+    lblPGText.Visible = home.StatusVisible;
+    pbBar.Value = home.ProgressPercent;
+    pbBar.Visible = home.ProgressVisible;
+    lblTest2.Caption = session_.LinkData.ReplyText;
+    Menu("mnuView").Enabled = home.ViewEnabled;
+    Menu("mnuPut").Enabled = home.PutEnabled;
+    Menu("mnuCmds").Enabled = home.CommandsEnabled;
+    Menu("mnuCalib").Enabled = home.CalibrationEnabled;
+    Controls.TellChanged();
+}
+
+void HomeView::RestoreScreen() {
+    picText.Text.clear();
+    tallText_ = false;
+    cmdOK.Visible = false;
+    cmdMenuHelp.Visible = true;
+    session_.Home.StatusVisible = false;
+    ShowState();
+}
+
+void HomeView::MenuHelp() {
+    picText.Text = HomeHelpText();
+    tallText_ = true;
+    session_.Views.HelpId = kHomeHelpTopic;
+    session_.Home.Hourglass = false;
+    cmdMenuHelp.Visible = false;
+    cmdOK.Visible = true;
+    session_.Home.StatusVisible = false;
+    session_.Home.ProgressVisible = false;
+    ShowState();
+}
+
+// The status line stays as it is.
+void HomeView::EndMenuHelp() {
+    picText.Text.clear();
+    tallText_ = false;
+    cmdOK.Visible = false;
+    cmdMenuHelp.Visible = true;
+    Controls.TellChanged();
+}
+
+void HomeView::HelpKey() {
+    if (OpenHelp) OpenHelp(session_.Views.HelpId);
+}
+
+void HomeView::ComeToHeading(const HomeMenuRow& row, Control& heading) {
+    if (row.Name == "mnuMRdgs") return ComeToReadings(heading);
+    RestoreScreen();
+    session_.Views.HelpId = row.HelpTopic;
+    if (DropDown) DropDown(heading);
+}
+
+// A second press while the meter is being asked changes nothing.
+void HomeView::ComeToReadings(Control& heading) {
+    if (preparing_) return;
+    preparing_ = true;
+    lblWait.Visible = true;
+    RestoreScreen();
+    session_.Views.HelpId = heading.HelpNumber;
+    if (PrepareStream) PrepareStream();
+    lblWait.Visible = false;
+    preparing_ = false;
+    Controls.TellChanged();
+    if (DropDown) DropDown(heading);
+}
+
+void HomeView::OpenView(const HomeMenuRow& row) {
+    HomeState& home = session_.Home;
+    home.ShowHourglass(true);
+    const bool there = Open && Open(*row.Opens);
+    home.ShowHourglass(false);
+    if (there) return;
+    std::string name(row.Caption);
+    std::erase(name, '&');
+    home.ShowStatus(name + " is not there yet.", ColorWhite);
+}
+
+void HomeView::Exit() {
+    SettingsLines lines = session_.Stored.Lines;
+    if (lines.SettingsLine2.size() == kOldNodeLine) lines.SettingsLine2 += "0";
+    SettingsPut(lines.SettingsLine2, kEndedAt, "1");
+    // A folder that takes no file leaves the settings as they were, which are good as well.
+    session_.Folder.Store.Write(session_.Folder.At(kSettingsFile), FormatSettings(lines));
+    ClosePort(session_.Line);
+    if (CloseSockets) CloseSockets();
+    session_.Waits.EndProcess(0);
+}
+
+}  // namespace counter

@@ -1,0 +1,92 @@
+// HomeView: frmMMenu, the view that lives for the whole run; every other view opens from its menu.
+#pragma once
+
+#include <functional>
+
+#include "controls/form.h"
+#include "controls/page_builder.h"
+#include "session/session.h"
+#include "shell/home_menu.h"
+
+namespace counter {
+
+class HomeView {
+  public:
+    static constexpr std::string_view kTitle = "COUNTER MAIN  MENU";
+    static constexpr std::string_view kSetupFilter = "Setup files (*.CT2)|*.CT2";
+
+    explicit HomeView(Session& session);
+    ~HomeView();
+    HomeView(const HomeView&) = delete;
+    HomeView& operator=(const HomeView&) = delete;
+
+    // Once, before the first Activate.
+    void Load();
+    // The view comes to the front, also on return from another view.
+    void Activate();
+    // The text area, its buttons and the status line as they are at rest; for other views too.
+    void RestoreScreen();
+    // F1: help on what the user touched last.
+    void HelpKey();
+    // Settings written, port closed, process ended. Does not return.
+    void Exit();
+
+    // The text area is at its full height, 6000 units of 1/1440 inch, otherwise at 2700.
+    bool TallText() const { return tallText_; }
+
+    // Hooks into what shows the view; each may be empty.
+    std::function<bool(ViewId)> Open;                // false: there is no such view yet
+    std::function<void()> CloseViews;                // those that were opened from here
+    std::function<void(int helpNumber)> OpenHelp;    // over this view
+    std::function<void()> PrepareStream;             // the stream's frame rules are asked of the meter
+    std::function<void(Control& heading)> DropDown;  // the entries under a heading can be used now
+    std::function<void()> CloseSockets;              // before the end
+
+    Form Controls{always_};
+
+  private:
+    // The captions of the lines on show are the form's own.
+    Control& Add(ControlKind kind, std::string_view name, std::string_view caption = {});
+    Control& Menu(std::string_view name) { return *Controls.Find(name); }
+    void AddMenu();
+    void Wire();
+    void On(std::string_view name, void (HomeView::*action)());
+    void ShowState();
+
+    void MenuHelp();
+    void EndMenuHelp();
+    void ComeToHeading(const HomeMenuRow& row, Control& heading);
+    void ComeToReadings(Control& heading);
+    void OpenView(const HomeMenuRow& row);
+
+    // home_files.cpp
+    void DefaultSetup();
+    void OpenSetup();
+    void SaveSetup();
+    void SaveSetupAs();
+    void WriteSetup();
+    void TakeLoaded();
+    void Get();
+    void Put();
+
+    const int always_ = 1;
+    Session& session_;
+    bool tallText_ = true;
+    bool preparing_ = false;
+
+  public:
+    // clang-format off
+    Control& picText     = Add(ControlKind::Picture,  "picText");
+    Control& cmdMenuHelp = Add(ControlKind::Button,   "cmdMenuHelp", "Menu Help");
+    Control& cmdOK       = Add(ControlKind::Button,   "cmdOK", "OK");
+    Control& lblPGText   = Add(ControlKind::Label,    "lblPGText");
+    Control& pbBar       = Add(ControlKind::Progress, "pbBar");
+    Control& lblWait     = Add(ControlKind::Label,    "lblWait", "Wait");
+    // For service: the last reply. They are on show only while the debug flag is set, which a start clears.
+    Control& lblTest     = Add(ControlKind::Label,    "lblTest");
+    Control& lblTest1    = Add(ControlKind::Label,    "lblTest1");
+    Control& lblTest2    = Add(ControlKind::Label,    "lblTest2");
+    // clang-format on
+};
+
+}  // namespace counter

@@ -1,0 +1,31 @@
+// The views that the home view opens, by name.
+#pragma once
+
+namespace counter {
+
+enum class ViewId {
+    Home,
+    Setup,
+    Menu,
+    Commands,
+    List,
+    Plot,
+    Graph,
+    Calibration,
+    SetupHelp,
+    RateBatchHelp,
+    VFBatchHelp,
+    DualSignalG,
+    VFConverterE,
+    QuadratureC,
+    PowerSupply,
+    Rs232G,
+    Rs232H,
+    Rs485G,
+    Rs485H,
+    ModbusG,
+    Usb,
+    Ethernet,
+};
+
+}  // namespace counter
