@@ -5,29 +5,17 @@ bin=$(realpath "$1")
 mkdir -p "$2"
 home=$(realpath "$2")
 
-# wait_for FILE: until something stands in it.
-wait_for() {
-    for _ in $(seq 100); do [ -s "$1" ] && return; read -rt 0.1 <> <(:) || true; done
-    echo "$1 did not come" >&2
-    exit 1
-}
+. "$(dirname "$0")/simulated.sh"
 say() { printf '\n== %s\n' "$1"; }
 ctl() { printf '$ counterctl %s\n' "$*"; "$bin/counterctl" --dir "$home" "$@"; }
 
-[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || say "There is no display: the main job, in the terminal."
+say "There is no display: the main job, in the terminal."
 
 say "Lay down a program folder: $home"
-rm -f "$home"/*.CT2 "$home/meter.txt" "$home/meter.saved" "$home/sim.path"
-ctl settings init --force
-ctl default "$home/default.CT2"
-tr -d '\r\n' <"$home/default.CT2" >"$home/meter.txt"
+lay_down_home "$bin" "$home"
 
 say "Start a simulated meter"
-"$bin/counter-sim" --image "$home/meter.txt" --save "$home/meter.saved" >"$home/sim.path" &
-sim=$!
-trap 'kill "$sim" 2>/dev/null; wait "$sim" 2>/dev/null || true' EXIT
-wait_for "$home/sim.path"  # the meter prints the path of its line once it is there
-ctl ports map 1 "$(head -n 1 "$home/sim.path")"
+start_meter "$bin" "$home"
 
 say "Read the meter's setup"
 ctl get "$home/first.CT2"
@@ -56,4 +44,6 @@ say "Verify again, and see the difference"
 ctl verify "$home/changed.CT2" || [ $? -eq 4 ]
 ctl get "$home/second.CT2"
 ctl diff "$home/changed.CT2" "$home/second.CT2" || [ $? -eq 4 ]
-say "Done. The setup files are in $home, a backup of every read in $home/backups"
+say "Pictures of the windows"
+"$bin/counter-pictures" "$home/pictures"
+say "Done. The setup files are in $home, a backup of every read in $home/backups, pictures of the windows in $home/pictures"

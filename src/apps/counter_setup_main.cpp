@@ -1,38 +1,21 @@
 // counter-setup: the desktop tool.
 #include <QApplication>
-#include <QCommandLineParser>
-#include <QFile>
 #include <QTimer>
 
 #include "platform/qt/core/core_runtime.h"
-#include "platform/qt/core/program_folder.h"
 #include "platform/qt/core/qt_files.h"
 #include "platform/qt/core/qt_port_catalog.h"
 #include "platform/qt/core/qt_pump.h"
 #include "platform/qt/core/qt_serial_port.h"
 #include "platform/qt/widgets/desktop.h"
 #include "platform/qt/widgets/first_start.h"
-
-namespace {
-
-std::string FolderOf(const QApplication& application) {
-    QCommandLineParser parser;
-    parser.setApplicationDescription("Setup tool for a panel counter/timer.");
-    const QCommandLineOption folder("dir", "The program folder, where Settings.SSS lies.", "folder");
-    parser.addOption(folder);
-    parser.addHelpOption();
-    parser.process(application);
-    if (parser.isSet(folder)) return QFile::encodeName(parser.value(folder)).toStdString();
-    return counter::DefaultProgramFolder();
-}
-
-}  // namespace
+#include "platform/qt/widgets/program_arguments.h"
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     counter::SettleLocale();
     QApplication::setApplicationDisplayName("Counter Setup");
-    const std::string folder = FolderOf(application);
+    const std::string folder = counter::FolderArgument(application, "Setup tool for a panel counter/timer.");
     counter::QtFiles files;
     counter::QtPump pump;
     pump.InstallInterruptHandler();

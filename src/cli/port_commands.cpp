@@ -2,34 +2,19 @@
 #include <algorithm>
 #include <charconv>
 #include <filesystem>
-#include <system_error>
 
 #include "cli/cli.h"
 #include "cli/cli_output.h"
+#include "shell/port_numbers.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kMostPorts = 99;
-
 struct ListedPort {
     PortDescription Port;
     std::vector<int> Numbers;  // port numbers that mean it
 };
-
-std::string PortsFolder(const CommandCall& call) {
-    return call.Folder + "/ports";
-}
-std::string LinkPath(const CommandCall& call, int number) {
-    return PortsFolder(call) + "/com" + std::to_string(number);
-}
-
-// Two names of one device.
-bool SameDevice(const std::string& a, const std::string& b) {
-    std::error_code ignored;
-    return a == b || std::filesystem::equivalent(a, b, ignored);
-}
 
 // Devices that a number names, but the machine does not list (a pseudo terminal), are listed too.
 ListedPort& Listed(std::vector<ListedPort>& ports, const std::string& device) {
@@ -47,7 +32,8 @@ std::vector<ListedPort> ListPorts(const CommandCall& call, const PortCatalog& ca
     for (const PortDescription& port : catalog.Ports()) ports.push_back({port, {}});
     const int known = static_cast<int>(ports.size());
     for (int number = 1; number <= kMostPorts; ++number) {
-        const std::string target = call.World.Store.LinkTarget(LinkPath(call, number));
+        const std::string target =
+            call.World.Store.LinkTarget(PortLink({call.World.Store, call.Folder}, number));
         if (!target.empty()) {
             Listed(ports, target).Numbers.push_back(number);
         } else if (number <= known) {
@@ -84,14 +70,6 @@ std::string DevicePath(const std::string& word) {
     return std::filesystem::absolute(word).lexically_normal().string();
 }
 
-// The adaptor's lasting name where it has one, so that the number keeps its adaptor.
-std::string LastingName(const PortCatalog& catalog, const std::string& device) {
-    for (const PortDescription& port : catalog.Ports()) {
-        if (!port.ById.empty() && SameDevice(port.Device, device)) return port.ById;
-    }
-    return device;
-}
-
 int MapPort(const CommandCall& call, const PortCatalog& catalog) {
     const std::string& word = call.Words[1];
     int number = 0;
@@ -99,13 +77,8 @@ int MapPort(const CommandCall& call, const PortCatalog& catalog) {
     if (error != std::errc() || end != word.data() + word.size() || number < 1 || number > kMostPorts) {
         return RefuseCall(call, "a port number is 1 to 99");
     }
-    const std::string device = DevicePath(call.Words[2]);
-    if (!call.World.Store.Exists(device)) {
-        return RefuseStatus(call, {StatusKind::NotFound, device, "No such file or directory"});
-    }
-    if (Status status = call.World.Store.MakeFolder(PortsFolder(call)); !status.Ok())
-        return RefuseStatus(call, status);
-    const Status status = call.World.Store.MakeLink(LinkPath(call, number), LastingName(catalog, device));
+    const ProgramFolder folder{call.World.Store, call.Folder};
+    const Status status = PointPort(folder, catalog, number, DevicePath(call.Words[2]));
     return status.Ok() ? kDone : RefuseStatus(call, status);
 }
 

@@ -16,7 +16,22 @@ namespace counter::test {
 class RecordedDialogs : public Dialogs {
   public:
     std::vector<Message> Shown;
+    std::vector<FileQuestion> Asked;
+    std::string Path;     // the answer to a file dialog; empty: cancelled
+    bool SaysYes = true;  // to a question
+    int Beeps = 0;
+
     void Show(const Message& message) override { Shown.push_back(message); }
+    bool Confirm(const Message& message) override {
+        Shown.push_back(message);
+        return SaysYes;
+    }
+    std::string AskOpenFile(const FileQuestion& question) override {
+        Asked.push_back(question);
+        return Path;
+    }
+    std::string AskSaveFile(const FileQuestion& question) override { return AskOpenFile(question); }
+    void Beep() override { ++Beeps; }
 };
 
 struct BenchMeter {

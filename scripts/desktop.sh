@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# desktop.sh BIN FOLDER: the desktop tool on a simulated meter. FOLDER becomes the program folder.
+set -euo pipefail
+bin=$(realpath "$1")
+mkdir -p "$2"
+home=$(realpath "$2")
+. "$(dirname "$0")/simulated.sh"
+
+lay_down_home "$bin" "$home"
+start_meter "$bin" "$home" --signal sine
+echo "Counter Setup runs on a simulated meter; program folder: $home"
+echo "Click Counter, then Get Setup, to read the meter."
+"$bin/counter-setup" --dir "$home"

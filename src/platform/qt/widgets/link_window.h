@@ -1,0 +1,31 @@
+// LinkWindow: counter-link's one small window.
+#pragma once
+
+#include <QWidget>
+
+#include "platform/qt/widgets/binder.h"
+#include "platform/qt/widgets/status_strip.h"
+#include "shell/link_setup.h"
+
+class QGridLayout;
+class QVBoxLayout;
+
+namespace counter {
+
+class LinkWindow : public QWidget {
+  public:
+    explicit LinkWindow(LinkSetup& view);
+
+  private:
+    // A group of rows: captions in one column, fields in the other.
+    QGridLayout* AddGroup(QVBoxLayout& column, const QString& title);
+    void AddRow(QGridLayout& grid, Control& control);
+    void AddWide(QGridLayout& grid, Control& control);
+    void AddButtons(QVBoxLayout& column);
+
+    LinkSetup& view_;
+    Binder bound_;
+    StatusStrip* strip_;
+};
+
+}  // namespace counter

@@ -1,0 +1,206 @@
+#include "shell/link_setup.h"
+
+#include <algorithm>
+#include <array>
+
+#include "link/port_setup.h"
+#include "meter/baud_table.h"
+#include "meter/text.h"
+#include "session/session.h"
+#include "settings/settings_keys.h"
+#include "shell/link_trial.h"
+#include "shell/port_numbers.h"
+
+namespace counter {
+
+namespace {
+
+constexpr std::array<std::string_view, 3> kProtocols = {"Custom ASCII", "Modbus RTU", "Modbus ASCII"};
+constexpr std::array<std::string_view, 3> kParities = {"None", "Odd", "Even"};
+constexpr std::array<std::string_view, 8> kMeters = {"0",
+                                                     "1  DPM",
+                                                     "2  Weight Meter",
+                                                     "3  Counter",
+                                                     "5  Transmitter",
+                                                     "6  Transmitter",
+                                                     "7  Transmitter without front panel",
+                                                     "8"};
+constexpr std::array<int, 8> kMeterTypes = {0, 1, 2, 3, 5, 6, 7, 8};
+constexpr std::array<std::string_view, 32> kAddresses = {
+    "0",  "1",  "2",  "3",  "4",  "5",  "6",  "7",  "8",  "9",  "A",  "B",  "C",  "D",  "E",  "F",
+    "0.", "1.", "2.", "3.", "4.", "5.", "6.", "7.", "8.", "9.", "A.", "B.", "C.", "D.", "E.", "F."};
+constexpr const char* kNoNode = "000000000000";
+
+}  // namespace
+
+LinkSetup::LinkSetup(const World& world) : world_(world) {
+    Form::Fill(cboProtocol, kProtocols);
+    Form::Fill(cboBaud, std::span(BaudTable).first(7));
+    Form::Fill(cboParity, kParities);
+    Form::Fill(cboAddress, kAddresses);
+    Form::Fill(cboMeter, kMeters);
+    Wire();
+}
+
+LinkSetup::~LinkSetup() = default;
+
+Control& LinkSetup::Add(ControlKind kind, std::string_view name, std::string_view caption) {
+    Control control;
+    control.Kind = kind;
+    control.Name = name;
+    control.Caption = caption;
+    return Controls.Add(std::move(control));
+}
+
+void LinkSetup::Wire() {
+    Controls.On(cboPort, [this](Control&) { PickPort(); });
+    Controls.On(cmdRefresh, [this](Control&) { ListPorts(); });
+    Controls.On(cboProtocol, [this](Control&) { ShowProtocol(); });
+    Controls.On(chkNode, [this](Control&) { ShowNode(); });
+    Controls.On(chkWork, [this](Control&) { ShowNode(); });
+    Controls.On(cmdSave, [this](Control&) { Save(); });
+    Controls.On(cmdTest, [this](Control&) { Test(); });
+    Controls.On(cmdClose, [this](Control&) {
+        if (Close) Close();
+    });
+}
+
+void LinkSetup::Load() {
+    std::string text;
+    const std::string path = world_.Folder.At(kSettingsFile);
+    const bool there = world_.Folder.Store.Read(path, text).Ok();
+    lines_ = there ? SplitSettings(text) : NewSettingsLines();
+    lines_.SettingsLine1 = NormaliseLine1(lines_.SettingsLine1);
+    Settings settings;
+    ParseSettings(lines_, settings);
+    ShowSettings(settings);
+    ListPorts();
+    ShowResult(there ? path : path + " does not exist yet: Save lays it down.", ColorWhite);
+}
+
+void LinkSetup::ShowSettings(const Settings& settings) {
+    portNumber_ = std::clamp(settings.CommPortNumber, 1, kMostPorts);
+    txtDevice.Text = world_.Catalog.DeviceOf(portNumber_);
+    Controls.SetIndex(cboProtocol, settings.SerialProtocol);
+    Controls.SetIndex(cboBaud, settings.BaudIndex);
+    Controls.SetIndex(cboParity, settings.ParityIndex);
+    Controls.SetIndex(cboAddress, settings.MeterAddressValue);
+    const auto meter = std::find(kMeterTypes.begin(), kMeterTypes.end(), settings.MeterType);
+    Controls.SetIndex(cboMeter, static_cast<int>(meter - kMeterTypes.begin()));
+    txtModbus.Text = std::to_string(settings.ModbusAddress);
+    txtVersion.Text = std::to_string(settings.FirmwareVersion);
+    chkWakeUp.Value = settings.LongWakeUp;
+    chkEcho.Value = settings.CommsEnabled == 2 ? 1 : 0;
+    chkNode.Value = settings.EthernetMode;
+    chkWork.Value = settings.CommsEnabled == 0 && settings.EthernetMode == 0 ? 1 : 0;
+    txtNode.Text = settings.NodeAddress;
+    txtNodeIp.Text = settings.NodeIp;
+    txtNodeUdp.Text = std::to_string(settings.NodeUdpPort);
+    txtTcp.Text = std::to_string(settings.TcpPort);
+    ShowProtocol();
+    ShowNode();
+}
+
+void LinkSetup::ListPorts() {
+    ports_ = world_.Catalog.Ports();
+    portTexts_.clear();
+    for (const PortDescription& port : ports_) {
+        portTexts_.push_back(port.Description.empty() ? port.Device : port.Device + "   " + port.Description);
+    }
+    cboPort.Entries.assign(portTexts_.begin(), portTexts_.end());
+    const auto shown = std::find_if(ports_.begin(), ports_.end(), [this](const PortDescription& port) {
+        return SameDevice(port.Device, txtDevice.Text);
+    });
+    cboPort.ListIndex = shown == ports_.end() ? -1 : static_cast<int>(shown - ports_.begin());
+    Controls.TellChanged();
+}
+
+void LinkSetup::PickPort() {
+    txtDevice.Text = ports_[static_cast<std::size_t>(cboPort.ListIndex)].Device;
+}
+
+// Parity is Modbus's alone, as is the second address.
+void LinkSetup::ShowProtocol() {
+    const bool modbus = cboProtocol.ListIndex > 0;
+    cboParity.Enabled = txtModbus.Enabled = modbus;
+    cboAddress.Enabled = chkWakeUp.Enabled = !modbus;
+}
+
+void LinkSetup::ShowNode() {
+    const bool node = chkNode.Value == 1;
+    for (Control* control : {&txtNode, &txtNodeIp, &txtNodeUdp, &txtTcp}) control->Enabled = node;
+    chkWork.Enabled = !node;
+    const bool serial = !node && chkWork.Value == 0;
+    for (Control* control : {&cboPort, &cmdRefresh, &txtDevice, &chkEcho}) control->Enabled = serial;
+    cmdTest.Enabled = serial || node;
+}
+
+std::string LinkSetup::TakeLines(SettingsLines& lines) const {
+    const bool node = chkNode.Value == 1;
+    const int comms = chkWork.Value == 1 && !node ? 0 : 1 + (chkEcho.Value == 1 && !node ? 1 : 0);
+    const int meter = kMeterTypes[static_cast<std::size_t>(std::max(cboMeter.ListIndex, 0))];
+    const std::pair<const char*, std::string> values[] = {
+        {"MeterType", std::to_string(meter)},
+        {"BaudIndex", std::to_string(cboBaud.ListIndex)},
+        {"CommPortNumber", std::to_string(portNumber_)},
+        {"SerialProtocol", std::to_string(cboProtocol.ListIndex)},
+        {"ParityIndex", std::to_string(cboParity.ListIndex)},
+        {"MeterAddressValue", std::to_string(cboAddress.ListIndex)},
+        {"ModbusAddress", std::string(Trimmed(txtModbus.Text))},
+        {"LongWakeUp", std::to_string(chkWakeUp.Value)},
+        {"FirmwareVersion", std::string(Trimmed(txtVersion.Text))},
+        {"CommsEnabled", std::to_string(comms)},
+        {"NodeAddress", node ? std::string(Trimmed(txtNode.Text)) : kNoNode},
+        {"NodeIp", std::string(Trimmed(txtNodeIp.Text))},
+        {"NodeUdpPort", std::string(Trimmed(txtNodeUdp.Text))},
+        {"TcpPort", std::string(Trimmed(txtTcp.Text))},
+    };
+    for (const auto& [name, value] : values) {
+        const std::string refusal = SetSettingsKey(lines, *FindSettingsKey(name), value);
+        if (!refusal.empty()) return refusal;
+    }
+    return {};
+}
+
+void LinkSetup::Save() {
+    SettingsLines lines = lines_;
+    if (const std::string wrong = TakeLines(lines); !wrong.empty()) return ShowResult(wrong, ColorRed);
+    if (const Status status = WriteAll(lines); !status.Ok()) return ShowResult(status.Text(), ColorRed);
+    lines_ = lines;
+    ShowResult("Saved in " + world_.Folder.At(kSettingsFile), ColorGreen);
+}
+
+// The port first: settings whose port means nothing are of no use.
+Status LinkSetup::WriteAll(const SettingsLines& lines) {
+    if (Status status = world_.Folder.Store.MakeFolder(world_.Folder.Path); !status.Ok()) return status;
+    const bool same = world_.Catalog.DeviceOf(portNumber_) == txtDevice.Text;
+    if (txtDevice.Enabled && !same) {
+        if (Status status = PointPort(world_.Folder, world_.Catalog, portNumber_, txtDevice.Text);
+            !status.Ok())
+            return status;
+    }
+    return world_.Folder.Store.Write(world_.Folder.At(kSettingsFile), FormatSettings(lines));
+}
+
+void LinkSetup::Test() {
+    if (testing_) return;
+    SettingsLines lines = lines_;
+    if (const std::string wrong = TakeLines(lines); !wrong.empty()) return ShowResult(wrong, ColorRed);
+    testing_ = true;
+    cmdTest.Enabled = cmdSave.Enabled = cmdClose.Enabled = false;
+    ShowResult("Asking the meter.", ColorGreen);
+    world_.Tried.Device = txtDevice.Text;
+    const LinkTrial trial = TryLink({world_.Waits, world_.Port, world_.Folder.Path}, lines);
+    cmdSave.Enabled = cmdClose.Enabled = true;
+    testing_ = false;
+    ShowNode();
+    ShowResult(trial.Words, trial.Answered ? ColorGreen : ColorRed);
+}
+
+void LinkSetup::ShowResult(const std::string& text, Color color) {
+    lblResult.Caption = text;
+    lblResult.TextColor = color;
+    Controls.TellChanged();
+}
+
+}  // namespace counter

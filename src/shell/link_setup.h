@@ -1,0 +1,98 @@
+// LinkSetup: the view of counter-link, which lays down or changes Settings.SSS and tries what it says.
+//
+// What the view does not show (reserved digits, the kind of program) is kept as the file has it.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "controls/form.h"
+#include "link/link.h"
+#include "platform/program_folder.h"
+#include "settings/settings.h"
+
+namespace counter {
+
+// The one device that is being tried, whatever its number.
+class TriedDevice : public PortCatalog {
+  public:
+    std::string Device;
+    std::vector<PortDescription> Ports() const override { return {}; }
+    std::string DeviceOf(int) const override { return Device; }
+};
+
+class LinkSetup {
+  public:
+    static constexpr const char* kTitle = "Counter Link";
+
+    // What it works with. `Port` opens the device that `Tried` names; `Catalog` lists the machine's own.
+    struct World {
+        Pump& Waits;
+        SerialPort& Port;
+        TriedDevice& Tried;
+        const PortCatalog& Catalog;
+        ProgramFolder Folder;
+    };
+
+    explicit LinkSetup(const World& world);
+    ~LinkSetup();
+
+    // Shows what the file says, or what a new one would begin with.
+    void Load();
+
+    std::function<void()> Close;  // the user is done; may be empty
+
+    Form Controls{always_};
+
+  private:
+    Control& Add(ControlKind kind, std::string_view name, std::string_view caption = {});
+    void Wire();
+    void ListPorts();
+    void PickPort();
+    void ShowProtocol();
+    void ShowNode();
+    void ShowSettings(const Settings& settings);
+
+    // The lines as the view says; an empty text, or what is wrong with it.
+    std::string TakeLines(SettingsLines& lines) const;
+    void Save();
+    Status WriteAll(const SettingsLines& lines);
+    void Test();
+    void ShowResult(const std::string& text, Color color);
+
+    const int always_ = 1;
+    World world_;
+    SettingsLines lines_;  // as the file has them
+    std::vector<PortDescription> ports_;
+    std::vector<std::string> portTexts_;  // what the list of ports shows
+    int portNumber_ = 1;
+    bool testing_ = false;
+
+  public:
+    // clang-format off
+    Control& cboPort       = Add(ControlKind::List,   "cboPort",       "Serial port");
+    Control& cmdRefresh    = Add(ControlKind::Button, "cmdRefresh",    "&Look again");
+    Control& txtDevice     = Add(ControlKind::Entry,  "txtDevice",     "Device");
+    Control& cboProtocol   = Add(ControlKind::List,   "cboProtocol",   "Protocol");
+    Control& cboBaud       = Add(ControlKind::List,   "cboBaud",       "Baud rate");
+    Control& cboParity     = Add(ControlKind::List,   "cboParity",     "Parity");
+    Control& cboAddress    = Add(ControlKind::List,   "cboAddress",    "Meter address");
+    Control& txtModbus     = Add(ControlKind::Entry,  "txtModbus",     "Modbus address");
+    Control& txtVersion    = Add(ControlKind::Entry,  "txtVersion",    "Firmware version");
+    Control& cboMeter      = Add(ControlKind::List,   "cboMeter",      "Meter");
+    Control& chkWork       = Add(ControlKind::Check,  "chkWork",       "Work without a meter (files only)");
+    Control& chkEcho       = Add(ControlKind::Check,  "chkEcho",       "The line echoes what is sent");
+    Control& chkWakeUp     = Add(ControlKind::Check,  "chkWakeUp",     "Long wake-up (sleeping meters)");
+    Control& chkNode       = Add(ControlKind::Check,  "chkNode",       "The meter is behind an Ethernet node");
+    Control& txtNode       = Add(ControlKind::Entry,  "txtNode",       "Node address (12 hex digits)");
+    Control& txtNodeIp     = Add(ControlKind::Entry,  "txtNodeIp",     "Node's IP address");
+    Control& txtNodeUdp    = Add(ControlKind::Entry,  "txtNodeUdp",    "Node's UDP port");
+    Control& txtTcp        = Add(ControlKind::Entry,  "txtTcp",        "TCP port of this program");
+    Control& cmdTest       = Add(ControlKind::Button, "cmdTest",       "&Test");
+    Control& cmdSave       = Add(ControlKind::Button, "cmdSave",       "&Save");
+    Control& cmdClose      = Add(ControlKind::Button, "cmdClose",      "&Close");
+    Control& lblResult     = Add(ControlKind::Label,  "lblResult");
+    // clang-format on
+};
+
+}  // namespace counter

@@ -1,0 +1,95 @@
+#include "shell/link_trial.h"
+
+#include "link/link_error.h"
+#include "link/port_setup.h"
+#include "meter/baud_table.h"
+#include "session/session.h"
+#include "shell/get_action.h"
+#include "shell/start.h"
+
+namespace counter {
+
+namespace {
+
+// A store that holds the settings to be tried and drops what is written.
+class TriedSettings : public Files {
+  public:
+    explicit TriedSettings(std::string text) : text_(std::move(text)) {}
+    Status Read(const std::string&, std::string& content) const override {
+        content = text_;
+        return {};
+    }
+    Status Write(const std::string&, std::string_view) override { return {}; }
+    Status Append(const std::string&, std::string_view) override { return {}; }
+    bool Exists(const std::string&) const override { return false; }
+    Status Remove(const std::string&) override { return {}; }
+    Status MakeFolder(const std::string&) override { return {}; }
+    Status List(const std::string&, std::vector<std::string>&) const override { return {}; }
+    Status MakeLink(const std::string&, const std::string&) override { return {}; }
+    std::string LinkTarget(const std::string&) const override { return {}; }
+
+  private:
+    std::string text_;
+};
+
+// Notes about the setup are of no use here.
+class NoBoxes : public Dialogs {
+  public:
+    void Show(const Message&) override {}
+};
+
+std::string MeterName(int meterType) {
+    if (meterType == 1) return "A DPM";
+    if (meterType == 2) return "A Weight Meter";
+    return meterType >= 5 && meterType <= 7 ? "A Counter Transmitter" : "A Counter";
+}
+
+// The version is the meter's own; over Modbus a Get leaves the identity of the settings, but the image has
+// it.
+std::string AnswerInWords(const Session& session) {
+    const Settings& stored = session.Stored;
+    const bool modbus = session.LinkData.ModbusLink == 1;
+    const std::string_view protocol = stored.SerialProtocol == 0   ? "Custom ASCII"
+                                      : stored.SerialProtocol == 1 ? "Modbus RTU"
+                                                                   : "Modbus ASCII";
+    std::string words = MeterName(ByteGet(session.Image, 235)) + " answered: firmware version " +
+                        std::to_string(ByteGet(session.Image, 233)) + ", address " +
+                        (modbus ? std::to_string(stored.ModbusAddress) : stored.MeterAddressLabel) + ", ";
+    words += std::string(protocol) + " at " +
+             std::string(BaudTable[static_cast<std::size_t>(session.LinkData.BaudIndex)]) + " baud.";
+    return words;
+}
+
+std::string WhatToLookAt(int linkError) {
+    if (linkError == LinkErrors::kNoReply)
+        return " Check cable, port, baud rate, protocol and address, and that the meter is on.";
+    if (linkError == LinkErrors::kNoEcho) return " The line does not echo: clear the box of the echo.";
+    return " Something answered, but not as this protocol does: check protocol, baud rate and parity.";
+}
+
+}  // namespace
+
+LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines) {
+    TriedSettings store(FormatSettings(lines));
+    NoBoxes boxes;
+    Session session(world.Waits, world.Port, boxes, {store, world.Folder});
+    LinkTrial trial;
+    if (const Status status = Start(session); !status.Ok()) {
+        trial.Words = status.Text();
+        return trial;
+    }
+    if (session.LinkData.EthernetMode == 1) {
+        trial.Words = "Meters behind a node are not there yet.";
+        return trial;
+    }
+    GetSetup(session);
+    ClosePort(session.Line);
+    trial.LinkError = session.LinkData.LinkError;
+    trial.Answered = trial.LinkError == 0;
+    trial.Words = trial.Answered ? AnswerInWords(session)
+                                 : LinkErrorMeaning(trial.LinkError) + " (" +
+                                       std::to_string(trial.LinkError) + ")." + WhatToLookAt(trial.LinkError);
+    return trial;
+}
+
+}  // namespace counter

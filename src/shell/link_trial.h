@@ -1,0 +1,27 @@
+// LinkTrial: does a meter answer with these settings? It reads the meter once and writes nothing, neither to
+// the meter nor to disk.
+#pragma once
+
+#include <string>
+
+#include "platform/pump.h"
+#include "platform/serial_port.h"
+#include "settings/settings.h"
+
+namespace counter {
+
+struct TrialWorld {
+    Pump& Waits;
+    SerialPort& Port;
+    std::string Folder;  // named in messages; nothing is read from it
+};
+
+struct LinkTrial {
+    bool Answered = false;
+    std::string Words;  // what answered, or what to look at
+    int LinkError = 0;
+};
+
+LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines);
+
+}  // namespace counter

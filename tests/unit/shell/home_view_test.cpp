@@ -1,0 +1,217 @@
+// The home view: which entries can be used, what its actions do, and what a press in the middle of one does.
+#include "shell/home_view.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "support/bench_meter.h"
+#include "support/meter_kinds.h"
+
+namespace counter::test {
+namespace {
+
+struct HomeBench : BenchMeter {
+    explicit HomeBench(const std::vector<std::string>& settings = {}, sim::MeterOptions options = {})
+        : BenchMeter(std::move(options), settings) {
+        EXPECT_TRUE(SwitchOn().Ok());
+        Home.Load();
+        Home.Activate();
+        Home.Open = [this](ViewId view) {
+            Opened.push_back(view);
+            return true;
+        };
+    }
+    Refusal Press(const char* name) { return Home.Controls.Click(*Home.Controls.Find(name)); }
+    bool Enabled(const char* name) { return Home.Controls.Find(name)->Enabled; }
+    const std::string& StatusLine() { return Home.lblPGText.Caption; }
+
+    HomeView Home{Program};
+    std::vector<ViewId> Opened;
+};
+
+TEST(HomeView, AccessKeysAreUniqueUnderTheirHeading) {
+    HomeBench bench;
+    std::map<const Control*, std::set<char>> keys;
+    for (const Control& control : bench.Home.Controls) {
+        if (control.Kind != ControlKind::Menu) continue;
+        const std::size_t mark = control.Caption.find('&');
+        if (mark == std::string::npos) continue;
+        const char key = static_cast<char>(std::tolower(control.Caption[mark + 1]));
+        EXPECT_TRUE(keys[control.Container].insert(key).second) << control.Name << " " << key;
+    }
+    EXPECT_EQ(keys.size(), 9U) << "the headings and what stands under each of the eight";
+}
+
+TEST(HomeView, EntriesFollowLinkAndProtocol) {
+    const struct {
+        const char* Name;
+        std::vector<std::string> Settings;
+        bool Counter, Readings, Calibration, CalibrationShown, MenuShown;
+    } cases[] = {
+        {"Custom ASCII", {}, true, true, true, true, true},
+        {"Modbus", {"SerialProtocol=1"}, true, false, false, true, true},
+        {"no link", {"CommsEnabled=0"}, false, true, true, true, true},
+        {"program without calibration", {"ProgramKind=7"}, true, true, true, false, true},
+        {"no front panel", {"MeterType=7"}, true, true, true, true, false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Name);
+        HomeBench bench(c.Settings);
+        EXPECT_EQ(bench.Enabled("mnuCounter"), c.Counter);
+        EXPECT_EQ(bench.Enabled("mnuMRdgs"), c.Readings);
+        EXPECT_EQ(bench.Enabled("mnuCalib"), c.Calibration);
+        EXPECT_EQ(bench.Home.Controls.Find("mnuCalib")->Visible, c.CalibrationShown);
+        EXPECT_EQ(bench.Home.Controls.Find("mnuMenu")->Visible, c.MenuShown);
+        for (const char* off : {"mnuPut", "mnuView", "mnuCmds"}) EXPECT_FALSE(bench.Enabled(off)) << off;
+        EXPECT_EQ(bench.Press("mnuSetup"), Refusal::Disabled) << "its heading is disabled";
+    }
+}
+
+TEST(HomeView, WithoutALinkPutIsNotReachable) {
+    HomeBench bench({"CommsEnabled=0"});
+    EXPECT_EQ(bench.Press("mnuDefaultSet"), Refusal::None);
+    EXPECT_TRUE(bench.Enabled("mnuView"));
+    EXPECT_TRUE(bench.Enabled("mnuPut"));
+    EXPECT_EQ(bench.Press("mnuPut"), Refusal::Disabled);
+    EXPECT_EQ(bench.StatusLine(), "Default Setup data loaded.");
+    EXPECT_EQ(bench.Home.lblPGText.TextColor, ColorWhite);
+}
+
+TEST(HomeView, AGoodGetEnablesCalibrationOverModbusToo) {
+    HomeBench bench({"SerialProtocol=1"}, MeterOf(kRtu));
+    EXPECT_EQ(bench.Press("mnuGet"), Refusal::None);
+    EXPECT_EQ(bench.StatusLine(), "Getting data from the Counter.  Data received OK.");
+    for (const char* on : {"mnuCmds", "mnuView", "mnuPut", "mnuCalib"}) EXPECT_TRUE(bench.Enabled(on)) << on;
+    EXPECT_FALSE(bench.Program.Home.Hourglass);
+    EXPECT_FALSE(bench.Home.pbBar.Visible);
+}
+
+TEST(HomeView, ASilentMeterIsToldAndNothingElseChanges) {
+    HomeBench bench;
+    bench.Press("mnuDefaultSet");
+    const std::string before = bench.Program.Image.SetupData;
+    bench.Line.Unplug();
+    bench.Press("mnuGet");
+    EXPECT_EQ(bench.StatusLine(), "Failed to Get data, check connections, then try again.      ( 21)");
+    EXPECT_EQ(bench.Home.lblPGText.TextColor, ColorRed);
+    EXPECT_EQ(bench.Program.Image.SetupData, before);
+    EXPECT_TRUE(bench.Enabled("mnuView"));
+    EXPECT_FALSE(bench.Program.Home.Hourglass);
+}
+
+TEST(HomeView, ALineThatCameBackIsOpenedAgain) {
+    HomeBench bench;
+    bench.Program.Port.Close();
+    bench.Press("mnuGet");
+    EXPECT_EQ(bench.Program.LinkData.LinkError, 0);
+}
+
+TEST(HomeView, APressInTheMiddleOfAGetRunsToItsEnd) {
+    HomeBench bench;
+    Refusal inner = Refusal::Hidden;
+    bench.Pump.After(500, [&] { inner = bench.Press("mnuGet"); });
+    bench.Press("mnuGet");
+    EXPECT_EQ(inner, Refusal::None);
+    EXPECT_FALSE(bench.Program.Home.Hourglass);
+    bench.Press("mnuGet");
+    EXPECT_EQ(bench.Program.LinkData.LinkError, 0) << "everything is usable afterwards";
+}
+
+TEST(HomeView, ExitDuringAGetEndsTheProgramAndWritesNoFurtherFrame) {
+    HomeBench bench;
+    std::size_t sent = 0;
+    bench.Pump.After(500, [&] {
+        sent = bench.Line.Sent().size();
+        bench.Press("mnuExit");
+    });
+    EXPECT_THROW(bench.Press("mnuGet"), ProcessEnded);
+    EXPECT_EQ(bench.Line.Sent().size(), sent);
+    EXPECT_FALSE(bench.Program.Port.PortOpen());
+}
+
+TEST(HomeView, ExitMarksTheNodeLine) {
+    HomeBench bench;
+    EXPECT_THROW(bench.Press("mnuExit"), ProcessEnded);
+    EXPECT_EQ(bench.Store.Contents["home/Settings.SSS"],
+              "3501000100100831010000\r\n2711000000000000F6CB000000001\r\n");
+}
+
+TEST(HomeView, HeadingsRestoreTheScreenAndKeepTheirTopic) {
+    HomeBench bench;
+    EXPECT_TRUE(bench.Home.cmdOK.Visible);
+    EXPECT_TRUE(bench.Home.TallText());
+    bench.Press("mnuJmps");
+    EXPECT_EQ(bench.Program.Views.HelpId, 3117);
+    EXPECT_EQ(bench.Home.picText.Text, "");
+    EXPECT_FALSE(bench.Home.TallText());
+    EXPECT_FALSE(bench.Home.cmdOK.Visible);
+    bench.Press("cmdMenuHelp");
+    EXPECT_EQ(bench.Program.Views.HelpId, 3101);
+    EXPECT_FALSE(bench.Home.cmdMenuHelp.Visible);
+    bench.Press("cmdOK");
+    EXPECT_TRUE(bench.Home.cmdMenuHelp.Visible);
+    EXPECT_EQ(bench.Home.picText.Text, "");
+}
+
+TEST(HomeView, ReadingsAreReadyBeforeTheirEntriesDropDown) {
+    HomeBench bench;
+    std::string story;
+    bench.Home.PrepareStream = [&] {
+        story += bench.Home.lblWait.Visible ? "waits " : "hidden ";
+        bench.Press("mnuMRdgs");  // a second press meanwhile changes nothing
+    };
+    bench.Home.DropDown = [&](Control&) { story += "drops"; };
+    bench.Press("mnuMRdgs");
+    EXPECT_EQ(story, "waits drops");
+    EXPECT_FALSE(bench.Home.lblWait.Visible);
+    EXPECT_EQ(bench.Program.Views.HelpId, 3105);
+}
+
+TEST(HomeView, SetupFilesAreOpenedAndSaved) {
+    HomeBench bench;
+    EXPECT_EQ(bench.Press("mnuSave"), Refusal::None);
+    EXPECT_EQ(bench.Boxes.Shown.back().Text, "No file name active, use Save Setup As");
+    EXPECT_EQ(bench.Boxes.Beeps, 1);
+
+    bench.Press("mnuOpen");
+    EXPECT_EQ(bench.Boxes.Asked.back().Title, "Open Setup File");
+    EXPECT_EQ(bench.Program.Home.CurrentFileName, "") << "cancelled";
+
+    bench.Boxes.Path = "missing.CT2";
+    bench.Press("mnuOpen");
+    EXPECT_EQ(bench.Home.lblPGText.TextColor, ColorRed);
+    EXPECT_FALSE(bench.Enabled("mnuView"));
+
+    bench.Press("mnuDefaultSet");
+    bench.Boxes.Path = "a.CT2";
+    bench.Press("mnuSaveAs");
+    EXPECT_EQ(bench.Store.Contents["a.CT2"], bench.Program.Image.SetupData + "\r\n");
+    bench.Program.Image.SetupData[0] = '7';
+    bench.Boxes.SaysYes = false;
+    bench.Press("mnuSave");
+    EXPECT_NE(bench.Store.Contents["a.CT2"][0], '7') << "the question was cancelled";
+    bench.Boxes.SaysYes = true;
+    bench.Press("mnuSave");
+    EXPECT_EQ(bench.Store.Contents["a.CT2"][0], '7');
+
+    bench.Program.Identity.SetupFromMeter = 1;
+    bench.Program.Image.SetupData[0] = '5';
+    bench.Press("mnuOpen");
+    EXPECT_EQ(bench.Program.Image.SetupData[0], '7');
+    EXPECT_EQ(bench.Program.Identity.SetupFromMeter, 0);
+}
+
+TEST(HomeView, AViewThatIsNotThereIsTold) {
+    HomeBench bench;
+    bench.Press("mnuPS");
+    EXPECT_EQ(bench.Opened, std::vector<ViewId>{ViewId::PowerSupply});
+    bench.Home.Open = nullptr;
+    bench.Press("mnuPS");
+    EXPECT_EQ(bench.StatusLine(), "Power Supply is not there yet.");
+    EXPECT_FALSE(bench.Program.Home.Hourglass);
+}
+
+}  // namespace
+}  // namespace counter::test

@@ -1,0 +1,109 @@
+// counter-link: what it lays down, what it refuses, and what it says of the meter that answered.
+#include "shell/link_setup.h"
+
+#include <gtest/gtest.h>
+
+#include "support/memory_files.h"
+#include "support/meter_line.h"
+#include "support/virtual_pump.h"
+
+namespace counter::test {
+namespace {
+
+class TwoPorts : public PortCatalog {
+  public:
+    std::vector<PortDescription> Ports() const override {
+        return {{"/dev/ttyS0", "", ""}, {"/dev/ttyUSB0", "An adaptor", "/dev/serial/by-id/usb-a"}};
+    }
+    std::string DeviceOf(int) const override { return "/dev/ttyS0"; }
+};
+
+struct LinkBench {
+    VirtualPump Pump;
+    MemoryFiles Store;
+    TwoPorts Catalog;
+    TriedDevice Tried;
+    MeterLine Line{Pump, {}};
+    LinkSetup View{{Pump, Line, Tried, Catalog, {Store, "home"}}};
+
+    LinkBench() {
+        Store.Contents["/dev/ttyUSB0"] = "";
+        View.Load();
+    }
+    std::string File() { return Store.Contents["home/Settings.SSS"]; }
+    const std::string& Result() { return View.lblResult.Caption; }
+};
+
+TEST(LinkSetup, LaysDownWhatANewFileBeginsWith) {
+    LinkBench bench;
+    EXPECT_EQ(bench.File(), "");
+    bench.View.Controls.Click(bench.View.cmdSave);
+    EXPECT_EQ(bench.File(), "3501000100100831010000\r\n2711000000000000F6CB00000000\r\n");
+}
+
+TEST(LinkSetup, KeepsWhatItDoesNotShow) {
+    LinkBench bench;
+    bench.Store.Contents["home/Settings.SSS"] = "351200710010083174321\r\n2711AABBCCDDEEFFF6CBC0A800071\r\n";
+    bench.View.Load();
+    EXPECT_EQ(bench.View.txtNodeIp.Text, "192.168.0.7");
+    bench.View.Controls.Select(bench.View.cboBaud, 6);
+    bench.View.Controls.Click(bench.View.cmdSave);
+    EXPECT_EQ(bench.File(), "3612007100100831743210\r\n2711AABBCCDDEEFFF6CBC0A800071\r\n");
+}
+
+TEST(LinkSetup, APickedPortGetsTheNumberByItsLastingName) {
+    LinkBench bench;
+    bench.View.Controls.Select(bench.View.cboPort, 1);
+    EXPECT_EQ(bench.View.txtDevice.Text, "/dev/ttyUSB0");
+    bench.View.Controls.Click(bench.View.cmdSave);
+    EXPECT_EQ(bench.Store.LinkTarget("home/ports/com1"), "/dev/serial/by-id/usb-a");
+}
+
+TEST(LinkSetup, RefusesWhatIsIllegalAndWritesNothing) {
+    LinkBench bench;
+    bench.View.Controls.Type(bench.View.txtVersion, "many");
+    bench.View.Controls.Click(bench.View.cmdSave);
+    EXPECT_EQ(bench.View.lblResult.TextColor, ColorRed);
+    EXPECT_NE(bench.Result().find("FirmwareVersion"), std::string::npos);
+    bench.View.Controls.Type(bench.View.txtVersion, "83");
+    bench.View.Controls.Type(bench.View.txtDevice, "/dev/nothing");
+    bench.View.Controls.Click(bench.View.cmdSave);
+    EXPECT_EQ(bench.Result(), "/dev/nothing: No such file or directory");
+    EXPECT_EQ(bench.File(), "");
+}
+
+TEST(LinkSetup, TheTestSaysWhoAnswered) {
+    LinkBench bench;
+    bench.View.Controls.Click(bench.View.cmdTest);
+    EXPECT_EQ(bench.View.lblResult.TextColor, ColorGreen) << bench.Result();
+    EXPECT_NE(bench.Result().find("firmware version"), std::string::npos) << bench.Result();
+    EXPECT_EQ(bench.Tried.Device, "/dev/ttyS0");
+    EXPECT_FALSE(bench.Line.PortOpen());
+    EXPECT_TRUE(bench.Store.Contents.size() == 1) << "nothing was written";
+}
+
+TEST(LinkSetup, TheTestSaysWhyNobodyAnswered) {
+    LinkBench bench;
+    bench.Line.Unplug();
+    bench.View.Controls.Click(bench.View.cmdTest);
+    EXPECT_EQ(bench.Result().rfind("no reply within 3 seconds (21).", 0), 0U) << bench.Result();
+    bench.Line.NextOpen = {StatusKind::Busy, "/dev/ttyS0", "Device or resource busy"};
+    bench.View.Controls.Click(bench.View.cmdTest);
+    EXPECT_EQ(bench.Result(), "/dev/ttyS0: Device or resource busy");
+    EXPECT_TRUE(bench.View.cmdSave.Enabled);
+}
+
+TEST(LinkSetup, FieldsFollowProtocolAndNode) {
+    LinkBench bench;
+    EXPECT_FALSE(bench.View.cboParity.Enabled);
+    EXPECT_FALSE(bench.View.txtNode.Enabled);
+    bench.View.Controls.Select(bench.View.cboProtocol, 1);
+    EXPECT_TRUE(bench.View.cboParity.Enabled);
+    EXPECT_FALSE(bench.View.cboAddress.Enabled);
+    bench.View.Controls.Check(bench.View.chkNode, 1);
+    EXPECT_TRUE(bench.View.txtNode.Enabled);
+    EXPECT_FALSE(bench.View.txtDevice.Enabled);
+}
+
+}  // namespace
+}  // namespace counter::test
