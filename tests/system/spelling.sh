@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# The texts that users read are spelled right: help, batch reference and drawings, against American English
+# and the words of the field in data/words.txt, one a line, those of the meter's display included. What has a
+# digit in it is no word. Needs hunspell and hunspell-en-us.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/../.." && pwd)
+cd "$root/data"
+command -v hunspell >/dev/null || { echo "FAILED: install hunspell and hunspell-en-us" >&2; exit 1; }
+
+# Help sources mark emphasis with "*" and begin comments with "#"; of a drawing only what stands in <text>.
+shown() {
+    case $1 in
+        *.svg) sed -n 's:.*<text[^>]*>\(.*\)</text>.*:\1:p' "$1" ;;
+        *) sed -e '/^#/d' -e 's/[*]/ /g' "$1" ;;
+    esac
+}
+
+status=0
+for file in help/*.txt batch/*.txt boards/*.svg; do
+    wrong=$(shown "$file" | LC_ALL=C.UTF-8 hunspell -d en_US -p "$PWD/words.txt" -l | grep -v '[0-9]' | sort -u | tr '\n' ' ' || true)
+    [ -z "$wrong" ] || { echo "FAILED: data/$file: $wrong" >&2; status=1; }
+done
+exit $status
