@@ -48,17 +48,17 @@ const std::vector<CommandRow>& Commands() {
         {"edit",      "FILE [--script SCRIPT] [--out FILE2] [--from-meter]", "edits FILE by the actions of SCRIPT",
          1, 1, {{"--script", true}, {"--out", true}, {"--from-meter", false}}, EditCommand},
         {"read",      "item1|item2|item3|peak|valley|all|all+", "one reading, or one line of them",
-         1, 1, {}, NotThereYet},
+         1, 1, {}, ReadCommand},
         {"reset",     "meter|function|alarms|peak|valley|display", "one reset command",
-         1, 1, {}, NotThereYet},
+         1, 1, {}, ResetCommand},
         {"remote",    "display|item3|both|c TEXT", "a value for the meter's display",
-         2, 2, {}, NotThereYet},
+         2, 2, {}, RemoteCommand},
         {"stream",    "[--count N] [--seconds S] [--csv FILE]", "the reading stream, a reading a line",
-         0, 0, {{"--count", true}, {"--seconds", true}, {"--csv", true}}, NotThereYet},
+         0, 0, {{"--count", true}, {"--seconds", true}, {"--csv", true}}, StreamCommand},
         {"curve",     "FILE.PRM [--board 1|2]", "sends a custom curve and verifies it",
-         1, 1, {{"--board", true}}, NotThereYet},
+         1, 1, {{"--board", true}}, CurveCommand},
         {"calibrate", "HERTZ", "runs the calibration procedure",
-         1, 1, {}, NotThereYet},
+         1, 1, {}, CalibrateCommand},
     };
     return rows;
 }

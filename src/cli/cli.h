@@ -35,6 +35,12 @@ int GetCommand(const CommandCall& call);
 int PutCommand(const CommandCall& call);
 int VerifyCommand(const CommandCall& call);
 int EditCommand(const CommandCall& call);
+int StreamCommand(const CommandCall& call);
+int ReadCommand(const CommandCall& call);
+int ResetCommand(const CommandCall& call);
+int RemoteCommand(const CommandCall& call);
+int CurveCommand(const CommandCall& call);
+int CalibrateCommand(const CommandCall& call);
 
 // show --as menu. The image keeps what building the menu repairs.
 int ShowMenu(const CommandCall& call, SetupImage& image);

@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "platform/serial_port.h"
+#include "platform/sockets.h"
 
 namespace counter {
 
@@ -20,6 +21,10 @@ class Machine {
     virtual Pump& Waits() = 0;
     virtual SerialPort& Port() = 0;
     virtual const PortCatalog& Catalog() = 0;
+    virtual Sockets Net() { return none_.Both(); }
+
+  private:
+    NoSockets none_;
 };
 
 struct CliWorld {

@@ -18,6 +18,9 @@ class HeldFiles : public Files {
 
     Status Read(const std::string& path, std::string& content) const override;
     Status Write(const std::string& path, std::string_view content) override;
+    Status Append(const std::string& path, std::string_view content) override {
+        return inner_.Append(path, content);
+    }
     bool Exists(const std::string& path) const override {
         return held_.count(path) > 0 || inner_.Exists(path);
     }

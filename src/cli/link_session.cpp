@@ -14,11 +14,18 @@ namespace {
 
 constexpr int kBarCharacters = 40;
 
+auto LineTo(std::ostream& err) {
+    return [&err](const std::string& line) { err << line << std::endl; };
+}
+
 std::unique_ptr<TracePort> MakeTrace(const CommandCall& call, Machine& machine) {
     if (!call.Trace) return nullptr;
-    std::ostream& err = call.World.Err;
-    return std::make_unique<TracePort>(machine.Port(), machine.Waits(),
-                                       [&err](const std::string& line) { err << line << std::endl; });
+    return std::make_unique<TracePort>(machine.Port(), machine.Waits(), LineTo(call.World.Err));
+}
+
+std::unique_ptr<TraceSockets> MakeNetTrace(const CommandCall& call, Machine& machine) {
+    if (!call.Trace) return nullptr;
+    return std::make_unique<TraceSockets>(machine.Net(), machine.Waits(), LineTo(call.World.Err));
 }
 
 SerialPort& PortOf(TracePort* trace, Machine& machine) {
@@ -27,6 +34,10 @@ SerialPort& PortOf(TracePort* trace, Machine& machine) {
 }
 
 }  // namespace
+
+std::string WithNumber(const std::string& text, int linkError) {
+    return text + " (" + std::to_string(linkError) + ")";
+}
 
 void LineDialogs::Show(const Message& message) {
     shown_.push_back(message);
@@ -47,8 +58,9 @@ LinkSession::LinkSession(const CommandCall& call)
       machine_(call.World.MakeMachine(call.Folder)),
       dialogs_(call.World.Err),
       trace_(MakeTrace(call, *machine_)),
-      session_(machine_->Waits(), PortOf(trace_.get(), *machine_), dialogs_,
-               {call.World.Store, call.Folder}) {
+      netTrace_(MakeNetTrace(call, *machine_)),
+      session_(machine_->Waits(), PortOf(trace_.get(), *machine_), dialogs_, {call.World.Store, call.Folder},
+               netTrace_ ? netTrace_->Both() : machine_->Net()) {
     machine_->Waits().OnInterrupt = [this] { OnInterrupt(); };
     dialogs_.BeforeLine = [this] { EndBar(); };
     if (call.World.ErrIsTerminal && !call.Trace) session_.Home.Changed = [this] { ShowProgress(); };
@@ -61,12 +73,28 @@ LinkSession::~LinkSession() {
 int LinkSession::Begin() {
     const Status status = Start(session_);
     if (!status.Ok()) return RefuseStatus(call_, status);
-    if (session_.LinkData.EthernetMode == 1)
-        return RefuseCall(call_, "meters behind a node are not there yet");
+    if (session_.LinkData.EthernetMode == 1) return LogIn();
     if (session_.Stored.CommsEnabled > 0) return kDone;
     return RefuseStatus(
         call_, {StatusKind::Illegal, session_.Folder.At(kSettingsFile),
                 "there is no serial link (CommsEnabled is 0); counterctl settings set CommsEnabled=1"});
+}
+
+// A node that does not call is told by the text of the desktop's message box.
+int LinkSession::LogIn() {
+    session_.Node.TryBegins = [this](int tryNumber) {
+        session_.Home.ProgressTo(100 * tryNumber / NodeClient::kLoginTries);
+        session_.Home.ShowProgress(tryNumber > 1);
+    };
+    const Status ports = LogIntoNode(session_);
+    session_.Home.ProgressVisible = false;
+    if (!ports.Ok()) return RefuseStatus(call_, ports);
+    if (session_.Node.Connected()) return kDone;
+    dialogs_.Show({"", kNoNodeCall, BoxIcon::None});
+    Finish();
+    if (call_.Json)
+        WriteJson(call_, {{"status", kNoNodeCall}, {"LinkError", 0}, {"messages", dialogs_.Messages()}});
+    return kLinkFailed;
 }
 
 int LinkSession::Get() {
@@ -92,25 +120,31 @@ void LinkSession::EndBar() {
 void LinkSession::Finish() {
     if (std::exchange(finished_, true)) return;
     ClosePort(session_.Line);
+    session_.Node.Close();
     session_.Home.Changed = nullptr;
     EndBar();
 }
 
 int LinkSession::End(const Json& more) {
-    const int error = session_.LinkData.LinkError;
     const std::string& status = session_.Home.StatusText;
+    return EndAction({status, status, more});
+}
+
+int LinkSession::EndAction(const ActionEnd& end) {
+    const int error = session_.LinkData.LinkError;
+    const bool failed = end.Failed || error != 0;
     Finish();
     if (call_.Json) {
-        Json document = {{"status", status}, {"LinkError", error}};
-        document.update(more);
+        Json document = {{"status", Utf8(end.Status)}, {"LinkError", error}};
+        document.update(end.More);
         document["messages"] = dialogs_.Messages();
         WriteJson(call_, document);
-    } else if (error == 0) {
-        call_.World.Out << status << "\n";
+    } else if (!failed) {
+        call_.World.Out << end.Plain << "\n";
     }
-    if (error == 0) return kDone;
-    call_.World.Err << "counterctl: " << LinkErrorMeaning(error) << "\n" << status << "\n";
-    return kLinkFailed;
+    if (error != 0) call_.World.Err << "counterctl: " << LinkErrorMeaning(error) << "\n";
+    if (failed) call_.World.Err << end.Status << "\n";
+    return failed ? kLinkFailed : kDone;
 }
 
 void LinkSession::ShowProgress() {
@@ -125,6 +159,7 @@ void LinkSession::ShowProgress() {
 void LinkSession::OnInterrupt() {
     if (trace_) trace_->Flush();
     session_.Port.Close();
+    session_.Node.Close();
     EndBar();
     call_.World.Err << "counterctl: interrupted" << WrittenSoFar() << "\n" << std::flush;
     call_.World.Out << std::flush;

@@ -8,6 +8,7 @@
 #include "cli/cli.h"
 #include "cli/cli_output.h"
 #include "platform/trace_port.h"
+#include "platform/trace_sockets.h"
 #include "session/session.h"
 
 namespace counter {
@@ -25,6 +26,17 @@ class LineDialogs : public Dialogs {
     std::vector<Message> shown_;
 };
 
+// The text of a failure with its number in brackets behind it.
+std::string WithNumber(const std::string& text, int linkError);
+
+// How an action ended whose status line is not the home view's.
+struct ActionEnd {
+    std::string Status;  // the line; of a failure with the number in brackets
+    std::string Plain;   // what is printed of a good end without --json
+    Json More = Json::object();
+    bool Failed = false;  // whatever LinkError says
+};
+
 class LinkSession {
   public:
     explicit LinkSession(const CommandCall& call);
@@ -32,7 +44,8 @@ class LinkSession {
     LinkSession(const LinkSession&) = delete;
     LinkSession& operator=(const LinkSession&) = delete;
 
-    // Reads the settings and opens the port. Returns 0, or the exit status with its line written.
+    // Reads the settings and opens the port, or has the node call back. Returns 0, or the exit status with
+    // its line written.
     int Begin();
     // Get Setup. Returns 0, or 3 for a failure that End tells.
     int Get();
@@ -43,10 +56,12 @@ class LinkSession {
     // Finishes and tells how the action ended: the status line, with --json as a document that `more` adds
     // to, a failure on standard error. Returns 0 or 3.
     int End(const Json& more);
+    int EndAction(const ActionEnd& end);
 
     Session& Program() { return session_; }
 
   private:
+    int LogIn();
     void ShowProgress();
     void EndBar();
     void OnInterrupt();
@@ -56,6 +71,7 @@ class LinkSession {
     std::unique_ptr<Machine> machine_;
     LineDialogs dialogs_;
     std::unique_ptr<TracePort> trace_;
+    std::unique_ptr<TraceSockets> netTrace_;
     Session session_;
     bool barOnScreen_ = false;
     bool putting_ = false;

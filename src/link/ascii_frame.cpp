@@ -24,4 +24,11 @@ void JudgeAscii(LinkState& link, std::string_view received) {
     link.ReplyText = link.RawReply;
 }
 
+void JudgeNodeAscii(LinkState& link, std::string_view received) {
+    if (received.ends_with('\n')) received.remove_suffix(1);
+    if (received.ends_with('\r')) received.remove_suffix(1);
+    link.RawReply = std::string(received);
+    link.ReplyText = link.RawReply;
+}
+
 }  // namespace counter

@@ -22,4 +22,7 @@ std::string AsciiCommand(const LinkState& link, std::string_view body);
 // B commands (third character of CommandText) may be odd.
 void JudgeAscii(LinkState& link, std::string_view received);
 
+// The same for a reply through the node: a CR LF, LF or CR at its end goes, and nothing else.
+void JudgeNodeAscii(LinkState& link, std::string_view received);
+
 }  // namespace counter

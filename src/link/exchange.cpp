@@ -3,6 +3,7 @@
 #include "link/ascii_frame.h"
 #include "link/link_error.h"
 #include "link/modbus_frame.h"
+#include "link/node_exchange.h"
 #include "link/waits.h"
 
 namespace counter {
@@ -27,6 +28,11 @@ void BuildFrame(LinkState& link) {
         return;
     }
     link.ModbusPayload = link.ModbusAddressHex + link.ModbusPayload;
+    if (link.EthernetMode == 1) {
+        link.TransactionId = NextTransaction(link.TransactionId);
+        link.CommandText = FrameModbusTcp(link.ModbusPayload, link.TransactionId);
+        return;
+    }
     link.CommandText = link.SerialProtocol == kModbusRtu ? FrameRtu(link.ModbusPayload, link.CrcTableFixed)
                                                          : FrameModbusAscii(link.ModbusPayload);
 }
@@ -82,6 +88,7 @@ bool Judge(LinkState& link, const std::string& reply) {
 void SendCommand(Link& link) {
     LinkDelay(link, kBeforeSendMs);
     BuildFrame(link.State);
+    if (link.State.EthernetMode == 1) return SendThroughNode(link);
     if (link.Port.InBufferCount() != 0) link.State.RawReply = link.Port.Input();
     link.Port.SetRtsEnable(true);
     link.Port.Input();
@@ -91,6 +98,11 @@ void SendCommand(Link& link) {
 
 void ReceiveReply(Link& link) {
     LinkState& state = link.State;
+    if (state.EthernetMode == 1) {
+        ReceiveThroughNode(link);
+        if (state.LinkError == LinkErrors::kGood) state.ReplyText = TrimBlanks(state.ReplyText);
+        return;
+    }
     state.LinkError = LinkErrors::kGood;
     if (!WaitForFirstCharacter(link)) return;
     LinkDelay(link, kFirstPartMs);

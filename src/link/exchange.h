@@ -5,6 +5,8 @@
 //   up to 3000 ms for the first character
 //   200 ms                                    the whole first part of a reply is let in
 //   until 10 characters' time + 50 ms pass without a character
+//
+// Through the node the reply comes in one piece instead, see node_exchange.h.
 #pragma once
 
 #include <string_view>

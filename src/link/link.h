@@ -2,6 +2,7 @@
 #pragma once
 
 #include "link/link_state.h"
+#include "link/node_client.h"
 #include "platform/pump.h"
 #include "platform/serial_port.h"
 
@@ -11,6 +12,7 @@ struct Link {
     LinkState& State;
     Pump& Waits;
     SerialPort& Port;
+    NodeClient* Node = nullptr;  // in Ethernet mode takes the port's place; not null then
 };
 
 }  // namespace counter

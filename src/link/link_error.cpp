@@ -21,7 +21,7 @@ std::string LinkErrorMeaning(int linkError) {
         case LinkErrors::kLrc:
             return "the reply's LRC is wrong";
         case LinkErrors::kPortFault:
-            return "the port failed or the line went away";
+            return "the port failed, the line went away, or the reply was another request's";
         default:
             return "a reply of the wrong length, or the meter refused with exception " +
                    std::to_string(linkError);

@@ -21,7 +21,8 @@ inline constexpr int kNoCarriageReturn = 23;  // Custom ASCII: no CR in the repl
 inline constexpr int kCrc = 24;               // Modbus RTU: wrong check
 inline constexpr int kNoLineFeed = 25;        // Modbus ASCII: no LF in the reply
 inline constexpr int kLrc = 26;               // Modbus ASCII: wrong check
-inline constexpr int kPortFault = 27;         // serial: the port failed; node: reply of another transaction
+inline constexpr int kPortFault = 27;         // the port failed, the line or the node's connection went away
+inline constexpr int kOtherTransaction = 27;  // node: the reply of another Modbus request
 
 }  // namespace LinkErrors
 

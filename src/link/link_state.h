@@ -17,6 +17,11 @@ struct LinkState {
     int LinkError = 0;      // 0 good, see link_error.h
     int PortFault = 0;      // 1: WaitForInput met a port error
 
+    // Through the node.
+    std::string NodeReply;  // what arrived last; empty: nothing yet
+    int TransactionId = 0;  // of the last Modbus request, 1..65535
+    int NodeFirstRun = 0;   // 1: the login of this run is still to come
+
     // Write frames of the last Put that have gone out, by command ("WR1A") or by function and first register.
     std::vector<std::string> FramesWritten;
 

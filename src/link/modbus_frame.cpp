@@ -49,6 +49,16 @@ std::string FrameModbusAscii(std::string_view digits) {
     return ":" + std::string(digits) + ModbusLrc(digits) + "\r\n";
 }
 
+std::string FrameModbusTcp(std::string_view digits, int transactionId) {
+    const auto bytes = static_cast<unsigned>((digits.size() + 1) / 2);
+    return TextOfHex(HexNumber(static_cast<unsigned>(transactionId), 4) + "0000" + HexNumber(bytes, 4) +
+                     std::string(digits));
+}
+
+int NextTransaction(int transactionId) {
+    return transactionId >= 65535 ? 1 : transactionId + 1;
+}
+
 bool JudgeRtu(LinkState& link, std::string_view received) {
     const std::size_t covered = received.size() < 2 ? 0 : received.size() - 2;
     const ModbusCheck check = ModbusCrc(received.substr(0, covered), link.CrcTableFixed);
@@ -78,6 +88,17 @@ bool JudgeModbusAscii(LinkState& link, std::string_view received) {
     if (digits.substr(covered) == ModbusLrc(digits.substr(0, covered))) return true;
     link.LinkError = LinkErrors::kLrc;
     return false;
+}
+
+bool JudgeModbusTcp(LinkState& link, std::string_view received) {
+    constexpr std::size_t kHeader = 6;
+    const std::string transaction = HexNumber(static_cast<unsigned>(link.TransactionId), 4);
+    if (HexOfText(received.substr(0, 2)) != transaction) {
+        link.LinkError = LinkErrors::kOtherTransaction;
+        return false;
+    }
+    link.ReplyText = HexOfText(received.substr(std::min(kHeader, received.size())));
+    return true;
 }
 
 }  // namespace counter

@@ -1,7 +1,8 @@
-// Frames of Modbus on serial lines.
+// Frames of Modbus, on serial lines and towards the Ethernet node.
 //
 // RTU:   address, function, data, CRC low, CRC high; as bytes. Ends by silence.
 // ASCII: ":", the same as hexadecimal digits, LRC as two digits, CR, LF.
+// TCP:   transaction number (2), 00 00, length (2), address, function, data. Length counts what is behind it.
 // Published in "MODBUS over Serial Line, Specification and Implementation Guide V1.02"; this meter's
 // firmware differs from it in one CRC table entry and in the LRC of a sum that is a multiple of 256.
 #pragma once
@@ -30,11 +31,18 @@ std::string ModbusLrc(std::string_view digits);
 // The frame of a request whose `digits` begin with the address.
 std::string FrameRtu(std::string_view digits, bool fixedTable);
 std::string FrameModbusAscii(std::string_view digits);
+std::string FrameModbusTcp(std::string_view digits, int transactionId);
+
+// The number of the next request: 65535 is followed by 1.
+int NextTransaction(int transactionId);
 
 // Check a received frame and set LinkError, RawReply and ReplyText (hexadecimal digits from the device
 // address on, check field included). An RTU exception reply sets LinkError to the low digit of its code.
 // Returns false when the reply failed and ReplyText is to stay untrimmed.
 bool JudgeRtu(LinkState& link, std::string_view received);
 bool JudgeModbusAscii(LinkState& link, std::string_view received);
+// The node's reply carries no check field. One of another transaction is LinkError 27; neither length nor
+// exceptions are looked at.
+bool JudgeModbusTcp(LinkState& link, std::string_view received);
 
 }  // namespace counter

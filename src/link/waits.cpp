@@ -44,4 +44,11 @@ bool SerialLineHolds(Link& link) {
     return false;
 }
 
+bool LineHolds(Link& link) {
+    if (link.State.EthernetMode != 1) return SerialLineHolds(link);
+    if (link.Node->Connected() && !link.Node->Lost()) return true;
+    link.State.LinkError = LinkErrors::kPortFault;
+    return false;
+}
+
 }  // namespace counter

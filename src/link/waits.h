@@ -21,4 +21,7 @@ void WaitForOutput(Link& link);
 // no other proof that it went anywhere.
 bool SerialLineHolds(Link& link);
 
+// The same, and for the connection to the node as well.
+bool LineHolds(Link& link);
+
 }  // namespace counter

@@ -18,6 +18,11 @@ constexpr bool AsksAnalogByte(int firmwareVersion) {
     return firmwareVersion == 74 || firmwareVersion == 75;
 }
 
+// Meters above 34 can put characters of the user's choice around the frames of the reading stream.
+constexpr bool HasCustomCharacters(int firmwareVersion) {
+    return firmwareVersion > 34;
+}
+
 // From 76 on the analog board can be read over Modbus.
 constexpr bool ModbusTellsAnalogOption(int firmwareVersion) {
     return firmwareVersion >= 76;

@@ -1,4 +1,4 @@
-// Files: reading and writing files whole.
+// Files: reading and writing files whole, and adding to those that grow while they are written.
 #pragma once
 
 #include <string>
@@ -18,6 +18,9 @@ class Files {
     // Whole or not at all: at any moment, kill and power cut included, either the old or the new content
     // stands under `path`. A failed write leaves the old file and says why.
     virtual Status Write(const std::string& path, std::string_view content) = 0;
+    // Adds to the end of the file, which is made where there is none; who reads it sees the addition at once.
+    // A failed one leaves the file as it was.
+    virtual Status Append(const std::string& path, std::string_view content) = 0;
     virtual bool Exists(const std::string& path) const = 0;
     virtual Status Remove(const std::string& path) = 0;
     // With all folders above it; one that stands there is fine.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,15 @@ class SerialPort {
 
     // True once the port is not open or its line went away; stays so until the next opening.
     virtual bool Faulted() const = 0;
+
+    // Told from the event loop that input has arrived; may be empty. It must not wait.
+    std::function<void()> Arrived;
+
+  protected:
+    // A copy is called, so that who is told may hand Arrived on to somebody else.
+    void TellArrived() const {
+        if (const std::function<void()> arrived = Arrived) arrived();
+    }
 };
 
 // A serial port of the machine, as lists show it.

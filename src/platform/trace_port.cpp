@@ -1,12 +1,21 @@
 #include "platform/trace_port.h"
 
-#include <cstdio>
 #include <utility>
+
+#include "platform/trace_line.h"
 
 namespace counter {
 
 TracePort::TracePort(SerialPort& inner, const Pump& pump, Sink sink)
-    : inner_(inner), pump_(pump), sink_(std::move(sink)), startMs_(pump.NowMs()) {}
+    : inner_(inner), pump_(pump), sink_(std::move(sink)), startMs_(pump.NowMs()) {
+    inner_.Arrived = [this] { PassArrival(); };
+}
+
+void TracePort::PassArrival() {
+    if (!Arrived) return;
+    TellArrived();
+    Flush();
+}
 
 void TracePort::Flush() {
     if (received_.empty()) return;
@@ -33,18 +42,7 @@ void TracePort::Output(std::string_view bytes) {
 }
 
 void TracePort::Tell(double atMs, char direction, std::string_view bytes) {
-    char head[32];
-    std::snprintf(head, sizeof head, "%8.0f %c", atMs - startMs_, direction);
-    std::string line = head;
-    std::string text;
-    for (const char c : bytes) {
-        const auto code = static_cast<unsigned char>(c);
-        char pair[4];
-        std::snprintf(pair, sizeof pair, " %02X", code);
-        line += pair;
-        text += code >= 32 && code < 127 ? c : '.';
-    }
-    sink_(line + "  " + text);
+    sink_(TraceLine(atMs - startMs_, direction, bytes));
 }
 
 }  // namespace counter

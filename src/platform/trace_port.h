@@ -11,12 +11,14 @@ namespace counter {
 
 // A line a frame: milliseconds since the trace began, ">" sent or "<" received, the bytes in hexadecimal,
 // then the same bytes as text with a "." for what can't be printed. Bytes that arrive one after the other
-// are one frame until something is sent; Flush tells a frame that is still open.
+// are one frame until something is sent; Flush tells a frame that is still open. While somebody listens to
+// arriving input, as in the reading stream, each arrival is a frame.
 class TracePort : public SerialPort {
   public:
     using Sink = std::function<void(const std::string& line)>;
 
     TracePort(SerialPort& inner, const Pump& pump, Sink sink);
+    ~TracePort() override { inner_.Arrived = nullptr; }
     void Flush();
 
     void SetCommPort(int number) override { inner_.SetCommPort(number); }
@@ -34,6 +36,7 @@ class TracePort : public SerialPort {
     bool Faulted() const override { return inner_.Faulted(); }
 
   private:
+    void PassArrival();
     void Tell(double atMs, char direction, std::string_view bytes);
 
     SerialPort& inner_;

@@ -17,6 +17,11 @@ void HomeState::ShowStatus(const std::string& text, Color color) {
     Tell(*this);
 }
 
+void HomeState::HideStatus() {
+    StatusVisible = false;
+    Tell(*this);
+}
+
 void HomeState::ProgressTo(int percent) {
     ProgressPercent = percent;
     Tell(*this);

@@ -28,6 +28,7 @@ struct HomeState {
     std::function<void()> Changed;  // tells who shows it; may be empty
 
     void ShowStatus(const std::string& text, Color color);
+    void HideStatus();
     void ProgressTo(int percent);
     void ShowProgress(bool visible);
     void ShowHourglass(bool shown);

@@ -3,7 +3,11 @@
 // Only the views, the shell and the command line see it whole; everything below takes what it uses.
 #pragma once
 
+#include <optional>
+
+#include "link/frame_rules.h"
 #include "link/link.h"
+#include "link/node_client.h"
 #include "link/read_settings.h"
 #include "meter/derived_values.h"
 #include "meter/meter_identity.h"
@@ -12,6 +16,7 @@
 #include "platform/program_folder.h"
 #include "platform/pump.h"
 #include "platform/serial_port.h"
+#include "platform/sockets.h"
 #include "session/home_state.h"
 #include "session/view_state.h"
 #include "settings/settings.h"
@@ -19,25 +24,36 @@
 namespace counter {
 
 struct Session {
+    NoSockets None;  // for those who reach no node
     // The world, made by main() or by a test.
     Pump& Waits;
     SerialPort& Port;
     Dialogs& Boxes;
     ProgramFolder Folder;
+    Sockets Net;
 
     SetupImage Image;
     Settings Stored;
     MeterIdentity Identity;
     LinkState LinkData;
+    FrameRules Frames;  // of the reading stream
     DerivedValues Derived;
     HomeState Home;
     ViewState Views;
 
-    Link Line{LinkData, Waits, Port};
+    NodeClient Node{LinkData, Waits, Boxes, Net};
+    Link Line{LinkData, Waits, Port, &Node};
     BringUp Settled{Folder, Boxes, Stored, Identity, Line};
 
-    Session(Pump& pump, SerialPort& port, Dialogs& dialogs, ProgramFolder folder)
-        : Waits(pump), Port(port), Boxes(dialogs), Folder(std::move(folder)) {}
+    Session(Pump& pump, SerialPort& port, Dialogs& dialogs, ProgramFolder folder,
+            std::optional<Sockets> sockets = {})
+        : Waits(pump),
+          Port(port),
+          Boxes(dialogs),
+          Folder(std::move(folder)),
+          Net(sockets.value_or(None.Both())) {
+        Node.HideStatus = [this] { Home.HideStatus(); };
+    }
     Session(const Session&) = delete;  // Line and Settled refer into it
     Session& operator=(const Session&) = delete;
 };

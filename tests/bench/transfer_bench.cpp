@@ -1,5 +1,6 @@
-// bench_get BIN FOLDER [RUNS]: counterctl get from counter-sim over a pseudo terminal, in each protocol. Wall
-// time against the sum of the pauses that the link demands, processor time against wall time.
+// bench_transfer BIN FOLDER [RUNS]: counterctl get from counter-sim over a pseudo terminal, in each protocol,
+// and over a node on the loopback. Wall time against the sum of the pauses that the link demands, processor
+// time against wall time.
 //
 // FOLDER becomes the program folder.
 #include <signal.h>
@@ -33,18 +34,30 @@ constexpr double kModbusPutMs = kExchangeMs + 1000 + 6 * (1000 + kExchangeMs);
 // Over Modbus ASCII the board's answer counts as too short, and no second follows it.
 constexpr double kModbusAsciiPutMs = kModbusPutMs - 1000;
 
+// Through the node every pause is a second longer; there is no wake-up, and a reply ends without a silence.
+constexpr double kNodeExtraMs = 1000;
+constexpr double kNodeExchangeMs = kNodeExtraMs + 300;
+constexpr double kNodeAsciiGetMs =
+    kNodeExtraMs + kBeginMs + kNodeExtraMs + 300 + 5 * kNodeExchangeMs + kNodeExtraMs + 200 + kNodeExchangeMs;
+constexpr double kNodeModbusGetMs = kNodeExtraMs + kBeginMs + 7 * kNodeExchangeMs + 6 * (kNodeExtraMs + 1000);
+
 struct Kind {
     const char* Name;
     const char* Protocol;  // for counter-sim
     const char* Setting;   // for counterctl
     double GetMs;
-    double PutMs;
+    double PutMs;  // 0: not measured
+    bool Node = false;
 };
 constexpr Kind kKinds[] = {
     {"Custom ASCII", "ascii", "SerialProtocol=0", kAsciiGetMs, kAsciiPutMs},
     {"Modbus RTU", "rtu", "SerialProtocol=1", kModbusGetMs, kModbusPutMs},
     {"Modbus ASCII", "modbus-ascii", "SerialProtocol=2", kModbusGetMs, kModbusAsciiPutMs},
+    {"Node, ASCII", "ascii", "SerialProtocol=0", kNodeAsciiGetMs, 0, true},
+    {"Node, Modbus", "rtu", "SerialProtocol=1", kNodeModbusGetMs, 0, true},
 };
+
+constexpr const char* kNodeIp = "127.63.100.1";
 
 // Starts the simulated meter and returns once it has told its path.
 pid_t StartMeter(const std::string& bin, const Kind& kind, const std::string& link) {
@@ -54,8 +67,13 @@ pid_t StartMeter(const std::string& bin, const Kind& kind, const std::string& li
     if (child == 0) {
         dup2(ends[1], STDOUT_FILENO);
         close(ends[0]);
-        execl((bin + "/counter-sim").c_str(), "counter-sim", "--protocol", kind.Protocol, "--link",
-              link.c_str(), static_cast<char*>(nullptr));
+        const std::string program = bin + "/counter-sim";
+        if (kind.Node)
+            execl(program.c_str(), "counter-sim", "--protocol", kind.Protocol, "--node", "--node-ip", kNodeIp,
+                  static_cast<char*>(nullptr));
+        else
+            execl(program.c_str(), "counter-sim", "--protocol", kind.Protocol, "--link", link.c_str(),
+                  static_cast<char*>(nullptr));
         _exit(127);
     }
     close(ends[1]);
@@ -83,11 +101,18 @@ void Measure(const std::string& bin, const std::string& folder, const Kind& kind
     const std::string counterctl = bin + "/counterctl";
     const std::string file = folder + "/got.CT2";
     RunProcess({counterctl, "--dir", folder, "settings", "init", "--force", kind.Setting});
+    if (kind.Node) {
+        RunProcess({counterctl, "--dir", folder, "settings", "set", "NodeAddress=0080A3010203",
+                    std::string("NodeIp=") + kNodeIp, "TcpPort=24100"});
+    }
     RunProcess({"mkdir", "-p", folder + "/ports"});
     const pid_t meter = StartMeter(bin, kind, folder + "/ports/com1");
-    MeasureOne(kind, "get", {counterctl, "--dir", folder, "get", file}, kind.GetMs + kCloseMs, runs);
-    MeasureOne(kind, "put --verify", {counterctl, "--dir", folder, "put", file, "--verify"},
-               kind.PutMs + kind.GetMs + kCloseMs, runs);
+    const double closeMs = kCloseMs + (kind.Node ? kNodeExtraMs : 0);
+    MeasureOne(kind, "get", {counterctl, "--dir", folder, "get", file}, kind.GetMs + closeMs, runs);
+    if (kind.PutMs > 0) {
+        MeasureOne(kind, "put --verify", {counterctl, "--dir", folder, "put", file, "--verify"},
+                   kind.PutMs + kind.GetMs + closeMs, runs);
+    }
     kill(meter, SIGTERM);
     waitpid(meter, nullptr, 0);
 }

@@ -98,7 +98,7 @@ TEST(Usage, IsOneLineThatSaysWhatIsLegal) {
         {{"put", "a", "--backup", ""}, "--backup needs a value"},
         {{"get", "a", "--dir", ""}, "--dir needs a value"},
         {{"put"}, "usage: counterctl put FILE [--backup OLD] [--verify]"},
-        {{"read", "item1"}, "not there yet"},
+        {{"read"}, "usage: counterctl read item1|item2"},
     };
     for (const auto& c : cases) {
         CliBench bench;

@@ -34,8 +34,10 @@ class RecordedDialogs : public Dialogs {
     void Beep() override { ++Beeps; }
 };
 
-struct BenchMeter {
-    explicit BenchMeter(sim::MeterOptions options = {}, const std::vector<std::string>& settings = {})
+// On the virtual clock, or on the one that carries widgets as well.
+template <class PumpType>
+struct BenchMeterOf {
+    explicit BenchMeterOf(sim::MeterOptions options = {}, const std::vector<std::string>& settings = {})
         : Line(Pump, std::move(options)) {
         SettingsLines lines = NewSettingsLines();
         for (const std::string& word : settings) {
@@ -46,11 +48,13 @@ struct BenchMeter {
     }
     Status SwitchOn() { return Start(Program); }
 
-    VirtualPump Pump;
+    PumpType Pump;
     MemoryFiles Store;
     RecordedDialogs Boxes;
     MeterLine Line;
     Session Program{Pump, Line, Boxes, {Store, "home"}};
 };
+
+using BenchMeter = BenchMeterOf<VirtualPump>;
 
 }  // namespace counter::test

@@ -18,6 +18,13 @@ Status MemoryFiles::Write(const std::string& path, std::string_view content) {
     return {};
 }
 
+Status MemoryFiles::Append(const std::string& path, std::string_view content) {
+    if (content.size() > AppendRoom) return {StatusKind::Other, path, "No space left on device"};
+    AppendRoom -= content.size();
+    const auto found = Contents.find(path);
+    return Write(path, (found == Contents.end() ? std::string() : found->second) + std::string(content));
+}
+
 Status MemoryFiles::Remove(const std::string& path) {
     Contents.erase(path);
     return {};

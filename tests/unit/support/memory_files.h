@@ -16,9 +16,11 @@ class MemoryFiles : public Files {
     std::set<std::string> Folders;
     std::set<std::string> Refused;   // paths that can be neither read nor written
     std::set<std::string> ReadOnly;  // paths that can't be written
+    std::size_t AppendRoom = 1U << 30;  // characters that can still be added before the disk is full
 
     Status Read(const std::string& path, std::string& content) const override;
     Status Write(const std::string& path, std::string_view content) override;
+    Status Append(const std::string& path, std::string_view content) override;
     bool Exists(const std::string& path) const override {
         return Contents.count(path) + Folders.count(path) > 0;
     }

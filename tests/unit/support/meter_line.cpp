@@ -41,6 +41,7 @@ void MeterLine::Take(double nowMs) {
     const std::string bytes = meter_.TakeDue(nowMs);
     if (open_) input_ += bytes;
     if (meter_.LineGone()) faulted_ = true;
+    if (open_ && !bytes.empty()) TellArrived();
 }
 
 }  // namespace counter::test

@@ -16,7 +16,10 @@ class MeterLine : public SerialPort {
 
     sim::Meter& Meter() { return meter_; }
     // Bytes that reach the tool though no meter sent them.
-    void Inject(std::string_view bytes) { input_ += bytes; }
+    void Inject(std::string_view bytes) {
+        input_ += bytes;
+        TellArrived();
+    }
     // Another thing at the end of the line than the meter: what is sent goes nowhere.
     void Unplug() { plugged_ = false; }
     void GoAway() { faulted_ = true; }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace counter {
 
@@ -11,5 +12,9 @@ std::string DefaultProgramFolder();
 
 // The same choice for given folders, neither ending in "/".
 std::string ChooseProgramFolder(const std::string& executableFolder, const std::string& dataFolder);
+
+// Where data that comes with the program may lie ("help", "boards"), best first: in the program folder, where
+// the program was installed, beside the build.
+std::vector<std::string> DataFolders(const std::string& programFolder, const std::string& name);
 
 }  // namespace counter

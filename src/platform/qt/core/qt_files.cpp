@@ -121,6 +121,18 @@ Status QtFiles::Write(const std::string& path, std::string_view content) {
     return status;
 }
 
+Status QtFiles::Append(const std::string& path, std::string_view content) {
+    const int descriptor = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666);
+    if (descriptor < 0) return SystemStatus(path, errno);
+    struct stat before = {};
+    const bool regular = fstat(descriptor, &before) == 0 && S_ISREG(before.st_mode);
+    int error = WriteAll(descriptor, content);
+    // A disk that was full in the middle must not leave half a line.
+    if (error != 0 && regular && ftruncate(descriptor, before.st_size) != 0) error = errno;
+    if (close(descriptor) != 0 && error == 0) error = errno;
+    return StatusOf(path, error);
+}
+
 bool QtFiles::Exists(const std::string& path) const {
     return access(path.c_str(), F_OK) == 0;
 }

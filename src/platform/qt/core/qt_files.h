@@ -17,6 +17,7 @@ class QtFiles : public Files {
     // is replaced. A device or pipe (/dev/stdout) has no old content to keep and is written directly, at its
     // end.
     Status Write(const std::string& path, std::string_view content) override;
+    Status Append(const std::string& path, std::string_view content) override;
     bool Exists(const std::string& path) const override;
     // A link goes, not what it names; a folder is refused.
     Status Remove(const std::string& path) override;

@@ -98,6 +98,7 @@ Status QtSerialPort::Open() {
     if (!port->open(QIODevice::ReadWrite)) return OpenFailure(named, device, *port);
     port_ = std::move(port);
     QObject::connect(port_.get(), &QSerialPort::errorOccurred, port_.get(), [this] { CheckLine(); });
+    QObject::connect(port_.get(), &QSerialPort::readyRead, port_.get(), [this] { TellArrived(); });
     SetDtrEnable(dtr_);
     SetRtsEnable(rts_);
     return {};

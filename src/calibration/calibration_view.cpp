@@ -1,0 +1,114 @@
+#include "calibration/calibration_view.h"
+
+#include <string>
+#include <utility>
+
+#include "meter/text.h"
+
+namespace counter {
+
+namespace {
+
+constexpr const char* kBeforeText =
+    "This procedure requires a known accurate input frequency to be applied to the\n"
+    "Counter with a Dual Channel Signal Conditioner in the Rate A Only mode.\n"
+    "Set Menu items 'SEtuP' and 'Config' to all zeros.\n"
+    "Apply the frequency now and continue with this procedure when the reading has \n"
+    "settled.";
+
+constexpr const char* kWaitText =
+    "Wait while setting the meter scale factor and offset for a high resolution\n"
+    "reading near 900,000.";
+
+}  // namespace
+
+CalibrationView::CalibrationView(Session& session) : Program(session) {
+    Controls.OnEnter(txtFreq, [this](Control&) { Calib(); });
+    Controls.On(cmdCANCEL, [this](Control&) {
+        Unload();
+        BackToMainMenu();
+    });
+    Controls.On(cmdOK, [this](Control&) { BackToMainMenu(); });
+    HideProgress();
+}
+
+void CalibrationView::Activate() {
+    if (running_) return;
+    Offer(cmdOK, false);
+    Offer(cmdCANCEL, true);
+    HideProgress();
+    picCAL1.Text = kBeforeText;
+    txtFreq.Text.clear();
+    Controls.SetFocus(txtFreq);
+    Controls.TellChanged();
+}
+
+void CalibrationView::Unload() {
+    if (running_) return;
+    Controls.DropFocus();
+    HideProgress();
+}
+
+void CalibrationView::Calib() {
+    if (running_) return;
+    running_ = true;
+    Offer(cmdCANCEL, false);
+    Offer(cmdOK, false);  // of a run before this one
+    HideProgress();
+    picCAL2.Text = kWaitText;
+    picCAL2.Visible = true;
+    Controls.TellChanged();
+    result_ = RunCalibration(Program.Line, std::string(Trimmed(txtFreq.Text)),
+                             [this](CalibrationStage stage, const CalibrationResult& sofar) {
+                                 ShowStage(stage, sofar);
+                                 Controls.TellChanged();
+                             });
+    running_ = false;
+    if (std::exchange(exitWanted_, false) && ExitProgram) ExitProgram();
+}
+
+bool CalibrationView::HoldExit() {
+    if (running_) exitWanted_ = true;
+    return running_;
+}
+
+void CalibrationView::ShowStage(CalibrationStage stage, const CalibrationResult& sofar) {
+    switch (stage) {
+        case CalibrationStage::Calculating:
+            lblCalc.Visible = true;
+            break;
+        case CalibrationStage::Limited:
+            lblRange.Visible = true;
+            break;
+        case CalibrationStage::Returning:
+            lblReturn.Visible = true;
+            break;
+        case CalibrationStage::Setting:
+            lblSet.Visible = lblPPM.Visible = txtScaleFactor.Visible = true;
+            txtScaleFactor.Text = std::to_string(sofar.Applied.Ppm);
+            break;
+        case CalibrationStage::Done:
+            lblDone.Visible = true;
+            Offer(cmdOK, true);
+            Controls.SetFocus(cmdOK);
+            break;
+    }
+}
+
+void CalibrationView::HideProgress() {
+    for (Control* control :
+         {&picCAL2, &lblCalc, &lblReturn, &lblSet, &txtScaleFactor, &lblPPM, &lblRange, &lblDone}) {
+        control->Visible = false;
+    }
+}
+
+void CalibrationView::Offer(Control& button, bool offered) {
+    button.Visible = button.Enabled = offered;
+}
+
+void CalibrationView::BackToMainMenu() {
+    if (ShowMainMenu) ShowMainMenu();
+    Program.Home.ShowHourglass(false);
+}
+
+}  // namespace counter

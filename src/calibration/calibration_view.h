@@ -1,0 +1,81 @@
+// CalibrationView: asks for the known frequency, runs the calibration and shows how far it is.
+//
+// Once begun, a run can't be interrupted: the meter has a test scale until the end of it. A second Enter does
+// nothing, the view can't be reset, and a program that is told to exit meanwhile does so behind the last
+// step: a meter left with a test scale would show wrong values where it is used.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "calibration/calibration.h"
+#include "controls/page_builder.h"
+#include "session/session.h"
+
+namespace counter {
+
+class CalibrationView {
+  public:
+    static constexpr const char* kTitle = "CALIBRATION";
+
+    explicit CalibrationView(Session& session);
+
+    // The view comes to the front with its field empty. Nothing while a run is under way.
+    void Activate();
+    // The view is left. Nothing while a run is under way.
+    void Unload();
+
+    // The whole procedure, on the frequency in txtFreq; nothing while it runs already.
+    void Calib();
+    // From the first frame of the procedure to the last.
+    bool Running() const { return running_; }
+    // How the last run ended.
+    const CalibrationResult& Result() const { return result_; }
+
+    // The program is told to exit. False: it may, now. True: a run is under way, and ExitProgram is called
+    // behind its last step.
+    bool HoldExit();
+
+    // Hooks into what shows the view; each may be empty.
+    std::function<void()> ShowMainMenu;
+    std::function<void()> ExitProgram;
+
+  private:
+    static constexpr int kAlwaysLive = 1;
+    static constexpr int kHelpNumber = 1210;
+
+  public:
+    Session& Program;
+    Form Controls{kAlwaysLive};
+    PageBuilder Build{Controls, kEveryTab, [](std::string_view) { return kHelpNumber; }};
+
+    // clang-format off
+    Control& lblProc        = Build.Add(ControlKind::Label,   nullptr, "lblProc", "CALIBRATION  PROCEDURE");
+    Control& picCAL1        = Build.Add(ControlKind::Picture, nullptr, "picCAL1");
+    Control& lblEnter       = Build.Add(ControlKind::Label,   nullptr, "lblEnter",
+        "Enter the known accurate input frequency in Hertz (no commas)  >");
+    Control& txtFreq        = Build.Add(ControlKind::Entry,   nullptr, "txtFreq");
+    Control& picCAL2        = Build.Add(ControlKind::Picture, nullptr, "picCAL2");
+    Control& lblCalc        = Build.Add(ControlKind::Label,   nullptr, "lblCalc",   kCalculatingText);
+    Control& lblReturn      = Build.Add(ControlKind::Label,   nullptr, "lblReturn", kReturningText);
+    Control& lblSet         = Build.Add(ControlKind::Label,   nullptr, "lblSet",    kSettingText);
+    Control& txtScaleFactor = Build.Add(ControlKind::Value,   nullptr, "txtScaleFactor");
+    Control& lblPPM         = Build.Add(ControlKind::Label,   nullptr, "lblPPM",    kPpmText);
+    Control& lblRange       = Build.Add(ControlKind::Label,   nullptr, "lblRange",  kLimitedText);
+    Control& lblDone        = Build.Add(ControlKind::Label,   nullptr, "lblDone",   kDoneText);
+    Control& cmdOK          = Build.Add(ControlKind::Button,  nullptr, "cmdOK",     "OK");
+    Control& cmdCANCEL      = Build.Add(ControlKind::Button,  nullptr, "cmdCANCEL", "CANCEL");
+    // clang-format on
+
+  private:
+    void HideProgress();
+    static void Offer(Control& button, bool offered);
+    void ShowStage(CalibrationStage stage, const CalibrationResult& sofar);
+    void BackToMainMenu();
+
+    bool running_ = false;
+    bool exitWanted_ = false;
+    CalibrationResult result_;
+};
+
+}  // namespace counter

@@ -1,0 +1,63 @@
+// curve: a custom curve from a file of any name into the meter, verified.
+#include <optional>
+
+#include "cli/cli.h"
+#include "cli/link_session.h"
+#include "commands/commands_view.h"
+#include "curve/curve_transfer.h"
+#include "link/waits.h"
+
+namespace counter {
+
+namespace {
+
+std::optional<CurveBoard> BoardOf(const CommandCall& call) {
+    const auto option = call.Options.find("--board");
+    if (option == call.Options.end() || option->second == "1") return CurveBoard::Main;
+    if (option->second == "2") return CurveBoard::VToF;
+    return std::nullopt;
+}
+
+Status LoadPrm(const CommandCall& call, CurveItems& items) {
+    const std::string& path = call.Words[0];
+    std::string content;
+    if (Status status = call.World.Store.Read(path, content); !status.Ok()) return status;
+    const auto parsed = ParsePrm(content);
+    if (!parsed)
+        return {StatusKind::Illegal, path, "no curve: it has two items, each of 84 hexadecimal digits"};
+    items = *parsed;
+    return {};
+}
+
+// A write that the meter did not keep can come with good replies, so the number may be 0.
+ActionEnd EndOf(bool stored, int linkError) {
+    if (!stored) {
+        const std::string failed = std::string(kVerifyFailedText) + kCheckCablingText;
+        return {WithNumber(failed, linkError), "", Json::object(), true};
+    }
+    if (linkError != 0) return {WithNumber(CommandsView::kCommunicationsFailure, linkError), ""};
+    return {kStoredText, kStoredText};
+}
+
+}  // namespace
+
+int CurveCommand(const CommandCall& call) {
+    const auto board = BoardOf(call);
+    if (!board) return RefuseCall(call, "--board is 1 (main board) or 2 (V-F board)");
+    CurveItems items;
+    if (Status status = LoadPrm(call, items); !status.Ok()) return RefuseStatus(call, status);
+    LinkSession link(call);
+    if (const int status = link.Begin(); status != kDone) return status;
+    LinkState& state = link.Program().LinkData;
+    if (state.ModbusLink == 1) {
+        link.Finish();
+        return RefuseCall(call, "Cannot send the custom curve file when using the Modbus protocol.");
+    }
+    const bool stored = SendCurve(link.Program().Line, items, *board, [&call](const char* text) {
+        if (!call.Json) call.World.Out << text << std::endl;
+    });
+    if (stored) LineHolds(link.Program().Line);
+    return link.EndAction(EndOf(stored, state.LinkError));
+}
+
+}  // namespace counter

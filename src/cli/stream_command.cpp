@@ -1,0 +1,200 @@
+// stream: the reading stream, a reading a line, until enough of them, enough time or an interrupt.
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <system_error>
+
+#include "cli/cli.h"
+#include "cli/link_session.h"
+#include "link/link_error.h"
+#include "link/list_cutter.h"
+#include "link/prepare_readings.h"
+#include "link/reading_stream.h"
+#include "link/waits.h"
+#include "settings/settings.h"
+
+namespace counter {
+
+namespace {
+
+struct Limits {
+    long long Count = 0;         // readings; 0 without a limit
+    double Ms = Pump::kForever;  // from the command that starts the stream on
+    std::string Csv;             // the file; empty for none
+};
+
+// The whole text as a number above 0.
+template <class Number>
+bool ParseLimit(const std::string& text, Number& number) {
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && stop == end && number > 0;
+}
+
+// Empty, or what is legal.
+std::string ReadLimits(const CommandCall& call, Limits& limits) {
+    double seconds = 0;
+    if (call.Has("--count") && !ParseLimit(call.Options.at("--count"), limits.Count))
+        return "--count is a whole number above 0";
+    if (call.Has("--seconds")) {
+        if (!ParseLimit(call.Options.at("--seconds"), seconds) || !std::isfinite(seconds))
+            return "--seconds is a number above 0";
+        limits.Ms = seconds * 1000;
+    }
+    if (call.Has("--csv")) limits.Csv = call.Options.at("--csv");
+    return {};
+}
+
+std::string IsoTime(const WallTime& time) {
+    char text[80];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02dT%02d:%02d:%02d.%03d", time.Year, time.Month, time.Day,
+                  time.Hour, time.Minute, time.Second, time.Millisecond);
+    return text;
+}
+
+// Without blanks and control characters at both ends.
+std::string Stripped(const std::string& text) {
+    std::size_t first = 0, end = text.size();
+    const auto shown = [&](std::size_t at) { return static_cast<unsigned char>(text[at]) > ' '; };
+    while (first < end && !shown(first)) ++first;
+    while (end > first && !shown(end - 1)) --end;
+    return text.substr(first, end - first);
+}
+
+// The number that a reading shows, with the meter's own decimals, as every reader of CSV takes it: no blanks
+// behind the sign, no "+", a digit to either side of the point or no point. Empty where it shows none.
+std::string NumberText(std::string reading) {
+    std::erase(reading, ' ');
+    reading.erase(0, std::min(reading.find_first_of("+-.0123456789"), reading.size()));
+    const std::string sign = reading.starts_with('-') ? "-" : "";
+    if (reading.starts_with('-') || reading.starts_with('+')) reading.erase(0, 1);
+    const auto digits = [&](std::size_t from) {
+        return reading.substr(from,
+                              std::min(reading.find_first_not_of("0123456789", from), reading.size()) - from);
+    };
+    const std::string whole = digits(0);
+    const bool point = reading.size() > whole.size() && reading[whole.size()] == '.';
+    const std::string decimals = point ? digits(whole.size() + 1) : "";
+    if (whole.empty() && decimals.empty()) return {};
+    return sign + (whole.empty() ? "0" : whole) + (decimals.empty() ? "" : "." + decimals);
+}
+
+// False where the settings say Modbus or a node. Looked up before a port is opened or a node called; settings
+// that can't be read are told by whoever opens.
+bool HasStream(const CommandCall& call) {
+    const ProgramFolder folder{call.World.Store, call.Folder};
+    std::string text;
+    if (!folder.Store.Read(folder.At(kSettingsFile), text).Ok()) return true;
+    Settings settings;
+    ParseSettings(SplitSettings(text), settings);
+    return settings.ModbusLink == 0 && settings.EthernetMode == 0;
+}
+
+class StreamRun {
+  public:
+    StreamRun(const CommandCall& call, LinkSession& link, const Limits& limits)
+        : call_(call), link_(link), program_(link.Program()), limits_(limits) {}
+    // The exit status.
+    int Run();
+
+  private:
+    void Stream();
+    void Take(const std::string& text);
+    void WriteLine(const std::string& text);
+    bool Over() const;
+    int Report();
+
+    const CommandCall& call_;
+    LinkSession& link_;
+    Session& program_;
+    const Limits& limits_;
+    long long taken_ = 0;
+    bool interrupted_ = false;
+    Status written_;  // of the first output that failed
+    Json list_ = Json::array();
+};
+
+int StreamRun::Run() {
+    if (!limits_.Csv.empty()) written_ = call_.World.Store.Write(limits_.Csv, "time,reading\n");
+    if (written_.Ok()) {
+        program_.Waits.OnInterrupt = [this] { interrupted_ = true; };
+        PrepareReadings(program_.Line, program_.Identity.FirmwareVersion, program_.Frames);
+        if (program_.LinkData.LinkError == LinkErrors::kGood && !interrupted_) Stream();
+    }
+    link_.Finish();
+    return Report();
+}
+
+// However it ends, the meter is told to stop.
+void StreamRun::Stream() {
+    ReadingStream stream(program_.Line, std::make_unique<ListCutter>(program_.Frames));
+    stream.TakeFrame = [this](const Frame& frame) {
+        if (!frame.OnlySizes && !Over()) Take(Stripped(frame.Text));
+    };
+    const double deadline = program_.Waits.NowMs() + limits_.Ms;
+    StreamStart(program_.Line);
+    stream.Attach();
+    program_.Waits.WaitUntil(
+        deadline, [this] { return Over(); }, "readings");
+    SerialLineHolds(program_.Line);
+    stream.Detach();
+    StreamStop(program_.Line);
+}
+
+bool StreamRun::Over() const {
+    return interrupted_ || !written_.Ok() || program_.Port.Faulted() ||
+           (limits_.Count > 0 && taken_ >= limits_.Count);
+}
+
+void StreamRun::Take(const std::string& text) {
+    if (text.empty()) return;
+    ++taken_;
+    const std::string time = IsoTime(program_.Waits.LocalTime());
+    if (!limits_.Csv.empty())
+        written_ = call_.World.Store.Append(limits_.Csv, time + "," + NumberText(text) + "\n");
+    if (call_.Json) {
+        list_.push_back({{"time", time}, {"reading", Utf8(text)}});
+    } else if (written_.Ok()) {
+        WriteLine(Utf8(text));
+    }
+}
+
+void StreamRun::WriteLine(const std::string& text) {
+    errno = 0;
+    call_.World.Out << text << "\n" << std::flush;
+    if (call_.World.Out) return;
+    written_ = {StatusKind::Other, "standard output",
+                errno == 0 ? "can't be written" : std::generic_category().message(errno)};
+}
+
+int StreamRun::Report() {
+    if (call_.Json && written_.Ok()) WriteLine(list_.dump(2));
+    if (!written_.Ok()) return RefuseStatus(call_, written_);
+    const int error = program_.LinkData.LinkError;
+    if (error == LinkErrors::kGood || (interrupted_ && error != LinkErrors::kPortFault)) return kDone;
+    call_.World.Err << "counterctl: " << LinkErrorMeaning(error)
+                    << "\nFailed to read the stream, check connections, then try again.      ( " << error
+                    << ")\n";
+    return kLinkFailed;
+}
+
+}  // namespace
+
+int StreamCommand(const CommandCall& call) {
+    Limits limits;
+    if (const std::string legal = ReadLimits(call, limits); !legal.empty()) return RefuseCall(call, legal);
+    if (!HasStream(call))
+        return RefuseCall(call, "the reading stream exists only in Custom ASCII over a serial line");
+    LinkSession link(call);
+    if (const int status = link.Begin(); status != kDone) return status;
+    if (link.Program().LinkData.EthernetMode == 1) {
+        link.Finish();
+        return RefuseCall(call, "the reading stream runs only over a serial line, not through a node");
+    }
+    StreamRun run(call, link, limits);
+    return run.Run();
+}
+
+}  // namespace counter

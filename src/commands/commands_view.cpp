@@ -1,0 +1,170 @@
+// Buttons and what they send, readings, coming and going.
+#include "commands/commands_view.h"
+
+#include "link/exchange.h"
+#include "meter/setup_image.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kTerminationPos = 187;  // bit 3: a line end behind each item
+constexpr int kModePos = 199;         // Mode in the high half, Function in the low one
+
+// Functions that need Item 3: Batch, the four that combine A and B, and the last one in Mode 0 alone.
+bool TakesItem3(int mode, int function) {
+    return function == 2 || (function >= 11 && function <= 14) || (function == 15 && mode == 0);
+}
+
+}  // namespace
+
+CommandsView::CommandsView(Session& session) : Program(session) {
+    Wire();
+    WireHelpLine();
+}
+
+// The letter of Valley stands out of the run of the others and its coil in it: required.
+void CommandsView::Wire() {
+    // clang-format off
+    WireReading(cmdItem1,    ReadingKind::Item1,  picItem1,  "Item 1 request sent.");
+    WireReading(cmdItem2,    ReadingKind::Item2,  picItem2,  "Item 2 request sent.");
+    WireReading(cmdItem3,    ReadingKind::Item3,  picItem3,  "Item 3 request sent.");
+    WireReading(cmdPeakRd,   ReadingKind::Peak,   picPeak,   "Peak Request sent.");
+    WireReading(cmdValleyRd, ReadingKind::Valley, picValley, "Valley Request sent.");
+    Controls.On(cmdActive,  [this](Control&) { ReadActive(false, "All Active Readings request sent."); });
+    Controls.On(cmdActiveP, [this](Control&) {
+        ReadActive(true, "All Active Readings + Peak + Valley request sent.");
+    });
+
+    WireReset(cmdFRst,    {"C1", "050002FF00"}, "Function Reset Command sent.");
+    WireReset(cmdLARst,   {"C2", "050003FF00"}, "Latched Alarms Reset Command sent.");
+    WireReset(cmdMRst,    {"C0", "050001FF00"}, "Meter Reset Command sent.");
+    WireReset(cmdPeak,    {"C3", "050004FF00"}, "Peak Reset Command sent.");
+    WireReset(cmdValley,  {"C9", "050005FF00"}, "Valley Reset Command sent.");
+    WireReset(cmdRmtDspy, {"C4", "050006FF00"}, "Remote Display Reset Command sent.");
+
+    WireRemote(cmdDspyOnly, {"H", "100069000204"}, "Remote data sent to Display only.");
+    WireRemote(cmdItm3Only, {"K", "10006B000204"}, "Remote data sent to Item 3 only.");
+    WireRemote(cmdBoth,     {"L", "10006D000204"}, "Remote data sent to Display and Item 3.");
+    WireRemote(cmdC,        {"", "", true},        "Remote data sent to Display");
+    // clang-format on
+
+    Controls.On(cmdSendPRM, [this](Control&) { OpenCurve(); });
+    Controls.On(cmdOK, [this](Control&) {
+        Program.Home.ShowHourglass(true);
+        if (ShowMainMenu) ShowMainMenu();
+        Unload();
+        Program.Home.ShowHourglass(false);
+    });
+}
+
+void CommandsView::WireReading(Control& button, ReadingKind kind, Control& field, const char* status) {
+    Controls.On(button, [this, kind, &field, status](Control&) { ReadInto(field, kind, status); });
+}
+
+void CommandsView::WireReset(Control& button, Request reset, const char* status) {
+    Controls.On(button, [this, reset, status](Control&) {
+        ShowStatus(status, ColorGreen);
+        if (Program.LinkData.ModbusLink == 0) {
+            SendAscii(Program.Line, reset.Ascii);
+            return;
+        }
+        Program.LinkData.ModbusPayload = std::string(reset.Modbus);
+        SendCommand(Program.Line);
+    });
+}
+
+void CommandsView::Load() {
+    const bool modbus = Program.LinkData.ModbusLink == 1;
+    ClearFields();
+    txtRmtDspy.Text.clear();
+    rmtClearOnFocus_ = 0;
+    lblErrText.Visible = lblModeC.Visible = false;
+    cmdItm3Only.Enabled = cmdBoth.Enabled = true;
+    termEachItem_ = BitsGet(Program.Image, 3, 3, kTerminationPos);
+    DisableTakenItem3();
+    cmdC.Enabled = cmdActive.Enabled = cmdActiveP.Enabled = !modbus;
+    Controls.TellChanged();
+}
+
+void CommandsView::Activate() {
+    cmdSendPRM.Enabled = Program.LinkData.ModbusLink != 1;
+    Controls.TellChanged();
+}
+
+void CommandsView::Unload() {
+    ++opening_;
+    Controls.DropFocus();
+    lblErrText.Visible = lblModeC.Visible = false;
+}
+
+void CommandsView::DisableTakenItem3() {
+    if (!TakesItem3(BitsGet(Program.Image, 7, 4, kModePos), BitsGet(Program.Image, 3, 0, kModePos))) return;
+    cmdItm3Only.Enabled = cmdBoth.Enabled = false;
+    ShowStatus(
+        "Remote display is unavailable for Item 3 because it is being used by the selected Mode/Function.",
+        ColorGreen);
+}
+
+// The pause in front of each frame lets a window draw the status and the empty field.
+void CommandsView::ReadInto(Control& field, ReadingKind kind, const char* status) {
+    field.Text.clear();
+    ShowStatus(status, ColorGreen);
+    if (!Ask(kind)) return;
+    field.Text = Program.LinkData.RawReply;
+    Controls.TellChanged();
+}
+
+void CommandsView::ReadActive(bool withPeakValley, const char* status) {
+    ClearFields();
+    ShowStatus(status, ColorGreen);
+    if (!Ask(withPeakValley ? ReadingKind::AllActivePlus : ReadingKind::AllActive)) return;
+    if (termEachItem_ == 1)
+        ShowStatus("Only Item 1 displayed because Termination after each item set.", ColorGreen);
+    ShowValues(withPeakValley);
+}
+
+// False where there is nothing to show: the port failed, or the view was left meanwhile. A meter that does
+// not answer is no failure here: required, so the last good reply of any command is shown again.
+bool CommandsView::Ask(ReadingKind kind) {
+    const int opening = opening_;
+    ReadSingle(Program.Line, kind);
+    if (opening != opening_) return false;
+    if (Program.LinkData.PortFault != 1) return true;
+    ShowStatus(kCommunicationsFailure, ColorRed);
+    return false;
+}
+
+void CommandsView::ShowValues(bool withPeakValley) {
+    SplitLine split = SplitActiveItems(Program.LinkData.RawReply, withPeakValley);
+    Program.LinkData.RawReply = split.Rest;
+    picItem1.Text = split.Values[1];
+    picItem2.Text = split.Values[2];
+    picItem3.Text = split.Values[3];
+    if (withPeakValley) {
+        picPeak.Text = split.Values[kPeak];
+        picValley.Text = split.Values[kValley];
+    }
+    Controls.TellChanged();
+}
+
+void CommandsView::ClearFields() {
+    for (Control* field : {&picItem1, &picItem2, &picItem3, &picPeak, &picValley}) field->Text.clear();
+}
+
+void CommandsView::OpenCurve() {
+    if (Program.LinkData.SerialProtocol != 0) {
+        Program.Boxes.Show({"", "Cannot send the custom curve file when using the Modbus protocol."});
+    } else if (OpenSendCurve) {
+        OpenSendCurve();
+    }
+}
+
+void CommandsView::ShowStatus(const char* text, Color color) {
+    lblErrText.Caption = text;
+    lblErrText.TextColor = color;
+    lblErrText.Visible = true;
+    Controls.TellChanged();
+}
+
+}  // namespace counter

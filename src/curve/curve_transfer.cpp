@@ -1,0 +1,46 @@
+#include "curve/curve_transfer.h"
+
+#include <string>
+
+#include "link/exchange.h"
+#include "link/link_error.h"
+
+namespace counter {
+
+namespace {
+
+// The blocks by their highest word.
+struct CurveBlocks {
+    const char* OfSecond;
+    const char* OfFirst;
+};
+constexpr CurveBlocks kMainBlocks = {"L69", "L54"};
+constexpr CurveBlocks kVToFBlocks = {"LFF", "LEA"};
+
+void WriteBlock(Link& link, const char* block, const std::string& item) {
+    SendAscii(link, std::string("W") + block + item + "Z");
+}
+
+// What an earlier command left in RawReply proves nothing.
+bool HoldsBlock(Link& link, const char* block, const std::string& item) {
+    AskAscii(link, std::string("X") + block + "Z");
+    return link.State.LinkError == LinkErrors::kGood && link.State.RawReply == item;
+}
+
+}  // namespace
+
+bool SendCurve(Link& link, const CurveItems& items, CurveBoard board,
+               const std::function<void(const char* text)>& tell) {
+    const CurveBlocks& blocks = board == CurveBoard::Main ? kMainBlocks : kVToFBlocks;
+    tell(kSendingText);
+    WriteBlock(link, blocks.OfSecond, items.Second);
+    WriteBlock(link, blocks.OfFirst, items.First);
+    tell(kSentText);
+    tell(kVerifyingText);
+    if (!HoldsBlock(link, blocks.OfSecond, items.Second)) return false;
+    if (!HoldsBlock(link, blocks.OfFirst, items.First)) return false;
+    SendAscii(link, "C0");
+    return true;
+}
+
+}  // namespace counter

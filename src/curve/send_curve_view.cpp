@@ -1,0 +1,147 @@
+#include "curve/send_curve_view.h"
+
+#include "meter/setup_image.h"
+#include "meter/text.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kModePos = 199;  // the Mode, in bits 7..4: 8 to 10 are those of the V-F board
+constexpr std::size_t kMostNameLength = 8;
+
+constexpr const char* kCounterText =
+    "  THE CUSTOM CURVE PARAMETERS TO BE SENT ARE STORED IN A .PRM FILE.\n"
+    "  THIS ROUTINE SENDS THE PARAMETERS VIA RS-232 OR RS-485 TO THE COUNTER\n"
+    "  WHERE THEY ARE STORED IN NON-VOLATILE MEMORY, EITHER ON THE MAIN COMPUTER\n"
+    "  BOARD (CURVE #1) OR ON THE OPTIONAL V-TO-F CONVERTER BOARD (CURVE #2), IF\n"
+    "  INSTALLED.  \n"
+    "\n"
+    "  IN USE, THE COUNTER MENU ITEM 'CONFIG', DIGIT 4 SELECTS WHICH OF THE TWO\n"
+    "  CURVES, IF EITHER, IS BEING USED ACCORDING TO THE FOLLOWING:\n"
+    "  CONFIG DIGIT 4 = 0   BASIC COUNTER (LIMITED FUNCTIONS, NO CURVE)\n"
+    "                     = 1   EXTENDED COUNTER (ALL FUNCTIONS, NO CURVE)\n"
+    "                     = 2   EXTENDED COUNTER, CURVE #1\n"
+    "                     = 3   EXTENDED COUNTER, CURVE #2 (AVAIL ONLY WITH V-F)\n"
+    "\n";
+constexpr const char* kNoVFBoardText =
+    "  NO VF BOARD INSTALLED.  .PRM FILE WILL BE STORED ON THE COMPUTER BD.\n";
+constexpr const char* kVFBoardText =
+    "  VF BOARD INSTALLED.  SELECT TO STORE .PRM FILE ON COMPUTER BD OR VF BD.\n";
+
+constexpr const char* kOtherMeterText =
+    "  THE CUSTOM CURVE PARAMETERS ARE STORED IN A .PRM FILE.\n"
+    "  THIS ROUTINE SENDS THE PARAMETERS VIA RS-232 OR RS-485 TO THE METER\n"
+    "  WHERE THEY ARE STORED IN NON-VOLATILE MEMORY ON THE SIGNAL CONDITIONER\n"
+    "  BOARD.  THE METER MENU ITEM 'CONFIG', DIGIT 5 MAY SELECT THE CUSTOM\n"
+    "  CURVE ACCORDING TO THE FOLLOWING:\n"
+    "    CONFIG DIGIT 5 = 0   LINEAR RANGES (BASIC OR EXTENDED METER)\n"
+    "                    = 1   CUSTOM CURVE (EXTENDED METER ONLY)\n"
+    "\n";
+
+// The Counter kinds, which alone have a second curve.
+bool HasTwoCurves(int meterType) {
+    return meterType == 3 || meterType == 7;
+}
+
+bool HasVFBoard(const SetupImage& image) {
+    const int mode = BitsGet(image, 7, 4, kModePos);
+    return mode >= 8 && mode <= 10;
+}
+
+}  // namespace
+
+SendCurveView::SendCurveView(Session& session) : Program(session) {
+    Controls.On(cmdGo, [this](Control&) { Go(); });
+    Controls.On(cmdDone, [this](Control&) {
+        Unload();
+        if (CloseDialog) CloseDialog();
+    });
+}
+
+void SendCurveView::Load() {
+    txtPath.Text = DefaultPath;
+    txtFileName.Text.clear();
+    fraVF.Visible = true;
+    Controls.SetOption(optMainBd, true);
+    Explain();
+}
+
+void SendCurveView::Unload() {
+    ++opening_;
+    Controls.DropFocus();
+    picSend.Text.clear();
+}
+
+void SendCurveView::Explain() {
+    if (!HasTwoCurves(Program.Identity.MeterType)) {
+        picSend.Text = kOtherMeterText;
+    } else {
+        fraVF.Visible = HasVFBoard(Program.Image);
+        picSend.Text = std::string(kCounterText) + (fraVF.Visible ? kVFBoardText : kNoVFBoardText);
+        if (!fraVF.Visible) Controls.SetOption(optMainBd, true);
+    }
+    Controls.TellChanged();
+}
+
+void SendCurveView::Go() {
+    Explain();
+    const std::string name(Trimmed(txtFileName.Text));
+    if (!AcceptsName(name)) return;
+    std::string content;
+    const bool read = Program.Folder.Store.Read(PathOf(name), content).Ok();
+    const auto items = read ? ParsePrm(content) : std::nullopt;
+    if (items) {
+        Send(*items);
+    } else {
+        Tell("Error", "File doesn't exist.");  // whatever is wrong with it: required
+    }
+}
+
+void SendCurveView::Send(const CurveItems& items) {
+    const int opening = opening_;
+    const auto write = [this, opening](const char* text) {
+        if (opening == opening_) Write(text);
+    };
+    if (!SendCurve(Program.Line, items, Target(), write)) {
+        write(kVerifyFailedText);
+        write(kCheckCablingText);
+        return;
+    }
+    write(kStoredText);
+    if (opening == opening_) Controls.SetFocus(cmdDone);
+}
+
+bool SendCurveView::AcceptsName(std::string_view name) {
+    const char* wrong = nullptr;
+    if (name.empty()) {
+        wrong = " NO NAME ENTERED.";
+    } else if (name.find('.') != std::string_view::npos) {
+        wrong = "DO NOT ENTER EXTENSION.";
+    } else if (name.size() > kMostNameLength) {
+        wrong = " LIMIT NAME TO 8 CHARACTERS";
+    }
+    if (wrong != nullptr) Tell("", wrong);
+    return wrong == nullptr;
+}
+
+std::string SendCurveView::PathOf(std::string_view name) const {
+    const std::string path = txtPath.Text + std::string(name) + ".PRM";
+    return path.starts_with('/') ? path : Program.Folder.At(path);
+}
+
+CurveBoard SendCurveView::Target() const {
+    const bool main = !HasTwoCurves(Program.Identity.MeterType) || optMainBd.Value == 1;
+    return main ? CurveBoard::Main : CurveBoard::VToF;
+}
+
+void SendCurveView::Write(const char* text) {
+    picSend.Text += std::string(text) + "\n";
+    Controls.TellChanged();
+}
+
+void SendCurveView::Tell(const char* title, const char* text) {
+    Program.Boxes.Show({title, text});
+}
+
+}  // namespace counter

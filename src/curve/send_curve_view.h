@@ -1,0 +1,73 @@
+// SendCurveView: the dialog that sends a .PRM file to the meter.
+//
+// It keeps nothing: every Go begins with the explanation. A transfer that was begun runs to its end whatever
+// is pressed meanwhile, since half a curve helps nobody; after the dialog was left it writes nothing more
+// into it.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "controls/page_builder.h"
+#include "curve/curve_transfer.h"
+#include "session/session.h"
+
+namespace counter {
+
+class SendCurveView {
+  public:
+    static constexpr const char* kTitle = "Send PRM";
+
+    explicit SendCurveView(Session& session);
+
+    // The dialog opens, fresh and with the explanation.
+    void Load();
+    // The dialog is left, whatever it waits for.
+    void Unload();
+
+    // Writes the explanation for the meter at hand and settles which boards are offered.
+    void Explain();
+
+    // Where curve files are looked for when the dialog opens: a setting of the installation. It ends in a
+    // separator of its own; a path that does not begin with "/" is relative to the program folder.
+    std::string DefaultPath = "C:\\Program Files\\QX7\\";
+
+    // Closes the dialog; may be empty.
+    std::function<void()> CloseDialog;
+
+  private:
+    static constexpr int kAlwaysLive = 1;
+    static constexpr int kHelpNumber = 3104;  // of all hand work
+
+  public:
+    Session& Program;
+    Form Controls{kAlwaysLive};
+    PageBuilder Build{Controls, kEveryTab, [](std::string_view) { return kHelpNumber; }};
+
+    // clang-format off
+    Control& picSend     = Build.Add(ControlKind::Picture, nullptr, "picSend");
+    Control& fraVF       = Build.Add(ControlKind::Frame,   nullptr, "fraVF", "Send .PRM File To");
+    Control& optMainBd   = Build.Add(ControlKind::Option,  &fraVF,  "optVF", "Computer Board Curve #1", 0);
+    Control& optVFBd     = Build.Add(ControlKind::Option,  &fraVF,  "optVF", " VF Board    Curve #2", 1);
+    Control& lblPath     = Build.Add(ControlKind::Label,   nullptr, "lblPath", "Directory path of .PRM file");
+    Control& txtPath     = Build.Add(ControlKind::Entry,   nullptr, "txtPath");
+    Control& lblFileName = Build.Add(ControlKind::Label,   nullptr, "lblFileName", "Name of .PRM file to be sent");
+    Control& txtFileName = Build.Add(ControlKind::Entry,   nullptr, "txtFileName");
+    Control& cmdGo       = Build.Add(ControlKind::Button,  nullptr, "cmdGo", "Go");
+    Control& cmdDone     = Build.Add(ControlKind::Button,  nullptr, "cmdDone", "Done");
+    // clang-format on
+
+  private:
+    void Go();
+    void Send(const CurveItems& items);
+    bool AcceptsName(std::string_view name);
+    std::string PathOf(std::string_view name) const;
+    CurveBoard Target() const;
+    void Write(const char* text);
+    void Tell(const char* title, const char* text);
+
+    int opening_ = 0;  // counts how often the dialog was left
+};
+
+}  // namespace counter

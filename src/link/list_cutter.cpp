@@ -1,0 +1,56 @@
+#include "link/list_cutter.h"
+
+namespace counter {
+
+void ListCutter::Restart() {
+    buffer_.Clear();
+    frameState_ = 1;
+}
+
+bool ListCutter::Next(Frame& frame) {
+    for (;;) {
+        while (buffer_.BeginsWith(rules_.FrameEndChar)) buffer_.Drop(1);
+        const std::size_t pos = buffer_.Find(rules_.FrameEndChar);
+        if (pos == 0) break;
+        if (frameState_ == 1) {
+            DropPast(pos);
+            frameState_ = 2;
+            continue;
+        }
+        frame.Text = CutText(pos);
+        if (frame.Text.empty()) continue;
+        frame.OnlySizes = frameState_ == 2;
+        frameState_ = 0;
+        return true;
+    }
+    GuardAgainstNoise();
+    return false;
+}
+
+// The end at `pos`, a line feed behind it, less the step back.
+void ListCutter::DropPast(std::size_t pos) {
+    buffer_.Drop(pos + static_cast<std::size_t>(rules_.LineFeedFlag) -
+                 static_cast<std::size_t>(rules_.FrameBackStep));
+}
+
+// An end at the front was dropped before, so there are at least two characters.
+std::string ListCutter::CutText(std::size_t pos) {
+    const bool lineFeedEnds = rules_.FrameEndChar == kLineFeed;
+    // The carriage return before the line feed goes too.
+    const std::size_t behind = lineFeedEnds ? 1 : static_cast<std::size_t>(rules_.FrameBackStep);
+    std::string text(buffer_.First(pos - 1 - behind));
+    if (lineFeedEnds) {
+        buffer_.Drop(pos);
+    } else {
+        DropPast(pos);
+    }
+    const bool lead = rules_.FrameLeadChar != kNoCharacter || text.starts_with(kLineFeed);
+    if (lead && !text.empty()) text.erase(0, 1);
+    return text;
+}
+
+void ListCutter::GuardAgainstNoise() {
+    if (buffer_.Size() > kLongestFrame) Restart();
+}
+
+}  // namespace counter

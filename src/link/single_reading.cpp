@@ -1,0 +1,43 @@
+#include "link/single_reading.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+
+#include "link/exchange.h"
+#include "meter/hex_text.h"
+
+namespace counter {
+
+namespace {
+
+// Of a Modbus reply as hexadecimal text: address, function and byte count stand in front.
+constexpr std::size_t kCountAt = 6;
+constexpr std::size_t kCountDigits = 8;
+
+// A reply that is too short counts as what is there of it.
+std::string CountText(const std::string& reply) {
+    const std::string_view digits = std::string_view(reply).substr(std::min(kCountAt, reply.size()));
+    const auto count = static_cast<std::int32_t>(ParseHex(digits.substr(0, kCountDigits)));
+    return (count < 0 ? "" : " ") + std::to_string(count);
+}
+
+bool IsLine(ReadingKind kind) {
+    return kind == ReadingKind::AllActive || kind == ReadingKind::AllActivePlus;
+}
+
+}  // namespace
+
+void ReadSingle(Link& link, ReadingKind kind) {
+    const SingleReading& reading = kSingleReadings[static_cast<std::size_t>(kind)];
+    LinkState& state = link.State;
+    if (state.ModbusLink == 0) {
+        AskAscii(link, reading.AsciiCommand);
+        if (!IsLine(kind)) state.RawReply = state.ReplyText;
+    } else if (!reading.ModbusPayload.empty()) {
+        AskModbus(link, reading.ModbusPayload);
+        state.RawReply = CountText(state.ReplyText);
+    }
+}
+
+}  // namespace counter

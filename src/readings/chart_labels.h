@@ -1,0 +1,34 @@
+// What the axes of a chart say, and the numbers that users type for them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace counter {
+
+// The value axis, as typed.
+struct ValueScale {
+    float MidValue = 0;
+    float SmallDiv = 1;  // never 0
+    int Decimals = 0;    // 0..6: the more of what stands behind the points of both texts
+};
+
+// A small division of 0, or none, is 1.
+ValueScale ReadValueScale(std::string_view midText, std::string_view smallText);
+
+// The number that the text begins with, in single precision; 0 where there is none, and the largest number
+// there is where it is too large.
+float TypedNumber(std::string_view text);
+
+// The value `divisions` small divisions above the middle: all decimals, and a point also where there are
+// none, "5.".
+std::string ValueLabel(const ValueScale& scale, int divisions);
+
+// Seconds: at most six decimals without trailing zeros, no zero before the point, and a point also behind a
+// whole number: ".5", "60.". "0" for 0.
+std::string TimeLabel(double seconds);
+
+// The decimal number that single precision stands for: 123.4 where the number held is 123.40000153.
+double AsTyped(float number);
+
+}  // namespace counter

@@ -1,0 +1,54 @@
+// GraphView: the reading stream counted into a histogram of 31 bars around a middle value.
+//
+// It shows how readings are distributed, not how they move in time; a run never ends by itself.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "readings/chart_view.h"
+#include "readings/graph_frame.h"
+
+namespace counter {
+
+struct Histogram {
+    ValueScale Scale;
+    float BarScale = 1;  // the count that the chart's top stands for, above 0
+    BinCounts BinCount{};
+    // The arrows change with each reading out of range; a reading in range wipes them and leaves these.
+    int LowBlink = 0;
+    int HighBlink = 0;
+    bool LowShown = false;
+    bool HighShown = false;
+};
+
+class GraphView : public ChartView {
+  public:
+    static constexpr std::string_view kName = "frmGRAPH";
+    static constexpr std::string_view kTitle = "GRAPH";
+    // The record of the chart is made anew from the counts when it becomes longer, so that it stays small
+    // however long a run takes.
+    static constexpr std::size_t kMostEntries = 1000;
+
+    explicit GraphView(Session& session);
+
+    Control& lblVertScale = lblThird;
+    Control& txtVertScale = txtThird;
+
+    const Histogram& Current() const { return histogram_; }
+
+  private:
+    void Run() override;
+    std::string Objection() const override;
+    void PressPause() override;
+    void PressContinue() override;
+    void TakeReading(const std::string& text, bool onlySizes) override;
+    void Count(std::size_t bin);
+    void Blink(Side side);
+    void Wipe(Side side);
+    void DrawAll();
+
+    Histogram histogram_;
+};
+
+}  // namespace counter

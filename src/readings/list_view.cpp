@@ -1,0 +1,92 @@
+#include "readings/list_view.h"
+
+#include <algorithm>
+
+#include "link/exchange.h"
+#include "link/list_cutter.h"
+#include "link/waits.h"
+#include "meter/leading_number.h"
+
+namespace counter {
+
+namespace {
+
+constexpr double kBehindStartMs = 300;
+constexpr int kBetweenLines = 90;  // twips that a row is higher than its text
+
+}  // namespace
+
+ListView::ListView(Session& session) : ReadingView(session, std::make_unique<ListCutter>(session.Frames)) {
+    Status_ = &lblStatus;
+    Wire();
+    Load();
+}
+
+void ListView::Wire() {
+    OnPress(cmdPause, [this] { PressPause(); });
+    OnPress(cmdContin, [this] { PressContinue(); });
+    OnPress(cmdPrint, [this] { PressPrint(); });
+    OnPress(cmdEnd, [this] { PressEnd(); });
+}
+
+void ListView::Reset() {
+    ListRows = ListRow = ListCol = 0;
+    cells_.clear();
+}
+
+void ListView::Activate() {
+    ComeUp();
+    const int run = StartRun();
+    if (!Holds(run)) return;
+    LinkDelay(Program.Line, kBehindStartMs);
+    if (!Holds(run)) return;
+    Program.Port.SetRtsEnable(true);
+    ListRow = ListCol = 0;
+    Stream.Attach();
+}
+
+void ListView::PressPause() {
+    if (Stream.ReadingPaused == 1) return;
+    Controls.SetFocus(grdList);
+    Stream.Pause();
+}
+
+void ListView::PressContinue() {
+    if (Stream.ReadingPaused == 0) return;
+    Stream.Resume();
+    Controls.SetFocus(grdList);
+}
+
+void ListView::TakeReading(const std::string& text, bool onlySizes) {
+    if (onlySizes) {
+        SizeGrid();
+        return;
+    }
+    cells_[Place(ListRow, ListCol)] = text;
+    StepOn();
+    cells_[Place(ListRow, ListCol)] = " ";
+}
+
+void ListView::SizeGrid() {
+    ColumnWidth = static_cast<int>(RoundHalfEven(GridWidth / static_cast<double>(kColumns)));
+    RowHeight = LineHeight + kBetweenLines;
+    ListRows = std::max(1, GridHeight / RowHeight);
+    cells_.resize(Place(ListRows, 0));
+    if (ListRow >= ListRows) ListRow = ListCol = 0;  // the window became smaller
+}
+
+void ListView::StepOn() {
+    if (++ListCol < kColumns) return;
+    ListCol = 0;
+    if (++ListRow >= ListRows) ListRow = 0;
+}
+
+// The thirteen stars go without the address, which is required.
+void ListView::SendEnd() {
+    Program.LinkData.CommandText = "*************";
+    SendCommand(Program.Line);
+    StreamStop(Program.Line);
+    Program.Port.SetRtsEnable(false);
+}
+
+}  // namespace counter

@@ -1,0 +1,54 @@
+// PlotView: the reading stream as a strip chart, one sweep from left to right.
+//
+// Time is the clock's and not a count of readings: a slow meter yields long straight segments. The sweep ends
+// when a reading arrives after its time is over; the meter goes on sending.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "readings/chart_view.h"
+#include "readings/plot_trace.h"
+
+namespace counter {
+
+// Seconds are those since midnight, in single precision, whose steps late in the day are 8 ms. There is no
+// handling of midnight: a sweep running across it gets negative times, which is required.
+struct Sweep {
+    ValueScale Scale;
+    float PlotTime = 1;    // seconds, above 0
+    float SweepStart = 0;  // the first point, or the last Continue
+    float SweepBase = 0;   // seconds of the sweep that lay before the last pause
+    int FirstPoint = 1;    // until the first point is drawn
+    int ChartFull = 0;     // 1: the next Continue starts a new sweep
+    float LastY = 0;       // height of the point before
+};
+
+class PlotView : public ChartView {
+  public:
+    static constexpr std::string_view kName = "frmPlot";
+    static constexpr std::string_view kTitle = "PLOT";
+
+    explicit PlotView(Session& session);
+
+    Control& lblHorzTime = lblThird;
+    Control& txtHorzTime = txtThird;
+
+    const Sweep& Current() const { return sweep_; }
+
+  private:
+    void Run() override;
+    void PressPause() override;
+    void PressContinue() override;
+    void TakeReading(const std::string& text, bool onlySizes) override;
+    void DrawReading(double value);
+    void EndSweep();
+    double HeightOf(double value) const;
+    double PlaceOf(float now) const;
+    float SecondsSinceMidnight() const;
+
+    Sweep sweep_;
+    PlotTrace trace_;
+};
+
+}  // namespace counter

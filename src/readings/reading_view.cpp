@@ -1,0 +1,101 @@
+#include "readings/reading_view.h"
+
+#include <utility>
+
+namespace counter {
+
+namespace {
+
+int NoHelp(std::string_view) {
+    return 0;
+}
+
+}  // namespace
+
+ReadingView::ReadingView(Session& session, std::unique_ptr<FrameCutter> cutter)
+    : Program(session), Stream(session.Line, std::move(cutter)), Build(Controls, kEveryTab, NoHelp) {
+    Stream.TakeFrame = [this](const Frame& frame) { TakeReading(frame.Text, frame.OnlySizes); };
+    Stream.PassDone = [this] { Controls.TellChanged(); };
+}
+
+void ReadingView::Unload() {
+    ++life_;
+    ++run_;
+    up_ = ending_ = false;
+    Stream.Detach();
+    Stream.ReadingPaused = 0;
+    Controls.DropFocus();
+    TellStatus("");
+    Reset();
+    Controls.TellChanged();
+}
+
+void ReadingView::OnPress(Control& button, std::function<void()> action) {
+    Controls.On(button, [this, act = std::move(action)](Control&) {
+        if (Acts()) act();
+    });
+}
+
+int ReadingView::StartRun() {
+    const int number = ++run_;
+    Stream.Detach();
+    Stream.ReadingPaused = 0;
+    StreamStart(Program.Line);
+    return number;
+}
+
+bool ReadingView::Holds(int number) {
+    if (number == run_) return true;
+    if (up_) {
+        // The command of this dead run took characters out of the stream of the living one; or there is none,
+        // and what the meter now sends is thrown away.
+        Stream.Attach();
+    } else if (!Program.Port.Arrived) {
+        StreamStop(Program.Line);
+    }
+    return false;
+}
+
+void ReadingView::StopRun() {
+    ++run_;
+    Stream.Pause();
+}
+
+void ReadingView::TellStatus(const std::string& text) {
+    Status_->Caption = text;
+    Status_->Visible = !text.empty();
+    Status_->TextColor = ColorRed;
+}
+
+void ReadingView::PressPrint() {
+    if (!Paper) return;
+    const Status status = Paper->PrintView();
+    TellStatus(status.Ok() ? "" : status.Text());
+}
+
+// Pressed again during one of its waits it does nothing, since it is on its way.
+void ReadingView::PressEnd() {
+    const int life = life_;
+    ending_ = true;
+    StopRun();
+    SendEnd();
+    LetEventsRun();
+    if (life != life_) return;
+    Program.Home.ShowHourglass(true);
+    if (ShowMainMenu) ShowMainMenu();
+    Program.Home.ShowHourglass(false);
+    if (life == life_) Unload();
+}
+
+void ReadingView::SendEnd() {
+    StreamStop(Program.Line);
+}
+
+// One turn of a wait, a millisecond at most.
+void ReadingView::LetEventsRun() {
+    int turns = 0;
+    Program.Waits.WaitUntil(
+        Program.Waits.NowMs() + 1, [&] { return turns++ > 0; }, "events run");
+}
+
+}  // namespace counter

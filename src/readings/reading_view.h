@@ -1,0 +1,81 @@
+// ReadingView: what the views of the reading stream share - coming and going, the stream, Print and End.
+//
+// A view opens with Load and Activate and ends with Unload; it lives on and can be opened again. While it is
+// up, events run during each of its waits, so any button may be pressed, and the view may be unloaded, before
+// the press that waits has come to its end; what was replaced in that time does nothing more.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "controls/form.h"
+#include "controls/page_builder.h"
+#include "link/reading_stream.h"
+#include "platform/printer.h"
+#include "session/session.h"
+
+namespace counter {
+
+class ReadingView {
+  public:
+    virtual ~ReadingView() = default;
+
+    Session& Program;
+    // All controls, and all that a user can do to them.
+    Form Controls{handlersLive_};
+    ReadingStream Stream;
+
+    // Hooks into what shows the view; each may be empty.
+    std::function<void()> ShowMainMenu;  // hide this view, show the home view, which unloads this one
+    Printer* Paper = nullptr;
+
+    // Before the view is shown: everything as new.
+    void Load() { Unload(); }
+    // The view has come to the front.
+    virtual void Activate() = 0;
+    // The view is gone, whatever it was doing: no arriving byte and no press reaches it any more. Sends
+    // nothing, so a meter that was not stopped by End goes on sending.
+    void Unload();
+
+  protected:
+    ReadingView(Session& session, std::unique_ptr<FrameCutter> cutter);
+
+    // A button acts while the view is up and End was not pressed.
+    void OnPress(Control& button, std::function<void()> action);
+    bool Acts() const { return up_ && !ending_; }
+    void ComeUp() { up_ = true; }
+
+    // A run begins, replacing the one before: the meter is told to send, 300 ms pass, and unless Holds says
+    // otherwise of the number that comes back, the caller attaches the stream.
+    int StartRun();
+    // Whether run `number` is still the one. Where the view has gone meanwhile, the meter is told to stop.
+    bool Holds(int number);
+    // Input is thrown away from now on.
+    void StopRun();
+
+    // On the status label, in red; an empty text hides it.
+    void TellStatus(const std::string& text);
+    void PressPrint();
+    void PressEnd();
+
+    // What End sends, the stream being paused.
+    virtual void SendEnd();
+    // The view's own part of Unload.
+    virtual void Reset() = 0;
+    virtual void TakeReading(const std::string& text, bool onlySizes) = 0;
+
+    PageBuilder Build;
+    Control* Status_ = nullptr;  // where TellStatus shows
+
+  private:
+    void LetEventsRun();
+
+    const int handlersLive_ = 1;
+    bool up_ = false;
+    bool ending_ = false;
+    int run_ = 0;
+    int life_ = 0;  // another one after each Unload
+};
+
+}  // namespace counter

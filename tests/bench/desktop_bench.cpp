@@ -1,0 +1,105 @@
+// bench_desktop: how long the views of the desktop tool take, each painted, off screen. Medians of many
+// rounds.
+#include <QApplication>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QStyleFactory>
+#include <cstdio>
+
+#include "platform/qt/core/core_runtime.h"
+#include "platform/qt/widgets/chart_widget.h"
+#include "process_run.h"
+#include "support/gui_bench.h"
+
+namespace {
+
+using counter::ViewId;
+using counter::test::GuiBench;
+
+constexpr int kRounds = 21;
+
+// Milliseconds of the action and of painting what it changed.
+double Timed(GuiBench& bench, const std::function<void()>& action) {
+    QElapsedTimer timer;
+    timer.start();
+    action();
+    bench.Desk->Window().repaint();
+    counter::test::GuiPump::Settle();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+void Print(const char* name, std::vector<double> times) {
+    std::printf("%-44s %8.2f ms\n", name, Median(std::move(times)));
+}
+
+std::vector<double> FirstOpenings() {
+    std::vector<double> times;
+    for (int round = 0; round < kRounds; ++round) {
+        GuiBench bench;
+        bench.Choose("mnuDefaultSet");
+        times.push_back(Timed(bench, [&] { bench.Desk->Open(ViewId::Setup); }));
+    }
+    return times;
+}
+
+void Views() {
+    GuiBench bench;
+    bench.Choose("mnuDefaultSet");
+    std::vector<double> setup, menu, modes;
+    for (int round = 0; round < kRounds; ++round) {
+        setup.push_back(Timed(bench, [&] { bench.Desk->Open(ViewId::Setup); }));
+        auto* list = bench.Find<QComboBox>("cboMode");
+        modes.push_back(Timed(bench, [&] {
+            const int next = (list->currentIndex() + 1) % list->count();
+            list->setCurrentIndex(next);
+            emit list->activated(next);
+        }));
+        bench.Desk->GoHome();
+        menu.push_back(Timed(bench, [&] { bench.Desk->Open(ViewId::Menu); }));
+        bench.Desk->GoHome();
+    }
+    Print("Setup view, opened again", setup);
+    Print("a change of Mode", modes);
+    Print("Menu view", menu);
+}
+
+// A strip chart of many points, once whole and then with one segment more.
+void Chart() {
+    constexpr int kPoints = 100000;
+    counter::ChartSurface chart;
+    chart.SetScale(-150, 215, 1020, -250);
+    counter::ChartWidget widget(chart, nullptr);
+    widget.resize(984, 560);
+    widget.show();
+    counter::test::GuiPump::Settle();
+    const auto segment = [](int i) {
+        return counter::ChartLine{i % 1000 + 0.0, (i * 7) % 400 - 200.0, i % 1000 + 1.0,
+                                  (i * 13) % 400 - 200.0};
+    };
+    for (int i = 0; i < kPoints; ++i) chart.Draw(segment(i));
+    QElapsedTimer timer;
+    timer.start();
+    widget.grab();
+    std::printf("%-44s %8.2f ms\n", "a chart of 100,000 points, the first time", timer.nsecsElapsed() / 1e6);
+    std::vector<double> times;
+    for (int i = 0; i < kRounds; ++i) {
+        chart.Draw(segment(i));
+        timer.restart();
+        widget.grab();
+        times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    Print("the same with one segment more", times);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    counter::SettleLocale();
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    Print("Setup view, the first opening", FirstOpenings());
+    Views();
+    Chart();
+}

@@ -1,0 +1,84 @@
+// The view of a calibration: what is shown when, and that nothing can interrupt a run.
+#include "calibration/calibration_view.h"
+
+#include <gtest/gtest.h>
+
+#include "time_base_meter.h"
+
+namespace counter::test {
+namespace {
+
+struct ViewBench : CalibrationBench {
+    CalibrationView View{Program};
+    int Home = 0;
+
+    explicit ViewBench(TimeBaseMeter meter = {}) : CalibrationBench(std::move(meter)) {
+        View.ShowMainMenu = [this] { ++Home; };
+        View.Activate();
+    }
+    Refusal Press(const char* button) { return View.Controls.Click(*View.Controls.Find(button)); }
+    void EnterFrequency(const std::string& text) {
+        View.Controls.Type(View.txtFreq, text);
+        View.Controls.Enter(View.txtFreq);
+    }
+    // What is visible of all that comes and goes.
+    std::string Shown() {
+        std::string names;
+        for (const char* name : {"picCAL2", "lblCalc", "lblRange", "lblReturn", "lblSet", "txtScaleFactor",
+                                 "lblPPM", "lblDone", "cmdOK", "cmdCANCEL"}) {
+            if (View.Controls.Find(name)->Visible) names += std::string(" ") + name;
+        }
+        return names;
+    }
+};
+
+TEST(CalibrationView, ShowsItsStages) {
+    ViewBench bench({1000, 40000});
+    EXPECT_EQ(bench.View.Controls.Focused(), &bench.View.txtFreq);
+    std::vector<std::string> stages;
+    bench.View.Controls.Changed = [&] {
+        if (stages.empty() || stages.back() != bench.Shown()) stages.push_back(bench.Shown());
+    };
+    bench.EnterFrequency(" 1000 ");
+    const std::string ending = " picCAL2 lblCalc lblRange lblReturn lblSet txtScaleFactor lblPPM";
+    EXPECT_EQ(stages, (std::vector<std::string>{
+                          " cmdCANCEL", " picCAL2", " picCAL2 lblCalc", " picCAL2 lblCalc lblRange",
+                          " picCAL2 lblCalc lblRange lblReturn", ending, ending + " lblDone cmdOK"}));
+    EXPECT_EQ(bench.View.txtScaleFactor.Text, "-29999");
+    EXPECT_EQ(bench.View.Controls.Focused(), &bench.View.cmdOK);
+    bench.Press("cmdOK");
+    bench.View.Activate();
+    EXPECT_EQ(bench.Shown(), " cmdCANCEL");
+    EXPECT_EQ(bench.View.txtFreq.Text, "");
+    EXPECT_NE(bench.Port.Story(), "");
+    bench.Press("cmdCANCEL");
+    EXPECT_EQ(bench.Home, 2);
+    EXPECT_EQ(bench.Port.Story(), "");
+}
+
+TEST(CalibrationView, NothingInterruptsARunAndAnExitWaitsForItsEnd) {
+    ViewBench bench;
+    int exits = 0;
+    bench.View.ExitProgram = [&] {
+        ++exits;
+        EXPECT_FALSE(bench.View.HoldExit()) << "it may go now";
+        EXPECT_EQ(bench.Meter.Words(), "8000FF0186A0 0500 801E");
+    };
+    for (const double ms : {100.0, 900.0, 5000.0, 9000.0, 12000.0, 15000.0}) {
+        bench.Pump.After(ms, [&] {
+            EXPECT_TRUE(bench.View.Running() && bench.View.HoldExit());
+            EXPECT_EQ(exits, 0);
+            EXPECT_EQ(bench.Press("cmdCANCEL"), Refusal::Hidden);
+            EXPECT_EQ(bench.Press("cmdOK"), Refusal::Hidden);
+            bench.EnterFrequency("5");
+            bench.View.Unload();
+            bench.View.Activate();
+        });
+    }
+    for (int run = 0; run < 2; ++run) bench.EnterFrequency("1000");
+    EXPECT_EQ(exits, 1) << "the wish was for one exit";
+    EXPECT_TRUE(bench.View.lblDone.Visible);
+}
+
+}  // namespace
+}  // namespace counter::test

@@ -1,0 +1,159 @@
+// Login, keep-alive and loss of the node's connection, on the virtual clock.
+#include "link/node_client.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "link/waits.h"
+#include "meter/hex_text.h"
+#include "support/node_net.h"
+
+namespace counter::test {
+namespace {
+
+using Words = std::vector<std::string>;
+
+const std::string kKeepAlive = TextOfHex("0080A30102035A93D1C07E42010105FF");
+
+void Pass(NodeBench& bench, double ms) {
+    bench.Pump.WaitUntil(
+        bench.Pump.NowMs() + ms, [] { return false; }, "test");
+}
+
+TEST(Login, TakesAsManyTriesAsItNeeds) {
+    const struct {
+        const char* Name;
+        Words Faults;
+        std::size_t Tries;
+        double Ms;
+    } cases[] = {
+        {"at once", {}, 1, 0},
+        {"late", {"login:late=2500"}, 1, 2500},
+        {"the first two are lost", {"login#1:noreply", "login#2:noreply"}, 3, 8000},
+        {"later than the next try", {"login#1:late=6000", "login#2:noreply"}, 2, 6000},
+        {"at the last moment", {"login:late=39999"}, 10, 39999},
+    };
+    for (const auto& c : cases) {
+        NodeBench bench({}, c.Faults);
+        const double start = bench.Pump.NowMs();
+        EXPECT_TRUE(bench.LogIn()) << c.Name;
+        EXPECT_EQ(bench.Net.Datagrams.size(), c.Tries) << c.Name;
+        EXPECT_EQ(bench.Pump.NowMs() - start, c.Ms) << c.Name;
+        EXPECT_EQ(bench.State().NodeFirstRun, 0) << c.Name;
+    }
+}
+
+TEST(Login, GivesUpAfterTenTriesOfTheSameDatagram) {
+    NodeBench bench({"NodeUdpPort=1234"}, {"login:noreply"});
+    std::vector<int> tries;
+    bench.Program.Node.TryBegins = [&](int number) { tries.push_back(number); };
+    const double start = bench.Pump.NowMs();
+    EXPECT_FALSE(bench.LogIn());
+    EXPECT_EQ(bench.Pump.NowMs() - start, 40000);
+    EXPECT_EQ(tries, (std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10}));
+    ASSERT_EQ(bench.Net.Datagrams.size(), 10U);
+    for (const auto& [to, bytes] : bench.Net.Datagrams) {
+        EXPECT_EQ(to, "192.168.0.5:63179") << "the port is fixed";
+        EXPECT_EQ(bytes, bench.Net.Datagrams[0].second);
+    }
+    EXPECT_EQ(bench.State().NodeFirstRun, 1);
+    EXPECT_TRUE(bench.Line.Calls().empty()) << "the serial port is not touched";
+}
+
+// The node's own check code takes every variant that the tool may pick.
+TEST(Login, EveryVariantIsUnderstood) {
+    for (int variant = 1; variant <= 8; ++variant) {
+        NodeBench bench;
+        Start(bench.Program);
+        EXPECT_TRUE(bench.Program.Node.Login({kNodeAddress, "192.168.0.5", 54321}, variant).Ok());
+        EXPECT_TRUE(bench.Program.Node.Connected()) << "variant " << variant;
+        EXPECT_EQ(bench.Net.TheNode().Told().at(0), "login 192.168.0.1 54321") << "variant " << variant;
+    }
+}
+
+TEST(Login, AnotherNodeDoesNotCall) {
+    NodeBench bench({"NodeAddress=0080A3010204"});
+    EXPECT_FALSE(bench.LogIn());
+    EXPECT_EQ(bench.Net.TheNode().Told().at(0), "bad datagram");
+}
+
+TEST(Login, APortThatIsTakenIsTold) {
+    NodeBench bench;
+    Start(bench.Program);
+    bench.Net.NextListen = {StatusKind::Busy, "TCP port 10001", "in use"};
+    EXPECT_EQ(LogIntoNode(bench.Program).Text(), "TCP port 10001: in use");
+    bench.Net.NextBind = {StatusKind::Busy, "UDP port 63179", "in use"};
+    EXPECT_EQ(LogIntoNode(bench.Program).Text(), "UDP port 63179: in use");
+    EXPECT_TRUE(bench.Net.Datagrams.empty());
+}
+
+TEST(Login, TheFirstCallerIsTakenWhoeverItIs) {
+    NodeBench twice({}, {"login:twice"});
+    EXPECT_TRUE(twice.LogIn());
+    Pass(twice, 100);
+    EXPECT_EQ(twice.Net.Refused, 1);
+
+    NodeBench stranger({}, {"login:late=1000"});
+    stranger.Pump.After(500, [&] { stranger.Net.StrangerCalls(); });
+    EXPECT_TRUE(stranger.LogIn());
+    Pass(stranger, 1000);
+    EXPECT_EQ(stranger.Net.Refused, 1) << "the node finds nobody";
+}
+
+TEST(KeepAlive, GoesOutEvery14thTickWhileConnected) {
+    NodeBench bench;
+    int ticks = 0;
+    bench.Program.Node.Ticked = [&] { ++ticks; };
+    ASSERT_TRUE(bench.LogIn());
+    Pass(bench, 13999);
+    EXPECT_TRUE(bench.Net.Sent.empty());
+    EXPECT_EQ(ticks, 13);
+    Pass(bench, 28001);
+    EXPECT_EQ(bench.Net.Sent, (Words{kKeepAlive, kKeepAlive, kKeepAlive}));
+    EXPECT_EQ(bench.Net.TheNode().Told().back(), "keep-alive");
+    EXPECT_EQ(bench.State().NodeReply, "") << "the status frame that answers is dropped";
+    bench.Net.Break();
+    Pass(bench, 30000);
+    EXPECT_EQ(bench.Net.Sent.size(), 3U);
+    EXPECT_EQ(ticks, 72) << "the title still follows";
+}
+
+TEST(KeepAlive, RunsInNestedWaitsAndIsNotMadeUpFor) {
+    NodeBench bench;
+    ASSERT_TRUE(bench.LogIn());
+    bench.Pump.After(100, [&] { LinkDelay(bench.Program.Line, 13800); });
+    Pass(bench, 200);
+    EXPECT_EQ(bench.Net.Sent, Words{kKeepAlive});
+    bench.Program.Node.Close();
+    EXPECT_EQ(bench.Program.Node.State(), SocketState::Closed);
+    Pass(bench, 30000);
+    EXPECT_EQ(bench.Net.Sent.size(), 1U);
+}
+
+TEST(Connection, ALostOneIsToldByABoxAndHidesTheStatusLine) {
+    for (const SocketState state : {SocketState::Closing, SocketState::Error, SocketState::Closed}) {
+        NodeBench bench;
+        ASSERT_TRUE(bench.LogIn());
+        bench.Program.Home.ShowStatus("Getting data", ColorGreen);
+        EXPECT_TRUE(bench.Program.Node.CheckConnected());
+        EXPECT_TRUE(bench.Boxes.Shown.empty());
+        bench.Net.Break(state);
+        EXPECT_FALSE(bench.Program.Node.CheckConnected());
+        ASSERT_EQ(bench.Boxes.Shown.size(), 1U);
+        EXPECT_EQ(bench.Boxes.Shown[0].Title, "Re-Connect");
+        EXPECT_EQ(bench.Boxes.Shown[0].Text, "Node communications appears broken.  Restart program.");
+        EXPECT_FALSE(bench.Program.Home.StatusVisible);
+    }
+}
+
+TEST(Connection, WithoutSocketsThereIsNone) {
+    BenchMeter bench({}, {"NodeAddress=0080A3010203"});
+    bench.SwitchOn();
+    EXPECT_FALSE(LogIntoNode(bench.Program).Ok());
+    EXPECT_FALSE(LineHolds(bench.Program.Line));
+    EXPECT_EQ(bench.Program.LinkData.LinkError, 27);
+}
+
+}  // namespace
+}  // namespace counter::test

@@ -1,0 +1,181 @@
+// One exchange through the node: pauses, framing, and every way in which a receive can end.
+#include "link/node_exchange.h"
+
+#include <gtest/gtest.h>
+
+#include "link/exchange.h"
+#include "link/waits.h"
+#include "meter/hex_text.h"
+#include "support/node_net.h"
+
+namespace counter::test {
+namespace {
+
+using Words = std::vector<std::string>;
+
+// A node whose meter says nothing: the test itself plays it.
+struct QuietNode : NodeBench {
+    explicit QuietNode(const Words& settings = {}) : NodeBench(settings, {"*:noreply"}) { LogIn(); }
+    Link& L() { return Program.Line; }
+    void ArriveAfter(double ms, const std::string& bytes) {
+        Pump.After(ms, [this, bytes] { Net.Arrive(bytes); });
+    }
+};
+
+TEST(NodeSend, PausesAndEmptiesWhatCameBefore) {
+    QuietNode bench;
+    bench.State().ReplyText = "old";
+    bench.State().NodeFirstRun = 1;
+    bench.ArriveAfter(100, "stale\r\n");
+    const double start = bench.Pump.NowMs();
+    SendAscii(bench.L(), "G130");
+    EXPECT_EQ(bench.Pump.NowMs() - start, 1300);
+    EXPECT_EQ(bench.Net.Sent, Words{"*1G130\r\n"});
+    EXPECT_EQ(bench.State().NodeReply, "");
+    EXPECT_EQ(bench.State().ReplyText, "");
+    EXPECT_EQ(bench.State().NodeFirstRun, 0);
+    EXPECT_TRUE(bench.Line.Calls().empty());
+}
+
+TEST(NodeSend, ModbusCarriesTransactionAndLength) {
+    for (const char* protocol : {"SerialProtocol=1", "SerialProtocol=2"}) {
+        QuietNode bench({protocol, "ModbusAddress=17"});
+        const struct {
+            int Before;
+            const char* Digits;
+        } cases[] = {
+            {0, "000100000006110300010010"},
+            {0x1233, "123400000006110300010010"},
+            {65534, "FFFF00000006110300010010"},
+            {65535, "000100000006110300010010"},
+        };
+        for (const auto& c : cases) {
+            bench.State().TransactionId = c.Before;
+            bench.State().ModbusPayload = "0300010010";
+            SendCommand(bench.L());
+            EXPECT_EQ(HexOfText(bench.Net.Sent.back()), c.Digits) << protocol << " behind " << c.Before;
+        }
+    }
+}
+
+TEST(NodeReceive, CustomAsciiReplies) {
+    const struct {
+        const char* Name;
+        const char* Reply;
+        const char* RawReply;
+        const char* ReplyText;
+    } cases[] = {
+        {"CR LF", "AB12\r\n", "AB12", "AB12"},
+        {"CR", "AB12\r", "AB12", "AB12"},
+        {"LF", "AB12\n", "AB12", "AB12"},
+        {"no end", "AB12", "AB12", "AB12"},
+        {"LF CR loses its CR alone", "AB12\n\r", "AB12\n", "AB12\n"},
+        {"an odd digit stays", "ABC\r\n", "ABC", "ABC"},
+        {"blanks are trimmed", "  12. \r\n", "  12. ", "12."},
+        {"only an end", "\r\n", "", ""},
+    };
+    for (const auto& c : cases) {
+        QuietNode bench;
+        bench.State().EchoMode = 1;  // means nothing here
+        bench.ArriveAfter(1400, c.Reply);
+        AskAscii(bench.L(), "G130");
+        EXPECT_EQ(bench.State().LinkError, 0) << c.Name;
+        EXPECT_EQ(bench.State().RawReply, c.RawReply) << c.Name;
+        EXPECT_EQ(bench.State().ReplyText, c.ReplyText) << c.Name;
+        EXPECT_EQ(bench.State().NodeReply, "") << c.Name;
+    }
+}
+
+TEST(NodeReceive, ModbusReplies) {
+    const struct {
+        const char* Name;
+        const char* Reply;
+        int LinkError;
+        const char* ReplyText;
+    } cases[] = {
+        {"good", "0001000000050103021234", 0, "0103021234"},
+        {"length is not looked at", "0001000000FF0103021234", 0, "0103021234"},
+        {"an exception is a short reply", "000100000003018302", 0, "018302"},
+        {"header alone", "000100000000", 0, ""},
+        {"two bytes", "0001", 0, ""},
+        {"another transaction", "0002000000050103021234", 27, ""},
+        {"one byte", "00", 27, ""},
+    };
+    for (const auto& c : cases) {
+        QuietNode bench({"SerialProtocol=1"});
+        bench.ArriveAfter(1400, TextOfHex(c.Reply));
+        AskModbus(bench.L(), "0300450001");
+        EXPECT_EQ(bench.State().LinkError, c.LinkError) << c.Name;
+        EXPECT_EQ(bench.State().ReplyText, c.ReplyText) << c.Name;
+    }
+}
+
+TEST(NodeReceive, WaitsLongerOnASlowLine) {
+    const struct {
+        const char* Settings;
+        double Ms;
+    } cases[] = {{"BaudIndex=0", 9000}, {"BaudIndex=1", 5000}, {"BaudIndex=2", 3000}, {"BaudIndex=6", 3000}};
+    for (const auto& c : cases) {
+        QuietNode bench({c.Settings});
+        const double start = bench.Pump.NowMs();
+        AskAscii(bench.L(), "G130");
+        EXPECT_EQ(bench.State().LinkError, 20) << c.Settings;
+        EXPECT_EQ(bench.Pump.NowMs() - start, 1300 + c.Ms) << c.Settings;
+        EXPECT_TRUE(bench.Boxes.Shown.empty());
+
+        bench.ArriveAfter(1300 + c.Ms - 1, "49\r\n");
+        AskAscii(bench.L(), "G130");
+        EXPECT_EQ(bench.State().LinkError, 0) << c.Settings;
+    }
+}
+
+TEST(NodeReceive, StatusFramesAreNoReply) {
+    QuietNode bench;
+    bench.ArriveAfter(1400, TextOfHex("5A93D1C07E420080A301020305040000000000"));
+    bench.ArriveAfter(1500, TextOfHex("5A93D1C07E42313233343536050437380D0A41"));
+    bench.ArriveAfter(1600, "49\r\n");
+    AskAscii(bench.L(), "G130");
+    EXPECT_EQ(bench.State().ReplyText, "49");
+}
+
+TEST(NodeReceive, ThePieceThatArrivesIsTheReply) {
+    QuietNode bench;
+    bench.ArriveAfter(1400, "4");
+    bench.ArriveAfter(1450, "9\r\n");
+    AskAscii(bench.L(), "G130");
+    EXPECT_EQ(bench.State().ReplyText, "4");
+
+    bench.State().NodeReply = "first\r\n";
+    bench.Net.Arrive("second\r\n");
+    ReceiveReply(bench.L());
+    EXPECT_EQ(bench.State().ReplyText, "second") << "the next arrival takes its place";
+}
+
+TEST(NodeReceive, AConnectionThatBreaksEndsTheWaitBehindTheBox) {
+    for (const char* protocol : {"SerialProtocol=0", "SerialProtocol=1"}) {
+        QuietNode bench({protocol});
+        bench.Pump.After(2000, [&] { bench.Net.Break(); });
+        const double start = bench.Pump.NowMs();
+        bench.State().ModbusLink == 0 ? AskAscii(bench.L(), "G130") : AskModbus(bench.L(), "0300450001");
+        EXPECT_EQ(bench.Pump.NowMs() - start, 2000);
+        EXPECT_EQ(bench.State().LinkError, 0);
+        EXPECT_EQ(bench.State().ReplyText, "");
+        ASSERT_EQ(bench.Boxes.Shown.size(), 1U);
+        EXPECT_FALSE(LineHolds(bench.L()));
+        EXPECT_EQ(bench.State().LinkError, 27);
+    }
+}
+
+TEST(NodeReceive, WhatArrivedBeforeTheBreakCounts) {
+    QuietNode bench;
+    bench.Pump.After(1400, [&] {
+        bench.Net.Arrive("49\r\n");
+        bench.Net.Break();
+    });
+    AskAscii(bench.L(), "G130");
+    EXPECT_EQ(bench.State().ReplyText, "49");
+    EXPECT_TRUE(bench.Boxes.Shown.empty());
+}
+
+}  // namespace
+}  // namespace counter::test

@@ -1,0 +1,45 @@
+// Single readings in both protocols, and what stands in RawReply when none comes.
+#include "link/single_reading.h"
+
+#include <gtest/gtest.h>
+
+#include "support/hand_bench.h"
+
+namespace counter::test {
+namespace {
+
+TEST(ReadSingle, LeavesTheTextInRawReply) {
+    const struct {
+        const char* Name;
+        ReadingKind Kind;
+        bool Modbus;
+        const char* Answer;
+        const char* RawReply;
+    } cases[] = {
+        // clang-format off
+        {"a value is trimmed",      ReadingKind::Item1,         false, "  12.5 ",           "12.5"},
+        {"a line stays whole",      ReadingKind::AllActive,     false, " 123.45-678.90 ",   " 123.45-678.90 "},
+        {"so does the other",       ReadingKind::AllActivePlus, false, " 123.45-678.90",    " 123.45-678.90"},
+        {"count",                   ReadingKind::Item1,         true,  ":0104040000006493", " 100"},
+        {"negative count",          ReadingKind::Item2,         true,  ":010404FFFFFF8575", "-123"},
+        {"least count",             ReadingKind::Peak,          true,  ":0104048000000077", "-2147483648"},
+        {"largest count",           ReadingKind::Valley,        true,  ":0104047FFFFFFF7B", " 2147483647"},
+        {"half a count",            ReadingKind::Item1,         true,  ":010402006495",     " 25749"},
+        {"no such request",         ReadingKind::AllActive,     true,  ":0104040000006493", "before"},
+        {"silent: the last reply",  ReadingKind::Item1,         false, "-",                 "04C1"},
+        {"silent: none of a count", ReadingKind::Item1,         true,  "-",                 " 0"},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        HandBench bench;
+        if (c.Modbus) bench.UseModbusAscii();
+        bench.State().RawReply = "before";
+        bench.State().ReplyText = "04C1";
+        bench.Port.Answer = [&](const std::string&) { return c.Answer; };
+        ReadSingle(bench.Program.Line, c.Kind);
+        EXPECT_EQ(bench.State().RawReply, c.RawReply) << c.Name;
+    }
+}
+
+}  // namespace
+}  // namespace counter::test

@@ -1,0 +1,166 @@
+// The plot: a scripted sweep, rails, clock, and the buttons.
+#include "readings/plot_view.h"
+
+#include "chart_record.h"
+
+namespace counter::test {
+namespace {
+
+struct PlotDesk : ReadingsBench {
+    PlotDesk(const char* mid = "0", const char* small = "1", const char* seconds = "10") {
+        View.Load();
+        View.Activate();
+        TypeScale(View, mid, small, seconds);
+    }
+    // OK, and the end of the frame that was on its way.
+    void Start() {
+        Press(View, View.cmdOK);
+        FrameEntries = View.Chart.Record().size();
+        Line.Inject("rest\r");
+    }
+    Lines Trace() const { return RecordFrom(View.Chart, FrameEntries); }
+    PlotView View{Program};
+    std::size_t FrameEntries = 0;
+};
+
+// The whole picture of a sweep of 60 s around 100: axes, ticks, grid, labels, then point, trace, both rails.
+TEST(PlotView, AScriptedSweepAsItIsDrawn) {
+    PlotDesk desk("100.0", "0.5", "60");
+    desk.Start();
+    for (const char* reading : {"+100.000", "+110.000", "+110.024", "+110.026", "+200.000", "+  90.00",
+                                "+  89.90", "-   5.00", "+ 104.00", "+  96.00", "+ 100.00", "+ 100.00"})
+        desk.MeterSends(6000, reading);
+    ExpectGolden(desk.View.Chart, "plot_sweep.golden");
+    EXPECT_EQ(desk.View.Chart.Scale(), (ChartScale{-150, 215, 1020, -250}));
+    EXPECT_EQ(desk.View.Controls.Focused(), &desk.View.cmdContinue) << "the sweep is over";
+    EXPECT_EQ(desk.View.Current().ChartFull, 1);
+}
+
+TEST(PlotView, HeightsAndRails) {
+    // clang-format off
+    const struct {
+        const char *Name, *First, *Second, *Line;
+    } cases[] = {
+        {"20 divisions up",          "0",   "20",         "line 0,0 100,200 width 2"},
+        {"over",                     "0",   "20.06",      "line 0,0 100,210 width 2"},
+        {"under",                    "0",   "-21",        "line 0,0 100,-205 width 2"},
+        {"stays over",               "30",  "40",         "line 0,210 100,210 width 1"},
+        {"stays under",              "-30", "-40",        "line 0,-205 100,-205 width 1"},
+        {"from rail to rail",        "30",  "-30",        "line 0,210 100,-205 width 2"},
+        {"2.5 goes to the even one", "0",   "0.25",       "line 0,0 100,2 width 2"},
+        {"7.5 goes to the even one", "0",   "0.75",       "line 0,0 100,8 width 2"},
+        {"a frame without a number", "1",   "-",          "line 0,10 100,0 width 2"},
+        {"eight characters count",   "0",   "0000001.99", "line 0,0 100,10 width 2"},
+        {"blanks behind the sign",   "0",   "-   5.0",    "line 0,0 100,-50 width 2"},
+        {"beyond all numbers",       "0",   "9E999999",   "line 0,0 100,210 width 2"},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        PlotDesk desk;
+        desk.Start();
+        desk.MeterSends(100, c.First);
+        desk.MeterSends(1000, c.Second);
+        EXPECT_EQ(desk.Trace().back(), c.Line) << c.Name;
+    }
+}
+
+TEST(PlotView, TheClockStartsAtTheFirstReadingAndStandsInAPause) {
+    PlotDesk desk("0", "1", "-10");  // works as 10
+    desk.Start();
+    for (Control* button : {&desk.View.cmdPause, &desk.View.cmdContinue}) {
+        desk.After(5000);
+        Press(desk.View, *button);
+    }
+    desk.MeterSends(0, "rest");
+    desk.MeterSends(5000, "0");
+    desk.MeterSends(2000, "1");
+    Press(desk.View, desk.View.cmdPause);
+    EXPECT_EQ(desk.View.Controls.Focused(), &desk.View.cmdContinue);
+    desk.MeterSends(60'000, "9");
+    Press(desk.View, desk.View.cmdPause);
+    EXPECT_EQ(desk.View.Current().SweepBase, 2);
+    Press(desk.View, desk.View.cmdContinue);
+    desk.MeterSends(500, "rest");
+    desk.MeterSends(500, "2");
+    EXPECT_EQ(desk.Trace(),
+              (Lines{"point 0,0 width 2", "line 0,0 200,10 width 2", "line 200,10 300,20 width 2"}));
+    EXPECT_EQ(desk.Sent(), Lines{"*1A0\r\n"});
+}
+
+TEST(PlotView, MidnightGivesNegativeTimes) {
+    PlotDesk desk("0", "1", "86400");
+    desk.Start();
+    desk.Pump.SetTimeOfDay(86'340);
+    desk.MeterSends(0, "0");
+    desk.MeterSends(59'000, "1");
+    desk.MeterSends(2000, "2");
+    desk.MeterSends(1000, "3");
+    EXPECT_EQ(desk.Trace(),
+              (Lines{"point 0,0 width 2", "line 0,0 1,10 width 2", "line 1,10 -999,20 width 2"}))
+        << "what lies left of the chart altogether isn't recorded";
+}
+
+TEST(PlotView, ContinueStartsOverWhereTheChartIsFullOrTheSweepRuns) {
+    PlotDesk desk("0", "1", " ");  // works as 1 second
+    desk.Start();
+    for (const char* reading : {"0", "1", "2", "3"}) desk.MeterSends(600, reading);
+    EXPECT_EQ(desk.Trace().size(), 2U) << "the trace stays";
+    EXPECT_EQ(desk.Line.InBufferCount(), 0U) << "the meter goes on sending";
+    Press(desk.View, desk.View.cmdContinue);
+    desk.MeterSends(0, "rest");
+    desk.MeterSends(100, "5");
+    EXPECT_EQ(desk.Trace(), Lines{"point 0,50 width 2"});
+    const int generation = desk.View.Chart.Generation();
+    Press(desk.View, desk.View.cmdContinue);
+    EXPECT_EQ(desk.Trace(), Lines{});
+    EXPECT_NE(desk.View.Chart.Generation(), generation);
+    EXPECT_EQ(desk.Sent(), (Lines{"*1A0\r\n", "*1A0\r\n", "*1A0\r\n"})) << "no A1 before an A0";
+}
+
+TEST(PlotView, ReadingsThatChangeNothingInTheirColumnAreNotRecorded) {
+    PlotDesk desk;
+    desk.Start();
+    for (const char* reading : {"0", "5", "2", "-1", "3", "30", "40", "30", "5"}) desk.MeterSends(0, reading);
+    desk.MeterSends(1000, "5");
+    EXPECT_EQ(desk.Trace(), (Lines{"point 0,0 width 2", "line 0,0 0,50 width 2", "line 0,20 0,-10 width 2",
+                                   "line 0,30 0,210 width 2", "line 0,50 100,50 width 2"}));
+}
+
+TEST(PlotView, EnterLeadsThroughTheScaleAndOkClosesIt) {
+    PlotDesk desk;
+    Form& form = desk.View.Controls;
+    for (const char* name : {"txtMidVal", "txtSmallVal", "txtHorzTime"}) {
+        EXPECT_EQ(form.Focused()->Name, name);
+        form.Enter(*form.Find(name));
+    }
+    EXPECT_EQ(form.Focused(), &desk.View.cmdOK);
+    Press(desk.View, desk.View.cmdPause);
+    Press(desk.View, desk.View.cmdContinue);
+    EXPECT_EQ(desk.Sent(), Lines{}) << "a scale entry is left by OK";
+    Press(desk.View, desk.View.cmdNewScale);
+    EXPECT_EQ(desk.View.txtSmallVal.Text, "1") << "a click alone leaves what is typed";
+    form.Focus(desk.View.cmdNewScale);
+    EXPECT_EQ(desk.View.txtSmallVal.Text, "         ");
+    EXPECT_EQ(form.Focused(), &desk.View.txtMidVal);
+    Press(desk.View, desk.View.cmdOK);
+    EXPECT_EQ(form.Focused(), &desk.View.cmdPause);
+    EXPECT_EQ(form.Click(desk.View.cmdOK), Refusal::Hidden);
+}
+
+TEST(PlotView, SaveAsksForAFileAndTellsAFailure) {
+    PlotDesk desk;
+    std::string saved;
+    desk.View.SaveBitmap = [&](const std::string& path) {
+        return saved += path, Status{StatusKind::NoPermission, path, "Permission denied"};
+    };
+    for (const char* chosen : {"", "/a.BMP"}) {  // the first is a cancelled dialog
+        desk.Boxes.Chosen = chosen;
+        Press(desk.View, desk.View.cmdSave);
+        EXPECT_EQ(saved, chosen);
+    }
+    EXPECT_EQ(desk.Boxes.Asked, "Save Graph As|.BMP files (*.BMP)|*.BMP");
+    EXPECT_EQ(desk.View.lblStatus.Caption, "/a.BMP: Permission denied");
+}
+
+}  // namespace
+}  // namespace counter::test
