@@ -76,6 +76,13 @@ std::optional<std::string> Access(Device& device, std::string_view command) {
     }
 }
 
+// H to the display, K to Item 3, L to both; the value is all that follows.
+void TakeRemote(Device& device, std::string_view command) {
+    const RemoteValue value = RemoteValueOf(command.substr(1));
+    if (command[0] != 'K') device.ShowRemote(value);
+    if (command[0] != 'H') device.SetRemoteItem3(value);
+}
+
 }  // namespace
 
 char AddressChar(int address) {
@@ -95,13 +102,24 @@ std::optional<std::string> CommandBehindHead(std::string_view line, int address)
 }
 
 std::optional<std::string> Execute(Device& device, std::string_view command, double nowMs) {
-    const bool twoCharacters = command.size() == 2;
-    if (command[0] == 'B' && twoCharacters) return NotEmpty(device.ValueLines(command[1], nowMs));
-    if (command[0] == 'C' && twoCharacters) {
-        device.Reset(CoilOf(command[1]));
-        return std::nullopt;
+    device.Follow(nowMs);
+    switch (command[0]) {
+        case 'A':
+            if (command == "A0" || command == "A1") device.Transmit(command == "A0");
+            return std::nullopt;
+        case 'B':
+            return command.size() == 2 ? NotEmpty(device.ValueLines(command[1])) : std::nullopt;
+        case 'C':
+            if (command.size() == 2) device.Reset(CoilOf(command[1]));
+            return std::nullopt;
+        case 'H':
+        case 'K':
+        case 'L':
+            TakeRemote(device, command);
+            return std::nullopt;
+        default:
+            return Access(device, command);
     }
-    return Access(device, command);
 }
 
 }  // namespace sim

@@ -9,32 +9,36 @@ namespace {
 
 // Bits 2..0 of the option byte for each input board, 0..3.
 constexpr int kInputCodes[] = {0, 1, 4, 2};
+// A thousand readings a second are more than any line carries, and few enough to be made one by one.
+constexpr double kFastestHz = 1000;
 
-int DecimalsOf(const Memory& memory, Reading which) {
-    const bool second = which == Reading::Item2 || which == Reading::Item3;
-    const int code = second ? memory.Bits(151, 6, 4) : memory.Bits(151, 2, 0);
-    return std::clamp(code, 1, 6) - 1;
+Memory StartMemory(const MeterOptions& options) {
+    Memory memory;
+    memory.LoadImage(StartImage(options));
+    return memory;
 }
 
-std::vector<Reading> ReadingsOf(const Memory& memory, char which) {
-    using enum Reading;
+constexpr Reading kItems[] = {Reading::Item1, Reading::Item2, Reading::Item3};
+
+// The readings of command B0..B7.
+std::vector<Reading> ReadingsOf(char which, int items, int displayed) {
+    std::vector<Reading> active(kItems, kItems + items);
     switch (which) {
         case '0':
-            return {Item1, Item2, Item3};
+            return active;
         case '1':
-            return {Item1};
         case '2':
-            return {Item2};
         case '3':
-            return {Item3};
+            return {kItems[which - '1']};
         case '4':
-            return {Peak};
+            return {Reading::Peak};
         case '5':
-            return ReadingsOf(memory, static_cast<char>('0' + std::max(memory.Bits(157, 1, 0), 1)));
+            return {kItems[displayed - 1]};
         case '6':
-            return {Valley};
+            return {Reading::Valley};
         case '7':
-            return {Item1, Item2, Item3, Peak, Valley};
+            active.insert(active.end(), {Reading::Peak, Reading::Valley});
+            return active;
         default:
             return {};
     }
@@ -55,14 +59,15 @@ LineSettings LineSettingsOf(const Memory& memory) {
 }
 
 Device::Device(const MeterOptions& options)
-    : inputBoard_(options.InputBoard),
+    : memory_(StartMemory(options)),
+      inputBoard_(options.InputBoard),
       commBoard_(options.CommBoard),
       relayBoard_(options.RelayBoard),
       analogBoard_(options.AnalogBoard),
       extended_(options.Extended),
-      liveBytes_(options.LiveBytes) {
-    memory_.LoadImage(StartImage(options));
-}
+      liveBytes_(options.LiveBytes),
+      readings_(options, memory_),
+      readingIntervalMs_(1000 / std::min(options.RateHz.value_or(kFastestHz), kFastestHz)) {}
 
 int Device::LiveByte(int address) const {
     if (const auto set = liveBytes_.find(address); set != liveBytes_.end()) return set->second;
@@ -76,8 +81,7 @@ int Device::LiveByte(int address) const {
         case 0x2D:
             return BoardByte();
         case 0x30:
-            return memory_.Bits(233, 7, 0) == 78 && (OptionByte() >> 5 & 3) == 3 ? OptionByte() & ~0x40
-                                                                                 : OptionByte();
+            return Version() == 78 && (OptionByte() >> 5 & 3) == 3 ? OptionByte() & ~0x40 : OptionByte();
         case 0x32:
             return memory_.Bits(189, 7, 0);
         case 0x33:
@@ -104,20 +108,73 @@ int Device::ToldByte(int position) const {
     }
 }
 
-std::string Device::ValueLines(char which, double nowMs) {
-    const bool endOfEach = memory_.Bits(187, 3, 3) != 0;
+void Device::Follow(double nowMs) {
+    if (!nextReadingMs_) nextReadingMs_ = nowMs;
+    for (; *nextReadingMs_ <= nowMs; *nextReadingMs_ += readingIntervalMs_) Measure(*nextReadingMs_);
+}
+
+void Device::Measure(double nowMs) {
+    readings_.Measure(memory_, Plan(), nowMs);
+    alarms_.Judge(memory_, Plan(), FittedAlarms(), [this](Reading which) { return Value(which); });
+}
+
+int Device::Value(Reading which) const {
+    return which == Reading::Item3 && remoteItem3_ ? remoteItem3_->Count : readings_.Value(which);
+}
+
+std::string Device::ValueTextOf(Reading which) const {
+    if (which == Reading::Item3 && remoteItem3_)
+        return ValueText(remoteItem3_->Count, remoteItem3_->Decimals);
+    return ValueText(Value(which), DecimalsOf(memory_, Plan(), which));
+}
+
+std::vector<std::string> Device::Values(char which) const {
+    std::vector<std::string> values;
+    for (Reading reading : ReadingsOf(which, Plan().Items, DisplayedItem()))
+        values.push_back(ValueTextOf(reading));
+    return values;
+}
+
+std::string Device::ValueLines(char which) const {
+    if (which == '0' && EndOfEach()) return ValueTextOf(Reading::Item1);
     std::string lines;
-    for (Reading reading : ReadingsOf(memory_, which)) {
-        if (endOfEach && !lines.empty()) lines += LineEnd();
-        lines += ValueText(Value(reading, nowMs), DecimalsOf(memory_, reading));
+    for (const std::string& value : Values(which)) {
+        if (EndOfEach() && !lines.empty()) lines += LineEnd();
+        lines += value;
     }
     return lines;
 }
 
+int Device::DisplayedItem() const {
+    return std::clamp(memory_.Bits(157, 1, 0), 1, Plan().Items);
+}
+
+// Alarms drive relays: four of code 1, two of the other codes; meter types from 5 on always have two.
+int Device::FittedAlarms() const {
+    const int code = OptionByte() >> 5 & 3;
+    if (memory_.Bits(235, 7, 0) >= 5) return 2;
+    return code == 0 ? 0 : code == 1 ? 4 : 2;
+}
+
+void Device::SetRemoteItem3(const RemoteValue& value) {
+    if (Plan().Items < 3) remoteItem3_ = value;
+}
+
+RemoteValue Device::RemoteValueOfCount(int count) const {
+    return {std::to_string(count), count, DecimalsOf(memory_, ItemPlan{}, Reading::Item1)};
+}
+
 void Device::Reset(int coil) {
-    if (coil == 1) RequestLine();
-    if (coil == 4) readings_.ResetPeak();
-    if (coil == 5) readings_.ResetValley();
+    const bool all = coil == 1;
+    if (all) {
+        Transmit(false);
+        RequestLine();
+    }
+    if (all || coil == 2) readings_.Restart();
+    if (all || coil == 3) alarms_.ResetLatched();
+    if (all || coil == 4) readings_.ResetPeak();
+    if (all || coil == 5) readings_.ResetValley();
+    if (all || coil == 6) remoteShown_ = remoteItem3_ = std::nullopt;
 }
 
 // Mode and Function; the first digit divided by 4 is the input board, where 0 counts as 1. A Mode of another

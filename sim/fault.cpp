@@ -43,6 +43,22 @@ void Add(const Fault& fault, Strike& strike) {
         case FaultKind::Gone:
             strike.Gone = fault.Value;
             break;
+        case FaultKind::WrongId:
+            strike.WrongId = true;
+            break;
+        case FaultKind::Pieces:
+            strike.PiecesAt = fault.Value;
+            strike.PiecesMs = fault.Value2;
+            break;
+        case FaultKind::Close:
+            strike.Close = fault.Value;
+            break;
+        case FaultKind::Status:
+            strike.Status = true;
+            break;
+        case FaultKind::Twice:
+            strike.Twice = true;
+            break;
     }
 }
 

@@ -21,6 +21,13 @@ enum class FaultKind {
     Echo,       // the line gives back what was sent, as half duplex adapters do
     BadEcho,    // the same with one character wrong
     Gone,       // the line goes away after Value bytes of the reply
+
+    // In an Ethernet node.
+    WrongId,  // the reply carries another transaction
+    Pieces,   // the reply goes out after Value bytes and Value2 ms later
+    Close,    // the node ends the connection after Value bytes of the reply
+    Status,   // a status frame in front of the reply
+    Twice,    // a login is answered by two calls
 };
 
 struct Fault {
@@ -38,6 +45,9 @@ struct Strike {
     bool NoReply = false, Extra = false, Garbage = false, BadCheck = false;
     bool Paced = false, Echo = false, BadEcho = false;
     std::optional<int> Cut, Exception, Gone;
+    bool WrongId = false, Status = false, Twice = false;
+    std::optional<int> Close, PiecesMs;
+    int PiecesAt = 0;
     double LateMs = 0;
     int PauseAt = 0;
     double PauseMs = 0;

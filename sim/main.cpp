@@ -1,7 +1,7 @@
-// counter-sim: a simulated meter on a pseudo terminal. The first line on standard output is the device to
-// open.
+// counter-sim: a simulated meter on a pseudo terminal, or behind an Ethernet node. The first line on standard
+// output is the device to open, or the node's IP address and its own address.
 //
-// Exit status 1 is wrong usage, 2 a file or pseudo terminal that failed.
+// Exit status 1 is wrong usage, 2 a file, pseudo terminal or UDP port that failed.
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <functional>
@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "sim/hex.h"
+#include "sim/node_simulator.h"
 #include "sim/simulator.h"
 
 namespace {
@@ -63,8 +65,50 @@ void AddLine(CLI::App& app, sim::MeterOptions& meter) {
         ->transform(oneOf(tables));
     app.add_option("--turnaround", meter.TurnaroundMs, "ms from the end of a command to the reply")
         ->check(CLI::Range(0, 60000));
+    app.add_flag("--strict-baud", meter.StrictBaud, "bytes leave one by one at the speed of the line");
     AddRepeated(app, "--fault", "COMMAND[#N]:KIND, such as XR35:noreply",
                 [&](const std::string& text) { return sim::ParseFault(text, meter.Faults.emplace_back()); });
+}
+
+void AddSignal(CLI::App& app, sim::MeterOptions& meter) {
+    using sim::SignalKind;
+    const std::map<std::string, SignalKind> kinds = {{"constant", SignalKind::Constant},
+                                                     {"ramp", SignalKind::Ramp},
+                                                     {"sine", SignalKind::Sine},
+                                                     {"noise", SignalKind::Noise},
+                                                     {"steps", SignalKind::Steps}};
+    sim::SignalOptions& signal = meter.Signal;
+    app.add_option("--signal", signal.Kind, "what Item 1 follows: constant, ramp, sine, noise or steps")
+        ->transform(CLI::CheckedTransformer(kinds).description(""));
+    app.add_option("--value", signal.Value, "the signal's value, digits of the display without the point")
+        ->check(CLI::Range(-999999.0, 999999.0));
+    app.add_option("--amplitude", signal.Amplitude, "how far it moves, in the same digits")
+        ->check(CLI::Range(0.0, 999999.0));
+    app.add_option("--period", signal.PeriodS, "seconds until it repeats")->check(CLI::PositiveNumber);
+    app.add_option("--seed", signal.Seed, "another number, another noise; the same, the same");
+    AddRepeated(app, "--rate", "readings a second, 20 unless told, or max: as fast as the line takes them",
+                [&](const std::string& text) { return sim::ParseRate(text, meter.RateHz); });
+    app.add_option("--frequency", meter.FrequencyHz,
+                   "Hz at input A: a Mode that shows its rate scales it and follows no signal")
+        ->check(CLI::NonNegativeNumber);
+    app.add_option("--timebase-ppm", meter.TimebasePpm,
+                   "how much too high the time base reads, without it what the calibration makes good")
+        ->check(CLI::Range(-32767.0, 32767.0));
+}
+
+void AddNode(CLI::App& app, SimulatorOptions& options) {
+    auto* node =
+        app.add_flag("--node", options.Node, "behind an Ethernet node: UDP port 63179, TCP call back");
+    app.add_option("--node-ip", options.NodeIp, "where the node is, 127.0.0.1 unless told")
+        ->check(CLI::ValidIPV4)
+        ->needs(node);
+    const auto sixBytes = [](const std::string& text) {
+        const bool good = text.size() == 12 && sim::BytesOfHex(text);
+        return good ? std::string() : "12 upper-case hexadecimal digits";
+    };
+    app.add_option("--node-address", options.NodeAddress, "12 hexadecimal digits, 0080A3010203 unless told")
+        ->check(CLI::Validator(sixBytes, ""))
+        ->needs(node);
 }
 
 void AddProgram(CLI::App& app, SimulatorOptions& options) {
@@ -75,6 +119,7 @@ void AddProgram(CLI::App& app, SimulatorOptions& options) {
     app.add_option("--save", options.SaveFile, "write the image here at SIGUSR1 and at the end");
     app.add_option("--link", options.Link, "make this a symbolic link to the device");
     app.add_flag("--any-baud", options.AnyBaud, "understand bytes at any speed");
+    app.add_flag("--face", options.Face, "show the meter's face in a window");
     app.add_flag("--verbose", options.Verbose, "tell every command on standard error");
 }
 
@@ -82,10 +127,13 @@ void AddProgram(CLI::App& app, SimulatorOptions& options) {
 
 int main(int argc, char** argv) {
     SimulatorOptions options;
-    CLI::App app{"A simulated meter on a pseudo terminal, whose path is printed first."};
+    CLI::App app{
+        "A simulated meter on a pseudo terminal, whose path is printed first, or behind an Ethernet node."};
     AddProgram(app, options);
+    AddNode(app, options);
     AddMeter(app, options.Meter);
     AddLine(app, options.Meter);
+    AddSignal(app, options.Meter);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -95,5 +143,5 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "counter-sim: %s\n", failure.c_str());
         return 2;
     }
-    return sim::Simulator(options).Run();
+    return options.Node ? sim::NodeSimulator(options).Run() : sim::Simulator(options).Run();
 }

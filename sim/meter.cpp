@@ -6,6 +6,7 @@
 #include "sim/custom_ascii.h"
 #include "sim/hex.h"
 #include "sim/modbus_server.h"
+#include "sim/stream.h"
 
 namespace sim {
 
@@ -15,6 +16,8 @@ namespace {
 constexpr std::size_t kLongestInput = 600;
 // A meter that gets new line settings answers at the old ones first.
 constexpr double kAdoptDelayMs = 50;
+// As often as an eye follows.
+constexpr double kLookMs = 100;
 
 std::string CommandPart(const std::string& line) {
     const std::size_t head = line.starts_with('|') ? 3 : 2;
@@ -36,6 +39,7 @@ Meter::Meter(MeterOptions options)
     : device_(options),
       crc_(options.Crc),
       turnaroundMs_(options.TurnaroundMs),
+      strictBaud_(options.StrictBaud),
       faults_(std::move(options.Faults)),
       line_(LineSettingsOf(device_.Words())) {}
 
@@ -57,6 +61,7 @@ void Meter::Receive(std::string_view bytes, double nowMs) {
         }
         if (input_.size() > kLongestInput) input_.clear();
     }
+    LookAtFace(nowMs);
 }
 
 std::optional<double> Meter::NextDueMs() const {
@@ -64,6 +69,8 @@ std::optional<double> Meter::NextDueMs() const {
     const auto sooner = [&](double atMs) { next = std::min(next.value_or(atMs), atMs); };
     if (adoptLineMs_) sooner(*adoptLineMs_);
     if (!output_.empty()) sooner(output_.front().AtMs);
+    if (transmitMs_ && device_.Transmitting()) sooner(*transmitMs_);
+    if (faceChanged_) sooner(lookMs_);
     return next;
 }
 
@@ -76,6 +83,7 @@ std::string Meter::TakeDue(double nowMs) {
         output_.pop_front();
         if (gone) LoseLine();
     }
+    LookAtFace(nowMs);
     return bytes;
 }
 
@@ -91,12 +99,16 @@ bool Meter::LoadImage(std::string_view text) {
 
 // What happens by the clock alone.
 void Meter::Advance(double nowMs) {
+    FollowTransmit(nowMs);
+    while (transmitMs_ && *transmitMs_ <= nowMs) SendTransmission();
+    device_.Follow(nowMs);
     if (frameEndsMs_ && *frameEndsMs_ <= nowMs) EndRtuFrame(*std::exchange(frameEndsMs_, std::nullopt));
     if (adoptLineMs_ && *adoptLineMs_ <= nowMs) AdoptLine();
 }
 
 void Meter::LoseLine() {
     lineGone_ = true;
+    FarEndClosed();
     output_.clear();
     input_.clear();
     frameEndsMs_.reset();
@@ -104,6 +116,7 @@ void Meter::LoseLine() {
 
 void Meter::AdoptLine() {
     line_ = LineSettingsOf(device_.Words());
+    if (line_.Protocol != LineProtocol::CustomAscii) device_.Transmit(false);  // Modbus has none
     adoptLineMs_.reset();
     input_.clear();
     frameEndsMs_.reset();
@@ -145,7 +158,44 @@ void Meter::CustomCommand(const std::string& line, double nowMs) {
     auto reply = Execute(device_, *command, nowMs);
     if (reply) *reply += (strike.Extra ? "0" : "") + device_.LineEnd();
     Send(reply.value_or(""), strike, nowMs);
+    FollowTransmit(nowMs);
     FollowLineRequest(nowMs);
+}
+
+// Continuous output begins with the first reading after its command.
+void Meter::FollowTransmit(double nowMs) {
+    if (!device_.Transmitting())
+        transmitMs_.reset();
+    else if (!transmitMs_)
+        transmitMs_ = LastDueMs(nowMs) + TransmissionIntervalMs(device_);
+}
+
+// While the line is busy it waits and then sends the latest reading; those in between are left out.
+void Meter::SendTransmission() {
+    const double nowMs = *transmitMs_, freeMs = LastDueMs(nowMs);
+    if (freeMs > nowMs) {
+        transmitMs_ = freeMs;
+        return;
+    }
+    device_.Follow(nowMs);
+    const std::string text = Transmission(device_);
+    for (std::size_t i = 0; i < text.size(); ++i)
+        Put(nowMs + (strictBaud_ ? static_cast<double>(i + 1) * CharMs() : 0), std::string(1, text[i]));
+    transmitMs_ = nowMs + TransmissionIntervalMs(device_);
+}
+
+FaceState Meter::Face(double nowMs) {
+    device_.Follow(nowMs);
+    return FaceOf(device_);
+}
+
+void Meter::LookAtFace(double nowMs) {
+    if (!faceChanged_ || nowMs < lookMs_) return;
+    lookMs_ = nowMs + kLookMs;
+    const FaceState face = Face(nowMs);
+    if (face == toldFace_) return;
+    toldFace_ = face;
+    faceChanged_();
 }
 
 void Meter::ModbusCommand(const std::optional<ModbusFrame>& frame, std::string_view raw, double nowMs) {
@@ -186,7 +236,7 @@ void Meter::Send(std::string reply, const Strike& strike, double nowMs) {
         if (end) reply.resize(std::min(reply.size(), static_cast<std::size_t>(*end)));
     const double startMs = LastDueMs(nowMs) + turnaroundMs_ + strike.LateMs;
     const auto timeOf = [&](std::size_t i) {
-        const double paceMs = strike.Paced ? static_cast<double>(i + 1) * CharMs() : 0;
+        const double paceMs = strike.Paced || strictBaud_ ? static_cast<double>(i + 1) * CharMs() : 0;
         return startMs + paceMs + (i >= static_cast<std::size_t>(strike.PauseAt) ? strike.PauseMs : 0);
     };
     for (std::size_t i = 0; i < reply.size(); ++i) Put(timeOf(i), std::string(1, reply[i]));

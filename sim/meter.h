@@ -5,12 +5,14 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "sim/device.h"
+#include "sim/face.h"
 #include "sim/fault.h"
 #include "sim/modbus_frame.h"
 #include "sim/options.h"
@@ -25,7 +27,8 @@ class Meter {
     // ActiveLine.
     void Receive(std::string_view bytes, double nowMs);
     // When TakeDue has something to do next: bytes of a reply, the silence that ends an RTU frame, new line
-    // settings that take effect. Nothing when all is quiet.
+    // settings that take effect, the next transmission of continuous output, a look at the face when
+    // somebody wants to know of its changes. Nothing when all is quiet.
     std::optional<double> NextDueMs() const;
     // Does what was due up to `nowMs` and returns the bytes that the meter has put on the line by then.
     std::string TakeDue(double nowMs);
@@ -33,6 +36,17 @@ class Meter {
     // The line went away, as a fault told it to: nothing is received or sent until LineBack.
     bool LineGone() const { return lineGone_; }
     void LineBack();
+    // Nobody listens any more: continuous output ends.
+    void FarEndClosed() { device_.Transmit(false); }
+
+    // What the front shows at `nowMs`, which may be no earlier than what was told before.
+    FaceState Face(double nowMs);
+    // Calls `hook` from Receive or TakeDue whenever the face is another than at the last look, ten times a
+    // second at most; the first look counts as a change. An empty hook ends it.
+    void OnFaceChanged(std::function<void()> hook) { faceChanged_ = std::move(hook); }
+    // What was sent to the display and to Item 3; nothing before, and after a reset.
+    const std::optional<RemoteValue>& RemoteShown() const { return device_.RemoteShown(); }
+    const std::optional<RemoteValue>& RemoteItem3() const { return device_.RemoteItem3(); }
 
     Memory& Words() { return device_.Words(); }
     const Memory& Words() const { return device_.Words(); }
@@ -73,6 +87,10 @@ class Meter {
     void ModbusCommand(const std::optional<ModbusFrame>& frame, std::string_view raw, double nowMs);
     std::string ModbusReply(const ModbusFrame& frame, const Strike& strike, double nowMs);
 
+    void FollowTransmit(double nowMs);
+    void SendTransmission();
+    void LookAtFace(double nowMs);
+
     void Echo(std::string raw, const Strike& strike, double nowMs);
     void Send(std::string reply, const Strike& strike, double nowMs);
     void Put(double atMs, std::string bytes, bool gone = false);
@@ -83,12 +101,17 @@ class Meter {
     Device device_;
     CrcTables crc_;
     double turnaroundMs_;
+    bool strictBaud_;
     FaultList faults_;
     LineSettings line_;
     std::string input_;                  // of the command that is arriving
     std::optional<double> frameEndsMs_;  // when silence ends the RTU frame in input_
     std::optional<double> adoptLineMs_;  // when the line settings of the memory become active
+    std::optional<double> transmitMs_;   // when continuous output goes on
     std::deque<Due> output_;             // in the order of time
+    std::function<void()> faceChanged_;
+    std::optional<FaceState> toldFace_;
+    double lookMs_ = 0;  // when the face is looked at again
     bool lineGone_ = false;
     std::vector<std::string> commands_;
 };

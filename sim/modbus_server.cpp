@@ -24,12 +24,11 @@ std::string ReadReply(char function, const RegisterValues& values) {
     return reply;
 }
 
-std::string Read(Device& device, std::string_view request, double nowMs) {
+std::string Read(const Device& device, std::string_view request) {
     if (request.size() != 5) return ExceptionPdu(request, kBadValue);
     const int first = WordAt(request, 1), count = WordAt(request, 3);
     if (count < 1 || count > kMostRead) return ExceptionPdu(request, kBadValue);
-    const auto values =
-        request[0] == 3 ? ReadHolding(device, first, count) : ReadInput(device, first, count, nowMs);
+    const auto values = request[0] == 3 ? ReadHolding(device, first, count) : ReadInput(device, first, count);
     return values ? ReadReply(request[0], *values) : ExceptionPdu(request, kNoAddress);
 }
 
@@ -75,10 +74,11 @@ std::string ExceptionPdu(std::string_view request, int code) {
 }
 
 std::string AnswerModbus(Device& device, std::string_view request, double nowMs) {
+    device.Follow(nowMs);
     switch (request[0]) {
         case 3:
         case 4:
-            return Read(device, request, nowMs);
+            return Read(device, request);
         case 5:
             return WriteCoil(device, request);
         case 6:

@@ -32,6 +32,11 @@ constexpr FaultName kFaultNames[] = {
     {"echo",      FaultKind::Echo,      0},
     {"badecho",   FaultKind::BadEcho,   0},
     {"gone",      FaultKind::Gone,      1},
+    {"wrongid",   FaultKind::WrongId,   0},
+    {"pieces",    FaultKind::Pieces,    2},
+    {"close",     FaultKind::Close,     1},
+    {"status",    FaultKind::Status,    0},
+    {"twice",     FaultKind::Twice,     0},
 };
 // clang-format on
 
@@ -39,7 +44,9 @@ std::string FaultHelp(std::string_view text) {
     return "illegal fault \"" + std::string(text) +
            "\": COMMAND[#N]:KIND, where COMMAND is the beginning of a command or *, and KIND is noreply, "
            "cut=N, "
-           "extra, garbage, badcheck, exception=CODE, late=MS, pause=AT,MS, paced, echo, badecho or gone=N";
+           "extra, garbage, badcheck, exception=CODE, late=MS, pause=AT,MS, paced, echo, badecho or gone=N; "
+           "in a "
+           "node also wrongid, pieces=AT,MS, close=N, status and, of the command login, twice";
 }
 
 // A whole decimal number without a sign.
@@ -133,6 +140,16 @@ std::string ParsePatch(std::string_view text, ImagePatch& out) {
                "\": POSITION=DIGITS, position 1 to 260, upper-case hexadecimal digits that fit behind it";
     patch.Digits = digits;
     out = patch;
+    return "";
+}
+
+std::string ParseRate(std::string_view text, std::optional<double>& out) {
+    double rate = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), rate);
+    const bool whole = error == std::errc{} && end == text.data() + text.size();
+    if (text != "max" && !(whole && rate > 0 && rate <= 1000))
+        return "illegal rate \"" + std::string(text) + "\": readings a second, above 0 to 1000, or max";
+    out = text == "max" ? std::nullopt : std::optional(rate);
     return "";
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "sim/fault.h"
+#include "sim/signal.h"
 
 namespace sim {
 
@@ -44,7 +45,17 @@ struct MeterOptions {
 
     CrcKind Crc = CrcKind::Published;
     double TurnaroundMs = 2;  // from the end of a command to the first byte of the reply
+    bool StrictBaud = false;  // bytes leave one by one at the speed of the line
     std::vector<Fault> Faults;
+
+    SignalOptions Signal;
+    // Readings a second; nothing: as fast as the line takes them, a thousand at most.
+    std::optional<double> RateHz = 20;
+    // The true frequency at input A. Where a Mode and Function show its rate, it takes the signal's place.
+    std::optional<double> FrequencyHz;
+    // How much too high the time base makes readings, before calibration; follows the calibration at start,
+    // so that a meter begins calibrated.
+    std::optional<double> TimebasePpm;
 };
 
 // The default setup, 260 digits.
@@ -64,6 +75,8 @@ int BaudRateOf(int index);
 std::string ParseFault(std::string_view text, Fault& out);
 // "POSITION=DIGITS", such as "191=60".
 std::string ParsePatch(std::string_view text, ImagePatch& out);
+// "max", or readings a second, above 0 and not above 1000.
+std::string ParseRate(std::string_view text, std::optional<double>& out);
 // "ADDRESS=BYTE", both two hexadecimal digits, such as "2B=04".
 std::string ParseLiveByte(std::string_view text, std::map<int, int>& out);
 

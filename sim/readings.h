@@ -1,28 +1,49 @@
-// Readings: a signal that moves, and the values that the meter makes of it.
+// Readings: the values that the meter makes of what is applied to it, one measurement after the other.
 #pragma once
 
 #include <optional>
 #include <string>
 
+#include "sim/item_plan.h"
+#include "sim/options.h"
+
 namespace sim {
 
-enum class Reading { Item1, Item2, Item3, Peak, Valley };
+// The calibration factor in parts per million, -32767 to 32767: the highest bit of the word is the sign.
+int CalibrationPpmOf(const Memory& memory);
 
 class Readings {
   public:
-    // The display's digits without the point. Item 1 climbs from 10000 to 12000 and back in 20 s, Item 2
-    // falls while it climbs, Item 3 passes through zero. Peak and valley are those of Item 1 as far as it was
-    // asked for.
-    int Value(Reading which, double nowMs);
-    // Peak or valley start again from the next reading.
+    // Without an error of its own the time base has the one that the calibration in `memory` makes good.
+    Readings(const MeterOptions& options, const Memory& memory);
+
+    // One measurement at `nowMs`; the signal begins at the first. Item 1 is the signal or, with a frequency
+    // applied and a plan that shows it, the frequency by scale and offset 1. Items 2 and 3 go with it: Item 2
+    // falls while Item 1 climbs, Item 3 passes through zero.
+    void Measure(const Memory& memory, const ItemPlan& plan, double nowMs);
+    // Raw counts of the latest measurement: the display's digits without the point.
+    int Value(Reading which) const;
+
+    // Peak or valley begin again with the next measurement; until then they are the latest.
     void ResetPeak() { peak_.reset(); }
     void ResetValley() { valley_.reset(); }
+    // The signal begins anew at the next measurement.
+    void Restart() { beganMs_.reset(); }
 
   private:
+    double ScaledFrequency(const Memory& memory) const;
+
+    SignalOptions signal_;
+    std::optional<double> frequencyHz_;
+    double timebasePpm_;
+    std::optional<double> beganMs_;
     std::optional<int> peak_, valley_;
+    int item1_ = 0;
+    double base_ = 0;  // what Item 1 moves about
 };
 
-// Eight characters: blank or "-", then six digits with the point before the last `decimals` (0..5).
+// Eight characters: blank or "-", then six digits with the point before the last `decimals` (0..5). Digits
+// beyond the six are lost at the left.
 std::string ValueText(int value, int decimals);
 
 }  // namespace sim

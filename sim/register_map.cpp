@@ -14,7 +14,7 @@ enum class Form {
     Word,   // one register, four digits
     Byte,   // one register, two digits in its low half
     ReadByte,  // the same, not to be written
-    Remote,    // pair that can only be written: a value for the display, which nothing reads back
+    Remote,    // pair that can only be written: a value for the display or Item 3, which nothing reads back
 };
 
 struct Row {
@@ -28,6 +28,8 @@ struct Row {
                    : 1;
     }
 };
+
+constexpr int kToDisplay = 0x69, kToItem3 = 0x6B, kToBoth = 0x6D;
 
 // clang-format off
 constexpr Row kHolding[] = {
@@ -79,9 +81,9 @@ constexpr Row kHolding[] = {
     {0x64, 143, Form::ReadByte},  // analog option
     {0x65, 235, Form::ReadByte},  // meter type
     {0x66, 233, Form::ReadByte},  // firmware version
-    {0x69,   0, Form::Remote},    // to the display
-    {0x6B,   0, Form::Remote},    // to Item 3
-    {0x6D,   0, Form::Remote},    // to both
+    {kToDisplay, 0, Form::Remote},
+    {kToItem3,   0, Form::Remote},
+    {kToBoth,    0, Form::Remote},
 };
 // clang-format on
 
@@ -142,7 +144,8 @@ std::uint32_t ReadRow(const Device& device, const Row& row) {
     return 0;
 }
 
-void WriteRow(Memory& memory, const Row& row, std::uint32_t value) {
+void WriteRow(Device& device, const Row& row, std::uint32_t value) {
+    Memory& memory = device.Words();
     switch (row.Shape) {
         case Form::Int24:
             memory.SetNumber(row.Position, 6, value);
@@ -160,8 +163,13 @@ void WriteRow(Memory& memory, const Row& row, std::uint32_t value) {
             memory.SetNumber(row.Position, 2, value);
             break;
         case Form::ReadByte:
-        case Form::Remote:
             break;
+        case Form::Remote: {
+            const RemoteValue sent = device.RemoteValueOfCount(static_cast<int>(value));
+            if (row.Register != kToItem3) device.ShowRemote(sent);
+            if (row.Register != kToDisplay) device.SetRemoteItem3(sent);
+            break;
+        }
     }
 }
 
@@ -197,20 +205,20 @@ bool WriteHolding(Device& device, int first, const RegisterValues& values) {
             const std::uint32_t half = values[static_cast<std::size_t>(number - first)];
             value = high ? half << 16 | (value & 0xFFFF) : (value & 0xFFFF0000) | half;
         }
-        WriteRow(device.Words(), row, value);
+        WriteRow(device, row, value);
     }
     if (first <= kProtocolRegister && kProtocolRegister < end) device.RequestLine();
     return true;
 }
 
-std::optional<RegisterValues> ReadInput(Device& device, int first, int count, double nowMs) {
+std::optional<RegisterValues> ReadInput(const Device& device, int first, int count) {
     RegisterValues values;
     for (int number = first; number < first + count; ++number) {
         const auto row = std::find_if(std::begin(kInput), std::end(kInput), [&](const InputRow& r) {
             return number == r.Register || number == r.Register + 1;
         });
         if (row == std::end(kInput)) return std::nullopt;
-        const auto value = static_cast<std::uint32_t>(device.Value(row->Which, nowMs));
+        const auto value = static_cast<std::uint32_t>(device.Value(row->Which));
         values.push_back(static_cast<std::uint16_t>(number == row->Register ? value >> 16 : value));
     }
     return values;

@@ -17,7 +17,8 @@ std::optional<RegisterValues> ReadHolding(const Device& device, int first, int c
 // can't be written. A write that reaches the register of protocol and parity, the last one that a whole setup
 // writes, makes the line settings of the memory active.
 bool WriteHolding(Device& device, int first, const RegisterValues& values);
-// Readings, two registers each; nothing when one of the registers is not in the map.
-std::optional<RegisterValues> ReadInput(Device& device, int first, int count, double nowMs);
+// Readings in raw counts, two registers each, high word first; nothing when one of the registers is not in
+// the map.
+std::optional<RegisterValues> ReadInput(const Device& device, int first, int count);
 
 }  // namespace sim

@@ -1,51 +1,16 @@
 #include "sim/simulator.h"
 
 #include <poll.h>
-#include <sys/signalfd.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <chrono>
-#include <cmath>
 #include <csignal>
 #include <cstdio>
-#include <optional>
 
+#include "sim/run_loop.h"
 #include "sim/sim_files.h"
 
 namespace sim {
-
-namespace {
-
-double NowMs() {
-    static const auto start = std::chrono::steady_clock::now();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-timespec RestUntil(double atMs) {
-    const double restMs = std::max(0.0, atMs - NowMs());
-    timespec rest{};
-    rest.tv_sec = static_cast<time_t>(restMs / 1000);
-    rest.tv_nsec = static_cast<long>(std::fmod(restMs, 1000) * 1e6);
-    return rest;
-}
-
-// The signals come as input, so that they interrupt nothing.
-int SignalHandle() {
-    sigset_t mask;
-    sigemptyset(&mask);
-    for (int number : {SIGHUP, SIGUSR1, SIGTERM, SIGINT}) sigaddset(&mask, number);
-    sigprocmask(SIG_BLOCK, &mask, nullptr);
-    return signalfd(-1, &mask, SFD_NONBLOCK | SFD_CLOEXEC);
-}
-
-int Fail(const std::string& text) {
-    std::fprintf(stderr, "counter-sim: %s\n", text.c_str());
-    return 2;
-}
-
-}  // namespace
 
 std::string LoadImageFile(SimulatorOptions& options) {
     return options.ImageFile.empty() ? "" : ReadImageFile(options.ImageFile, options.Meter.Image);
@@ -56,8 +21,12 @@ Simulator::~Simulator() {
 }
 
 int Simulator::Run() {
+    // Before the signals are taken away from this program and from what it starts.
+    if (options_.Face) {
+        if (const auto failure = face_.Open(); !failure.empty()) return Fail(failure);
+        meter_.OnFaceChanged([this] { face_.Show(meter_.Face(NowMs())); });
+    }
     const int signals = SignalHandle();
-    std::signal(SIGPIPE, SIG_IGN);
     if (const auto failure = Connect(); !failure.empty()) return Fail(failure);
     while (Step(signals)) {
         if (!meter_.LineGone()) continue;
@@ -84,27 +53,26 @@ std::string Simulator::Connect() {
 bool Simulator::Step(int signals) {
     pollfd handles[] = {
         {line_.DataHandle(), POLLIN, 0}, {signals, POLLIN, 0}, {line_.CloseHandle(), POLLIN, 0}};
-    const auto next = meter_.NextDueMs();
-    const timespec rest = RestUntil(next.value_or(0));
-    if (ppoll(handles, std::size(handles), next ? &rest : nullptr, nullptr) < 0) return errno == EINTR;
-    if (handles[1].revents && !HandleSignal(signals)) return false;
-    if (handles[2].revents) line_.AfterClose();
+    const timespec rest = RestUntil(meter_.NextDueMs());
+    if (ppoll(handles, std::size(handles), &rest, nullptr) < 0) return errno == EINTR;
+    if (handles[1].revents && !HandleSignal(TakeSignal(signals))) return false;
+    if (handles[2].revents) {
+        line_.AfterClose();
+        meter_.FarEndClosed();
+    }
     Exchange();
     return true;
 }
 
-bool Simulator::HandleSignal(int signals) {
-    signalfd_siginfo info{};
-    if (read(signals, &info, sizeof info) != sizeof info) return true;
-    if (info.ssi_signo == SIGTERM || info.ssi_signo == SIGINT) return false;
+bool Simulator::HandleSignal(int number) {
     std::string failure;
-    if (info.ssi_signo == SIGUSR1) failure = Save();
-    if (info.ssi_signo == SIGHUP) {
+    if (number == SIGUSR1) failure = Save();
+    if (number == SIGHUP) {
         failure = LoadImageFile(options_);
         if (failure.empty()) meter_.LoadImage(StartImage(options_.Meter));
     }
     if (!failure.empty()) Fail(failure);
-    return true;
+    return number != SIGTERM && number != SIGINT;
 }
 
 void Simulator::Exchange() {

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "sim/face_window.h"
 #include "sim/meter.h"
 #include "sim/pty_line.h"
 
@@ -16,7 +17,11 @@ struct SimulatorOptions {
     std::string SaveFile;   // empty for none
     std::string Link;       // symbolic link to the device; empty for none
     bool AnyBaud = false;   // understand bytes at any speed
-    bool Verbose = false;   // tell every command on standard error
+    bool Node = false;      // behind an Ethernet node instead of on a pseudo terminal
+    std::string NodeIp = "127.0.0.1";
+    std::string NodeAddress = "0080A3010203";  // 12 upper-case hexadecimal digits
+    bool Face = false;                         // show the face in a window
+    bool Verbose = false;                      // tell every command on standard error
 };
 
 // Puts the image file, when there is one, into the meter's options. Empty text, or what failed.
@@ -33,7 +38,7 @@ class Simulator {
   private:
     std::string Connect();
     bool Step(int signals);
-    bool HandleSignal(int signals);
+    bool HandleSignal(int number);
     void Exchange();
     void Tell(const std::string& text) const;
     std::string Save() const;
@@ -41,6 +46,7 @@ class Simulator {
     SimulatorOptions options_;
     Meter meter_;
     PtyLine line_;
+    FaceWindow face_;
 };
 
 }  // namespace sim

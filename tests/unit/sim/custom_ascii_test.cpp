@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tool.h"
+
 namespace sim {
 namespace {
 
@@ -40,7 +42,7 @@ TEST(CustomAscii, WhatIsNotUnderstoodHasNoReplyAndNoEffect) {
     for (const char* command :
          {"X",         "XR1A",          "XR1AZZ",    "X01AZ", "XRG0Z", "XR19Z", "xR1AZ",    "G1",
           "G130Z",     "R130",          "B8",        "B1 ",   "Q1",    "WR1A",  "W124123Z", "W12412345Z",
-          "W124123gZ", "W20012345678Z", "W0241234Z", "L12.5", "A0",    "A1",    "C7"})
+          "W124123gZ", "W20012345678Z", "W0241234Z", "A2",    "C7"})
         EXPECT_EQ(Told(device, command), "nothing") << command;
     EXPECT_EQ(device.Words().ImageText(), kDefaultImage);
     EXPECT_FALSE(device.TakeLineRequest());
@@ -73,12 +75,43 @@ TEST(CustomAscii, WritesLandWhereTheyAreReadBack) {
 
 TEST(CustomAscii, ResetsOfTheExtremesHaveTheirOwnLetters) {
     Device device{MeterOptions{}};
-    Execute(device, "B1", 5000);
-    Execute(device, "C9", 5000);
-    EXPECT_EQ(Execute(device, "B6", 2500), " 010500.");
-    EXPECT_EQ(Execute(device, "B4", 2500), " 011000.") << "the peak is kept";
-    Execute(device, "C3", 2500);
-    EXPECT_EQ(Execute(device, "B4", 2500), " 010500.");
+    Execute(device, "B1", 0);
+    Execute(device, "C9", 12500);
+    EXPECT_EQ(Execute(device, "B6", 12500), " 011500.");
+    EXPECT_EQ(Execute(device, "B4", 12500), " 012000.") << "the peak is kept";
+    Execute(device, "C3", 15000);
+    EXPECT_EQ(Execute(device, "B4", 15000), " 011000.");
+}
+
+TEST(CustomAscii, RemoteValuesGoToTheDisplayToItem3OrToBoth) {
+    static constexpr struct {
+        const char *Command, *ModeFunction;
+        const char *Shown, *Item3;  // its text, and the answer to B3
+    } kCases[] = {
+        // clang-format off
+        {"H12.34",  "00", "12.34",   "-000100."},
+        {"K-1.5",   "00", "nothing", "-00001.5"},
+        {"L 7",     "00", " 7",      " 000007."},
+        {"L7",      "0B", "7",       "-000100."},  // Item 3 is in use
+        // clang-format on
+    };
+    for (const auto& c : kCases) {
+        Device device(Patched({{199, c.ModeFunction}}));
+        EXPECT_EQ(Told(device, c.Command), "nothing") << c.Command;
+        EXPECT_EQ(device.RemoteShown().value_or(RemoteValue{"nothing"}).Text, c.Shown) << c.Command;
+        EXPECT_EQ(Told(device, "B3"), c.Item3) << c.Command;
+    }
+}
+
+TEST(CustomAscii, CurveTablesAreKeptBesideTheImage) {
+    Device device{MeterOptions{}};
+    const auto digits = [](char digit) { return std::string(83, digit) + "F"; };
+    for (const char* block : {"54", "69", "EA", "FF"})
+        Execute(device, "WL" + std::string(block) + digits(block[0]) + "Z", 0);
+    Execute(device, "C0", 0);
+    for (const char* block : {"54", "69", "EA", "FF"})
+        EXPECT_EQ(Execute(device, "XL" + std::string(block) + "Z", 0), digits(block[0])) << block;
+    EXPECT_EQ(device.Words().ImageText(), kDefaultImage);
 }
 
 TEST(CustomAscii, HeadsNameOneAddress) {

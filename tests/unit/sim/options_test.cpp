@@ -46,6 +46,16 @@ TEST(Options, IllegalTextsChangeNothingAndSayWhatIsLegal) {
     EXPECT_EQ(bytes.at(0x2B), 4);
 }
 
+TEST(Options, Rates) {
+    std::optional<double> rate = 20;
+    for (const char* text : {"", "0", "-1", "1001", "nan", "5x", "fast"}) {
+        EXPECT_NE(ParseRate(text, rate).find("or max"), std::string::npos) << text;
+        EXPECT_EQ(rate, 20) << text;
+    }
+    EXPECT_EQ(ParseRate("0.5", rate), "");
+    EXPECT_EQ(rate, 0.5);
+}
+
 TEST(Options, StartImageHoldsPatchesAndSettings) {
     MeterOptions options;
     EXPECT_EQ(StartImage(options), kDefaultImage);

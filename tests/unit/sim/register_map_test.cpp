@@ -108,9 +108,9 @@ TEST(RegisterMap, GapsAndReadOnlyRegistersRefuseTheWholeRequest) {
     EXPECT_FALSE(WriteHolding(device, 0x3B, {1, 2})) << "into the gap";
     for (int readOnly : {0x64, 0x65, 0x66}) EXPECT_FALSE(WriteHolding(device, readOnly, {9})) << readOnly;
     EXPECT_EQ(device.Words().ImageText(), kDefaultImage);
-    EXPECT_TRUE(WriteHolding(device, 0x6D, {0, 1234})) << "remote data to the display";
-    EXPECT_FALSE(ReadInput(device, 0x0B, 3, 0));
-    EXPECT_EQ(ReadInput(device, 0x0B, 2, 0), (RegisterValues{0xFFFF, 0xFF9C}));
+    EXPECT_TRUE(WriteHolding(device, 0x6D, {0, 1234})) << "remote data to display and Item 3";
+    EXPECT_FALSE(ReadInput(device, 0x0B, 3));
+    EXPECT_EQ(ReadInput(device, 0x0B, 2), (RegisterValues{0, 1234}));
 }
 
 }  // namespace

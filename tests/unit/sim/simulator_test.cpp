@@ -158,6 +158,24 @@ TEST(CounterSim, ALineThatGoesAwayComesBackUnderTheSameLink) {
     EXPECT_EQ(sim.Ask("*1G130\r\n"), "49\r");
 }
 
+TEST(CounterSim, StreamsUntilItsLineIsClosed) {
+    Program sim({"--signal", "noise", "--value", "-500", "--amplitude", "0", "--rate", "max", "--set",
+                 "151=13", "--period", "0.5", "--seed", "7", "--timebase-ppm", "-12.5"});
+    const std::string path = sim.Line();
+    sim.Open(path);
+    EXPECT_EQ(sim.Ask("*1A0\r\n"), "-0005.00\r");
+    for (int i = 0; i < 500; ++i) ASSERT_EQ(sim.Ask(""), "-0005.00\r") << i;
+    sim.Open(path);
+    // A reading may still be on its way while the program learns that its line was closed.
+    std::string line = sim.Ask("*1G130\r\n");
+    for (int late = 0; late < 100 && !line.ends_with("49\r"); ++late) line = sim.Ask("");
+    EXPECT_TRUE(line.ends_with("49\r")) << line;
+    EXPECT_EQ(sim.Ask("*1X124Z\r\n"), "5507\r");
+    Program scaled({"--frequency", "500000", "--timebase-ppm", "112.5", "--strict-baud"});
+    scaled.Open(scaled.Line());
+    EXPECT_EQ(scaled.Ask("*1B1\r\n"), " 500006.\r") << "a factor of -100 leaves 12.5 ppm";
+}
+
 TEST(CounterSim, RefusesWhatItCannotDo) {
     const TempFolder folder;
     WriteText(folder.File("file"), "precious");
@@ -170,6 +188,9 @@ TEST(CounterSim, RefusesWhatItCannotDo) {
         {"--address", "32",                1},
         {"--fault",   "XR35:silence",      1},
         {"--set",     "261=0",             1},
+        {"--rate",    "0",                 1},
+        {"--signal",  "square",            1},
+        {"--period",  "0",                 1},
         {"--image",   folder.File("none"), 2},
         {"--image",   folder.File("file"), 2},
         {"--link",    folder.File("file"), 2},

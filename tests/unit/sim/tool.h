@@ -28,6 +28,13 @@ inline MeterOptions WithFaults(MeterOptions options, const std::vector<std::stri
     return options;
 }
 
+// The default setup with other digits at some positions.
+inline MeterOptions Patched(std::vector<ImagePatch> patches) {
+    MeterOptions options;
+    options.Patches = std::move(patches);
+    return options;
+}
+
 // The default setup with one protocol.
 inline MeterOptions Speaking(LineProtocol protocol) {
     MeterOptions options;
@@ -57,6 +64,17 @@ class Tool {
             if (!part.empty()) ArrivedMs.push_back(NowMs);
             reply += part;
         }
+        return reply;
+    }
+
+    // Sends, and takes what comes within `ms`, for a meter that is never quiet.
+    std::string Ask(std::string_view bytes, double ms) {
+        Meter.Receive(bytes, NowMs);
+        const double endMs = NowMs + ms;
+        std::string reply;
+        for (auto next = Meter.NextDueMs(); next && *next <= endMs; next = Meter.NextDueMs())
+            reply += Meter.TakeDue(NowMs = std::max(NowMs, *next));
+        NowMs = endMs;
         return reply;
     }
 

@@ -1,0 +1,44 @@
+#include "sim/stream.h"
+
+#include <algorithm>
+
+namespace sim {
+
+namespace {
+
+constexpr int kFirstWithOwnCharacters = 35;
+constexpr int kSlowestRate = 8;  // codes above it count as it: every 256th reading
+
+struct Ends {
+    std::string Start, Stop;
+};
+
+std::string CharacterOf(int code) {
+    return code == 0 ? std::string() : std::string(1, static_cast<char>(code));
+}
+
+Ends EndsOf(const Device& device) {
+    const bool own = (device.LiveByte(0x33) & 0x40) && device.Version() >= kFirstWithOwnCharacters;
+    if (!own) return {"", device.LineEnd()};
+    const std::string lineFeed = device.HasLineFeed() ? "\n" : "";
+    return {CharacterOf(device.LiveByte(0x5D)), CharacterOf(device.LiveByte(0xE0)) + lineFeed};
+}
+
+}  // namespace
+
+std::string Transmission(const Device& device) {
+    const Ends ends = EndsOf(device);
+    const char items = static_cast<char>('0' + (device.LiveByte(0x33) & 7));
+    std::string text;
+    for (const std::string& value : device.Values(items)) {
+        if (!text.empty() && device.EndOfEach()) text += ends.Stop + ends.Start;
+        text += value;
+    }
+    return ends.Start + text + ends.Stop;
+}
+
+double TransmissionIntervalMs(const Device& device) {
+    return device.ReadingIntervalMs() * (1 << std::min(device.Words().Bits(191, 3, 0), kSlowestRate));
+}
+
+}  // namespace sim

@@ -1,0 +1,132 @@
+// The node in virtual time: calls, framing of both protocols, its own frames, its faults.
+#include "sim/node.h"
+
+#include <gtest/gtest.h>
+
+#include "tool.h"
+
+namespace sim {
+namespace {
+
+using Words = std::vector<std::string>;
+
+const char* const kLogin = "0080A30102035A93D1C07E42 0406 96DA 2711 0000";
+const char* const kStatus = "5A93D1C07E42 0080A3010203 0504 0000000000";
+
+// The tool's end of the connection.
+class NodeTool {
+  public:
+    explicit NodeTool(LineProtocol protocol = LineProtocol::CustomAscii, const Words& faults = {})
+        : Box("0080A3010203", WithFaults(Speaking(protocol), faults)) {
+        Box.Connected();
+    }
+    // Segments that come out until nothing more is due, as hexadecimal digits; "close" behind one that ends
+    // the connection.
+    Words Ask(const std::string& bytes) {
+        Box.Receive(bytes, NowMs);
+        Words segments;
+        while (const auto next = Box.NextDueMs()) {
+            NowMs = std::max(NowMs, *next);
+            for (const NodeSegment& segment : Box.TakeDue(NowMs)) {
+                segments.push_back(HexOfBytes(segment.Bytes));
+                if (segment.Close) segments.emplace_back("close");
+            }
+            Box.TakeCalls(NowMs);
+        }
+        return segments;
+    }
+    Node Box;
+    double NowMs = 1000;
+};
+
+TEST(Node, CallsBackWhereTheLoginSays) {
+    Node node("0080A3010203", WithFaults({}, {"login#1:late=700", "login#2:noreply", "login#3:twice"}));
+    node.Datagram(Bytes(kLogin), "10.0.0.1", 0);
+    EXPECT_EQ(node.NextDueMs(), 700);
+    EXPECT_TRUE(node.TakeCalls(699).empty());
+    EXPECT_EQ(node.TakeCalls(700), (std::vector<NodeCall>{{"10.0.0.1", 10001}}));
+    node.Datagram(Bytes(kLogin), "10.0.0.1", 800);
+    EXPECT_TRUE(node.TakeCalls(9000).empty());
+    node.Datagram(Bytes(kLogin), "10.0.0.1", 9000);
+    EXPECT_EQ(node.TakeCalls(9000).size(), 2U);
+    node.Datagram("noise", "10.0.0.1", 9100);
+    EXPECT_TRUE(node.TakeCalls(9100).empty());
+    EXPECT_EQ(node.Told().back(), "bad datagram");
+}
+
+TEST(Node, ALoginWhileConnectedTakesTheNodeAway) {
+    NodeTool tool;
+    tool.Box.Datagram(Bytes(kLogin), "10.0.0.2", tool.NowMs);
+    EXPECT_EQ(tool.Box.TakeCalls(tool.NowMs).size(), 1U);
+    EXPECT_EQ(tool.Ask(""), (Words{"", "close"}));
+    EXPECT_TRUE(tool.Ask("*1G130\r\n").empty());
+}
+
+TEST(Node, CustomAsciiPassesInOnePiece) {
+    for (const char* fault : {"none:noreply", "G130:paced"}) {
+        NodeTool tool(LineProtocol::CustomAscii, {fault});
+        EXPECT_EQ(tool.Ask("*1G130\r\n"), Words{"34390D"}) << fault;
+        EXPECT_EQ(tool.Ask("*1G1"), Words{}) << "half a command";
+        EXPECT_EQ(tool.Ask("30\r\n*1G128\r\n").size(), 1U) << "two at once are one stream to the meter";
+    }
+}
+
+TEST(Node, ModbusIsFramedForTheLine) {
+    for (const LineProtocol protocol : {LineProtocol::ModbusRtu, LineProtocol::ModbusAscii}) {
+        NodeTool tool(protocol);
+        EXPECT_EQ(tool.Ask(Bytes("1234 0000 0006 01 0800010000")), Words{"123400000006010800010000"});
+        EXPECT_EQ(tool.Ask(Bytes("FFFF 0000 0006 01 03000A0001")).size(), 1U);
+        EXPECT_EQ(tool.Box.Behind().Commands(), (Words{"0800010000", "03000A0001"}));
+        EXPECT_EQ(tool.Ask(Bytes("0001 0000 0006 01")), Words{}) << "half a request";
+        EXPECT_EQ(tool.Ask(Bytes("4100010000")), Words{"00010000000301C101"}) << "an exception";
+        EXPECT_EQ(tool.Ask(Bytes("0001 0001 0006 01 0800010000")), Words{}) << "no Modbus";
+    }
+}
+
+TEST(Node, ItsOwnFramesDoNotReachTheMeter) {
+    for (const LineProtocol protocol : {LineProtocol::CustomAscii, LineProtocol::ModbusRtu}) {
+        NodeTool tool(protocol);
+        const std::string status = HexOfBytes(Bytes(kStatus));
+        EXPECT_EQ(tool.Ask(Bytes("0080A30102035A93D1C07E42 010105FF")), Words{status});
+        EXPECT_EQ(tool.Ask(Bytes("0080A30102035A93D1C07E42 570410000000FF")), Words{status});
+        EXPECT_EQ(tool.Ask(Bytes("0080A30102035A93D1C07E42 570400")), Words{});
+        EXPECT_EQ(tool.Ask(Bytes("000000FF")), Words{status});
+        EXPECT_EQ(tool.Box.Told(), (Words{"keep-alive", "on", "off"}));
+        EXPECT_TRUE(tool.Box.Behind().Commands().empty());
+    }
+}
+
+TEST(Node, FaultsOfItsOwn) {
+    const char* const good = "000100000006010800010000";
+    const struct {
+        const char* Fault;
+        Words Segments;
+    } cases[] = {
+        {"08:wrongid", {"000000000006010800010000"}},
+        {"08:pieces=5,40", {"0001000000", "06010800010000"}},
+        {"08:close=3", {"000100", "close"}},
+        {"08:close=0", {"", "close"}},
+        {"08:status", {HexOfBytes(Bytes(kStatus)), good}},
+        {"08:noreply", {}},
+        {"08:badcheck", {}},
+        {"03:wrongid", {good}},
+    };
+    for (const auto& c : cases) {
+        NodeTool tool(LineProtocol::ModbusRtu, {c.Fault});
+        EXPECT_EQ(tool.Ask(Bytes("0001 0000 0006 01 0800010000")), c.Segments) << c.Fault;
+    }
+}
+
+TEST(Node, NoiseIsForgotten) {
+    for (const LineProtocol protocol : {LineProtocol::CustomAscii, LineProtocol::ModbusRtu}) {
+        NodeTool tool(protocol);
+        for (int i = 0; i < 100; ++i) tool.Ask(std::string(97, static_cast<char>(i)));
+        tool.Ask("\r\n");  // ends what the meter has heard of it
+        tool.Box.Connected();
+        const bool ascii = protocol == LineProtocol::CustomAscii;
+        EXPECT_EQ(tool.Ask(ascii ? "*1G130\r\n" : Bytes("0001 0000 0006 01 0800010000")).size(), 1U);
+    }
+}
+
+}  // namespace
+}  // namespace sim
