@@ -7,7 +7,7 @@ home=$(realpath "$2")
 . "$(dirname "$0")/simulated.sh"
 
 lay_down_home "$bin" "$home"
-start_meter "$bin" "$home" --signal sine
+start_meter "$bin" "$home" --signal sine --face
 echo "Counter Setup runs on a simulated meter; program folder: $home"
 echo "Click Counter, then Get Setup, to read the meter."
 "$bin/counter-setup" --dir "$home"

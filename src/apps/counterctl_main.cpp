@@ -10,6 +10,7 @@
 #include "platform/qt/core/qt_port_catalog.h"
 #include "platform/qt/core/qt_pump.h"
 #include "platform/qt/core/qt_serial_port.h"
+#include "platform/qt/core/qt_sockets.h"
 
 namespace {
 
@@ -21,12 +22,14 @@ class QtMachine : public counter::Machine {
     counter::Pump& Waits() override { return pump_; }
     counter::SerialPort& Port() override { return port_; }
     const counter::PortCatalog& Catalog() override { return catalog_; }
+    counter::Sockets Net() override { return sockets_.Both(); }
 
   private:
     counter::CoreRuntime runtime_;  // before all that lives in its event loop
     counter::QtPump pump_;
     counter::QtPortCatalog catalog_;
     counter::QtSerialPort port_;
+    counter::QtSockets sockets_;
 };
 
 std::string DefaultFolder() {

@@ -1,5 +1,8 @@
 #include "platform/pump.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace counter {
 
 namespace {
@@ -21,13 +24,41 @@ bool Pump::WaitUntil(double deadlineMs, const Condition& ready, const char* reas
     const ReasonScope scope(reasons_, reason);
     while (!ready()) {
         if (NowMs() >= deadlineMs) return false;
-        RunEvents(deadlineMs);
+        RunEvents(std::min(deadlineMs, NextTickMs()));
+        RunTicks();
         if (interruptRequested_ && OnInterrupt) {
             interruptRequested_ = false;
             OnInterrupt();
         }
     }
     return true;
+}
+
+std::shared_ptr<Pump::Ticker> Pump::Every(double periodMs, std::function<void()> tick) {
+    auto ticker = std::make_shared<Ticker>(Ticker{periodMs, NowMs() + periodMs, std::move(tick)});
+    tickers_.push_back(ticker);
+    return ticker;
+}
+
+double Pump::NextTickMs() const {
+    double next = kForever;
+    for (const auto& known : tickers_) {
+        if (const auto ticker = known.lock()) next = std::min(next, ticker->NextMs);
+    }
+    return next;
+}
+
+void Pump::RunTicks() {
+    if (tickers_.empty()) return;
+    std::erase_if(tickers_, [](const auto& known) { return known.expired(); });
+    const double nowMs = NowMs();
+    for (const auto& known : std::vector(tickers_)) {  // a tick may begin or end others
+        const auto ticker = known.lock();
+        if (!ticker || ticker->NextMs > nowMs) continue;
+        ticker->NextMs += ticker->PeriodMs;
+        if (ticker->NextMs <= nowMs) ticker->NextMs = nowMs + ticker->PeriodMs;
+        ticker->Tick();
+    }
 }
 
 std::string Pump::Reasons() const {

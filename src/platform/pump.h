@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <limits>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,16 @@ class Pump {
     // what is waited for.
     bool WaitUntil(double deadlineMs, const Condition& ready, const char* reason);
 
+    // What Every began; it ends with the last reference.
+    struct Ticker {
+        double PeriodMs;
+        double NextMs;
+        std::function<void()> Tick;
+    };
+    // From now on `tick` is called every `periodMs` milliseconds by whatever wait is under way, nested ones
+    // included. A call that comes late is made once and not made up for. It must not wait.
+    [[nodiscard]] std::shared_ptr<Ticker> Every(double periodMs, std::function<void()> tick);
+
     // Ends the process with this exit status. Does not return: no line behind a wait runs in a dead program.
     [[noreturn]] virtual void EndProcess(int status) = 0;
 
@@ -49,7 +60,11 @@ class Pump {
     virtual void RunEvents(double deadlineMs) = 0;
 
   private:
+    double NextTickMs() const;
+    void RunTicks();
+
     std::vector<const char*> reasons_;
+    std::vector<std::weak_ptr<Ticker>> tickers_;
     bool interruptRequested_ = false;
 };
 

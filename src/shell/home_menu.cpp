@@ -12,7 +12,7 @@ constexpr bool kOn = true, kOff = false;
 
 // clang-format off
 constexpr auto kMenu = std::to_array<HomeMenuRow>({
-    {"mnuFile",       "&File",                  kHeading, 3114,     kOn,  {}},
+    {"mnuFile",       "&File",                  kHeading, 3102,     kOn,  {}},
     {"mnuDefaultSet", "&Default  Setup",        kEntry,   kNoTopic, kOn,  {}},
     {"mnuOpen",       "&Open Setup",            kEntry,   kNoTopic, kOn,  {}},
     {"mnuSave",       "&Save Setup",            kEntry,   kNoTopic, kOn,  {}},
@@ -44,7 +44,7 @@ constexpr auto kMenu = std::to_array<HomeMenuRow>({
     {"mnuModbusG",    "&Modbus/RS485  Rev G",   kEntry,   kNoTopic, kOn,  ViewId::ModbusG},
     {"mnuRSUSB",      "&USB/RS485",             kEntry,   kNoTopic, kOn,  ViewId::Usb},
     {"mnuRSEther",    "Ether&net/RS485",        kEntry,   kNoTopic, kOn,  ViewId::Ethernet},
-    {"mnuMHelp",      "&Help",                  kHeading, 3118,     kOn,  {}},
+    {"mnuMHelp",      "&Help",                  kHeading, 3103,     kOn,  {}},
     {"mnuItem",       "&Items",                 kEntry,   kNoTopic, kOn,  ViewId::SetupHelp},
     {"mnuRBatch",     "Rate Batch",             kEntry,   kNoTopic, kOn,  ViewId::RateBatchHelp},
     {"mnuVFBatch",    "V-F Batch",              kEntry,   kNoTopic, kOn,  ViewId::VFBatchHelp},

@@ -165,6 +165,7 @@ void HomeView::OpenView(const HomeMenuRow& row) {
 }
 
 void HomeView::Exit() {
+    if (HoldExit && HoldExit()) return;
     SettingsLines lines = session_.Stored.Lines;
     if (lines.SettingsLine2.size() == kOldNodeLine) lines.SettingsLine2 += "0";
     SettingsPut(lines.SettingsLine2, kEndedAt, "1");

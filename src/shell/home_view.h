@@ -28,7 +28,7 @@ class HomeView {
     void RestoreScreen();
     // F1: help on what the user touched last.
     void HelpKey();
-    // Settings written, port closed, process ended. Does not return.
+    // Settings written, port closed, process ended. Returns only where the end has to wait.
     void Exit();
 
     // The text area is at its full height, 6000 units of 1/1440 inch, otherwise at 2700.
@@ -40,6 +40,7 @@ class HomeView {
     std::function<void(int helpNumber)> OpenHelp;    // over this view
     std::function<void()> PrepareStream;             // the stream's frame rules are asked of the meter
     std::function<void(Control& heading)> DropDown;  // the entries under a heading can be used now
+    std::function<bool()> HoldExit;                  // true: something must be finished first, and calls Exit
     std::function<void()> CloseSockets;              // before the end
 
     Form Controls{always_};

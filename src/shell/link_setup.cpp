@@ -190,7 +190,7 @@ void LinkSetup::Test() {
     cmdTest.Enabled = cmdSave.Enabled = cmdClose.Enabled = false;
     ShowResult("Asking the meter.", ColorGreen);
     world_.Tried.Device = txtDevice.Text;
-    const LinkTrial trial = TryLink({world_.Waits, world_.Port, world_.Folder.Path}, lines);
+    const LinkTrial trial = TryLink({world_.Waits, world_.Port, world_.Folder.Path, world_.Net}, lines);
     cmdSave.Enabled = cmdClose.Enabled = true;
     testing_ = false;
     ShowNode();

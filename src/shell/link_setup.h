@@ -4,11 +4,13 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "controls/form.h"
 #include "link/link.h"
 #include "platform/program_folder.h"
+#include "platform/sockets.h"
 #include "settings/settings.h"
 
 namespace counter {
@@ -32,6 +34,7 @@ class LinkSetup {
         TriedDevice& Tried;
         const PortCatalog& Catalog;
         ProgramFolder Folder;
+        std::optional<Sockets> Net = {};  // for a meter behind a node
     };
 
     explicit LinkSetup(const World& world);

@@ -55,12 +55,25 @@ std::string AnswerInWords(const Session& session) {
     std::string words = MeterName(ByteGet(session.Image, 235)) + " answered: firmware version " +
                         std::to_string(ByteGet(session.Image, 233)) + ", address " +
                         (modbus ? std::to_string(stored.ModbusAddress) : stored.MeterAddressLabel) + ", ";
-    words += std::string(protocol) + " at " +
-             std::string(BaudTable[static_cast<std::size_t>(session.LinkData.BaudIndex)]) + " baud.";
-    return words;
+    words += std::string(protocol);
+    if (session.LinkData.EthernetMode == 1) return words + " through the node at " + stored.NodeIp + ".";
+    return words + " at " + std::string(BaudTable[static_cast<std::size_t>(session.LinkData.BaudIndex)]) +
+           " baud.";
+}
+
+// Empty once the node has called back, otherwise why it has not.
+std::string CallNode(Session& session) {
+    if (const Status status = LogIntoNode(session); !status.Ok()) return status.Text();
+    if (session.Node.Connected()) return {};
+    return "The node did not call back within 40 seconds. Check its address and its IP address, that it is "
+           "on "
+           "the network, and that it can reach TCP port " +
+           std::to_string(session.Stored.TcpPort) + " of this computer.";
 }
 
 std::string WhatToLookAt(int linkError) {
+    if (linkError == LinkErrors::kNodeNoReply)
+        return " The node is there; check the meter behind it, its protocol, baud rate and address.";
     if (linkError == LinkErrors::kNoReply)
         return " Check cable, port, baud rate, protocol and address, and that the meter is on.";
     if (linkError == LinkErrors::kNoEcho) return " The line does not echo: clear the box of the echo.";
@@ -72,15 +85,15 @@ std::string WhatToLookAt(int linkError) {
 LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines) {
     TriedSettings store(FormatSettings(lines));
     NoBoxes boxes;
-    Session session(world.Waits, world.Port, boxes, {store, world.Folder});
+    Session session(world.Waits, world.Port, boxes, {store, world.Folder}, world.Net);
     LinkTrial trial;
     if (const Status status = Start(session); !status.Ok()) {
         trial.Words = status.Text();
         return trial;
     }
     if (session.LinkData.EthernetMode == 1) {
-        trial.Words = "Meters behind a node are not there yet.";
-        return trial;
+        trial.Words = CallNode(session);
+        if (!trial.Words.empty()) return trial;
     }
     GetSetup(session);
     ClosePort(session.Line);

@@ -2,10 +2,12 @@
 // the meter nor to disk.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/pump.h"
 #include "platform/serial_port.h"
+#include "platform/sockets.h"
 #include "settings/settings.h"
 
 namespace counter {
@@ -13,7 +15,8 @@ namespace counter {
 struct TrialWorld {
     Pump& Waits;
     SerialPort& Port;
-    std::string Folder;  // named in messages; nothing is read from it
+    std::string Folder;               // named in messages; nothing is read from it
+    std::optional<Sockets> Net = {};  // without them no node can be tried
 };
 
 struct LinkTrial {

@@ -56,7 +56,7 @@ Status Transfer(Session& session) {
     session.Home.ShowStatus(kAppearsDone, ColorGreen);
     session.Home.ShowProgress(false);
     LinkDelay(session.Line, 1000);
-    SerialLineHolds(session.Line);
+    LineHolds(session.Line);
     return {};
 }
 

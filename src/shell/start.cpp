@@ -1,13 +1,36 @@
 #include "shell/start.h"
 
+#include <random>
+
 #include "meter/firmware.h"
 
 namespace counter {
 
+namespace {
+
+// 1..8, another at each start of the program.
+int FreshVariant() {
+    std::random_device seed;
+    return std::uniform_int_distribution(1, 8)(seed);
+}
+
+}  // namespace
+
 Status Start(Session& session) {
     const Status status = ReadSettings(session.Settled);
+    session.LinkData.NodeFirstRun = session.LinkData.EthernetMode;
     session.LinkData.CrcTableFixed = HasPublishedCrc(session.Stored.FirmwareVersion);
     session.Image = SetupImage{};
+    return status;
+}
+
+Status LogIntoNode(Session& session) {
+    const Settings& stored = session.Stored;
+    Status status = session.Node.Login({stored.NodeAddress, stored.NodeIp, stored.TcpPort}, FreshVariant());
+    if (session.Node.Connected()) {
+        session.LinkData.NodeFirstRun = 0;
+        session.LinkData.EthernetMode = 1;
+    }
     return status;
 }
 

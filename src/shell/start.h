@@ -7,8 +7,16 @@
 namespace counter {
 
 // Reads the settings and opens the port that they name; decides once which Modbus check the meter uses, by
-// the version in the settings as they stand now; sets the image to 260 zeros. A file or port that can't be
+// the version in the settings as they stand now; sets the image to 260 zeros. Through a
+// node the login (LogIntoNode) is still to come then. A file or port that can't be
 // opened is told by the status; the session can be worked with all the same.
 Status Start(Session& session);
+
+// What tells that no node has called back, in a message box or on standard error.
+inline constexpr const char* kNoNodeCall = "Ethernet connection interrupted. Restart program.";
+
+// Through a node: asks it to call back, 40 seconds at most, with a check that is picked at random. The status
+// is of the two ports that this takes; whether the node has called, session.Node.Connected() tells.
+Status LogIntoNode(Session& session);
 
 }  // namespace counter

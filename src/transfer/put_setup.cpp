@@ -55,7 +55,7 @@ bool WriteBlock(SetupTransfer& transfer, const AsciiWrite& write) {
     Link& link = transfer.Line;
     if (write.PauseMs > 0) LinkDelay(link, write.PauseMs);
     SendAscii(link, write.Command + AsciiData(transfer.Image, write) + "Z");
-    if (!SerialLineHolds(link)) return false;
+    if (!LineHolds(link)) return false;
     link.State.FramesWritten.emplace_back(write.Command);
     transfer.ProgressTo(write.Percent);
     return true;
@@ -81,6 +81,12 @@ bool WriteRow(SetupTransfer& transfer, const ModbusWrite& write) {
     return link.State.LinkError == 0;
 }
 
+// At 4800 baud and above the node is told before the first write and behind the last.
+void TellNode(Link& link, bool on) {
+    constexpr int kFastBaud = 4;
+    if (link.State.EthernetMode == 1 && link.State.BaudIndex >= kFastBaud) link.Node->SendNodeCommand(on);
+}
+
 }  // namespace
 
 BoardCheck CheckMeterBoard(SetupTransfer& transfer) {
@@ -103,7 +109,7 @@ void PutSetupAscii(SetupTransfer& transfer) {
     LinkDelay(link, kBeforeResetMs);
     link.State.CommandText = std::string("|*") + link.State.MeterAddressChar + "C0";
     SendCommand(link);
-    if (SerialLineHolds(link)) link.State.FramesWritten.emplace_back("C0");
+    if (LineHolds(link)) link.State.FramesWritten.emplace_back("C0");
 }
 
 Status PutSetupModbus(SetupTransfer& transfer, const BringUp& bringUp) {
@@ -111,13 +117,16 @@ Status PutSetupModbus(SetupTransfer& transfer, const BringUp& bringUp) {
     transfer.Line.State.ReplyText.clear();
     // A meter that was told the address 0 would never answer again.
     if (DigitsGet(image, 111, 2) == "00") DigitsPut(image, 111, "01");
+    TellNode(transfer.Line, true);
     for (const ModbusWrite& write : ModbusWrites()) {
         if (write.NeedsCutoffRegister && !ModbusTakesCutoffValue(transfer.Identity.FirmwareVersion)) continue;
         if (write.Data.front().Position == 185 && IsRemoteC(image)) DigitsPut(image, 185, "7");
         if (!WriteRow(transfer, write)) return {};
     }
     transfer.Line.State.ModbusAddressHex = DigitsGet(image, 111, 2);
-    return SaveLinkSettings(image, bringUp);
+    Status saved = SaveLinkSettings(image, bringUp);
+    TellNode(transfer.Line, false);  // by the baud rate that the settings now name: required
+    return saved;
 }
 
 }  // namespace counter

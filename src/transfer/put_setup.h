@@ -34,7 +34,8 @@ void PutSetupAscii(SetupTransfer& transfer);
 
 // Six writes, the fourth only above version 75; LinkError 1, 4, 7, 10, 11 or 14 for an answer of a wrong
 // length. A Modbus address 0 becomes 1 in the image, a "Remote C" display becomes type 7. A good Put ends
-// with SaveLinkSettings, whose status is returned.
+// with SaveLinkSettings, whose status is returned. Through the node at 4800 baud and above (BaudIndex 4) the
+// node gets a command before the first write and, unless the Put fails, another at the very end.
 Status PutSetupModbus(SetupTransfer& transfer, const BringUp& bringUp);
 
 // Line 1 of the settings as the image wants it: baud rate, protocol, parity, both addresses, duplex.

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QTest>
 #include <QVBoxLayout>
@@ -106,7 +107,7 @@ TEST(Binder, EveryWidgetIsNamed) {
     EXPECT_TRUE(bench.Bound.Unbound().empty());
     EXPECT_EQ(bench.Of<QWidget>(bench.List.Inner)->accessibleName(), "Caption");
     EXPECT_EQ(bench.Of<QWidget>(bench.List.Inner)->objectName(), "cboX");
-    EXPECT_EQ(static_cast<FieldRow*>(bench.Row)->Caption().buddy(), bench.Of<QWidget>(bench.List.Inner));
+    EXPECT_EQ(static_cast<CaptionRow*>(bench.Row)->Caption().buddy(), bench.Of<QWidget>(bench.List.Inner));
 }
 
 }  // namespace

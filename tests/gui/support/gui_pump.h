@@ -23,6 +23,17 @@ class GuiPump : public VirtualPump {
             NowMs() + ms, [] { return false; }, "the test lets time pass");
     }
 
+    // Time of day goes on with the clock, from just after five o'clock.
+    WallTime LocalTime() const override {
+        WallTime now = VirtualPump::LocalTime();
+        const auto ms = static_cast<long long>(NowMs());
+        now.Millisecond = static_cast<int>(ms % 1000);
+        now.Second = static_cast<int>(ms / 1000 % 60);
+        now.Minute = static_cast<int>(ms / 60000 % 60);
+        now.Hour += static_cast<int>(ms / 3600000 % 18);
+        return now;
+    }
+
   protected:
     void RunEvents(double deadlineMs) override {
         Settle();

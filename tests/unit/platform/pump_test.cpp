@@ -59,5 +59,27 @@ TEST(Wait, AnInterruptIsToldOnceAtTheNextTurn) {
     EXPECT_EQ(interrupts, 1);
 }
 
+TEST(Every, TicksInWhateverWaitIsUnderWay) {
+    VirtualPump pump;
+    std::string ticks;
+    auto ticker = pump.Every(100, [&] { ticks += std::to_string(static_cast<int>(pump.NowMs())) + " "; });
+    pump.After(150, [&] { pump.WaitUntil(pump.NowMs() + 100, Never, "inner"); });
+    pump.WaitUntil(pump.NowMs() + 320, Never, "outer");
+    EXPECT_EQ(ticks, "1100 1200 1300 ");
+    ticker.reset();
+    EXPECT_THROW(pump.WaitUntil(Pump::kForever, Never, "nothing is due any more"), EndlessWait);
+}
+
+TEST(Every, ALateCallIsMadeOnce) {
+    VirtualPump pump;
+    int ticks = 0;
+    const auto ticker = pump.Every(100, [&] { ++ticks; });
+    pump.Sleep(1050);
+    pump.WaitUntil(pump.NowMs() + 10, Never, "behind ten");
+    EXPECT_EQ(ticks, 1);
+    pump.WaitUntil(pump.NowMs() + 100, Never, "the next");
+    EXPECT_EQ(ticks, 2);
+}
+
 }  // namespace
 }  // namespace counter::test

@@ -33,5 +33,21 @@ TEST(Trace, TellsEveryFrameOnALine) {
     EXPECT_EQ(told[1], "     320 < 34 39 0D  49.");
 }
 
+TEST(Trace, TellsEachArrivalWhereSomebodyListens) {
+    VirtualPump pump;
+    MeterLine line(pump, {});
+    std::vector<std::string> told;
+    {
+        TracePort port(line, pump, [&](const std::string& text) { told.push_back(text); });
+        line.Inject("-");
+        port.Arrived = [&] { port.Input(); };
+        line.Inject("1\r");
+        line.Inject("2\r");
+        EXPECT_EQ(told, (std::vector<std::string>{"       0 < 2D 31 0D  -1.", "       0 < 32 0D  2."}));
+    }
+    line.Inject("3\r");
+    EXPECT_EQ(told.size(), 2U) << "the trace is gone";
+}
+
 }  // namespace
 }  // namespace counter::test

@@ -105,6 +105,23 @@ TEST_F(QtFilesTest, LinksStayWhereFilesAreWrittenAndGoWhereLinksAreMade) {
     EXPECT_EQ(Names(), (NameList{"file", "second"}));
 }
 
+TEST_F(QtFilesTest, AdditionsGoToTheEndAndHalfALineIsTakenBack) {
+    ASSERT_TRUE(files_.Append(folder_.At("log"), "one\n").Ok());
+    ASSERT_TRUE(files_.Append(folder_.At("log"), "two\n").Ok());
+    EXPECT_EQ(Content("log"), "one\ntwo\n");
+    rlimit former = {};
+    getrlimit(RLIMIT_FSIZE, &former);
+    const auto formerAction = signal(SIGXFSZ, SIG_IGN);
+    const rlimit small = {10, former.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const Status status = files_.Append(folder_.At("log"), "three\n");
+    setrlimit(RLIMIT_FSIZE, &former);
+    signal(SIGXFSZ, formerAction);
+    EXPECT_EQ(status.Text(), folder_.At("log") + ": File too large");
+    EXPECT_EQ(Content("log"), "one\ntwo\n");
+    EXPECT_EQ(files_.Append(folder_.At("none/log"), "x").Kind, StatusKind::NotFound);
+}
+
 TEST_F(QtFilesTest, PipeIsWrittenWhereItStands) {
     mkfifo(folder_.At("pipe").c_str(), 0600);
     const int reader = open(folder_.At("pipe").c_str(), O_RDWR | O_NONBLOCK);

@@ -59,6 +59,20 @@ class QtSerialPortTest : public testing::Test {
     QtSerialPort port_{catalog_};
 };
 
+TEST_F(QtSerialPortTest, ArrivingInputIsTold) {
+    ASSERT_TRUE(port_.Open().Ok());
+    std::string arrived;
+    port_.Arrived = [&] { arrived += port_.Input(); };
+    for (const std::string text : {"one", "onetwo"}) {
+        meter_->Write(text.substr(text.size() - 3));
+        EXPECT_TRUE(Comes([&] { return arrived == text; })) << text;
+    }
+    port_.Arrived = nullptr;
+    meter_->Write("three");
+    EXPECT_TRUE(Comes([&] { return port_.InBufferCount() == 5; }));
+    EXPECT_EQ(arrived, "onetwo");
+}
+
 TEST_F(QtSerialPortTest, EveryByteGoesBothWaysOnALineWithoutModemLines) {
     std::string all;
     for (int i = 0; i < 256; ++i) all += static_cast<char>(i);

@@ -65,26 +65,6 @@ TEST(Put, TheMeterThenHoldsTheImage) {
     EXPECT_FALSE(bench.Program.Home.ProgressVisible);
 }
 
-TEST(Put, OverTheNodeTheFirstBlockGoesInParts) {
-    VirtualPump pump;
-    MeterLine line(pump, {});
-    line.Open();
-    LinkState state;
-    state.EthernetMode = 1;
-    state.MeterAddressChar = '1';
-    Link link{state, pump, line};
-    SetupImage image;
-    BuildDefaultSetup(image);
-    MeterIdentity identity;
-    DerivedValues derived;
-    SetupTransfer transfer{link, image, identity, derived, [](int) {}};
-    PutSetupAscii(transfer);
-    ASSERT_EQ(line.Sent().size(), 6U);
-    EXPECT_EQ(line.Sent()[0], "*1W91A0027100000000000000000000000000186A0Z\r\n");
-    EXPECT_EQ(line.Sent()[1], "*1W9110000000186A0004E20002710002710002710Z\r\n");
-    EXPECT_EQ(line.Sent()[2], "*1W4350027100000000001Z\r\n");
-}
-
 TEST(Put, AShortImageIsFilledAndALongOneCut) {
     for (const std::size_t digits : {std::size_t{204}, std::size_t{300}}) {
         PutBench bench;

@@ -69,7 +69,7 @@ void ShowValue(const Control& control, QWidget* widget) {
         case ControlKind::Progress:
             return static_cast<QProgressBar*>(widget)->setValue(control.Value);
         default:
-            if (auto* row = dynamic_cast<FieldRow*>(widget))
+            if (auto* row = dynamic_cast<CaptionRow*>(widget))
                 return ShowLabel(control.Caption, row->Caption());
             return ShowCaption(control, *widget);
     }
@@ -98,8 +98,10 @@ void ShowColors(const Control& control, QWidget* widget) {
     widget->setPalette(palette);
 }
 
-// What a reader of the screen says: the control's own caption, or that of the frame around it.
+// What a reader of the screen says: the control's own caption, or that of the frame around it. A label is
+// read by the text that it shows at the time.
 void NameForAccess(const Control& control, QWidget* widget) {
+    if (control.Kind == ControlKind::Label || control.Kind == ControlKind::Picture) return;
     std::string name = control.Caption;
     for (const Control* around = control.Container; name.empty() && around; around = around->Container)
         name = around->Caption;
@@ -126,8 +128,8 @@ QWidget* Binder::Make(Control& control, QWidget* parent) {
     return widget;
 }
 
-FieldRow* Binder::MakeRow(Control& frame, Control& inner, QWidget* parent) {
-    auto* row = new FieldRow(parent, frame.Caption);
+CaptionRow* Binder::MakeRow(Control& frame, Control& inner, QWidget* parent) {
+    auto* row = new CaptionRow(parent, frame.Caption);
     row->setObjectName(ObjectName(frame));
     BindSpecial(frame, row, [] {});
     row->AddField(Make(inner, row), 1);
@@ -199,7 +201,7 @@ void Binder::ShowOne(const Bound& bound) {
         ShowValue(control, widget);
         ShowColors(control, widget);
     }
-    if (auto* row = dynamic_cast<FieldRow*>(widget)) ShowValue(control, row);
+    if (auto* row = dynamic_cast<CaptionRow*>(widget)) ShowValue(control, row);
     const bool hidden = widget->testAttribute(Qt::WA_WState_ExplicitShowHide) && widget->isHidden();
     if (hidden == control.Visible) widget->setVisible(control.Visible);
     const bool disabled = widget->testAttribute(Qt::WA_ForceDisabled);

@@ -16,7 +16,7 @@ class QWidget;
 
 namespace counter {
 
-class FieldRow;
+class CaptionRow;
 
 class Binder : public QObject {
   public:
@@ -27,7 +27,7 @@ class Binder : public QObject {
     QWidget* Make(Control& control, QWidget* parent);
     // A frame that only wraps one control, as a row: the frame's caption, then the control, then the labels
     // that stand in the frame.
-    FieldRow* MakeRow(Control& frame, Control& inner, QWidget* parent);
+    CaptionRow* MakeRow(Control& frame, Control& inner, QWidget* parent);
     // A group box, for a frame that holds more; its widgets are made with it as parent.
     QWidget* MakeGroup(Control& frame, QWidget* parent) { return Make(frame, parent); }
     // A widget that was made elsewhere, of the class that MakeWidget makes for the kind.

@@ -78,7 +78,7 @@ QWidget* MakeOfKind(ControlKind kind, QWidget* parent) {
 
 }  // namespace
 
-FieldRow::FieldRow(QWidget* parent, const std::string& caption)
+CaptionRow::CaptionRow(QWidget* parent, const std::string& caption)
     : QWidget(parent), caption_(new QLabel(QtText(caption), this)) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -87,15 +87,25 @@ FieldRow::FieldRow(QWidget* parent, const std::string& caption)
     row->addWidget(caption_);
 }
 
-void FieldRow::AddField(QWidget* field, int stretch) {
-    if (!field_) field_ = field;
+void CaptionRow::AddField(QWidget* field, int stretch) {
+    (field_ ? behind_ : field_) = field;
     caption_->setBuddy(field_);
     static_cast<QHBoxLayout*>(layout())->addWidget(field, stretch);
 }
 
-void FieldRow::SetWidths(int caption, int field) {
+void CaptionRow::SetWidths(int caption, int field) {
     if (caption > 0) caption_->setFixedWidth(caption);
     if (field > 0 && field_) field_->setFixedWidth(field);
+}
+
+void CaptionRow::FollowField() {
+    const bool hidden = field_->testAttribute(Qt::WA_WState_ExplicitShowHide) && field_->isHidden();
+    if (caption_->isHidden() != hidden) caption_->setVisible(!hidden);
+    const QString name = caption_->text().trimmed();
+    if (field_->accessibleName() != name) field_->setAccessibleName(name);
+    if (!behind_) return;
+    const int room = fontMetrics().horizontalAdvance(QLatin1String("WWW"));
+    if (behind_->minimumWidth() != room) behind_->setMinimumWidth(room);
 }
 
 QWidget* MakeWidget(const Control& control, QWidget* parent) {

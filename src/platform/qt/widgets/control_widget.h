@@ -9,17 +9,21 @@
 namespace counter {
 
 // A caption and the field beside it, with whatever stands behind the field.
-class FieldRow : public QWidget {
+class CaptionRow : public QWidget {
   public:
-    FieldRow(QWidget* parent, const std::string& caption);
+    CaptionRow(QWidget* parent, const std::string& caption);
     QLabel& Caption() { return *caption_; }
     void AddField(QWidget* field, int stretch = 0);
     // Rows that stand below one another have captions and fields of one width.
     void SetWidths(int caption, int field);
+    // Behind a change: a caption shows with its field alone and is its name, and what stands behind the field
+    // keeps room for a short word, so that the field keeps its width.
+    void FollowField();
 
   private:
     QLabel* caption_;
     QWidget* field_ = nullptr;
+    QWidget* behind_ = nullptr;
 };
 
 // Widget for a control of any kind but a menu entry or tab strip, which their window makes.

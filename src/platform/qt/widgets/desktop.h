@@ -2,19 +2,39 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 
+#include "calibration/calibration_view.h"
+#include "commands/commands_view.h"
+#include "curve/send_curve_view.h"
+#include "help/help_view.h"
+#include "platform/qt/widgets/help_dialog.h"
+#include "platform/qt/widgets/help_pages.h"
 #include "platform/qt/widgets/home_page.h"
 #include "platform/qt/widgets/main_window.h"
-#include "platform/qt/widgets/qt_dialogs.h"
+#include "platform/qt/widgets/qt_printer.h"
+#include "readings/graph_view.h"
+#include "readings/list_view.h"
+#include "readings/plot_view.h"
 #include "session/session.h"
+#include "setup_view/setup_view.h"
 
 namespace counter {
 
-// Views live as long as the desktop; the pages of all but the home view are made when they are first opened.
+class SendCurveDialog;
+class SetupPage;
+class MenuPage;
+
+// Views live as long as the desktop. All but the home view are made when they are first opened.
 class Desktop {
   public:
-    explicit Desktop(Session& session);
+    // Where what comes with the program is looked for, best first.
+    struct Folders {
+        std::vector<std::string> Help;    // texts
+        std::vector<std::string> Boards;  // drawings
+    };
+    Desktop(Session& session, Folders folders);
     ~Desktop();
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
@@ -26,17 +46,46 @@ class Desktop {
     void GoHome();
     // False: there is no such view yet.
     bool Open(ViewId view);
+    // The page of a view, made where it was not yet; null where there is no such view.
     ViewPage* PageOf(ViewId view);
+    // Help over the page on show.
+    void OpenHelp(int helpId, HelpFrom from, HelpPlace place = HelpPlace::Middle);
+
+    // The program is told to end from outside: what the page on show has begun is ended first.
+    void Interrupt();
 
   private:
-    void ShowHourglass();
     ViewPage* MakePage(ViewId view);
+    ViewPage* MakeSetup();
+    ViewPage* MakeMenu();
+    ViewPage* MakeCommands();
+    ViewPage* MakeCalibration();
+    ViewPage* MakeChart(ChartView& view, std::string_view title);
+    ViewPage* MakeList();
+    ViewPage* MakeHelpScreen(ViewId view);
+    HelpWorld WorldOfHelp();
+    void MakeReading(ReadingView& view);
+    void ShowHourglass();
+    void Connect();
 
     Session& session_;
+    const Folders folders_;
     HomeView home_;
+    HelpView help_;
     std::unique_ptr<MainWindow> window_;
+    QtPrinter paper_;
     HomePage* homePage_;
     std::map<ViewId, ViewPage*> pages_;
+
+    std::unique_ptr<SetupView> setup_;
+    std::unique_ptr<CommandsView> commands_;
+    std::unique_ptr<SendCurveView> curve_;
+    std::unique_ptr<CalibrationView> calibration_;
+    std::unique_ptr<ListView> list_;
+    std::unique_ptr<PlotView> plot_;
+    std::unique_ptr<GraphView> graph_;
+    SetupPage* setupPage_ = nullptr;
+    MenuPage* menuPage_ = nullptr;
     bool hourglassShown_ = false;
 };
 

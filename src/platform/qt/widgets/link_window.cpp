@@ -3,7 +3,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QProgressBar>
 #include <QVBoxLayout>
 
 #include "platform/qt/widgets/qt_text.h"
@@ -13,6 +12,10 @@ namespace counter {
 namespace {
 
 constexpr int kGrid = 8;
+constexpr int kFirstRow = 1;       // of a grid: an empty one counts one row
+constexpr int kCaptionWidth = 34;  // of all groups, in characters
+constexpr int kWindowWidth = 90;
+constexpr int kStripLines = 3;
 
 }  // namespace
 
@@ -26,11 +29,13 @@ LinkWindow::LinkWindow(LinkSetup& view) : view_(view), bound_(view.Controls), st
     whole->addLayout(column);
     whole->addStretch(1);
     whole->addWidget(strip_);
-    strip_->Bar().hide();
+    strip_->LeaveOutBar();
+    strip_->Line().setMinimumHeight(fontMetrics().lineSpacing() * kStripLines);
+    setMinimumWidth(fontMetrics().averageCharWidth() * kWindowWidth);
 
     QGridLayout* line = AddGroup(*column, "Line");
     for (Control* control : {&view.cboPort, &view.txtDevice, &view.cboBaud}) AddRow(*line, *control);
-    line->addWidget(bound_.Make(view.cmdRefresh, this), 0, 2);
+    line->addWidget(bound_.Make(view.cmdRefresh, this), kFirstRow, 2);
     for (Control* control : {&view.chkEcho, &view.chkWork}) AddWide(*line, *control);
     QGridLayout* meter = AddGroup(*column, "Meter");
     for (Control* control : {&view.cboProtocol, &view.cboParity, &view.cboAddress, &view.txtModbus,
@@ -57,7 +62,7 @@ QGridLayout* LinkWindow::AddGroup(QVBoxLayout& column, const QString& title) {
 
 void LinkWindow::AddRow(QGridLayout& grid, Control& control) {
     auto* caption = new QLabel(QtText(control.Caption), this);
-    caption->setMinimumWidth(caption->fontMetrics().averageCharWidth() * 28);
+    caption->setMinimumWidth(caption->fontMetrics().averageCharWidth() * kCaptionWidth);
     QWidget* field = bound_.Make(control, this);
     caption->setBuddy(field);
     const int row = grid.rowCount();

@@ -30,7 +30,11 @@ void MainWindow::ShowPage(ViewPage* page, bool withMenu) {
     menuBar()->setVisible(withMenu);
     stack_->setCurrentWidget(page);
     ShowTitle();
-    if (QWidget* first = page->FirstFocus()) first->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::FocusFirst() {
+    QWidget* first = current_ ? current_->FirstFocus() : nullptr;
+    if (first) first->setFocus(Qt::OtherFocusReason);
 }
 
 // Leaving may take some exchanges with the meter, so it runs as an event of its own. A second click meanwhile

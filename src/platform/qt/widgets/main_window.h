@@ -16,6 +16,8 @@ class MainWindow : public QMainWindow {
     ViewPage* Current() const { return current_; }
     void AddPage(ViewPage* page) { stack_->addWidget(page); }
     void ShowPage(ViewPage* page, bool withMenu);
+    // The focus goes where the page on show wants it first.
+    void FocusFirst();
     void ShowTitle() { setWindowTitle(current_ ? current_->Title() : QString()); }
 
   protected:

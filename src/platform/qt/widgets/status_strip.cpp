@@ -31,9 +31,16 @@ StatusStrip::StatusStrip(QWidget* parent)
     line_->setMinimumHeight(line_->fontMetrics().lineSpacing() + kGrid);
     bar_->setRange(0, 100);
     bar_->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kBarCharacters);
-    QSizePolicy keeps = bar_->sizePolicy();
-    keeps.setRetainSizeWhenHidden(true);
-    bar_->setSizePolicy(keeps);
+    for (QWidget* part : {static_cast<QWidget*>(line_), static_cast<QWidget*>(bar_)}) {
+        QSizePolicy keeps = part->sizePolicy();
+        keeps.setRetainSizeWhenHidden(true);
+        part->setSizePolicy(keeps);
+    }
+}
+
+void StatusStrip::LeaveOutBar() {
+    layout()->removeWidget(bar_);
+    bar_->hide();
 }
 
 void StatusStrip::ShowLine(const Control& line) {

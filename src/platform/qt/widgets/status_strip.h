@@ -15,6 +15,8 @@ class StatusStrip : public QWidget {
 
     // A label's caption in its colour; a hidden one leaves the strip empty.
     void ShowLine(const Control& line);
+    // A strip without a bar gives its place to the line.
+    void LeaveOutBar();
     QLabel& Line() { return *line_; }
     QProgressBar& Bar() { return *bar_; }
 

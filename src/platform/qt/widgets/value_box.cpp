@@ -5,10 +5,23 @@
 
 namespace counter {
 
+namespace {
+
+constexpr const char* kLongestValue = "+00. 00. 000";  // a clock value
+
+}  // namespace
+
 ValueBox::ValueBox(QWidget* parent) : QLineEdit(parent) {
     setReadOnly(true);
     setContextMenuPolicy(Qt::NoContextMenu);
     setCursor(Qt::PointingHandCursor);
+}
+
+QSize ValueBox::sizeHint() const {
+    const QSize whole = QLineEdit::sizeHint();  // of 17 letters
+    const int letter = fontMetrics().horizontalAdvance(QLatin1Char('x'));
+    const int text = fontMetrics().horizontalAdvance(QLatin1String(kLongestValue));
+    return {whole.width() - 17 * letter + text, whole.height()};
 }
 
 void ValueBox::Open() {

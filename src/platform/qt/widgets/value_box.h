@@ -11,6 +11,10 @@ class ValueBox : public QLineEdit {
     explicit ValueBox(QWidget* parent);
     std::function<void()> Opened;
 
+    // The longest value stands in it whole.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 namespace counter {
 
@@ -18,10 +19,17 @@ class ViewPage : public QWidget {
     virtual void PutAway() = 0;
     // The user closes the window while the page is on show: leave as by the page's own button.
     virtual void Leave() = 0;
-    // F1.
+    // F1. Pages whose controls share one number only ask for it.
     virtual void HelpKey() {}
+    // Help over this page; may be empty.
+    std::function<void(int helpNumber)> OpenHelp;
     // Where the focus goes when the page comes to the front; null: where it was.
     virtual QWidget* FirstFocus() { return nullptr; }
+
+  protected:
+    void AskHelp(int helpNumber) {
+        if (OpenHelp) OpenHelp(helpNumber);
+    }
 };
 
 }  // namespace counter

@@ -1,0 +1,6 @@
+// counter-face: the window of a simulated meter's face, started by counter-sim.
+#include "platform/qt/widgets/face_program.h"
+
+int main(int argc, char** argv) {
+    return counter::RunFaceProgram(argc, argv);
+}

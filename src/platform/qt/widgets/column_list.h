@@ -1,0 +1,33 @@
+// ColumnList: a list whose entries are in columns, under a heading that says where each begins.
+#pragma once
+
+#include <QComboBox>
+#include <vector>
+
+namespace counter {
+
+// "Meter Reset       Func Reset          Meter Reset" has three parts, two blanks or more between them. In
+// the heading runs of "-" stand between the columns, and its columns are wider than those of the entries, so
+// each part is drawn where the heading has its column. Box and heading have one fixed pitch.
+class ColumnList : public QComboBox {
+  public:
+    ColumnList(QWidget* parent, const QString& heading);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+    // Pixels from the box's left edge to the text in it, for the heading above.
+    int TextInset() const;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    // A turning wheel must not change a setup.
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    QRect TextRect() const;
+
+    int headingLength_;  // in characters
+    std::vector<int> columns_;
+};
+
+}  // namespace counter

@@ -1,0 +1,46 @@
+#include "platform/qt/widgets/setup_program.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include "platform/qt/core/core_runtime.h"
+#include "platform/qt/core/program_folder.h"
+#include "platform/qt/core/qt_files.h"
+#include "platform/qt/core/qt_port_catalog.h"
+#include "platform/qt/core/qt_pump.h"
+#include "platform/qt/core/qt_serial_port.h"
+#include "platform/qt/widgets/desktop.h"
+#include "platform/qt/widgets/first_start.h"
+#include "platform/qt/widgets/program_arguments.h"
+
+namespace counter {
+
+int RunSetupProgram(int argc, char** argv) {
+    QApplication application(argc, argv);
+    SettleLocale();
+    QApplication::setApplicationDisplayName("Counter Setup");
+    const std::string folder = FolderArgument(application, "Setup tool for a panel counter/timer.");
+    QtFiles files;
+    QtPump pump;
+    pump.InstallInterruptHandler();
+    QtPortCatalog catalog(folder);
+    QtSerialPort port(catalog);
+    QtDialogs dialogs(pump, folder);
+    Session session(pump, port, dialogs, {files, folder});
+
+    const Status started = StartWithSettings(session, dialogs);
+    Desktop desktop(session, {DataFolders(folder, "help"), DataFolders(folder, "boards")});
+    dialogs.SetParent(&desktop.Window());
+    if (!started.Ok()) session.Home.ShowStatus(started.Text(), ColorRed);
+    desktop.GoHome();
+    desktop.Window().show();
+    pump.OnInterrupt = [&desktop] { desktop.Interrupt(); };
+    // The pump's own wait carries the whole run, so that whatever waits inside it nests.
+    QTimer::singleShot(0, &application, [&pump] {
+        pump.WaitUntil(
+            Pump::kForever, [] { return false; }, "what the user does");
+    });
+    return QApplication::exec();
+}
+
+}  // namespace counter

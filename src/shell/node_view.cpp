@@ -1,0 +1,71 @@
+#include "shell/node_view.h"
+
+#include <array>
+
+#include "link/port_setup.h"
+#include "shell/start.h"
+
+namespace counter {
+
+namespace {
+
+// By number of the state.
+constexpr std::array<std::string_view, 10> kStateNames = {
+    "Closed",        "Open",       "Listening", "Connection Pending", "Resolving Host",
+    "Host Resolved", "Connecting", "Connected", "Node Disconnecting", "Error"};
+
+}  // namespace
+
+NodeView::NodeView(Session& session) : session_(session) {
+    session_.Node.TryBegins = [this](int tryNumber) { TryBegins(tryNumber); };
+    session_.Node.Ticked = [this] { Tick(); };
+}
+
+NodeView::~NodeView() {
+    session_.Node.TryBegins = nullptr;
+    session_.Node.Ticked = nullptr;
+}
+
+// A file that can't be read now leaves the settings as the start has read them.
+void NodeView::Load() {
+    std::string text;
+    if (session_.Folder.Store.Read(session_.Folder.At(kSettingsFile), text).Ok())
+        ParseSettings(SplitSettings(text), session_.Stored);
+}
+
+void NodeView::Activate() {
+    if (begun_ || session_.LinkData.NodeFirstRun == 0) return;
+    begun_ = true;
+    Title(kLoginDisconnected);
+    if (const Status status = LogIntoNode(session_); !status.Ok()) return GiveUp(status.Text());
+    if (!session_.Node.Connected()) return GiveUp(kNoNodeCall);
+    Title(kLoginConnected);
+    if (ShowHome) ShowHome();
+}
+
+void NodeView::Title(std::string_view title) {
+    if (ShowTitle) ShowTitle(title);
+}
+
+void NodeView::TryBegins(int tryNumber) {
+    text_ = "Asking the node at " + session_.Stored.NodeIp + " to call TCP port " +
+            std::to_string(session_.Stored.TcpPort) + ": try " + std::to_string(tryNumber) + " of " +
+            std::to_string(NodeClient::kLoginTries) + ".";
+    if (Changed) Changed();
+}
+
+void NodeView::Tick() {
+    stateName_ = kStateNames[static_cast<std::size_t>(session_.Node.State())];
+    Title(session_.Node.Connected() ? kConnected : kDisconnected);
+}
+
+void NodeView::GiveUp(const std::string& reason) {
+    session_.Boxes.Show({"", reason, BoxIcon::None});
+    // A folder that takes no file leaves the settings as they were, which is what is wanted.
+    session_.Folder.Store.Write(session_.Folder.At(kSettingsFile), FormatSettings(session_.Stored.Lines));
+    ClosePort(session_.Line);
+    session_.Node.Close();
+    session_.Waits.EndProcess(kNoNodeExit);
+}
+
+}  // namespace counter

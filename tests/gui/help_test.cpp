@@ -1,0 +1,93 @@
+// The help window: what it shows, where it stands, and the ways to close it.
+#include "platform/qt/widgets/help_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextEdit>
+
+#include "support/gui_pump.h"
+
+namespace counter::test {
+namespace {
+
+struct HelpBench {
+    QWidget Behind;
+    QPointer<HelpDialog> Window;
+    int Closed = 0;
+
+    explicit HelpBench(HelpContent content) {
+        Behind.setGeometry(0, 0, 790, 500);
+        Behind.show();
+        Window = new HelpDialog(content, &Behind);
+        Window->Closed = [this] { ++Closed; };
+        Window->Open();
+        GuiPump::Settle();
+    }
+    QTextEdit& Text() { return *Window->findChild<QTextEdit*>("lblText"); }
+    int Advance(const char* text) { return Text().fontMetrics().horizontalAdvance(text); }
+    // "plain[bold]plain", by the formats of the document.
+    std::string Marked() {
+        QString marked;
+        for (QTextBlock block = Text().document()->begin(); block.isValid(); block = block.next()) {
+            if (block.blockNumber() > 0) marked += "\n";
+            for (auto part = block.begin(); !part.atEnd(); ++part) {
+                const bool bold = part.fragment().charFormat().fontWeight() == QFont::Bold;
+                marked += bold ? "[" + part.fragment().text() + "]" : part.fragment().text();
+            }
+        }
+        return marked.toStdString();
+    }
+};
+
+TEST(HelpDialog, ShowsItsPiecesAndNothingCanBeTyped) {
+    HelpBench bench(
+        {"Menu Help", 5895, {{"one ", false}, {"two", true}, {" three\r\n\r\n<b>four</b>", false}}});
+    EXPECT_EQ(bench.Marked(), "one [two] three\n\n<b>four</b>");
+    EXPECT_EQ(bench.Window->windowTitle(), "Menu Help");
+    EXPECT_EQ(bench.Window->windowModality(), Qt::WindowModal);
+    EXPECT_EQ(bench.Window->width(), 5895 * bench.Window->logicalDpiX() / 1440);
+    QTest::keyClick(&bench.Text(), Qt::Key_X);
+    EXPECT_EQ(bench.Marked(), "one [two] three\n\n<b>four</b>");
+    EXPECT_LT(bench.Advance("iiii"), bench.Advance("MMMM"));
+}
+
+TEST(HelpDialog, ATableKeepsItsColumns) {
+    HelpBench bench({"", 0, {{"$20    blank   $", false}}, true});
+    EXPECT_EQ(bench.Advance("iiii"), bench.Advance("MMMM"));
+    EXPECT_EQ(bench.Text().lineWrapMode(), QTextEdit::NoWrap);
+    EXPECT_EQ(bench.Marked(), "$20    blank   $");
+}
+
+TEST(HelpDialog, ClosesOnceHoweverTheUserDoesIt) {
+    using Close = void (*)(HelpBench&);
+    const std::pair<const char*, Close> ways[] = {
+        {"OK",
+         [](HelpBench& b) { QTest::mouseClick(b.Window->findChild<QPushButton*>("cmdOK"), Qt::LeftButton); }},
+        {"Enter", [](HelpBench& b) { QTest::keyClick(b.Window, Qt::Key_Enter); }},
+        {"Return in the text", [](HelpBench& b) { QTest::keyClick(&b.Text(), Qt::Key_Return); }},
+        {"Escape", [](HelpBench& b) { QTest::keyClick(b.Window, Qt::Key_Escape); }},
+        {"the window's button", [](HelpBench& b) { b.Window->close(); }},
+    };
+    for (const auto& [name, close] : ways) {
+        HelpBench bench({"Help", 0, {{"text", false}}});
+        close(bench);
+        EXPECT_EQ(bench.Closed, 1) << name;
+        GuiPump::Settle();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_TRUE(bench.Window.isNull()) << name;
+    }
+}
+
+TEST(HelpDialog, StandsAtTheEdgeThatIsAsked) {
+    HelpBench left({"Help", 3000, {}, false, HelpPlace::LeftEdge});
+    EXPECT_EQ(left.Window->frameGeometry().left(), left.Behind.frameGeometry().left());
+    HelpBench right({"Help", 3000, {}, false, HelpPlace::RightEdge});
+    EXPECT_NEAR(right.Window->frameGeometry().right(), right.Behind.frameGeometry().right(), 2);
+}
+
+}  // namespace
+}  // namespace counter::test

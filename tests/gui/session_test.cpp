@@ -1,0 +1,189 @@
+// The whole program on the real widgets: a session from start to exit, and presses in the middle of waits.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "support/gui_bench.h"
+#include "tour.h"
+
+namespace counter::test {
+namespace {
+
+// Waits until the process would have ended; its status.
+int StatusOfExit(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const ProcessEnded& ended) {
+        return ended.Status;
+    }
+    return -1;
+}
+
+void ComeToTab(GuiBench& bench, int tab) {
+    auto* tabs = bench.Desk->Window().Current()->findChild<QTabWidget*>();
+    QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(tab).center());
+    GuiPump::Settle();
+}
+
+TEST(DesktopSession, FromGetOverEditAndFilesToPutAndExit) {
+    GuiBench bench;
+    EXPECT_EQ(bench.Desk->Window().windowTitle(), "COUNTER MAIN  MENU");
+    EXPECT_FALSE(bench.Choose("mnuPut"));
+    ASSERT_TRUE(bench.Choose("mnuGet"));
+    EXPECT_EQ(bench.StatusLine(), "Getting data from the Counter.  Data received OK.");
+
+    ASSERT_TRUE(bench.Choose("mnuSetup"));
+    ComeToTab(bench, 3);
+    bench.Click("txtSetpt[1]");
+    QWidget* entry = GuiBench::Dialog();
+    ASSERT_NE(entry, nullptr);
+    QTest::keyClicks(QApplication::focusWidget(), "+012345");
+    QTest::mouseClick(entry->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    bench.Pump.Pass(20);
+    EXPECT_EQ(GuiBench::Dialog(), nullptr);
+    EXPECT_EQ(DigitsGet(bench.Program.Image, 55, 6), "003039");
+    EXPECT_EQ(bench.Find<QLineEdit>("txtSetpt[1]")->text().trimmed(), "+012345.");
+    bench.Click("cmdMainMenu");
+
+    ASSERT_TRUE(bench.Choose("mnuMenu"));
+    EXPECT_EQ(bench.Desk->Window().windowTitle(), "CTR  MENU");
+    bench.Click("cmdMainMenu");
+
+    bench.Boxes.Path = "kept.CT2";
+    ASSERT_TRUE(bench.Choose("mnuSaveAs"));
+    ASSERT_TRUE(bench.Choose("mnuDefaultSet"));
+    EXPECT_NE(DigitsGet(bench.Program.Image, 55, 6), "003039");
+    ASSERT_TRUE(bench.Choose("mnuOpen"));
+    ASSERT_TRUE(bench.Choose("mnuPut"));
+    EXPECT_EQ(bench.StatusLine(), "Putting data to the Counter.  Data appears to have Transferred O.K.");
+    EXPECT_EQ(bench.Line.Meter().ImageText().substr(54, 6), "003039") << "the meter's own memory";
+    EXPECT_EQ(StatusOfExit([&] { bench.Choose("mnuExit"); }), 0);
+}
+
+TEST(DesktopSession, TheTourEndsWhereItBegan) {
+    std::vector<std::string> stops;
+    Tour([&stops](const QWidget& shown, const std::string& name) {
+        EXPECT_TRUE(shown.isVisible()) << name;
+        stops.push_back(name);
+    });
+    EXPECT_EQ(stops.size(), 23U);
+}
+
+TEST(DesktopSession, EveryMenuEntryLeadsSomewhereAndBack) {
+    GuiBench bench;
+    bench.Choose("mnuGet");
+    for (const HomeMenuRow& row : HomeMenu()) {
+        if (!row.Opens) continue;
+        SCOPED_TRACE(row.Name);
+        bench.Choose(std::string(row.Name).c_str());
+        ViewPage* page = bench.Desk->Window().Current();
+        if (!page->Title().startsWith("COUNTER MAIN")) page->Leave();
+        bench.Pump.Pass(2000);
+        EXPECT_TRUE(bench.Desk->Window().Current()->Title().startsWith("COUNTER MAIN"));
+        EXPECT_FALSE(bench.Program.Home.Hourglass);
+    }
+}
+
+TEST(DesktopSession, PressesInTheMiddleOfAGet) {
+    const char* const entries[] = {"mnuGet",    "mnuPut",  "mnuSetup",     "mnuMenu",
+                                   "mnuCmdsGo", "mnuList", "mnuDefaultSet"};
+    for (const char* entry : entries) {
+        for (double ms : {1.0, 400.0, 1500.0}) {
+            SCOPED_TRACE(std::string(entry) + " after " + std::to_string(ms) + " ms");
+            GuiBench bench;
+            bench.Choose("mnuGet");
+            bench.Pump.After(ms, [&] { bench.Choose(entry); });
+            bench.Choose("mnuGet");
+            if (bench.Desk->Window().Current() != bench.Desk->PageOf(ViewId::Home)) {
+                bench.Desk->Window().Current()->Leave();
+                bench.Pump.Pass(2000);
+            }
+            bench.Choose("mnuGet");
+            EXPECT_EQ(bench.Program.LinkData.LinkError, 0) << bench.StatusLine().toStdString();
+            EXPECT_FALSE(bench.Program.Home.Hourglass);
+        }
+    }
+}
+
+TEST(DesktopSession, ExitAndClosingTheWindowDuringAGetEndTheProgram) {
+    for (bool close : {false, true}) {
+        GuiBench bench;
+        bench.Pump.After(
+            500, [&] { close ? bench.Desk->Window().Current()->Leave() : bench.Desk->Home().Exit(); });
+        EXPECT_EQ(StatusOfExit([&] { bench.Choose("mnuGet"); }), 0);
+        EXPECT_FALSE(bench.Program.Port.PortOpen());
+    }
+}
+
+TEST(DesktopSession, FaultsAreToldAndEverythingIsUsableAfterwards) {
+    GuiBench bench;
+    bench.Choose("mnuDefaultSet");
+    const std::string before = bench.Program.Image.SetupData;
+    bench.Line.GoAway();
+    bench.Line.NextOpen = {StatusKind::NotFound, "/dev/ttyUSB0", "No such file or directory"};
+    bench.Choose("mnuGet");
+    EXPECT_TRUE(bench.StatusLine().startsWith("Failed to Get data")) << bench.StatusLine().toStdString();
+    bench.Boxes.Path = "no/such.CT2";
+    bench.Choose("mnuOpen");
+    EXPECT_EQ(bench.StatusLine(), "no/such.CT2: No such file or directory");
+    bench.Store.ReadOnly.insert("locked.CT2");
+    bench.Boxes.Path = "locked.CT2";
+    bench.Choose("mnuSaveAs");
+    EXPECT_TRUE(bench.StatusLine().startsWith("locked.CT2: ")) << bench.StatusLine().toStdString();
+    EXPECT_EQ(bench.Program.Image.SetupData, before);
+    ASSERT_TRUE(bench.Choose("mnuSetup"));
+    bench.Click("cmdMainMenu");
+}
+
+TEST(DesktopSession, APortThatCantBeOpenedLeavesTheProgramUsable) {
+    GuiBench bench;
+    bench.Program.Port.Close();
+    bench.Line.NextOpen = {StatusKind::NotFound, "ports/com1", "No such file or directory"};
+    bench.Choose("mnuGet");
+    EXPECT_TRUE(bench.StatusLine().endsWith("( 27)")) << bench.StatusLine().toStdString();
+    bench.Line.NextOpen = {};
+    bench.Choose("mnuGet");
+    EXPECT_EQ(bench.Program.LinkData.LinkError, 0);
+}
+
+TEST(DesktopSession, HelpKeepsThePageAndVanishesWithoutFiles) {
+    GuiBench bench;
+    bench.Choose("mnuDefaultSet");
+    bench.Choose("mnuSetup");
+    ComeToTab(bench, 4);
+    bench.Desk->Window().Current()->HelpKey();
+    GuiPump::Settle();
+    QWidget* help = GuiBench::Dialog();
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(help->windowTitle(), "APPLICATION  HELP");
+    QTest::keyClick(help, Qt::Key_Return);
+    bench.Pump.Pass(50);
+    EXPECT_EQ(bench.Desk->Window().Current()->findChild<QTabWidget*>()->currentIndex(), 4);
+    bench.Store.Contents.erase("help/Help11.S10");
+    bench.Desk->Window().Current()->HelpKey();
+    bench.Pump.Pass(50);
+    EXPECT_EQ(GuiBench::Dialog(), nullptr);
+    EXPECT_EQ(bench.Desk->Window().Current()->findChild<QTabWidget*>()->currentIndex(), 4);
+}
+
+TEST(DesktopSession, AReadingStreamEndsWithItsView) {
+    GuiBench bench;
+    bench.Choose("mnuGet");
+    for (int round = 0; round < 5; ++round) {
+        bench.Choose("mnuList");
+        bench.Pump.Pass(1500);
+        bench.Click("cmdEnd");
+        bench.Pump.Pass(1500);
+        const std::size_t sent = bench.Line.Sent().size();
+        bench.Pump.Pass(3000);
+        EXPECT_EQ(bench.Line.Sent().size(), sent);
+    }
+    bench.Choose("mnuGet");
+    EXPECT_EQ(bench.Program.LinkData.LinkError, 0);
+}
+
+}  // namespace
+}  // namespace counter::test

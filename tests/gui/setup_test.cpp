@@ -1,0 +1,338 @@
+// The Setup view's window: every control has its widget and follows it, a user reaches and reads all of it.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <set>
+
+#include "support/setup_window.h"
+
+namespace counter::test {
+namespace {
+
+struct Setup {
+    const char* Name;
+    const char* Given;
+};
+
+// clang-format off
+constexpr Setup kSetups[] = {
+    {"Rate A, B",              ""},
+    {"Batch",                  "199=02"},
+    {"V-F with a curve",       "193=FC 199=83 185=0D"},
+    {"V-F batch",              "193=FC 199=82"},
+    {"Arithmetic, four relays", "193=39 199=0B"},
+    {"Quadrature, Modbus",     "193=32 199=C1 109=0C"},
+    {"Clock, Stopwatch",       "199=50 185=55"},
+    {"Remote C",               "193=39 185=C4"},
+    {"Dual analog",            "193=39 143=04"},
+    {"Transmitter",            "type=7"},
+    {"No input board",         "193=00"},
+};
+// clang-format on
+
+TEST(SetupPage, NamesMatchBothWays) {
+    SetupWindow window;
+    for (const Control* control : window.Page->Bound().Unbound()) ADD_FAILURE() << control->FullName();
+    static const QRegularExpression kControl(QStringLiteral("^(cbo|txt|fra|lbl|chk|opt|cmd|tab|pic)[A-Z]"));
+    for (QWidget* widget : window.Page->findChildren<QWidget*>(kControl)) {
+        if (widget->window() != &window.Window) continue;  // digit entry has a form of its own
+        const Control* control = window.View.Controls.FindFull(widget->objectName().toStdString());
+        ASSERT_NE(control, nullptr) << widget->objectName().toStdString();
+        EXPECT_EQ(window.Page->Bound().WidgetOf(*control), widget) << control->FullName();
+    }
+}
+
+// What a widget shows that differs from what its control says; an empty text: nothing.
+std::string Difference(const SetupWindow& window, const Control& control) {
+    const QWidget* widget = window.Page->Bound().WidgetOf(control);
+    bool enabled = control.Enabled, visible = control.Visible;
+    for (const Control* around = control.Container; around; around = around->Container) {
+        enabled = enabled && around->Enabled;
+        visible = visible && around->Visible;
+    }
+    if (control.Tab != kEveryTab) visible = visible && control.Tab == window.View.CurrentTab();
+    std::string text = control.Caption;
+    QString shown = QString::fromStdString(text);
+    if (auto* list = qobject_cast<const QComboBox*>(widget)) {
+        text = control.ListIndex < 0 ? "" : control.Entries[static_cast<std::size_t>(control.ListIndex)];
+        shown = list->currentText();
+        if (list->count() != static_cast<int>(control.Entries.size())) return "has other entries";
+    } else if (auto* value = qobject_cast<const QLineEdit*>(widget)) {
+        text = control.Text;
+        shown = value->text();
+    } else if (auto* button = qobject_cast<const QAbstractButton*>(widget)) {
+        shown = button->text().remove('&');
+        if (button->isCheckable() && button->isChecked() != (control.Value == 1)) return "is set otherwise";
+    } else if (auto* row = dynamic_cast<const CaptionRow*>(widget)) {
+        shown = const_cast<CaptionRow*>(row)->Caption().text();
+    }
+    if (shown.toStdString() != text) return "shows '" + shown.toStdString() + "', not '" + text + "'";
+    if (widget->isVisible() != visible) return visible ? "is hidden" : "is on show";
+    if (widget->isEnabled() != enabled) return enabled ? "is disabled" : "is enabled";
+    return {};
+}
+
+void ExpectSame(const SetupWindow& window, const std::string& when) {
+    EXPECT_EQ(window.Tabs().currentIndex(), window.View.CurrentTab()) << when;
+    for (const Control& control : window.View.Controls) {
+        const std::string difference = Difference(window, control);
+        EXPECT_TRUE(difference.empty()) << when << ": " << control.FullName() << " " << difference;
+    }
+}
+
+TEST(SetupPage, WidgetsFollowTheFormOnEveryPage) {
+    for (const Setup& setup : kSetups) {
+        SetupWindow window(setup.Given);
+        for (int tab = 0; tab < 7; ++tab) {
+            window.ClickTab(tab);
+            ExpectSame(window, std::string(setup.Name) + ", tab " + std::to_string(tab));
+        }
+    }
+}
+
+TEST(SetupPage, AChangeOfModeStaysConsistent) {
+    SetupWindow window("143=01");
+    for (int board : {1, 2, 3, 0}) {
+        window.Pick("cboInOpt", board);
+        for (int mode = window.Of("cboMode").Entries.size() > 1 ? 1 : 0;
+             mode < static_cast<int>(window.Of("cboMode").Entries.size()); ++mode) {
+            window.Pick("cboMode", mode);
+            const std::string when = "board " + std::to_string(board) + ", mode " + std::to_string(mode);
+            ExpectSame(window, when);
+            window.ClickTab(kScalingTab);
+            ExpectSame(window, when + ", scaling");
+            window.ClickTab(kInputTab);
+        }
+    }
+}
+
+struct Edit {
+    const char* Name;
+    int Tab;
+    const char* Control;
+    int Entry;  // of a list, picked by keys; -1: a click
+    int Pos;
+    const char* Digits;
+};
+
+// clang-format off
+constexpr Edit kEdits[] = {
+    {"Display Type",        0, "cboDType",         1, 185, "1"},
+    {"control inputs",      0, "cboExtAB",         5, 198, "5"},
+    {"Basic",               0, "optBasic",        -1, 186, "0"},
+    {"Multiplier 1",        1, "cboMult1[0]",      3, 166, "3"},
+    {"Coordinates 1",       1, "optCoord1[0]",    -1, 197, "2"},
+    {"Time Constant",       2, "cboTimConst",      4, 196, "4"},
+    {"Alarm 4 State",       3, "cboState[4]",      2, 232, "8"},
+    {"Deviation Status",    3, "chkDevStatus",    -1, 201, "2"},
+    {"Serial Protocol",     4, "cboProtocol",      2, 110, "8"},
+    {"Include LF",          4, "chkLF",           -1, 189, "8"},
+    {"Range 2",             5, "cboRange2",        1, 167, "4"},
+    {"Lockout 0",           6, "chkLock[0]",      -1, 184, "8"},
+};
+// clang-format on
+
+TEST(SetupPage, AUserEditsEachPageByMouseAndKeys) {
+    for (const Edit& edit : kEdits) {
+        SetupWindow window("193=39 143=04 165=00 167=00 169=55 184=0 189=01 196=0 197=00 201=00 231=00");
+        window.ClickTab(edit.Tab);
+        ASSERT_EQ(window.View.CurrentTab(), edit.Tab) << edit.Name;
+        EXPECT_NE(window.Digits(edit.Pos, 1), edit.Digits) << edit.Name << ": a change can be seen";
+        if (edit.Entry < 0) {
+            window.Click(edit.Control);
+        } else {
+            window.Pick(edit.Control, edit.Entry);
+        }
+        EXPECT_EQ(window.Digits(edit.Pos, 1), edit.Digits) << edit.Name;
+        ExpectSame(window, edit.Name);
+    }
+}
+
+TEST(SetupPage, ATabThatIsNotOfferedSaysWhyAndIsNotComeTo) {
+    SetupWindow window("193=01");
+    window.ClickTab(kAlarmsTab);
+    EXPECT_EQ(window.View.CurrentTab(), kInputTab);
+    EXPECT_FALSE(window.Tabs().tabBar()->isTabEnabled(kAlarmsTab));
+    EXPECT_FALSE(window.Tabs().tabToolTip(kAlarmsTab).isEmpty());
+    window.Pick("cboRlyOpt", 2);
+    EXPECT_TRUE(window.Tabs().tabToolTip(kAlarmsTab).isEmpty());
+    window.Tabs().tabBar()->setFocus();
+    QTest::keyClick(window.Tabs().tabBar(), Qt::Key_Right);
+    QTest::keyClick(window.Tabs().tabBar(), Qt::Key_Right);
+    QTest::keyClick(window.Tabs().tabBar(), Qt::Key_Right);
+    EXPECT_EQ(window.View.CurrentTab(), kAlarmsTab);
+}
+
+TEST(SetupPage, F1HelpsWithTheFocusAndKeepsThePage) {
+    SetupWindow window("193=39");
+    int helped = 0;
+    window.Page->OpenHelp = [&helped](int helpNumber) { helped = helpNumber; };
+    window.ClickTab(kCommunicationTab);
+    QWidget* list = window.WidgetOf("cboBaudRate");
+    list->setFocus(Qt::TabFocusReason);
+    const int entry = static_cast<QComboBox*>(list)->currentIndex();
+    QTest::keyClick(list, Qt::Key_F1);
+    EXPECT_EQ(helped, 1175);
+    window.Page->HelpClosed();
+    window.Pump.Settle();
+    EXPECT_EQ(window.Tabs().currentIndex(), kCommunicationTab);
+    EXPECT_EQ(static_cast<QComboBox*>(list)->currentIndex(), entry);
+    window.Of("lblAscTbl").Visible = true;
+    window.View.Controls.TellChanged();
+    QWidget* table = window.WidgetOf("lblAscTbl");
+    QTest::mouseClick(table, Qt::LeftButton);
+    EXPECT_EQ(helped, 1138);
+    helped = 0;
+    QTest::keyClick(table, Qt::Key_Space);
+    EXPECT_EQ(helped, 1138);
+}
+
+// What a user's Tab key comes past on the page, until it is back at the tabs.
+std::vector<QWidget*> TabOrder(SetupWindow& window) {
+    std::vector<QWidget*> order;
+    QWidget* strip = window.Tabs().tabBar();
+    strip->setFocus(Qt::TabFocusReason);
+    for (int turns = 0; turns < 200; ++turns) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        if (QApplication::focusWidget() == strip) break;
+        order.push_back(QApplication::focusWidget());
+    }
+    return order;
+}
+
+TEST(SetupPage, TabReachesEveryEnabledControlInReadingOrder) {
+    for (const Setup& setup : kSetups) {
+        SetupWindow window(setup.Given);
+        for (int tab = 0; tab < 7; ++tab) {
+            window.ClickTab(tab);
+            if (window.View.CurrentTab() != tab) continue;
+            const std::vector<QWidget*> order = TabOrder(window);
+            const std::set<QWidget*> reached(order.begin(), order.end());
+            for (Control& control : window.View.Controls) {
+                const bool noFocus =
+                    control.Kind == ControlKind::Frame || control.Kind == ControlKind::Label ||
+                    control.Kind == ControlKind::Picture || control.Kind == ControlKind::TabStrip;
+                if (noFocus || window.View.Controls.Reach(control) != Refusal::None) continue;
+                EXPECT_TRUE(reached.contains(window.Page->Bound().WidgetOf(control)))
+                    << setup.Name << ", tab " << tab << ": " << control.FullName();
+            }
+            for (std::size_t i = 1; i < order.size(); ++i) {
+                if (order[i]->parentWidget()->parentWidget() != order[i - 1]->parentWidget()->parentWidget())
+                    continue;  // within one box: downwards, then to the right
+                const QPoint here = order[i]->mapTo(&window.Window, QPoint());
+                const QPoint before = order[i - 1]->mapTo(&window.Window, QPoint());
+                EXPECT_TRUE(here.y() > before.y() || here.x() > before.x())
+                    << setup.Name << ", tab " << tab << ": " << order[i]->objectName().toStdString();
+            }
+        }
+    }
+}
+
+class FontScale {
+  public:
+    explicit FontScale(double factor) : before_(QApplication::font()) {
+        QFont font = before_;
+        font.setPointSizeF(font.pointSizeF() * factor);
+        QApplication::setFont(font);
+    }
+    ~FontScale() { QApplication::setFont(before_); }
+
+  private:
+    QFont before_;
+};
+
+void ExpectWhole(const SetupWindow& window, const std::string& when) {
+    for (const QWidget* widget : window.Page->findChildren<QWidget*>()) {
+        const bool text = qobject_cast<const QLabel*>(widget) || qobject_cast<const QComboBox*>(widget) ||
+                          qobject_cast<const QAbstractButton*>(widget) ||
+                          qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QGroupBox*>(widget);
+        // The arrows of a strip of tabs that is too long are no texts.
+        if (!text || !widget->isVisible() || qobject_cast<const QTabBar*>(widget->parentWidget())) continue;
+        const QSize need = widget->minimumSizeHint();
+        EXPECT_TRUE(widget->width() >= need.width() && widget->height() >= need.height())
+            << when << ": " << widget->objectName().toStdString() << " " << QTest::toString(widget->size())
+            << " needs " << QTest::toString(need);
+        EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()))
+            << when << ": " << widget->objectName().toStdString() << " sticks out";
+    }
+    const QTabBar* strip = window.Tabs().tabBar();
+    for (int tab = 0; tab < strip->count(); ++tab)
+        EXPECT_GE(strip->tabRect(tab).width(), strip->fontMetrics().horizontalAdvance(strip->tabText(tab)));
+}
+
+TEST(SetupPage, NothingIsClipped) {
+    for (const double factor : {1.0, 1.5, 2.0}) {
+        const FontScale font(factor);
+        for (const Setup& setup : kSetups) {
+            SetupWindow window(setup.Given);
+            for (int tab = 0; tab < 7; ++tab) {
+                window.ClickTab(tab);
+                const std::string when = std::string(setup.Name) + ", tab " + std::to_string(tab) + ", x " +
+                                         std::to_string(factor);
+                ExpectWhole(window, when);
+                auto* scroll = static_cast<QScrollArea*>(window.Tabs().currentWidget());
+                const QSize need = scroll->widget()->minimumSizeHint(), room = scroll->viewport()->size();
+                if (factor == 1.0) {
+                    EXPECT_TRUE(room.width() >= need.width() && room.height() >= need.height())
+                        << when << " scrolls: " << QTest::toString(need) << QTest::toString(room);
+                }
+            }
+        }
+    }
+}
+
+TEST(SetupPage, ALargerFontReachesAnOpenPage) {
+    SetupWindow window("193=39");
+    const FontScale font(1.5);
+    window.Pump.Settle();
+    ExpectWhole(window, "larger");
+    EXPECT_EQ(static_cast<CaptionRow*>(window.WidgetOf("fraGateTime"))->Caption().width(),
+              static_cast<CaptionRow*>(window.WidgetOf("fraPwrOnTot"))->Caption().width());
+}
+
+TEST(SetupPage, WhatIsHiddenKeepsItsPlace) {
+    SetupWindow window;
+    const QPoint before = window.WidgetOf("cboPwrOnTot")->mapTo(&window.Window, QPoint());
+    ASSERT_TRUE(window.WidgetOf("fraPulses")->isHidden());
+    window.Pick("cboInOpt", 2);
+    window.Pick("cboFunction", 2);
+    ASSERT_FALSE(window.WidgetOf("fraPulses")->isHidden());
+    EXPECT_EQ(window.WidgetOf("cboPwrOnTot")->mapTo(&window.Window, QPoint()), before);
+}
+
+TEST(SetupPage, ABatchCountHasNoResolution) {
+    SetupWindow window("199=02");
+    window.ClickTab(kScalingTab);
+    auto* row = static_cast<CaptionRow*>(window.WidgetOf("fraResoln[3]"));
+    EXPECT_TRUE(row->Caption().isVisible());
+    window.Pick("cboBatItm2", 1);
+    EXPECT_FALSE(row->Caption().isVisible()) << "a caption without its list";
+}
+
+TEST(SetupPage, LeavingEndsTheReadLoop) {
+    SetupWindow window("type=7");
+    int left = 0;
+    window.Page->ShowMainMenu = [&] {
+        ++left;
+        window.Page->PutAway();
+    };
+    window.Pump.After(900, [&window] { window.Page->Leave(); });
+    window.Click("cmdRead");  // goes on when the loop has ended
+    EXPECT_EQ(left, 1);
+    EXPECT_EQ(window.Of("cmdRead").Caption, "Read");
+}
+
+TEST(SetupPage, WritingTheClassBringsTheFocusToItsOption) {
+    SetupWindow window;
+    window.Click("cmdQBasic");
+    EXPECT_EQ(QApplication::focusWidget(), window.WidgetOf("optBasic"));
+    EXPECT_FALSE(static_cast<QAbstractButton*>(window.WidgetOf("optBasic"))->isChecked())
+        << "the setup keeps its class";
+}
+
+}  // namespace
+}  // namespace counter::test

@@ -1,0 +1,64 @@
+// GuiBench: the whole desktop tool on a simulated meter and the virtual clock.
+#pragma once
+
+#include <QMenu>
+#include <QTest>
+#include <QWidget>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "platform/qt/widgets/desktop.h"
+#include "support/bench_meter.h"
+#include "support/gui_pump.h"
+
+namespace counter::test {
+
+struct GuiBench : BenchMeterOf<GuiPump> {
+    explicit GuiBench(sim::MeterOptions options = {}, const std::vector<std::string>& settings = {})
+        : BenchMeterOf<GuiPump>(std::move(options), settings) {
+        const Status started = SwitchOn();
+        TakeData();
+        Desk = std::make_unique<Desktop>(Program, Desktop::Folders{{"help"}, {"boards"}});
+        if (!started.Ok()) Program.Home.ShowStatus(started.Text(), ColorRed);
+        Desk->GoHome();
+        Desk->Window().show();
+        GuiPump::Settle();
+    }
+
+    // A menu entry, by its name, if it can be used now.
+    bool Choose(const char* name) {
+        auto* action = Desk->Window().findChild<QAction*>(name);
+        if (!action || !action->isEnabled() || !action->isVisible()) return false;
+        action->trigger();
+        GuiPump::Settle();
+        return true;
+    }
+    // A widget of the view on show, by the name of its control; null where it is not there.
+    template <class Widget = QWidget>
+    Widget* Find(const char* name) {
+        return Desk->Window().Current()->findChild<Widget*>(name);
+    }
+    void Click(const char* name) {
+        QTest::mouseClick(Find(name), Qt::LeftButton);
+        GuiPump::Settle();
+    }
+    // The dialog over the window; null where there is none.
+    static QWidget* Dialog() { return QApplication::activeModalWidget(); }
+    QString StatusLine() { return QString::fromStdString(Desk->Home().lblPGText.Caption); }
+
+    std::unique_ptr<Desktop> Desk;
+
+  private:
+    void TakeData() {
+        for (const std::string folder : {"help", "boards"}) {
+            for (const auto& entry : std::filesystem::directory_iterator(SHARE_FOLDER "/" + folder)) {
+                std::ifstream file(entry.path(), std::ios::binary);
+                Store.Contents[folder + "/" + entry.path().filename().string()] = {
+                    std::istreambuf_iterator<char>(file), {}};
+            }
+        }
+    }
+};
+
+}  // namespace counter::test

@@ -1,0 +1,121 @@
+// Tour: through every view and page of the program, on a simulated meter.
+#pragma once
+
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTabWidget>
+#include <functional>
+#include <string>
+
+#include "platform/qt/widgets/link_window.h"
+#include "support/gui_bench.h"
+
+namespace counter::test {
+
+// `stop` is called with what is on show and a name for it.
+using TourStop = std::function<void(const QWidget& shown, const std::string& name)>;
+
+inline void TourSetup(GuiBench& bench, const TourStop& stop) {
+    QWidget& window = bench.Desk->Window();
+    bench.Choose("mnuSetup");
+    auto* tabs = bench.Desk->Window().Current()->findChild<QTabWidget*>();
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+        if (!tabs->isTabEnabled(tab)) continue;
+        QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(tab).center());
+        GuiPump::Settle();
+        stop(window, "setup-" + std::to_string(tab + 1));
+        if (tab != 3) continue;
+        bench.Click("txtSetpt[1]");
+        if (QWidget* dialog = GuiBench::Dialog()) {
+            stop(*dialog, "digit-entry");
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        }
+        bench.Desk->Window().Current()->HelpKey();
+        GuiPump::Settle();
+        if (QWidget* help = GuiBench::Dialog()) {
+            stop(*help, "help");
+            QTest::keyClick(help, Qt::Key_Escape);
+            bench.Pump.Pass(50);
+        }
+    }
+    bench.Click("cmdMainMenu");
+}
+
+inline void TourReadings(GuiBench& bench, const TourStop& stop) {
+    const struct {
+        const char* Entry;
+        const char* Name;
+        const char* Middle;
+        const char* Division;
+        const char* Third;
+    } charts[] = {{"mnuPlot", "plot", "500", "20", "60"}, {"mnuGraph", "graph", "500", "30", "20"}};
+    for (const auto& chart : charts) {
+        bench.Choose(chart.Entry);
+        const char* third = bench.Find("txtHorzTime") ? "txtHorzTime" : "txtVertScale";
+        for (const auto& [name, text] : {std::pair(static_cast<const char*>("txtMidVal"), chart.Middle),
+                                         {"txtSmallVal", chart.Division},
+                                         {third, chart.Third}}) {
+            auto* entry = bench.Find<QLineEdit>(name);
+            entry->selectAll();
+            QTest::keyClicks(entry, text);
+            QTest::keyClick(entry, Qt::Key_Return);
+        }
+        bench.Click("cmdOK");
+        bench.Pump.Pass(40000);
+        stop(bench.Desk->Window(), chart.Name);
+        bench.Click("cmdEnd");
+    }
+    bench.Choose("mnuList");
+    bench.Pump.Pass(9000);
+    stop(bench.Desk->Window(), "list");
+    bench.Click("cmdEnd");
+}
+
+inline void TourLink(const TourStop& stop) {
+    struct NoPorts : PortCatalog {
+        std::vector<PortDescription> Ports() const override {
+            return {{"/dev/ttyUSB0", "USB-Serial Converter", ""}};
+        }
+        std::string DeviceOf(int) const override { return "/dev/ttyUSB0"; }
+    } catalog;
+    GuiPump pump;
+    MemoryFiles store;
+    MeterLine line(pump, {});
+    TriedDevice tried;
+    LinkSetup view({pump, line, tried, catalog, {store, "home"}});
+    LinkWindow window(view);
+    view.Load();
+    view.Controls.Click(view.cmdTest);
+    window.show();
+    stop(window, "counter-link");
+}
+
+inline void Tour(const TourStop& stop) {
+    sim::MeterOptions options;
+    options.Signal = {sim::SignalKind::Sine, 500, 200, 20};
+    GuiBench bench(options);
+    MainWindow& window = bench.Desk->Window();
+    stop(window, "home");
+    bench.Choose("mnuGet");
+    stop(window, "home-after-get");
+    TourSetup(bench, stop);
+    bench.Choose("mnuMenu");
+    stop(window, "menu");
+    bench.Click("cmdMainMenu");
+    bench.Choose("mnuCmdsGo");
+    bench.Click("cmdActiveP");
+    stop(window, "commands");
+    bench.Click("cmdOK");
+    bench.Choose("mnuCalibGo");
+    stop(window, "calibration");
+    bench.Click("cmdCANCEL");
+    TourReadings(bench, stop);
+    for (const char* entry : {"mnuItem", "mnuRBatch", "mnuDualG", "mnuPS", "mnuRS485H"}) {
+        bench.Choose(entry);
+        stop(window, std::string("help-") + (entry + 3));
+        window.Current()->Leave();
+    }
+    TourLink(stop);
+}
+
+}  // namespace counter::test

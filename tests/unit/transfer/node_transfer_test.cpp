@@ -1,0 +1,248 @@
+// Get and Put through the node, in every protocol: what arrives, what goes out, what it costs, every fault.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "link/waits.h"
+#include "meter/default_setup.h"
+#include "meter/hex_text.h"
+#include "shell/get_action.h"
+#include "shell/put_action.h"
+#include "support/meter_kinds.h"
+#include "support/node_net.h"
+
+namespace counter::test {
+namespace {
+
+using Words = std::vector<std::string>;
+
+struct TransferNode : NodeBench {
+    explicit TransferNode(const LinkKind& kind, Words settings = {}, const Words& faults = {},
+                          sim::MeterOptions options = {})
+        : NodeBench((settings.push_back(kind.Setting), settings), faults,
+                    (options.Protocol = kind.Protocol, options)) {
+        EXPECT_TRUE(LogIn()) << kind.Name;
+        BuildDefaultSetup(Program.Image);
+        BitsPut(Program.Image, 3, 2, 109, static_cast<int>(kind.Protocol));
+        Net.TheNode().ClearTold();
+    }
+    int Get() {
+        const double start = Pump.NowMs();
+        GetSetup(Program);
+        TookMs = Pump.NowMs() - start;
+        return State().LinkError;
+    }
+    int Put() {
+        PutSetup(Program);
+        return State().LinkError;
+    }
+    // What went to the meter.
+    Words Frames() const {
+        Words frames = Net.Sent;
+        std::erase(frames, TextOfHex("0080A30102035A93D1C07E42010105FF"));
+        return frames;
+    }
+    double TookMs = 0;
+};
+
+sim::MeterOptions OtherMeter() {
+    sim::MeterOptions options;
+    options.Patches = {{55, "003039"}, {43, "8186A0"}, {61, "012345"}, {97, "FE1DC0"}};
+    return options;
+}
+
+TEST(NodeGet, BringsWhatASerialLineBrings) {
+    for (const LinkKind& kind : kLinkKinds) {
+        sim::MeterOptions options = OtherMeter();
+        TransferNode node(kind, {}, {}, options);
+        options.Protocol = kind.Protocol;
+        BenchMeter serial(options, {kind.Setting});
+        serial.SwitchOn();
+        serial.Program.Image = node.Program.Image;  // what a protocol does not bring stays
+        GetSetup(serial.Program);
+        EXPECT_EQ(node.Get(), 0) << kind.Name;
+        EXPECT_EQ(node.Program.Image.SetupData, serial.Program.Image.SetupData) << kind.Name;
+        EXPECT_EQ(node.Program.Home.StatusText, "Getting data from the Counter.  Data received OK.");
+        EXPECT_TRUE(node.Line.Calls().empty()) << "the serial port is not touched";
+    }
+}
+
+TEST(NodeGet, HasNoWakeUpAndLongerPauses) {
+    TransferNode ascii(kLinkKinds[0]);
+    EXPECT_EQ(ascii.Get(), 0);
+    EXPECT_EQ(ascii.Net.Sent,
+              (Words{"*1XR1AZ\r\n", "*1XR35Z\r\n", "*1XB74Z\r\n", "*1G130\r\n", "*1G128\r\n", "*1C0\r\n"}));
+    // Begin, pause, six frames, the pause before the fifth; five replies of some 6 ms.
+    EXPECT_NEAR(ascii.TookMs, 1005 + 1300 + 6 * 1300 + 1200 + 5 * 6, 5);
+
+    TransferNode fast(kRtu);
+    EXPECT_EQ(fast.Get(), 0);
+    EXPECT_NEAR(fast.TookMs, 1005 + 7 * 1300 + 6 * 2000, 110);
+    TransferNode slow(kRtu, {"BaudIndex=0"});
+    EXPECT_EQ(slow.Get(), 0);
+    EXPECT_NEAR(slow.TookMs, 1005 + 7 * 1300 + 6 * 1000, 110);
+}
+
+TEST(NodeGet, EndsGoodOrWithItsNumber) {
+    const LinkKind& ascii = kLinkKinds[0];
+    const struct {
+        const char* Name;
+        const LinkKind& Kind;
+        const char* Fault;
+        int LinkError;
+        std::size_t Boxes;
+    } cases[] = {
+        // clang-format off
+        {"ASCII, silent",               ascii,        "XR1A#1:noreply",        20, 0},
+        {"ASCII, just in time",         ascii,        "XR1A#1:late=2900",       0, 0},
+        {"ASCII, too late",             ascii,        "XR1A#1:late=3100",      20, 0},
+        {"ASCII, first in two pieces",  ascii,        "XR1A#1:pieces=54,30",    1, 0},
+        {"ASCII, second in two pieces", ascii,        "XR35#1:pieces=54,30",    4, 0},
+        {"ASCII, in pieces on the line", ascii,       "XR35#1:pause=54,30",     4, 0},
+        {"ASCII, third cut by a close", ascii,        "XB74#1:close=10",        7, 0},
+        {"ASCII, closed before it",     ascii,        "XB74#1:close=0",         7, 1},
+        {"ASCII, closed before G130",   ascii,        "G130#1:close=0",         8, 1},
+        {"ASCII, status in front",      ascii,        "XR35#1:status",          0, 0},
+        {"ASCII, one digit more",       ascii,        "XR35#1:extra",           4, 0},
+        {"RTU, silent",                 kRtu,         "030041#1:noreply",      20, 0},
+        {"RTU, wrong transaction",      kRtu,         "030011#1:wrongid",      27, 0},
+        {"RTU, damaged on the line",    kRtu,         "030011#1:badcheck",     20, 0},
+        {"RTU, exception",              kRtu,         "030025#1:exception=2",   7, 0},
+        {"RTU, pieces behind the id",   kRtu,         "030011#1:pieces=20,30",  4, 0},
+        {"RTU, pieces in the header",   kRtu,         "030011#1:pieces=3,30",   4, 0},
+        {"RTU, pieces in the id",       kRtu,         "030011#1:pieces=1,30",  27, 0},
+        {"RTU, closed in mid reply",    kRtu,         "030041#1:close=20",     10, 0},
+        {"RTU, closed before it",       kRtu,         "08#1:close=0",           1, 1},
+        {"RTU, status in front",        kRtu,         "030064#1:status",        0, 0},
+        {"Modbus ASCII, silent",        kModbusAscii, "030064#1:noreply",      20, 0},
+        {"Modbus ASCII, wrong id",      kModbusAscii, "08#1:wrongid",          27, 0},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        TransferNode bench(c.Kind, {}, {c.Fault});
+        EXPECT_EQ(bench.Get(), c.LinkError) << c.Name;
+        EXPECT_EQ(bench.Boxes.Shown.size(), c.Boxes) << c.Name;
+        EXPECT_EQ(bench.Program.Identity.SetupFromMeter, c.LinkError == 0 ? 1 : 0) << c.Name;
+        if (c.LinkError != 0) {
+            EXPECT_EQ(bench.Program.Home.StatusText,
+                      "Failed to Get data, check connections, then try again.      ( " +
+                          std::to_string(c.LinkError) + ")")
+                << c.Name;
+        }
+        if (bench.Program.Node.Connected()) {
+            EXPECT_EQ(bench.Get(), 0) << "the next one, behind " << c.Name;
+        }
+    }
+}
+
+TEST(NodeGet, AKeepAliveInTheMiddleDisturbsNothing) {
+    TransferNode bench(kRtu);
+    EXPECT_EQ(bench.Get(), 0);
+    EXPECT_EQ(bench.Net.TheNode().Told(), Words{"keep-alive"});
+}
+
+TEST(NodeGet, AnotherToolThatLogsInTakesTheNode) {
+    TransferNode bench(kLinkKinds[0]);
+    bench.Pump.After(4000, [&] {
+        bench.Net.TheNode().Datagram(bench.Net.Datagrams[0].second, "192.168.0.2", bench.Pump.NowMs());
+    });
+    EXPECT_NE(bench.Get(), 0);
+    EXPECT_EQ(bench.Boxes.Shown.size(), 1U);
+}
+
+TEST(NodePut, OverCustomAsciiTheFirstBlockGoesInPartsAndOnePartNot) {
+    sim::MeterOptions options = OtherMeter();
+    TransferNode bench(kLinkKinds[0], {}, {}, options);
+    const std::string before = bench.Meter().ImageText();
+    EXPECT_EQ(bench.Put(), 0);
+    const Words frames = bench.Frames();
+    ASSERT_EQ(frames.size(), 8U);
+    EXPECT_EQ(frames[2], "*1W91A0027100000000000000000000000000186A0Z\r\n");
+    EXPECT_EQ(frames[3], "*1W9110000000186A0004E20002710002710002710Z\r\n");
+    EXPECT_EQ(frames[4], "*1W4350027100000000001Z\r\n");
+    EXPECT_EQ(frames[7], "|*1C0\r\n");
+    for (const std::string& frame : frames) EXPECT_EQ(frame.find("W908"), std::string::npos);
+    std::string expected = bench.Program.Image.SetupData;
+    expected.replace(72, 36, before.substr(72, 36));  // never sent
+    EXPECT_EQ(bench.Meter().ImageText().substr(0, 112), expected.substr(0, 112));
+    EXPECT_EQ(bench.Net.TheNode().Told(), Words{"keep-alive"}) << "no command to the node";
+}
+
+TEST(NodePut, OverModbusTheMeterHoldsWhatASerialPutLeaves) {
+    for (const LinkKind& kind : {kRtu, kModbusAscii}) {
+        sim::MeterOptions options = OtherMeter();
+        TransferNode node(kind, {}, {}, options);
+        options.Protocol = kind.Protocol;
+        BenchMeter serial(options, {kind.Setting});
+        serial.SwitchOn();
+        serial.Program.Image = node.Program.Image;
+        PutSetup(serial.Program);
+        EXPECT_EQ(node.Put(), 0) << kind.Name;
+        EXPECT_EQ(node.Meter().ImageText(), serial.Line.Meter().ImageText()) << kind.Name;
+    }
+}
+
+// The command in front goes by the baud rate of the settings before the Put, the one behind by that after it.
+TEST(NodePut, OverModbusFastLinesTellTheNode) {
+    const struct {
+        const char* Name;
+        const char* Before;
+        int After;
+        const char* Fault;
+        Words Told;
+    } cases[] = {
+        {"fast", "BaudIndex=5", 5, "none:noreply", {"on", "off"}},
+        {"4800", "BaudIndex=4", 4, "none:noreply", {"on", "off"}},
+        {"2400", "BaudIndex=3", 3, "none:noreply", {}},
+        {"becomes slow", "BaudIndex=5", 2, "none:noreply", {"on"}},
+        {"becomes fast", "BaudIndex=2", 6, "none:noreply", {"off"}},
+        {"fails", "BaudIndex=5", 5, "100021:noreply", {"on"}},
+    };
+    for (const auto& c : cases) {
+        TransferNode bench(kRtu, {c.Before}, {c.Fault});
+        BitsPut(bench.Program.Image, 6, 4, 191, c.After);
+        bench.Put();
+        Words told = bench.Net.TheNode().Told();
+        std::erase(told, "keep-alive");
+        EXPECT_EQ(told, c.Told) << c.Name;
+        if (c.Told == Words{"on", "off"}) {
+            EXPECT_EQ(bench.Net.Sent.back(), TextOfHex("0080A30102035A93D1C07E42570400000000FF")) << c.Name;
+            EXPECT_EQ(bench.Net.Sent[1], TextOfHex("0080A30102035A93D1C07E42570410000000FF")) << c.Name;
+        }
+    }
+}
+
+TEST(NodePut, FailsWithItsNumber) {
+    const struct {
+        const char* Name;
+        const LinkKind& Kind;
+        const char* Fault;
+        int LinkError;
+    } cases[] = {
+        {"RTU, wrong transaction", kRtu, "100011:wrongid", 27},
+        {"RTU, silent", kRtu, "100041:noreply", 20},
+        {"RTU, closed instead of an answer", kRtu, "100021:close=0", 7},
+        {"RTU, exception", kRtu, "10004D:exception=3", 11},
+        {"ASCII, the board check is silent", kLinkKinds[0], "G12D:noreply", 20},
+        {"ASCII, closed in the board check", kLinkKinds[0], "G12D:close=0", 27},
+    };
+    for (const auto& c : cases) {
+        TransferNode bench(c.Kind, {}, {c.Fault});
+        EXPECT_EQ(bench.Put(), c.LinkError) << c.Name;
+        EXPECT_EQ(bench.Program.Home.StatusText,
+                  "Data transfer unsuccessful. Check connections and try again. (" +
+                      std::to_string(c.LinkError) + ")")
+            << c.Name;
+    }
+}
+
+TEST(NodePut, OverCustomAsciiAConnectionThatBreaksIsNoSuccess) {
+    TransferNode bench(kLinkKinds[0]);
+    bench.Pump.After(9000, [&] { bench.Net.Break(); });
+    EXPECT_EQ(bench.Put(), 27);
+    EXPECT_FALSE(bench.State().FramesWritten.empty());
+    EXPECT_LT(bench.State().FramesWritten.size(), 5U);
+}
+
+}  // namespace
+}  // namespace counter::test
