@@ -115,7 +115,8 @@ void Form::SetFrameActive(Control& frame, Control& control, bool active) {
 
 void Form::SetFocus(Control& control) {
     MoveFocus(control);
-    if (FocusMoved) FocusMoved(control);
+    // What got it may have passed it on.
+    if (FocusMoved && focused_) FocusMoved(*focused_);
 }
 
 void Form::MoveFocus(Control& control) {

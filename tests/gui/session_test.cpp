@@ -169,6 +169,28 @@ TEST(DesktopSession, HelpKeepsThePageAndVanishesWithoutFiles) {
     EXPECT_EQ(bench.Desk->Window().Current()->findChild<QTabWidget*>()->currentIndex(), 4);
 }
 
+TEST(DesktopSession, AChartIsScaledFromTheKeyboardAlone) {
+    GuiBench bench;
+    bench.Choose("mnuGet");
+    for (const char* entry : {"mnuPlot", "mnuGraph", "mnuPlot"}) {
+        bench.Choose(entry);
+        MainWindow& window = bench.Desk->Window();
+        for (const char* text : {"10000", "150", "30"}) {
+            QTest::keyClicks(window.focusWidget(), text);
+            QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        }
+        EXPECT_EQ(window.focusWidget()->objectName(), "cmdOK") << entry;
+        QTest::keyClick(window.focusWidget(), Qt::Key_Space);
+        GuiPump::Settle();
+        EXPECT_TRUE(bench.Find("txtMidVal")->isHidden()) << entry;
+        EXPECT_EQ(bench.Find<QLineEdit>("txtMidVal")->text().trimmed(), "10000");
+        EXPECT_EQ(window.focusWidget()->objectName(), "cmdPause") << entry;
+        bench.Pump.Pass(2000);
+        bench.Click("cmdEnd");
+        bench.Pump.Pass(2000);
+    }
+}
+
 TEST(DesktopSession, AReadingStreamEndsWithItsView) {
     GuiBench bench;
     bench.Choose("mnuGet");

@@ -147,6 +147,16 @@ TEST(Form, FocusTellsWhatLosesItAndWhatGetsIt) {
     EXPECT_EQ(story, "+chkX-chkX+optLeft");
 }
 
+TEST(Form, FocusThatIsPassedOnStaysWhereItWasPassed) {
+    FormBench bench;
+    std::string told;
+    bench.Controls.OnGotFocus(bench.Left, [&](Control&) { bench.Controls.SetFocus(bench.Right); });
+    bench.Controls.FocusMoved = [&](const Control& control) { told = control.Name; };
+    bench.Controls.SetFocus(bench.Left);
+    EXPECT_EQ(bench.Controls.Focused(), &bench.Right);
+    EXPECT_EQ(told, "optRight");
+}
+
 TEST(Form, AnEntryTellsANewTextAndEnter) {
     FormBench bench;
     Control& entry = bench.First.Add(ControlKind::Entry, nullptr, "txtX");

@@ -187,8 +187,12 @@ void Binder::Done(const Control& control, Refusal refusal) {
     Refresh();
 }
 
+// A widget that is hidden or disabled while it has the focus passes it on, which no user did.
 void Binder::Refresh() {
+    const bool before = movingFocus_;
+    movingFocus_ = true;
     for (const Bound& bound : bound_) ShowOne(bound);
+    movingFocus_ = before;
 }
 
 void Binder::ShowOne(const Bound& bound) {

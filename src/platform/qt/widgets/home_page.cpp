@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "platform/qt/widgets/control_widget.h"
@@ -51,7 +52,7 @@ void HomePage::AddMenu() {
             AddHeading(control);
             under = menu_->findChild<QMenu*>(ObjectName(control));
         } else {
-            AddEntry(control, *under);
+            AddEntry(control, *under, row.Opens.has_value());
         }
     }
 }
@@ -75,9 +76,18 @@ void HomePage::AddHeading(Control& heading) {
     bound_.BindAction(heading, action);
 }
 
-void HomePage::AddEntry(Control& entry, QMenu& under) {
+// A view opens once the menu has gone: a menu that was worked by keys gives the focus back to where it was,
+// and must not take it from the view.
+void HomePage::AddEntry(Control& entry, QMenu& under, bool opensView) {
     QAction* action = under.addAction(QtText(entry.Caption));
-    QObject::connect(action, &QAction::triggered, this, [this, &entry] { view_.Controls.Click(entry); });
+    QObject::connect(action, &QAction::triggered, this, [this, &entry, opensView] {
+        const auto click = [this, &entry] { view_.Controls.Click(entry); };
+        if (opensView) {
+            QTimer::singleShot(0, this, click);
+        } else {
+            click();
+        }
+    });
     bound_.BindAction(entry, action);
 }
 

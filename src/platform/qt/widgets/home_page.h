@@ -28,7 +28,7 @@ class HomePage : public ViewPage {
   private:
     void AddMenu();
     void AddHeading(Control& heading);
-    void AddEntry(Control& entry, QMenu& under);
+    void AddEntry(Control& entry, QMenu& under, bool opensView);
     void AddText();
     void ShowText();
 
