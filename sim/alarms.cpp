@@ -18,7 +18,7 @@ struct Place {
 constexpr Place kPlaces[] = {
     {55, 203, 0, 201, 6}, {49, 203, 2, 201, 4}, {223, 231, 0, 229, 2}, {217, 231, 2, 229, 0}};
 
-constexpr int kActiveHigh = 0, kActiveLow = 1;  // above these the alarm is disabled
+constexpr int kActiveHigh = 0, kActiveLow = 1;  // other states are disabled
 constexpr int kFirstRemoteDisplay = 6;          // Display Types from here on watch Item 3 alone
 
 int SetpointOf(const Memory& memory, const Place& place) {
@@ -40,22 +40,37 @@ Reading SourceOf(const Memory& memory, const ItemPlan& plan, const Place& place)
     }
 }
 
+AlarmSetup SetupOf(const Memory& memory, const ItemPlan& plan, const Place& place) {
+    AlarmSetup setup;
+    const int state = memory.Bits(place.StateByte, place.StateBit + 1, place.StateBit);
+    const int typeBit = 4 + place.StateBit / 2;
+    setup.Enabled = state == kActiveHigh || state == kActiveLow;
+    setup.ActiveLow = state == kActiveLow;
+    setup.Latching = memory.Bits(place.StateByte, typeBit, typeBit) != 0;
+    setup.Setpoint = SetpointOf(memory, place);
+    setup.Source = SourceOf(memory, plan, place);
+    setup.Readings = 1 << memory.Bits(place.ReadingByte, 2, 0);
+    return setup;
+}
+
 }  // namespace
 
-void Alarms::Judge(const Memory& memory, const ItemPlan& plan, int fitted,
-                   const std::function<int(Reading)>& valueOf) {
+AlarmSetups AlarmSetupsOf(const Memory& memory, const ItemPlan& plan, int fitted) {
+    AlarmSetups setups;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(fitted); ++i)
+        setups[i] = SetupOf(memory, plan, kPlaces[i]);
+    return setups;
+}
+
+void Alarms::Judge(const AlarmSetups& setups, const std::array<int, 3>& items) {
     for (std::size_t i = 0; i < on_.size(); ++i) {
-        const Place& place = kPlaces[i];
-        const int state = memory.Bits(place.StateByte, place.StateBit + 1, place.StateBit);
-        const bool disabled = static_cast<int>(i) >= fitted || state > kActiveLow;
-        const int value = valueOf(SourceOf(memory, plan, place));
-        const int setpoint = SetpointOf(memory, place);
-        const bool beyond = !disabled && (state == kActiveHigh ? value >= setpoint : value <= setpoint);
-        const int typeBit = 4 + place.StateBit / 2;
-        const bool held = on_[i] && !disabled && memory.Bits(place.StateByte, typeBit, typeBit) != 0;
-        const int needed = 1 << memory.Bits(place.ReadingByte, 2, 0);  // 1, 2, 4 ... 128
-        running_[i] = beyond ? std::min(running_[i] + 1, needed) : 0;
-        on_[i] = running_[i] == needed || held;
+        const AlarmSetup& setup = setups[i];
+        const int value = items[static_cast<std::size_t>(setup.Source)];
+        const bool beyond =
+            setup.Enabled && (setup.ActiveLow ? value <= setup.Setpoint : value >= setup.Setpoint);
+        const bool held = on_[i] && setup.Enabled && setup.Latching;
+        running_[i] = beyond ? std::min(running_[i] + 1, setup.Readings) : 0;
+        on_[i] = running_[i] == setup.Readings || held;
     }
 }
 

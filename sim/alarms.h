@@ -6,18 +6,28 @@
 #pragma once
 
 #include <array>
-#include <functional>
 
 #include "sim/item_plan.h"
 
 namespace sim {
 
+struct AlarmSetup {
+    bool Enabled = false;  // fitted, and active high or low
+    bool ActiveLow = false;
+    bool Latching = false;
+    int Setpoint = 0;  // counts
+    Reading Source = Reading::Item1;
+    int Readings = 1;  // as many beyond the setpoint: 1, 2, 4 ... 128
+};
+using AlarmSetups = std::array<AlarmSetup, 4>;
+
+// Alarms 1 to `fitted` (0, 2 or 4, as there are relays) as the setup has them.
+AlarmSetups AlarmSetupsOf(const Memory& memory, const ItemPlan& plan, int fitted);
+
 class Alarms {
   public:
-    // Judges one measurement for alarms 1 to `fitted` (0, 2 or 4, as there are relays); the others are off.
-    // `valueOf` gives an Item in counts.
-    void Judge(const Memory& memory, const ItemPlan& plan, int fitted,
-               const std::function<int(Reading)>& valueOf);
+    // Judges one measurement: Items 1 to 3, in counts.
+    void Judge(const AlarmSetups& setups, const std::array<int, 3>& items);
     // Lets go of alarms that were held on; what still holds comes on again with the next measurement.
     void ResetLatched();
 

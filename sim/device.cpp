@@ -113,9 +113,17 @@ void Device::Follow(double nowMs) {
     for (; *nextReadingMs_ <= nowMs; *nextReadingMs_ += readingIntervalMs_) Measure(*nextReadingMs_);
 }
 
+void Device::AdoptSetup() {
+    adoptedChanges_ = memory_.Changes();
+    readings_.Adopt(memory_, Plan());
+    alarmSetups_ = AlarmSetupsOf(memory_, Plan(), FittedAlarms());
+}
+
+// Hours may have to be made up for, so a measurement asks the memory for nothing that has not changed.
 void Device::Measure(double nowMs) {
-    readings_.Measure(memory_, Plan(), nowMs);
-    alarms_.Judge(memory_, Plan(), FittedAlarms(), [this](Reading which) { return Value(which); });
+    if (adoptedChanges_ != memory_.Changes()) AdoptSetup();
+    readings_.Measure(nowMs);
+    alarms_.Judge(alarmSetups_, {Value(Reading::Item1), Value(Reading::Item2), Value(Reading::Item3)});
 }
 
 int Device::Value(Reading which) const {

@@ -88,6 +88,7 @@ class Device {
 
   private:
     ItemPlan Plan() const { return ItemPlanOf(BoardByte()); }
+    void AdoptSetup();
     void Measure(double nowMs);
     std::string ValueTextOf(Reading which) const;
     int FittedAlarms() const;
@@ -100,6 +101,8 @@ class Device {
     std::map<int, int> liveBytes_;
     Readings readings_;
     Alarms alarms_;
+    AlarmSetups alarmSetups_;
+    std::optional<std::uint64_t> adoptedChanges_;  // of the memory, when the setup was last adopted
     double readingIntervalMs_;
     std::optional<double> nextReadingMs_;
     std::optional<RemoteValue> remoteShown_, remoteItem3_;

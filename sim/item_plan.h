@@ -5,7 +5,7 @@
 
 namespace sim {
 
-enum class Reading { Item1, Item2, Item3, Peak, Valley };
+enum class Reading { Item1 = 0, Item2 = 1, Item3 = 2, Peak, Valley };
 
 // How an arrangement of Items shares the two decimal points of the setup.
 enum class ItemLayout {

@@ -25,7 +25,12 @@ class Memory {
   public:
     // Words, address 0x00..0xFF.
     std::uint16_t Word(int address) const { return words_.at(static_cast<std::size_t>(address)); }
-    void SetWord(int address, std::uint16_t value) { words_.at(static_cast<std::size_t>(address)) = value; }
+    void SetWord(int address, std::uint16_t value) {
+        words_.at(static_cast<std::size_t>(address)) = value;
+        ++changes_;
+    }
+    // Another number after every write: what was worked out from the words holds as long as it stays.
+    std::uint64_t Changes() const { return changes_; }
 
     // `count` words from `highest` down, four digits each; empty when they run out of the memory.
     std::string Block(int highest, int count) const;
@@ -47,6 +52,7 @@ class Memory {
 
   private:
     std::array<std::uint16_t, 256> words_{};
+    std::uint64_t changes_ = 0;
 };
 
 }  // namespace sim

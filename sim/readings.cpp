@@ -45,15 +45,15 @@ Readings::Readings(const MeterOptions& options, const Memory& memory)
       frequencyHz_(options.FrequencyHz),
       timebasePpm_(options.TimebasePpm.value_or(-CalibrationPpmOf(memory))) {}
 
-void Readings::Measure(const Memory& memory, const ItemPlan& plan, double nowMs) {
+void Readings::Adopt(const Memory& memory, const ItemPlan& plan) {
+    rate_.reset();
+    if (frequencyHz_ && plan.RateOfA) rate_ = CountsOf(ScaledFrequency(memory) + Offset1Of(memory));
+}
+
+void Readings::Measure(double nowMs) {
     if (!beganMs_) beganMs_ = nowMs;
-    if (frequencyHz_ && plan.RateOfA) {
-        item1_ = CountsOf(ScaledFrequency(memory) + Offset1Of(memory));
-        base_ = item1_;
-    } else {
-        item1_ = CountsOf(SignalAt(signal_, nowMs - *beganMs_));
-        base_ = signal_.Value;
-    }
+    item1_ = rate_ ? *rate_ : CountsOf(SignalAt(signal_, nowMs - *beganMs_));
+    base_ = rate_ ? *rate_ : signal_.Value;
     peak_ = std::max(item1_, peak_.value_or(item1_));
     valley_ = std::min(item1_, valley_.value_or(item1_));
 }

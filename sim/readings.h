@@ -17,10 +17,12 @@ class Readings {
     // Without an error of its own the time base has the one that the calibration in `memory` makes good.
     Readings(const MeterOptions& options, const Memory& memory);
 
-    // One measurement at `nowMs`; the signal begins at the first. Item 1 is the signal or, with a frequency
-    // applied and a plan that shows it, the frequency by scale and offset 1. Items 2 and 3 go with it: Item 2
-    // falls while Item 1 climbs, Item 3 passes through zero.
-    void Measure(const Memory& memory, const ItemPlan& plan, double nowMs);
+    // Takes over the scale of a setup, for the measurements to come: with a frequency applied and a plan that
+    // shows it, Item 1 is the frequency by scale and offset 1, otherwise it is the signal.
+    void Adopt(const Memory& memory, const ItemPlan& plan);
+    // One measurement at `nowMs`; the signal begins at the first. Items 2 and 3 go with Item 1: Item 2 falls
+    // while it climbs, Item 3 passes through zero.
+    void Measure(double nowMs);
     // Raw counts of the latest measurement: the display's digits without the point.
     int Value(Reading which) const;
 
@@ -36,6 +38,7 @@ class Readings {
     SignalOptions signal_;
     std::optional<double> frequencyHz_;
     double timebasePpm_;
+    std::optional<int> rate_;  // Item 1, when it is the frequency
     std::optional<double> beganMs_;
     std::optional<int> peak_, valley_;
     int item1_ = 0;

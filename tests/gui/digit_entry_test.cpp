@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLineEdit>
 
 #include "support/setup_window.h"
 
@@ -51,19 +52,19 @@ struct Entry {
 // Gate Time is 000.00 at 177, Scale 1 +1.00000 at 43, Low In 1 at 103, the bytes at 111 and 149.
 // clang-format off
 constexpr Entry kEntries[] = {
-    {"typed, OK",             0, "txtGateTime", "01250 ok",         177, "E204", "012.50",    false, 0},
-    {"a point is swallowed",  0, "txtGateTime", "0.1250 ok",        177, "E204", "012.50",    false, 0},
-    {"clicks on boxes",       0, "txtGateTime", "00000 box3 1 ok",  177, "E803", "010.00",    false, 0},
-    {"arrows",                0, "txtGateTime", "00000 left left 7 ok", 177, "4600", "000.70", false, 0},
-    {"rejected",              0, "txtGateTime", "9x00100 ok",       177, "0A00", "001.00",    false, 2},
-    {"Enter leaves it up",    0, "txtGateTime", "01250 enter",      177, "E204", "012.50",    true,  0},
-    {"Enter, then Escape",    0, "txtGateTime", "01250 enter esc",  177, "E204", "012.50",    false, 0},
+    {"typed, OK",             0, "txtGateTime", "01250 ok",         177, "04E2", "012.50",    false, 0},
+    {"a point is swallowed",  0, "txtGateTime", "0.1250 ok",        177, "04E2", "012.50",    false, 0},
+    {"clicks on boxes",       0, "txtGateTime", "00000 box3 1 ok",  177, "03E8", "010.00",    false, 0},
+    {"arrows",                0, "txtGateTime", "00000 left left 7 ok", 177, "02BC", "007.00", false, 0},
+    {"rejected",              0, "txtGateTime", "9x00100 ok",       177, "0064", "001.00",    false, 2},
+    {"Enter leaves it up",    0, "txtGateTime", "01250 enter",      177, "04E2", "012.50",    true,  0},
+    {"Enter, then Escape",    0, "txtGateTime", "01250 enter esc",  177, "04E2", "012.50",    false, 0},
     {"Cancel",                0, "txtGateTime", "01250 cancel",     177, "",     "",          false, 0},
     {"Escape",                0, "txtGateTime", "01250 esc",        177, "",     "",          false, 0},
     {"the window's button",   0, "txtGateTime", "01250 close",      177, "",     "",          false, 0},
-    {"Tab to OK",             0, "txtGateTime", "01250 tab space",  177, "E204", "012.50",    false, 0},
+    {"Tab to OK",             0, "txtGateTime", "01250 tab space",  177, "04E2", "012.50",    false, 0},
     {"Tab, Enter on Cancel",  0, "txtGateTime", "01250 tab tab enter", 177, "",  "",          false, 0},
-    {"and back",              0, "txtGateTime", "tab back 01250 ok", 177, "E204", "012.50",   false, 0},
+    {"and back",              0, "txtGateTime", "tab back 01250 ok", 177, "04E2", "012.50",   false, 0},
     {"a sign",                1, "txtScale1[0]", "-200000 ok",       43, "",     " -2.00000", false, 0},
     {"a byte",                4, "txtCusRecog", "255 ok",           149, "FF",   "255",       false, 0},
     {"a byte of 256",         4, "txtCusRecog", "256 ok",           149, "",     "",          true,  1},
@@ -126,7 +127,7 @@ TEST(DigitEntryDialog, ASecondPressDuringThePauseStoresNothingMore) {
         QTest::keyClick(PartOf(window, "digits"), Qt::Key_Escape);
     });
     DoAll(window, "+010101 ok");
-    EXPECT_EQ(window.Digits(37, 6), "4D0E00") << "3661 seconds";
+    EXPECT_EQ(window.Digits(37, 6), "000E4D") << "3661 seconds";
     EXPECT_FALSE(window.Page->Entry().isVisible());
 }
 

@@ -83,7 +83,7 @@ const PicturedSetup kSetups[] = {
     {"as delivered",          83, 0, {}},
     {"rate, conditioners",    83, 0, {{193,2,0,1}, {193,6,5,1}, {159,1,0,2}, {195,6,0,0x6D}, {157,1,0,3}}},
     {"batch",                 83, 0, {{193,2,0,1}, {199,7,0,0x02}, {171,5,0,0x2D}, {165,7,0,0x9A}, {155,3,0,0}}},
-    {"A + b",                 83, 0, {{193,2,0,1}, {199,7,0,0x0B}, {151,6,4,3}, {151,2,0,5}, {37,7,0,0x80}, {41,7,0,0x7B}}},
+    {"A + b",                 83, 0, {{193,2,0,1}, {199,7,0,0x0B}, {151,6,4,3}, {151,2,0,5}, {37,7,0,0xFF}, {39,7,0,0xFF}, {41,7,0,0x85}}},
     {"A / b-1, code 7",       83, 0, {{193,2,0,1}, {199,7,0,0x0F}, {151,6,4,7}, {151,2,0,7}, {155,3,0,11}}},
     {"period, curve",         83, 0, {{193,2,0,1}, {199,7,0,0x11}, {185,3,2,3}, {185,1,1,1}, {235,7,0,1}}},
     {"total, preset",         83, 0, {{193,2,0,1}, {193,6,5,1}, {199,7,0,0x24}, {151,2,0,2}, {29,7,0,0x39}}},
@@ -119,14 +119,13 @@ QImage PictureOf(const PicturedSetup& setup) {
         grid.SetRowHeight(kRow);
         grid.setFixedSize(grid.sizeHint());
         GuiPump::Settle();
-        const int width = grid.horizontalHeader()->length();
-        parts[i] = QImage(width, grid.rowCount() * kRow, QImage::Format_RGB32);
+        if (grid.rowCount() == 0) continue;  // no setpoints
+        parts[i] = QImage(grid.horizontalHeader()->length(), grid.rowCount() * kRow, QImage::Format_RGB32);
         parts[i].fill(Qt::black);
         grid.viewport()->render(&parts[i]);
         height += i == 0 ? 0 : parts[i].height() + kRow;
     }
-    QImage picture(parts[0].width() + parts[4].width() + kRow, std::max(height, parts[0].height()),
-                   QImage::Format_RGB32);
+    QImage picture(2 * parts[0].width() + kRow, std::max(height, parts[0].height()), QImage::Format_RGB32);
     picture.fill(Qt::black);
     QPainter painter(&picture);
     painter.drawImage(0, 0, parts[0]);
@@ -277,7 +276,7 @@ TEST(MenuPage, WhatStandsBesideARowFollowsTheScrolling) {
 }
 
 TEST(MenuPage, CopiesTheMarkedRowOrAllOfThem) {
-    MenuPageBench bench({{37, 7, 0, 0x80}, {41, 7, 0, 0x7B}, {151, 2, 0, 3}});
+    MenuPageBench bench({{37, 7, 0, 0xFF}, {39, 7, 0, 0xFF}, {41, 7, 0, 0x85}, {151, 2, 0, 3}});
     bench.Show();
     SegmentGrid& grid = bench.Main();
     QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);

@@ -13,13 +13,13 @@
 namespace counter::test {
 namespace {
 
-struct Setup {
+struct GivenSetup {
     const char* Name;
     const char* Given;
 };
 
 // clang-format off
-constexpr Setup kSetups[] = {
+constexpr GivenSetup kSetups[] = {
     {"Rate A, B",              ""},
     {"Batch",                  "199=02"},
     {"V-F with a curve",       "193=FC 199=83 185=0D"},
@@ -85,7 +85,7 @@ void ExpectSame(const SetupWindow& window, const std::string& when) {
 }
 
 TEST(SetupPage, WidgetsFollowTheFormOnEveryPage) {
-    for (const Setup& setup : kSetups) {
+    for (const GivenSetup& setup : kSetups) {
         SetupWindow window(setup.Given);
         for (int tab = 0; tab < 7; ++tab) {
             window.ClickTab(tab);
@@ -205,7 +205,7 @@ std::vector<QWidget*> TabOrder(SetupWindow& window) {
 }
 
 TEST(SetupPage, TabReachesEveryEnabledControlInReadingOrder) {
-    for (const Setup& setup : kSetups) {
+    for (const GivenSetup& setup : kSetups) {
         SetupWindow window(setup.Given);
         for (int tab = 0; tab < 7; ++tab) {
             window.ClickTab(tab);
@@ -267,7 +267,7 @@ void ExpectWhole(const SetupWindow& window, const std::string& when) {
 TEST(SetupPage, NothingIsClipped) {
     for (const double factor : {1.0, 1.5, 2.0}) {
         const FontScale font(factor);
-        for (const Setup& setup : kSetups) {
+        for (const GivenSetup& setup : kSetups) {
             SetupWindow window(setup.Given);
             for (int tab = 0; tab < 7; ++tab) {
                 window.ClickTab(tab);

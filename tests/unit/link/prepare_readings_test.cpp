@@ -30,13 +30,14 @@ struct FlagMeter : MeterLine {
 
 struct PrepareDesk {
     FrameRules Ask(const Replies& meter, int version) {
+        State.CharTimeMs = 1;
         Line.Known = meter;
         PrepareReadings(L, version, Rules);
         return Rules;
     }
     VirtualPump Pump;
     FlagMeter Line{Pump};
-    LinkState State{.CharTimeMs = 1};
+    LinkState State;
     Link L{State, Pump, Line};
     FrameRules Rules{0, 'x', 'y', 0};
 };

@@ -36,12 +36,17 @@ inline Lines RecordFrom(const ChartSurface& chart, std::size_t first = 0) {
     return lines;
 }
 
-// The record and the reviewed one in the file `name`.
+// The record and the reviewed one in the file `name`. Another record is left in the temporary folder, to be
+// reviewed.
 inline void ExpectGolden(const ChartSurface& chart, const std::string& name) {
     std::ifstream file(TEST_FOLDER "/" + name);
     Lines golden;
     for (std::string line; std::getline(file, line);) golden.push_back(line);
-    EXPECT_EQ(RecordFrom(chart), golden);
+    const Lines lines = RecordFrom(chart);
+    EXPECT_EQ(lines, golden);
+    if (lines == golden) return;
+    std::ofstream changed(testing::TempDir() + name);
+    for (const std::string& line : lines) changed << line << "\n";
 }
 
 }  // namespace counter::test

@@ -42,8 +42,7 @@ TEST(Alarms, FollowTheirSetup) {
         Alarms alarms;
         std::string seen;
         for (int reading : {100, 99, 101, 99}) {
-            alarms.Judge(memory, ItemPlan{}, c.Fitted,
-                         [&](Reading which) { return which == Reading::Item1 ? reading : -reading - 2; });
+            alarms.Judge(AlarmSetupsOf(memory, ItemPlan{}, c.Fitted), {reading, -reading - 2, -reading - 2});
             seen += seen.empty() ? "" : " ";
             for (bool on : alarms.On()) seen += on ? '1' : '0';
         }

@@ -77,6 +77,7 @@ void DigitEntryDialog::Follow() {
     front_->Refresh();
     if (Beep && entry_.Beeps() > beepsHeard_) Beep();
     beepsHeard_ = entry_.Beeps();
+    if (Followed) Followed();
     if (entry_.Shown()) return;
     hide();
     if (Closed) Closed();

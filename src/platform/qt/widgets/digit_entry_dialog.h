@@ -27,6 +27,8 @@ class DigitEntryDialog : public QDialog {
     std::function<void()> Closed;
     std::function<void(int helpNumber)> OpenHelp;
     std::function<void()> Beep;
+    // After each key: Enter has stored, and the field behind the dialog shows it.
+    std::function<void()> Followed;
 
     // Escape and the window's own button: Cancel.
     void reject() override;

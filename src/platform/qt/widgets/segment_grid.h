@@ -44,12 +44,13 @@ class SegmentGrid : public QTableWidget {
     std::function<void(int row)> Moved;  // to a row by the keys
     std::function<void(int firstVisibleRow)> Scrolled;
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
   protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
 
   private:
     void Tune();

@@ -126,6 +126,7 @@ void SetupPage::Connect() {
     view_.TakeFocus = [this](const Control& control) { MoveFocus(control); };
     dialog_->Closed = [this] { view_.EntryClosed(); };
     dialog_->OpenHelp = view_.OpenHelp;
+    dialog_->Followed = [this] { bound_.Refresh(); };
     dialog_->Beep = [this] { view_.Program.Boxes.Beep(); };
 }
 
