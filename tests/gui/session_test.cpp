@@ -72,6 +72,33 @@ TEST(DesktopSession, TheTourEndsWhereItBegan) {
     EXPECT_EQ(stops.size(), 23U);
 }
 
+// Text that a label, button or list has no room for.
+void ExpectWhole(const QWidget& shown, const std::string& when) {
+    for (const QWidget* widget : shown.findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const bool text = (label && !label->wordWrap()) || qobject_cast<const QAbstractButton*>(widget) ||
+                          qobject_cast<const QComboBox*>(widget);
+        if (!text || !widget->isVisible() || qobject_cast<const QTabBar*>(widget->parentWidget())) continue;
+        const QSize need = widget->minimumSizeHint();
+        EXPECT_TRUE(widget->width() >= need.width() && widget->height() >= need.height())
+            << when << ": " << widget->objectName().toStdString() << " " << QTest::toString(widget->size())
+            << " needs " << QTest::toString(need);
+    }
+}
+
+TEST(DesktopSession, NothingIsClippedInAnyViewAtAnyScale) {
+    const QFont before = QApplication::font();
+    for (const double factor : {1.0, 1.5, 2.0}) {
+        QFont font = before;
+        font.setPointSizeF(before.pointSizeF() * factor);
+        QApplication::setFont(font);
+        Tour([factor](const QWidget& shown, const std::string& name) {
+            ExpectWhole(shown, name + " x " + std::to_string(factor));
+        });
+    }
+    QApplication::setFont(before);
+}
+
 TEST(DesktopSession, EveryMenuEntryLeadsSomewhereAndBack) {
     GuiBench bench;
     bench.Choose("mnuGet");

@@ -87,6 +87,7 @@ inline void TourLink(const TourStop& stop) {
     view.Load();
     view.Controls.Click(view.cmdTest);
     window.show();
+    GuiPump::Settle();
     stop(window, "counter-link");
 }
 

@@ -22,6 +22,7 @@ struct GuiBench : BenchMeterOf<GuiPump> {
         Desk = std::make_unique<Desktop>(Program, Desktop::Folders{{"help"}, {"boards"}});
         if (!started.Ok()) Program.Home.ShowStatus(started.Text(), ColorRed);
         Desk->GoHome();
+        Desk->Window().resize(1000, 700);  // as on a screen with room for it
         Desk->Window().show();
         GuiPump::Settle();
     }

@@ -37,6 +37,7 @@ struct SetupWindow {
         Window.AddPage(Page);
         Page->ComeToFront();
         Window.ShowPage(Page, false);
+        Window.resize(1000, 700);  // as on a screen with room for it
         Window.show();
         Window.activateWindow();
         Pump.Settle();

@@ -23,6 +23,8 @@ constexpr int kGrid = 8;  // the pixel grid of all views
 class PickList : public QComboBox {
   public:
     using QComboBox::QComboBox;
+    // Its entries are read whole, however narrow the column.
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }

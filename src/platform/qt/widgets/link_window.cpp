@@ -31,7 +31,6 @@ LinkWindow::LinkWindow(LinkSetup& view) : view_(view), bound_(view.Controls), st
     whole->addWidget(strip_);
     strip_->LeaveOutBar();
     strip_->Line().setMinimumHeight(fontMetrics().lineSpacing() * kStripLines);
-    setMinimumWidth(fontMetrics().averageCharWidth() * kWindowWidth);
 
     QGridLayout* line = AddGroup(*column, "Line");
     for (Control* control : {&view.cboPort, &view.txtDevice, &view.cboBaud}) AddRow(*line, *control);
@@ -49,6 +48,7 @@ LinkWindow::LinkWindow(LinkSetup& view) : view_(view), bound_(view.Controls), st
     AddButtons(*column);
     bound_.BindSpecial(view.lblResult, &strip_->Line(), [this] { strip_->ShowLine(view_.lblResult); });
     bound_.Refresh();
+    resize(fontMetrics().averageCharWidth() * kWindowWidth, sizeHint().height());
 }
 
 QGridLayout* LinkWindow::AddGroup(QVBoxLayout& column, const QString& title) {
