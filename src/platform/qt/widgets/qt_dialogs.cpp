@@ -17,7 +17,7 @@ QString BoxText(const std::string& text) {
 }
 
 void FillBox(QMessageBox& box, const Message& message) {
-    box.setWindowTitle(message.Title.empty() ? QApplication::applicationDisplayName()
+    box.setWindowTitle(message.Title.empty() ? QStringLiteral("Counter Setup")
                                              : QtText(message.Title));
     box.setTextFormat(Qt::PlainText);
     box.setText(BoxText(message.Text));

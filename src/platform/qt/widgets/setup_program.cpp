@@ -18,7 +18,6 @@ namespace counter {
 int RunSetupProgram(int argc, char** argv) {
     QApplication application(argc, argv);
     SettleLocale();
-    QApplication::setApplicationDisplayName("Counter Setup");
     const std::string folder = FolderArgument(application, "Setup tool for a panel counter/timer.");
     QtFiles files;
     QtPump pump;
