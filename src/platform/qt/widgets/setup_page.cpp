@@ -54,7 +54,9 @@ SetupPage::SetupPage(SetupView& view, QWidget* parent)
     ShowAll();
 }
 
+// The dialog goes first: closing, it still asks the entry that it shows.
 SetupPage::~SetupPage() {
+    delete dialog_;
     view_.OpenDigitEntry = nullptr;
     view_.OpenHelp = nullptr;
     view_.ShowMainMenu = nullptr;
