@@ -8,6 +8,7 @@
 #include <QScrollArea>
 #include <set>
 
+#include "platform/qt/widgets/column_list.h"
 #include "support/setup_window.h"
 
 namespace counter::test {
@@ -296,12 +297,20 @@ TEST(SetupPage, ALargerFontReachesAnOpenPage) {
 
 TEST(SetupPage, WhatIsHiddenKeepsItsPlace) {
     SetupWindow window;
-    const QPoint before = window.WidgetOf("cboPwrOnTot")->mapTo(&window.Window, QPoint());
-    ASSERT_TRUE(window.WidgetOf("fraPulses")->isHidden());
-    window.Pick("cboInOpt", 2);
-    window.Pick("cboFunction", 2);
-    ASSERT_FALSE(window.WidgetOf("fraPulses")->isHidden());
-    EXPECT_EQ(window.WidgetOf("cboPwrOnTot")->mapTo(&window.Window, QPoint()), before);
+    QWidget* below = window.WidgetOf("cboAction");
+    const QPoint before = below->mapTo(&window.Window, QPoint());
+    ASSERT_FALSE(window.WidgetOf("fraDspyN")->isHidden());
+    window.Pick("cboInOpt", 0);
+    ASSERT_TRUE(window.WidgetOf("fraDspyN")->isHidden());
+    ASSERT_FALSE(below->isHidden());
+    EXPECT_EQ(below->mapTo(&window.Window, QPoint()), before);
+}
+
+TEST(ColumnList, EntriesStandUnderTheirHeadings) {
+    const QString heading = "  One ------ Two ---- Three, both";
+    EXPECT_EQ(SpreadEntry("A b   C  D e", heading), "  A b        C        D e");
+    EXPECT_EQ(SpreadEntry("a word too long  C", heading), "  a word too longC") << "nothing is lost";
+    EXPECT_EQ(SpreadEntry("", heading), "");
 }
 
 TEST(SetupPage, ABatchCountHasNoResolution) {

@@ -20,7 +20,7 @@ QWidget* AlarmBox(SetupLayout& layout, QWidget* page, int alarm, CaptionColumn& 
 
 void LayOutAlarms(SetupLayout& layout, QWidget* page) {
     const AlarmsPage& alarms = layout.View.Alarms;
-    QGridLayout* grid = MakePageGrid(page, 2);
+    QGridLayout* grid = MakePageGrid(page, 3);
     grid->setVerticalSpacing(kSetupGrid / 2);
     CaptionColumn& captions = layout.NewCaptions();
     for (int pair = 0; pair < 2; ++pair) {
@@ -32,7 +32,7 @@ void LayOutAlarms(SetupLayout& layout, QWidget* page) {
             layout.Bound.MakeRow(alarms.NumRdgsAlms.Frame[pair], alarms.NumRdgsAlms.Inner[pair], page);
         readings->setContentsMargins(kSetupGrid, 0, kSetupGrid, 0);
         layout.NewCaptions().Rows.push_back(readings);
-        grid->addWidget(readings, 2 * pair + 1, 0);
+        grid->addWidget(readings, 2 * pair + 1, 0, 1, 2, Qt::AlignLeft);
     }
     grid->addWidget(layout.Bound.Make(alarms.chkDevStatus, page), 4, 0);
     grid->setRowStretch(5, 1);

@@ -17,7 +17,7 @@ QWidget* OutputBox(SetupLayout& layout, QWidget* page, Control& frame,
 
 void LayOutAnalog(SetupLayout& layout, QWidget* page) {
     const AnalogPage& analog = layout.View.Analog;
-    QGridLayout* grid = MakePageGrid(page, 2);
+    QGridLayout* grid = MakePageGrid(page, 3);
     grid->addWidget(OutputBox(layout, page, analog.fraAnaOut,
                               {&analog.Source, &analog.AnaLo, &analog.Range, &analog.AnaHi}),
                     0, 0);

@@ -8,7 +8,7 @@ namespace counter {
 
 // "Meter Reset       Func Reset          Meter Reset" has three parts, two blanks or more between them. In
 // the heading runs of "-" stand between the columns, and its columns are wider than those of the entries, so
-// each part is drawn where the heading has its column. Box and heading have one fixed pitch.
+// each entry is drawn with blanks that put its parts below the columns. Box and heading have one fixed pitch.
 class ColumnList : public QComboBox {
   public:
     ColumnList(QWidget* parent, const QString& heading);
@@ -26,8 +26,10 @@ class ColumnList : public QComboBox {
   private:
     QRect TextRect() const;
 
-    int headingLength_;  // in characters
-    std::vector<int> columns_;
+    QString heading_;
 };
+
+// The entry with its parts moved below the heading's columns; parts that the heading lacks are left out.
+QString SpreadEntry(const QString& entry, const QString& heading);
 
 }  // namespace counter

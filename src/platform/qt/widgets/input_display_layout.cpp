@@ -44,8 +44,9 @@ QWidget* InputBox(SetupLayout& layout, QWidget* page) {
     BoxColumn column(layout, box, layout.NewCaptions());
     column.Add(layout.View.Modes.Mode);
     column.Add(layout.View.Modes.Function);
+    // The last two are often hidden.
     for (const Framed* pair :
-         {&input.GateTime, &input.TimeOut, &input.Pulses, &input.CutoffEnable, &input.PwrOnTot})
+         {&input.GateTime, &input.TimeOut, &input.PwrOnTot, &input.Pulses, &input.CutoffEnable})
         column.Add(*pair);
     column.End();
     return box;

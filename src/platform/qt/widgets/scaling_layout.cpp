@@ -46,10 +46,10 @@ QWidget* ItemBox(SetupLayout& layout, QWidget* page, Control& frame, Control& na
     AddGroup(column, frame, scaling.Group1);
     AddGroup(column, frame, scaling.Group2);
     AddInFrame(column, frame, scaling.TrigSlpA);
-    AddInFrame(column, frame, scaling.TrigSlpB);
     AddInFrame(column, frame, scaling.CusCrv);
     AddInFrame(column, frame, scaling.Rd0In);
     AddInFrame(column, frame, scaling.chkSqRt);
+    AddInFrame(column, frame, scaling.TrigSlpB);  // often hidden, so its place is the last
     column.End();
     return box;
 }
