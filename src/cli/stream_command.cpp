@@ -189,10 +189,6 @@ int StreamCommand(const CommandCall& call) {
         return RefuseCall(call, "the reading stream exists only in Custom ASCII over a serial line");
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
-    if (link.Program().LinkData.EthernetMode == 1) {
-        link.Finish();
-        return RefuseCall(call, "the reading stream runs only over a serial line, not through a node");
-    }
     StreamRun run(call, link, limits);
     return run.Run();
 }

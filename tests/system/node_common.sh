@@ -1,5 +1,6 @@
 # What the system tests with a node share. Stories run side by side, since they mostly wait: each has a folder, a
-# node at an address of its own and a TCP port of its own. Sourced with BIN and FOLDER as arguments of the test.
+# node at an address of its own and a TCP port of its own, and so has each run of a test on this machine. Twelve stories
+# at most. Sourced with BIN and FOLDER as arguments of the test.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 # start_node ARGUMENT...: a simulated meter behind a node at $ip.
@@ -16,6 +17,7 @@ lay_down() { ctl 0 settings init --force NodeAddress=0080A3010203 NodeIp="$ip" T
 hears() { grep -qF -- "$1" "$work/peer.log" || { cat "$work/peer.log"; fail "the node never heard '$1'"; }; }
 last_line() { [ "$(tail -n 1 "$work/err")" = "$1" ] || { cat "$work/err"; fail "last line is not '$1'"; }; }
 
+run=$(($$ % 1000))
 stories=()
 pids=()
 # story FUNCTION: begins it in the background.
@@ -27,8 +29,8 @@ story() {
         trap stop_peer EXIT
         work=$work/$name
         home=$work/home
-        ip=127.63.$((${first_number:-0} + number)).1
-        port=$((24000 + ${first_number:-0} + number))
+        ip=127.$((60 + run / 100)).$((run % 100)).$((number + 1))
+        port=$((20000 + run * 12 + number))
         $name
     ) >"$work/$name.log" 2>&1 &
     pids+=($!)

@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # Noise at the tool's ports during a Get: no crash, no growth, and where it is only noise, no harm.
 . "$(dirname "$0")/node_common.sh"
-first_number=40
 script=$(dirname "$(realpath "$0")")/node_noise.py
 
 # get_in KIND STATUS: leaves the peak memory in $work/peak.

@@ -61,33 +61,6 @@ TEST(Login, GivesUpAfterTenTriesOfTheSameDatagram) {
     EXPECT_TRUE(bench.Line.Calls().empty()) << "the serial port is not touched";
 }
 
-// The node's own check code takes every variant that the tool may pick.
-TEST(Login, EveryVariantIsUnderstood) {
-    for (int variant = 1; variant <= 8; ++variant) {
-        NodeBench bench;
-        Start(bench.Program);
-        EXPECT_TRUE(bench.Program.Node.Login({kNodeAddress, "192.168.0.5", 54321}, variant).Ok());
-        EXPECT_TRUE(bench.Program.Node.Connected()) << "variant " << variant;
-        EXPECT_EQ(bench.Net.TheNode().Told().at(0), "login 192.168.0.1 54321") << "variant " << variant;
-    }
-}
-
-TEST(Login, AnotherNodeDoesNotCall) {
-    NodeBench bench({"NodeAddress=0080A3010204"});
-    EXPECT_FALSE(bench.LogIn());
-    EXPECT_EQ(bench.Net.TheNode().Told().at(0), "bad datagram");
-}
-
-TEST(Login, APortThatIsTakenIsTold) {
-    NodeBench bench;
-    Start(bench.Program);
-    bench.Net.NextListen = {StatusKind::Busy, "TCP port 10001", "in use"};
-    EXPECT_EQ(LogIntoNode(bench.Program).Text(), "TCP port 10001: in use");
-    bench.Net.NextBind = {StatusKind::Busy, "UDP port 63179", "in use"};
-    EXPECT_EQ(LogIntoNode(bench.Program).Text(), "UDP port 63179: in use");
-    EXPECT_TRUE(bench.Net.Datagrams.empty());
-}
-
 TEST(Login, TheFirstCallerIsTakenWhoeverItIs) {
     NodeBench twice({}, {"login:twice"});
     EXPECT_TRUE(twice.LogIn());
@@ -119,18 +92,6 @@ TEST(KeepAlive, GoesOutEvery14thTickWhileConnected) {
     EXPECT_EQ(ticks, 72) << "the title still follows";
 }
 
-TEST(KeepAlive, RunsInNestedWaitsAndIsNotMadeUpFor) {
-    NodeBench bench;
-    ASSERT_TRUE(bench.LogIn());
-    bench.Pump.After(100, [&] { LinkDelay(bench.Program.Line, 13800); });
-    Pass(bench, 200);
-    EXPECT_EQ(bench.Net.Sent, Words{kKeepAlive});
-    bench.Program.Node.Close();
-    EXPECT_EQ(bench.Program.Node.State(), SocketState::Closed);
-    Pass(bench, 30000);
-    EXPECT_EQ(bench.Net.Sent.size(), 1U);
-}
-
 TEST(Connection, ALostOneIsToldByABoxAndHidesTheStatusLine) {
     for (const SocketState state : {SocketState::Closing, SocketState::Error, SocketState::Closed}) {
         NodeBench bench;
@@ -145,14 +106,6 @@ TEST(Connection, ALostOneIsToldByABoxAndHidesTheStatusLine) {
         EXPECT_EQ(bench.Boxes.Shown[0].Text, "Node communications appears broken.  Restart program.");
         EXPECT_FALSE(bench.Program.Home.StatusVisible);
     }
-}
-
-TEST(Connection, WithoutSocketsThereIsNone) {
-    BenchMeter bench({}, {"NodeAddress=0080A3010203"});
-    bench.SwitchOn();
-    EXPECT_FALSE(LogIntoNode(bench.Program).Ok());
-    EXPECT_FALSE(LineHolds(bench.Program.Line));
-    EXPECT_EQ(bench.Program.LinkData.LinkError, 27);
 }
 
 }  // namespace

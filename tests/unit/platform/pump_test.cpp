@@ -70,16 +70,5 @@ TEST(Every, TicksInWhateverWaitIsUnderWay) {
     EXPECT_THROW(pump.WaitUntil(Pump::kForever, Never, "nothing is due any more"), EndlessWait);
 }
 
-TEST(Every, ALateCallIsMadeOnce) {
-    VirtualPump pump;
-    int ticks = 0;
-    const auto ticker = pump.Every(100, [&] { ++ticks; });
-    pump.Sleep(1050);
-    pump.WaitUntil(pump.NowMs() + 10, Never, "behind ten");
-    EXPECT_EQ(ticks, 1);
-    pump.WaitUntil(pump.NowMs() + 100, Never, "the next");
-    EXPECT_EQ(ticks, 2);
-}
-
 }  // namespace
 }  // namespace counter::test

@@ -39,21 +39,6 @@ class NodeTool {
     double NowMs = 1000;
 };
 
-TEST(Node, CallsBackWhereTheLoginSays) {
-    Node node("0080A3010203", WithFaults({}, {"login#1:late=700", "login#2:noreply", "login#3:twice"}));
-    node.Datagram(Bytes(kLogin), "10.0.0.1", 0);
-    EXPECT_EQ(node.NextDueMs(), 700);
-    EXPECT_TRUE(node.TakeCalls(699).empty());
-    EXPECT_EQ(node.TakeCalls(700), (std::vector<NodeCall>{{"10.0.0.1", 10001}}));
-    node.Datagram(Bytes(kLogin), "10.0.0.1", 800);
-    EXPECT_TRUE(node.TakeCalls(9000).empty());
-    node.Datagram(Bytes(kLogin), "10.0.0.1", 9000);
-    EXPECT_EQ(node.TakeCalls(9000).size(), 2U);
-    node.Datagram("noise", "10.0.0.1", 9100);
-    EXPECT_TRUE(node.TakeCalls(9100).empty());
-    EXPECT_EQ(node.Told().back(), "bad datagram");
-}
-
 TEST(Node, ALoginWhileConnectedTakesTheNodeAway) {
     NodeTool tool;
     tool.Box.Datagram(Bytes(kLogin), "10.0.0.2", tool.NowMs);
@@ -93,38 +78,6 @@ TEST(Node, ItsOwnFramesDoNotReachTheMeter) {
         EXPECT_EQ(tool.Ask(Bytes("000000FF")), Words{status});
         EXPECT_EQ(tool.Box.Told(), (Words{"keep-alive", "on", "off"}));
         EXPECT_TRUE(tool.Box.Behind().Commands().empty());
-    }
-}
-
-TEST(Node, FaultsOfItsOwn) {
-    const char* const good = "000100000006010800010000";
-    const struct {
-        const char* Fault;
-        Words Segments;
-    } cases[] = {
-        {"08:wrongid", {"000000000006010800010000"}},
-        {"08:pieces=5,40", {"0001000000", "06010800010000"}},
-        {"08:close=3", {"000100", "close"}},
-        {"08:close=0", {"", "close"}},
-        {"08:status", {HexOfBytes(Bytes(kStatus)), good}},
-        {"08:noreply", {}},
-        {"08:badcheck", {}},
-        {"03:wrongid", {good}},
-    };
-    for (const auto& c : cases) {
-        NodeTool tool(LineProtocol::ModbusRtu, {c.Fault});
-        EXPECT_EQ(tool.Ask(Bytes("0001 0000 0006 01 0800010000")), c.Segments) << c.Fault;
-    }
-}
-
-TEST(Node, NoiseIsForgotten) {
-    for (const LineProtocol protocol : {LineProtocol::CustomAscii, LineProtocol::ModbusRtu}) {
-        NodeTool tool(protocol);
-        for (int i = 0; i < 100; ++i) tool.Ask(std::string(97, static_cast<char>(i)));
-        tool.Ask("\r\n");  // ends what the meter has heard of it
-        tool.Box.Connected();
-        const bool ascii = protocol == LineProtocol::CustomAscii;
-        EXPECT_EQ(tool.Ask(ascii ? "*1G130\r\n" : Bytes("0001 0000 0006 01 0800010000")).size(), 1U);
     }
 }
 

@@ -28,8 +28,6 @@ class VirtualPump : public Pump {
 
     // "After 300 ms": runs `event` when the clock reaches that time.
     void After(double ms, std::function<void()> event);
-    // The clock goes on while nobody waits.
-    void Sleep(double ms) { nowMs_ += ms; }
     // Somebody who is asked for the time of his next event, infinity for none, and told to run it.
     struct Source {
         std::function<double()> NextDueMs;

@@ -96,25 +96,19 @@ TEST(NodeGet, EndsGoodOrWithItsNumber) {
         {"ASCII, silent",               ascii,        "XR1A#1:noreply",        20, 0},
         {"ASCII, just in time",         ascii,        "XR1A#1:late=2900",       0, 0},
         {"ASCII, too late",             ascii,        "XR1A#1:late=3100",      20, 0},
-        {"ASCII, first in two pieces",  ascii,        "XR1A#1:pieces=54,30",    1, 0},
         {"ASCII, second in two pieces", ascii,        "XR35#1:pieces=54,30",    4, 0},
         {"ASCII, in pieces on the line", ascii,       "XR35#1:pause=54,30",     4, 0},
         {"ASCII, third cut by a close", ascii,        "XB74#1:close=10",        7, 0},
         {"ASCII, closed before it",     ascii,        "XB74#1:close=0",         7, 1},
-        {"ASCII, closed before G130",   ascii,        "G130#1:close=0",         8, 1},
         {"ASCII, status in front",      ascii,        "XR35#1:status",          0, 0},
-        {"ASCII, one digit more",       ascii,        "XR35#1:extra",           4, 0},
         {"RTU, silent",                 kRtu,         "030041#1:noreply",      20, 0},
         {"RTU, wrong transaction",      kRtu,         "030011#1:wrongid",      27, 0},
         {"RTU, damaged on the line",    kRtu,         "030011#1:badcheck",     20, 0},
         {"RTU, exception",              kRtu,         "030025#1:exception=2",   7, 0},
         {"RTU, pieces behind the id",   kRtu,         "030011#1:pieces=20,30",  4, 0},
-        {"RTU, pieces in the header",   kRtu,         "030011#1:pieces=3,30",   4, 0},
         {"RTU, pieces in the id",       kRtu,         "030011#1:pieces=1,30",  27, 0},
-        {"RTU, closed in mid reply",    kRtu,         "030041#1:close=20",     10, 0},
         {"RTU, closed before it",       kRtu,         "08#1:close=0",           1, 1},
         {"RTU, status in front",        kRtu,         "030064#1:status",        0, 0},
-        {"Modbus ASCII, silent",        kModbusAscii, "030064#1:noreply",      20, 0},
         {"Modbus ASCII, wrong id",      kModbusAscii, "08#1:wrongid",          27, 0},
         // clang-format on
     };
@@ -135,21 +129,6 @@ TEST(NodeGet, EndsGoodOrWithItsNumber) {
     }
 }
 
-TEST(NodeGet, AKeepAliveInTheMiddleDisturbsNothing) {
-    TransferNode bench(kRtu);
-    EXPECT_EQ(bench.Get(), 0);
-    EXPECT_EQ(bench.Net.TheNode().Told(), Words{"keep-alive"});
-}
-
-TEST(NodeGet, AnotherToolThatLogsInTakesTheNode) {
-    TransferNode bench(kLinkKinds[0]);
-    bench.Pump.After(4000, [&] {
-        bench.Net.TheNode().Datagram(bench.Net.Datagrams[0].second, "192.168.0.2", bench.Pump.NowMs());
-    });
-    EXPECT_NE(bench.Get(), 0);
-    EXPECT_EQ(bench.Boxes.Shown.size(), 1U);
-}
-
 TEST(NodePut, OverCustomAsciiTheFirstBlockGoesInPartsAndOnePartNot) {
     sim::MeterOptions options = OtherMeter();
     TransferNode bench(kLinkKinds[0], {}, {}, options);
@@ -166,20 +145,6 @@ TEST(NodePut, OverCustomAsciiTheFirstBlockGoesInPartsAndOnePartNot) {
     expected.replace(72, 36, before.substr(72, 36));  // never sent
     EXPECT_EQ(bench.Meter().ImageText().substr(0, 112), expected.substr(0, 112));
     EXPECT_EQ(bench.Net.TheNode().Told(), Words{"keep-alive"}) << "no command to the node";
-}
-
-TEST(NodePut, OverModbusTheMeterHoldsWhatASerialPutLeaves) {
-    for (const LinkKind& kind : {kRtu, kModbusAscii}) {
-        sim::MeterOptions options = OtherMeter();
-        TransferNode node(kind, {}, {}, options);
-        options.Protocol = kind.Protocol;
-        BenchMeter serial(options, {kind.Setting});
-        serial.SwitchOn();
-        serial.Program.Image = node.Program.Image;
-        PutSetup(serial.Program);
-        EXPECT_EQ(node.Put(), 0) << kind.Name;
-        EXPECT_EQ(node.Meter().ImageText(), serial.Line.Meter().ImageText()) << kind.Name;
-    }
 }
 
 // The command in front goes by the baud rate of the settings before the Put, the one behind by that after it.

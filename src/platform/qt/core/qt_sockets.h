@@ -1,4 +1,7 @@
-// QtSockets: the sockets to an Ethernet node, on those of the system.
+// QtSockets: the sockets to an Ethernet node, in the event loop.
+//
+// They are the system's own, watched by the loop, since the library that wraps them would cost every program
+// that links it a quarter of its start and of its memory.
 #pragma once
 
 #include <memory>
@@ -7,18 +10,16 @@
 
 #include "platform/sockets.h"
 
-class QTcpServer;
-class QTcpSocket;
-class QUdpSocket;
+class QSocketNotifier;
 
 namespace counter {
 
-// Both work while the event loop runs and need an application object.
-
 class QtUdpSocket : public UdpSocket {
   public:
-    QtUdpSocket();
-    ~QtUdpSocket() override;
+    QtUdpSocket() = default;
+    ~QtUdpSocket() override { QtUdpSocket::Close(); }
+    QtUdpSocket(const QtUdpSocket&) = delete;
+    QtUdpSocket& operator=(const QtUdpSocket&) = delete;
 
     // The address is reused, so that several tools, and a node on the same machine, can hold the port.
     Status Bind(int localPort) override;
@@ -26,34 +27,36 @@ class QtUdpSocket : public UdpSocket {
     void Close() override;
 
   private:
-    std::unique_ptr<QUdpSocket> socket_;
+    int descriptor_ = -1;
+    bool bothFamilies_ = false;
 };
 
+// Works while the event loop runs and needs an application object.
 class QtTcpSocket : public TcpSocket {
   public:
     QtTcpSocket();
     ~QtTcpSocket() override;
+    QtTcpSocket(const QtTcpSocket&) = delete;
+    QtTcpSocket& operator=(const QtTcpSocket&) = delete;
 
     Status Listen(int localPort) override;
-    SocketState State() const override;
+    SocketState State() const override { return state_; }
+    // What the far end leaves no room for, tens of thousands of bytes that it has not taken, is lost.
     void Send(std::string_view bytes) override;
     void Close() override;
 
-    // The port that is listened at; 0 where none is. Another than was asked for only for port 0.
+    // The port that is listened at, another than was asked for only where that was 0; 0 where there is none.
     int LocalPort() const;
 
   private:
-    // Objects of the event loop, which may still be in one of their own calls when they are given up.
-    struct Later {
-        void operator()(QTcpServer* server) const;
-        void operator()(QTcpSocket* socket) const;
-    };
-
     void Take();
     void PassOn();
+    void End(SocketState state);
 
-    std::unique_ptr<QTcpServer, Later> server_;
-    std::unique_ptr<QTcpSocket, Later> socket_;
+    int descriptor_ = -1;                       // that listens, then that of the connection
+    std::unique_ptr<QSocketNotifier> listens_;  // both stay until Close: they may be in a call of their own
+    std::unique_ptr<QSocketNotifier> reads_;
+    SocketState state_ = SocketState::Closed;
 };
 
 class QtSockets {

@@ -18,6 +18,7 @@ StatusKind KindOf(int error) {
         case EROFS:
             return StatusKind::NoPermission;
         case EBUSY:
+        case EADDRINUSE:
             return StatusKind::Busy;
         case EISDIR:
         case ENOTDIR:
