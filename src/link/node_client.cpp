@@ -25,7 +25,7 @@ Status NodeClient::Login(const NodeRecord& node, int variant) {
     node_ = node;
     lost_ = false;
     ticks_ = 0;
-    ticker_.reset();
+    ticker_ = pump_.Every(kTickMs, [this] { Tick(); });  // also while the login waits
     sockets_.Udp.Close();
     if (Status status = sockets_.Tcp.Listen(node.TcpPort); !status.Ok()) return status;
     if (Status status = sockets_.Udp.Bind(kNodeUdpPort); !status.Ok()) return status;
@@ -37,7 +37,6 @@ Status NodeClient::Login(const NodeRecord& node, int variant) {
                 pump_.NowMs() + kTryMs, [this] { return Connected(); }, "call of the node"))
             break;
     }
-    if (Connected()) ticker_ = pump_.Every(kTickMs, [this] { Tick(); });
     return {};
 }
 

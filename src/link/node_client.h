@@ -60,7 +60,7 @@ class NodeClient {
     // Hooks; each may be empty and must not wait.
     std::function<void(int tryNumber)> TryBegins;  // 1..10
     std::function<void()> HideStatus;              // before the message box
-    std::function<void()> Ticked;                  // every second, behind what the client does itself
+    std::function<void()> Ticked;                  // every second from the login on, behind the keep-alive
 
   private:
     void Take(std::string_view bytes);

@@ -31,6 +31,7 @@ TEST(NodeView, TitlesFollowLoginAndConnection) {
     ViewBench bench({}, {"login:late=1500"});
     bench.View.Activate();
     EXPECT_EQ(bench.Titles, (Words{"CTR Main Menu                   Disconnected",
+                                   "COUNTER MAIN MENU                      Disconnected",
                                    "CTR Main Menu                    Connected"}));
     EXPECT_EQ(bench.HomeShown, 1);
     bench.Titles.clear();

@@ -102,10 +102,11 @@ class NodeNet {
 };
 
 // A session whose meter sits behind the node. The serial line is there and must not be touched.
-struct NodeBench {
+template <class PumpType>
+struct NodeBenchOf {
     // Settings as KEY=VALUE, faults as counter-sim takes them.
-    explicit NodeBench(const std::vector<std::string>& settings = {},
-                       const std::vector<std::string>& faults = {}, const sim::MeterOptions& options = {})
+    explicit NodeBenchOf(const std::vector<std::string>& settings = {},
+                         const std::vector<std::string>& faults = {}, const sim::MeterOptions& options = {})
         : Net(Pump, WithFaults(options, faults)) {
         SettingsLines lines = NewSettingsLines();
         const auto set = [&](const std::string& word) {
@@ -130,12 +131,14 @@ struct NodeBench {
         return options;
     }
 
-    VirtualPump Pump;
+    PumpType Pump;
     MemoryFiles Store;
     RecordedDialogs Boxes;
     MeterLine Line{Pump, {}};
     NodeNet Net;
     Session Program{Pump, Line, Boxes, {Store, "home"}, Net.Both()};
 };
+
+using NodeBench = NodeBenchOf<VirtualPump>;
 
 }  // namespace counter::test

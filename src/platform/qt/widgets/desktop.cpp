@@ -8,6 +8,7 @@
 #include "platform/qt/widgets/commands_page.h"
 #include "platform/qt/widgets/list_page.h"
 #include "platform/qt/widgets/menu_page.h"
+#include "platform/qt/widgets/node_page.h"
 #include "platform/qt/widgets/send_curve_dialog.h"
 #include "platform/qt/widgets/setup_page.h"
 
@@ -51,6 +52,7 @@ void Desktop::Connect() {
     home_.PrepareStream = [this] {
         PrepareReadings(session_.Line, session_.Identity.FirmwareVersion, session_.Frames);
     };
+    home_.CloseSockets = [this] { session_.Node.Close(); };
     home_.HoldExit = [this] { return calibration_ && calibration_->HoldExit(); };
     const std::function<void()> shown = session_.Home.Changed;
     session_.Home.Changed = [this, shown] {
@@ -63,6 +65,30 @@ void Desktop::Connect() {
     help_.RestorePage = [this] {
         if (setupPage_) setupPage_->HelpClosed();
     };
+}
+
+void Desktop::ShowFirst() {
+    if (session_.LinkData.NodeFirstRun == 0) return GoHome();
+    MakeNode();
+    window_->ShowPage(nodePage_, false);
+    window_->FocusFirst();
+}
+
+void Desktop::LogIn() {
+    if (nodePage_) nodePage_->ComeToFront();
+}
+
+void Desktop::MakeNode() {
+    node_ = std::make_unique<NodeView>(session_);
+    nodePage_ = new NodePage(*node_, home_, *homePage_, window_.get());
+    nodePage_->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
+    node_->ShowTitle = [this](std::string_view title) {
+        homePage_->SetTitle(title);
+        window_->ShowTitle();
+    };
+    node_->ShowHome = [this] { GoHome(); };
+    node_->Load();
+    window_->AddPage(nodePage_);
 }
 
 void Desktop::GoHome() {

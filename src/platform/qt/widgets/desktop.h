@@ -19,6 +19,7 @@
 #include "readings/plot_view.h"
 #include "session/session.h"
 #include "setup_view/setup_view.h"
+#include "shell/node_view.h"
 
 namespace counter {
 
@@ -42,6 +43,10 @@ class Desktop {
     MainWindow& Window() { return *window_; }
     HomeView& Home() { return home_; }
 
+    // What the window shows first: the home view, or in its place the one that waits for the Ethernet node.
+    void ShowFirst();
+    // Waits for the node, where the settings name one, and goes on to the home view. Once.
+    void LogIn();
     // The home view comes to the front, in the program's window.
     void GoHome();
     // False: there is no such view yet.
@@ -55,6 +60,7 @@ class Desktop {
     void Interrupt();
 
   private:
+    void MakeNode();
     ViewPage* MakePage(ViewId view);
     ViewPage* MakeSetup();
     ViewPage* MakeMenu();
@@ -77,6 +83,8 @@ class Desktop {
     HomePage* homePage_;
     std::map<ViewId, ViewPage*> pages_;
 
+    std::unique_ptr<NodeView> node_;
+    ViewPage* nodePage_ = nullptr;
     std::unique_ptr<SetupView> setup_;
     std::unique_ptr<CommandsView> commands_;
     std::unique_ptr<SendCurveView> curve_;

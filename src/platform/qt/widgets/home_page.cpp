@@ -22,6 +22,7 @@ constexpr int kShortLines = 9;
 HomePage::HomePage(HomeView& view, QWidget* parent)
     : ViewPage(parent),
       view_(view),
+      title_(QtText(HomeView::kTitle)),
       bound_(view.Controls),
       menu_(new QMenuBar(parent)),
       strip_(new StatusStrip(this)) {
@@ -32,8 +33,8 @@ HomePage::HomePage(HomeView& view, QWidget* parent)
 
 HomePage::~HomePage() = default;
 
-QString HomePage::Title() const {
-    return QtText(HomeView::kTitle);
+void HomePage::SetTitle(std::string_view title) {
+    title_ = QtText(title);
 }
 
 void HomePage::ComeToFront() {
@@ -101,6 +102,7 @@ void HomePage::AddText() {
     textArea_ = text;
     text->setObjectName(ObjectName(view_.picText));
     text->setTextFormat(Qt::PlainText);
+    text->setWordWrap(true);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     text->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);

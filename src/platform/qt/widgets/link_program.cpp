@@ -8,6 +8,7 @@
 #include "platform/qt/core/qt_port_catalog.h"
 #include "platform/qt/core/qt_pump.h"
 #include "platform/qt/core/qt_serial_port.h"
+#include "platform/qt/core/qt_sockets.h"
 #include "platform/qt/widgets/link_window.h"
 #include "platform/qt/widgets/program_arguments.h"
 
@@ -22,7 +23,8 @@ int RunLinkProgram(int argc, char** argv) {
     QtPortCatalog catalog(folder);
     TriedDevice tried;
     QtSerialPort port(tried);
-    LinkSetup view({pump, port, tried, catalog, {files, folder}});
+    QtSockets sockets;
+    LinkSetup view({pump, port, tried, catalog, {files, folder}, sockets.Both()});
     LinkWindow window(view);
     view.Load();
     view.Close = [&window] { window.close(); };

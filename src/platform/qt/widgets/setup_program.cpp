@@ -9,6 +9,7 @@
 #include "platform/qt/core/qt_port_catalog.h"
 #include "platform/qt/core/qt_pump.h"
 #include "platform/qt/core/qt_serial_port.h"
+#include "platform/qt/core/qt_sockets.h"
 #include "platform/qt/widgets/desktop.h"
 #include "platform/qt/widgets/first_start.h"
 #include "platform/qt/widgets/program_arguments.h"
@@ -25,13 +26,14 @@ int RunSetupProgram(int argc, char** argv) {
     QtPortCatalog catalog(folder);
     QtSerialPort port(catalog);
     QtDialogs dialogs(pump, folder);
-    Session session(pump, port, dialogs, {files, folder});
+    QtSockets sockets;
+    Session session(pump, port, dialogs, {files, folder}, sockets.Both());
 
     const Status started = StartWithSettings(session, dialogs);
     Desktop desktop(session, {DataFolders(folder, "help"), DataFolders(folder, "boards")});
     dialogs.SetParent(&desktop.Window());
     if (!started.Ok()) session.Home.ShowStatus(started.Text(), ColorRed);
-    desktop.GoHome();
+    desktop.ShowFirst();
     desktop.Window().show();
     pump.OnInterrupt = [&desktop] { desktop.Interrupt(); };
     // The pump's own wait carries the whole run, so that whatever waits inside it nests.
@@ -39,6 +41,7 @@ int RunSetupProgram(int argc, char** argv) {
         pump.WaitUntil(
             Pump::kForever, [] { return false; }, "what the user does");
     });
+    QTimer::singleShot(0, &application, [&desktop] { desktop.LogIn(); });
     return QApplication::exec();
 }
 
