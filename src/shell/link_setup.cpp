@@ -30,10 +30,13 @@ constexpr std::array<std::string_view, 32> kAddresses = {
     "0",  "1",  "2",  "3",  "4",  "5",  "6",  "7",  "8",  "9",  "A",  "B",  "C",  "D",  "E",  "F",
     "0.", "1.", "2.", "3.", "4.", "5.", "6.", "7.", "8.", "9.", "A.", "B.", "C.", "D.", "E.", "F."};
 constexpr const char* kNoNode = "000000000000";
+constexpr std::string_view kFindCaption = "&Find meter";
+constexpr std::string_view kStopCaption = "S&top";
 
 }  // namespace
 
 LinkSetup::LinkSetup(const World& world) : world_(world) {
+    pbFind.Visible = false;
     Form::Fill(cboProtocol, kProtocols);
     Form::Fill(cboBaud, std::span(BaudTable).first(7));
     Form::Fill(cboParity, kParities);
@@ -60,6 +63,7 @@ void LinkSetup::Wire() {
     Controls.On(chkWork, [this](Control&) { ShowNode(); });
     Controls.On(cmdSave, [this](Control&) { Save(); });
     Controls.On(cmdTest, [this](Control&) { Test(); });
+    Controls.On(cmdFind, [this](Control&) { FindOrStop(); });
     Controls.On(cmdClose, [this](Control&) {
         if (Close) Close();
     });
@@ -133,6 +137,7 @@ void LinkSetup::ShowNode() {
     const bool serial = !node && chkWork.Value == 0;
     for (Control* control : {&cboPort, &cmdRefresh, &txtDevice, &chkEcho}) control->Enabled = serial;
     cmdTest.Enabled = serial || node;
+    cmdFind.Enabled = serial;
 }
 
 std::string LinkSetup::TakeLines(SettingsLines& lines) const {
@@ -186,15 +191,74 @@ void LinkSetup::Test() {
     if (testing_) return;
     SettingsLines lines = lines_;
     if (const std::string wrong = TakeLines(lines); !wrong.empty()) return ShowResult(wrong, ColorRed);
-    testing_ = true;
-    cmdTest.Enabled = cmdSave.Enabled = cmdClose.Enabled = false;
+    Busy(true);
+    cmdFind.Enabled = false;
     ShowResult("Asking the meter.", ColorGreen);
     world_.Tried.Device = txtDevice.Text;
     const LinkTrial trial = TryLink({world_.Waits, world_.Port, world_.Folder.Path, world_.Net}, lines);
-    cmdSave.Enabled = cmdClose.Enabled = true;
-    testing_ = false;
-    ShowNode();
+    Busy(false);
     ShowResult(trial.Words, trial.Answered ? ColorGreen : ColorRed);
+}
+
+// Nothing may be saved or closed while a meter is being asked.
+void LinkSetup::Busy(bool busy) {
+    testing_ = busy;
+    cmdSave.Enabled = cmdClose.Enabled = !busy;
+    ShowNode();
+    if (busy) cmdTest.Enabled = false;
+}
+
+void LinkSetup::FindOrStop() {
+    if (!searching_) return Find();
+    StopSearch();
+    ShowResult("Stopping with this trial.", ColorWhite);
+}
+
+void LinkSetup::Find() {
+    if (testing_) return;
+    SettingsLines lines = lines_;
+    if (const std::string wrong = TakeLines(lines); !wrong.empty()) return ShowResult(wrong, ColorRed);
+    searching_ = true;
+    stopSearch_ = false;
+    Busy(true);
+    cmdFind.Caption = kStopCaption;
+    pbFind.Visible = true;
+    const SearchResult found = FindMeter(
+        {world_.Waits, world_.Port, world_.Folder.Path, {}}, world_.Tried, lines, DevicesToTry(),
+        [this](int number, int all, const SearchStep& step) { return TellProgress(number, all, step); });
+    searching_ = false;
+    Busy(false);
+    cmdFind.Caption = kFindCaption;
+    pbFind.Visible = false;
+    if (found.Found) return TakeFound(found);
+    ShowResult(found.Words, stopSearch_ ? ColorWhite : ColorRed);
+}
+
+bool LinkSetup::TellProgress(int number, int all, const SearchStep& step) {
+    if (stopSearch_) return false;
+    pbFind.Value = 100 * number / all;
+    ShowResult("Trial " + std::to_string(number) + " of " + std::to_string(all) + ": " + StepInWords(step),
+               ColorGreen);
+    return true;
+}
+
+void LinkSetup::TakeFound(const SearchResult& found) {
+    Settings settings;
+    ParseSettings(found.Lines, settings);
+    ShowSettings(settings);
+    txtDevice.Text = found.Device;
+    ListPorts();
+    ShowResult(found.Words + " It is on " + found.Device + ". Save keeps this.", ColorGreen);
+}
+
+// The one that the user has named comes first, whether or not the machine lists it.
+std::vector<std::string> LinkSetup::DevicesToTry() const {
+    std::vector<std::string> devices;
+    if (!txtDevice.Text.empty()) devices.push_back(txtDevice.Text);
+    for (const PortDescription& port : ports_) {
+        if (!SameDevice(port.Device, txtDevice.Text)) devices.push_back(port.Device);
+    }
+    return devices;
 }
 
 void LinkSetup::ShowResult(const std::string& text, Color color) {

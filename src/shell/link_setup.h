@@ -12,16 +12,9 @@
 #include "platform/program_folder.h"
 #include "platform/sockets.h"
 #include "settings/settings.h"
+#include "shell/meter_search.h"
 
 namespace counter {
-
-// The one device that is being tried, whatever its number.
-class TriedDevice : public PortCatalog {
-  public:
-    std::string Device;
-    std::vector<PortDescription> Ports() const override { return {}; }
-    std::string DeviceOf(int) const override { return Device; }
-};
 
 class LinkSetup {
   public:
@@ -43,6 +36,9 @@ class LinkSetup {
     // Shows what the file says, or what a new one would begin with.
     void Load();
 
+    // The search for a meter ends with the trial that is under way.
+    void StopSearch() { stopSearch_ = true; }
+
     std::function<void()> Close;  // the user is done; may be empty
 
     Form Controls{always_};
@@ -61,6 +57,12 @@ class LinkSetup {
     void Save();
     Status WriteAll(const SettingsLines& lines);
     void Test();
+    void FindOrStop();
+    void Find();
+    bool TellProgress(int number, int all, const SearchStep& step);
+    void TakeFound(const SearchResult& found);
+    std::vector<std::string> DevicesToTry() const;
+    void Busy(bool busy);
     void ShowResult(const std::string& text, Color color);
 
     const int always_ = 1;
@@ -70,6 +72,8 @@ class LinkSetup {
     std::vector<std::string> portTexts_;  // what the list of ports shows
     int portNumber_ = 1;
     bool testing_ = false;
+    bool searching_ = false;
+    bool stopSearch_ = false;
 
   public:
     // clang-format off
@@ -92,6 +96,8 @@ class LinkSetup {
     Control& txtNodeUdp    = Add(ControlKind::Entry,  "txtNodeUdp",    "Node's UDP port");
     Control& txtTcp        = Add(ControlKind::Entry,  "txtTcp",        "TCP port of this program");
     Control& cmdTest       = Add(ControlKind::Button, "cmdTest",       "&Test");
+    Control& cmdFind       = Add(ControlKind::Button, "cmdFind",       "&Find meter");
+    Control& pbFind        = Add(ControlKind::Progress, "pbFind");
     Control& cmdSave       = Add(ControlKind::Button, "cmdSave",       "&Save");
     Control& cmdClose      = Add(ControlKind::Button, "cmdClose",      "&Close");
     Control& lblResult     = Add(ControlKind::Label,  "lblResult");

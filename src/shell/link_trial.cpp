@@ -11,6 +11,9 @@ namespace counter {
 
 namespace {
 
+constexpr int kVersionByte = 233;  // positions in the image
+constexpr int kTypeByte = 235;
+
 // A store that holds the settings to be tried and drops what is written.
 class TriedSettings : public Files {
   public:
@@ -52,8 +55,8 @@ std::string AnswerInWords(const Session& session) {
     const std::string_view protocol = stored.SerialProtocol == 0   ? "Custom ASCII"
                                       : stored.SerialProtocol == 1 ? "Modbus RTU"
                                                                    : "Modbus ASCII";
-    std::string words = MeterName(ByteGet(session.Image, 235)) + " answered: firmware version " +
-                        std::to_string(ByteGet(session.Image, 233)) + ", address " +
+    std::string words = MeterName(ByteGet(session.Image, kTypeByte)) + " answered: firmware version " +
+                        std::to_string(ByteGet(session.Image, kVersionByte)) + ", address " +
                         (modbus ? std::to_string(stored.ModbusAddress) : stored.MeterAddressLabel) + ", ";
     words += std::string(protocol);
     if (session.LinkData.EthernetMode == 1) return words + " through the node at " + stored.NodeIp + ".";
@@ -66,8 +69,7 @@ std::string CallNode(Session& session) {
     if (const Status status = LogIntoNode(session); !status.Ok()) return status.Text();
     if (session.Node.Connected()) return {};
     return "The node did not call back within 40 seconds. Check its address and its IP address, that it is "
-           "on "
-           "the network, and that it can reach TCP port " +
+           "on the network, and that it can reach TCP port " +
            std::to_string(session.Stored.TcpPort) + " of this computer.";
 }
 
@@ -89,6 +91,7 @@ LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines) {
     LinkTrial trial;
     if (const Status status = Start(session); !status.Ok()) {
         trial.Words = status.Text();
+        trial.PortOpened = false;
         return trial;
     }
     if (session.LinkData.EthernetMode == 1) {
@@ -99,6 +102,8 @@ LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines) {
     ClosePort(session.Line);
     trial.LinkError = session.LinkData.LinkError;
     trial.Answered = trial.LinkError == 0;
+    trial.FirmwareVersion = ByteGet(session.Image, kVersionByte);
+    trial.MeterType = ByteGet(session.Image, kTypeByte);
     trial.Words = trial.Answered ? AnswerInWords(session)
                                  : LinkErrorMeaning(trial.LinkError) + " (" +
                                        std::to_string(trial.LinkError) + ")." + WhatToLookAt(trial.LinkError);

@@ -23,6 +23,8 @@ struct LinkTrial {
     bool Answered = false;
     std::string Words;  // what answered, or what to look at
     int LinkError = 0;
+    bool PortOpened = true;
+    int FirmwareVersion = 0, MeterType = 0;  // of the meter that answered
 };
 
 LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines);

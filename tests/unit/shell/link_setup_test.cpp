@@ -23,10 +23,10 @@ struct LinkBench {
     MemoryFiles Store;
     TwoPorts Catalog;
     TriedDevice Tried;
-    MeterLine Line{Pump, {}};
+    MeterLine Line;
     LinkSetup View{{Pump, Line, Tried, Catalog, {Store, "home"}}};
 
-    LinkBench() {
+    explicit LinkBench(sim::MeterOptions options = {}) : Line(Pump, std::move(options)) {
         Store.Contents["/dev/ttyUSB0"] = "";
         View.Load();
     }
@@ -91,6 +91,64 @@ TEST(LinkSetup, TheTestSaysWhyNobodyAnswered) {
     bench.View.Controls.Click(bench.View.cmdTest);
     EXPECT_EQ(bench.Result(), "/dev/ttyS0: Device or resource busy");
     EXPECT_TRUE(bench.View.cmdSave.Enabled);
+}
+
+TEST(LinkSetup, FindMeterTriesLinesUntilOneAnswersAndWritesNothing) {
+    // What the meter on /dev/ttyUSB0 speaks, and the settings with which it is found.
+    const struct {
+        const char* Name;
+        sim::LineProtocol Protocol;
+        int Version;
+        sim::CrcKind Crc;
+        const char* Line1;
+        const char* Tried;  // the last trial
+    } cases[] = {
+        {"ASCII", sim::LineProtocol::CustomAscii, 83, sim::CrcKind::Published, "3501000100100831010000",
+         "Trial 5 of 140: /dev/ttyUSB0, Custom ASCII at 9600 baud"},
+        {"RTU", sim::LineProtocol::ModbusRtu, 83, sim::CrcKind::Published, "3501100100100831010000",
+         "Trial 6 of 140: /dev/ttyUSB0, Modbus RTU at 9600 baud"},
+        {"old check", sim::LineProtocol::ModbusRtu, 79, sim::CrcKind::C2, "3501100100100791010000",
+         "Trial 8 of 140: /dev/ttyUSB0, Modbus RTU (old check) at 9600 baud"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Name);
+        sim::MeterOptions meter;
+        meter.Protocol = c.Protocol;
+        meter.Version = c.Version;
+        meter.Crc = c.Crc;
+        LinkBench bench(meter);
+        std::string last;
+        bench.View.Controls.Changed = [&] {
+            if (bench.Result().rfind("Trial", 0) != 0) return;
+            last = bench.Result();
+            const bool first = last.find("/dev/ttyS0") != std::string::npos;
+            bench.Line.NextOpen =
+                first ? Status{StatusKind::Other, "/dev/ttyS0", "Input/output error"} : Status{};
+        };
+        bench.View.Controls.Click(bench.View.cmdFind);
+        EXPECT_EQ(last, c.Tried);
+        EXPECT_EQ(bench.View.lblResult.TextColor, ColorGreen) << bench.Result();
+        EXPECT_NE(bench.Result().find("It is on /dev/ttyUSB0. Save keeps this."), std::string::npos);
+        EXPECT_EQ(bench.File(), "");
+        bench.View.Controls.Click(bench.View.cmdSave);
+        EXPECT_EQ(bench.File().substr(0, 22), c.Line1);
+    }
+}
+
+TEST(LinkSetup, FindMeterTellsWhatItTriedAndCanBeStopped) {
+    LinkBench bench;
+    bench.Line.Unplug();
+    bench.Pump.After(10000, [&] { bench.View.Controls.Click(bench.View.cmdFind); });
+    bench.View.Controls.Click(bench.View.cmdFind);
+    EXPECT_EQ(bench.Result(), "Stopped.");
+    EXPECT_LT(bench.Pump.NowMs(), 15000);
+    EXPECT_TRUE(bench.View.cmdSave.Enabled);
+
+    bench.View.Controls.Click(bench.View.cmdFind);
+    EXPECT_EQ(
+        bench.Result(),
+        "No meter answered on /dev/ttyS0, /dev/ttyUSB0: 140 trials with meter address 1 and Modbus address "
+        "1. Check that the meter is on, its cable and wiring, and its address.");
 }
 
 TEST(LinkSetup, FieldsFollowProtocolAndNode) {

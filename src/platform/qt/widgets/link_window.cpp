@@ -1,5 +1,6 @@
 #include "platform/qt/widgets/link_window.h"
 
+#include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -29,7 +30,6 @@ LinkWindow::LinkWindow(LinkSetup& view) : view_(view), bound_(view.Controls), st
     whole->addLayout(column);
     whole->addStretch(1);
     whole->addWidget(strip_);
-    strip_->LeaveOutBar();
     strip_->Line().setMinimumHeight(fontMetrics().lineSpacing() * kStripLines);
 
     QGridLayout* line = AddGroup(*column, "Line");
@@ -47,8 +47,14 @@ LinkWindow::LinkWindow(LinkSetup& view) : view_(view), bound_(view.Controls), st
         AddRow(*node, *control);
     AddButtons(*column);
     bound_.BindSpecial(view.lblResult, &strip_->Line(), [this] { strip_->ShowLine(view_.lblResult); });
+    bound_.Bind(view_.pbFind, &strip_->Bar());
     bound_.Refresh();
     resize(fontMetrics().averageCharWidth() * kWindowWidth, sizeHint().height());
+}
+
+void LinkWindow::closeEvent(QCloseEvent* event) {
+    view_.StopSearch();
+    QWidget::closeEvent(event);
 }
 
 QGridLayout* LinkWindow::AddGroup(QVBoxLayout& column, const QString& title) {
@@ -77,6 +83,7 @@ void LinkWindow::AddWide(QGridLayout& grid, Control& control) {
 void LinkWindow::AddButtons(QVBoxLayout& column) {
     auto* row = new QHBoxLayout;
     row->addWidget(bound_.Make(view_.cmdTest, this));
+    row->addWidget(bound_.Make(view_.cmdFind, this));
     row->addStretch(1);
     row->addWidget(bound_.Make(view_.cmdSave, this));
     row->addWidget(bound_.Make(view_.cmdClose, this));

@@ -16,6 +16,9 @@ class LinkWindow : public QWidget {
   public:
     explicit LinkWindow(LinkSetup& view);
 
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
   private:
     // A group of rows: captions in one column, fields in the other.
     QGridLayout* AddGroup(QVBoxLayout& column, const QString& title);
