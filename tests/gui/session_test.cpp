@@ -196,6 +196,23 @@ TEST(DesktopSession, HelpKeepsThePageAndVanishesWithoutFiles) {
     EXPECT_EQ(bench.Desk->Window().Current()->findChild<QTabWidget*>()->currentIndex(), 4);
 }
 
+TEST(DesktopSession, F1HelpsInTheCurveDialog) {
+    GuiBench bench;
+    bench.Choose("mnuGet");
+    bench.Choose("mnuCmdsGo");
+    bench.Click("cmdSendPRM");
+    QWidget* send = GuiBench::Dialog();
+    ASSERT_NE(send, nullptr);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+    GuiPump::Settle();
+    QWidget* help = GuiBench::Dialog();
+    ASSERT_NE(help, send);
+    EXPECT_EQ(help->windowTitle(), "APPLICATION  HELP");
+    QTest::keyClick(help, Qt::Key_Return);
+    bench.Pump.Pass(50);
+    EXPECT_EQ(GuiBench::Dialog(), send);
+}
+
 TEST(DesktopSession, AChartIsScaledFromTheKeyboardAlone) {
     GuiBench bench;
     bench.Choose("mnuGet");

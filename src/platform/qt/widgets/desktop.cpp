@@ -163,6 +163,7 @@ ViewPage* Desktop::MakeCommands() {
     commands_->ShowMainMenu = [this] { GoHome(); };
     commands_->OpenSendCurve = [page, dialog] { dialog->OpenFresh([page] { page->ComeBack(); }); };
     page->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
+    dialog->OpenHelp = [page] { page->HelpKey(); };
     return page;
 }
 
@@ -219,7 +220,8 @@ void Desktop::MakeReading(ReadingView& view) {
 
 void Desktop::OpenHelp(int helpId, HelpFrom from, HelpPlace place) {
     if (help_.Shown() || !help_.Open(helpId, from)) return;
-    auto* dialog = new HelpDialog(ContentOf(help_, place), window_.get());
+    QWidget* over = QApplication::activeModalWidget();
+    auto* dialog = new HelpDialog(ContentOf(help_, place), over ? over : window_.get());
     dialog->Closed = [this] { help_.Ok(); };
     dialog->Open();
 }

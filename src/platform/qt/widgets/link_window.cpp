@@ -4,8 +4,10 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QShortcut>
 #include <QVBoxLayout>
 
+#include "platform/qt/widgets/help_dialog.h"
 #include "platform/qt/widgets/qt_text.h"
 
 namespace counter {
@@ -22,6 +24,8 @@ constexpr int kStripLines = 3;
 
 LinkWindow::LinkWindow(LinkSetup& view) : view_(view), bound_(view.Controls), strip_(new StatusStrip(this)) {
     setWindowTitle(QtText(LinkSetup::kTitle));
+    auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    QObject::connect(help, &QShortcut::activated, this, [this] { ShowHelp(); });
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     auto* column = new QVBoxLayout;
@@ -50,6 +54,13 @@ LinkWindow::LinkWindow(LinkSetup& view) : view_(view), bound_(view.Controls), st
     bound_.Bind(view_.pbFind, &strip_->Bar());
     bound_.Refresh();
     resize(fontMetrics().averageCharWidth() * kWindowWidth, sizeHint().height());
+}
+
+void LinkWindow::ShowHelp() {
+    HelpContent content{"Counter Link Help", 0, {}};
+    for (const LinkHelpPiece& piece : kLinkHelp)
+        content.Pieces.push_back({std::string(piece.Text), piece.Emphasised});
+    (new HelpDialog(content, this))->Open();
 }
 
 void LinkWindow::closeEvent(QCloseEvent* event) {

@@ -5,6 +5,7 @@
 
 #include "platform/qt/widgets/binder.h"
 #include "platform/qt/widgets/status_strip.h"
+#include "shell/link_help.h"
 #include "shell/link_setup.h"
 
 class QGridLayout;
@@ -25,6 +26,7 @@ class LinkWindow : public QWidget {
     void AddRow(QGridLayout& grid, Control& control);
     void AddWide(QGridLayout& grid, Control& control);
     void AddButtons(QVBoxLayout& column);
+    void ShowHelp();
 
     LinkSetup& view_;
     Binder bound_;

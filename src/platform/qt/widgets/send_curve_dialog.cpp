@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "platform/qt/widgets/button_row.h"
@@ -22,6 +23,10 @@ constexpr int kTextColumns = 78;
 SendCurveDialog::SendCurveDialog(SendCurveView& view, QWidget* parent)
     : QDialog(parent), view_(view), bound_(view.Controls) {
     setWindowTitle(QtText(SendCurveView::kTitle));
+    auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    QObject::connect(help, &QShortcut::activated, this, [this] {
+        if (OpenHelp) OpenHelp();
+    });
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
     column->setSpacing(kGrid);

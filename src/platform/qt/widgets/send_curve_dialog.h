@@ -14,6 +14,8 @@ class SendCurveDialog : public QDialog {
 
     // Shown modal; `closed` runs when it has gone.
     void OpenFresh(std::function<void()> closed);
+    // F1, over this dialog. May be empty.
+    std::function<void()> OpenHelp;
 
   protected:
     // Escape and the window's own button are Done.
