@@ -1,0 +1,53 @@
+// A whole Get with a meter that answers anything: one byte of protocol and version, then the replies, each
+// with its length in front. The Get ends, with a number or with a whole image, and the next one is possible.
+#include "fuzz_input.h"
+#include "shell/get_action.h"
+#include "support/bench_meter.h"
+
+using namespace counter;
+
+namespace {
+
+class AnythingLine : public test::MeterLine {
+  public:
+    AnythingLine(test::VirtualPump& pump, std::string_view replies) : MeterLine(pump, {}), replies_(replies) {
+        Unplug();
+    }
+    void Output(std::string_view bytes) override {
+        MeterLine::Output(bytes);
+        if (replies_.empty()) return;
+        const std::size_t length = static_cast<unsigned char>(replies_[0]);
+        const std::string_view reply = replies_.substr(1, length);
+        replies_.remove_prefix(1 + reply.size());
+        if (!reply.empty()) Inject(reply);
+    }
+
+  private:
+    std::string_view replies_;
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size < 2) return 0;
+    SettingsLines lines = NewSettingsLines();
+    SetSettingsKey(lines, *FindSettingsKey("SerialProtocol"), std::to_string(data[0] % 3));
+    SetSettingsKey(lines, *FindSettingsKey("FirmwareVersion"), std::to_string(70 + data[0] / 3 % 16));
+    test::VirtualPump pump;
+    test::MemoryFiles store;
+    test::RecordedDialogs boxes;
+    store.Contents["home/Settings.SSS"] = FormatSettings(lines);
+    AnythingLine line(pump, fuzz::TextOf(data + 1, size - 1));
+    Session session{pump, line, boxes, {store, "home"}};
+    Start(session);
+    for (int get = 0; get < 2; ++get) {
+        const double begin = pump.NowMs();
+        GetSetup(session);
+        fuzz::Require(pump.NowMs() - begin < 120000);  // the sum of all its waits
+        fuzz::Require(!session.Home.Hourglass);
+        const bool good = session.LinkData.LinkError == 0;
+        fuzz::Require(good == (session.Identity.SetupFromMeter == 1));
+        fuzz::Require(!good || session.Image.SetupData.size() >= kImageDigits);
+    }
+    return 0;
+}
