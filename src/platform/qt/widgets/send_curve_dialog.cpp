@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -63,6 +64,12 @@ void SendCurveDialog::OpenFresh(std::function<void()> closed) {
     view_.Load();
     open();
     bound_.WidgetOf(view_.txtFileName)->setFocus();
+}
+
+void SendCurveDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_F1) return QDialog::keyPressEvent(event);
+    event->accept();
+    if (OpenHelp) OpenHelp(view_.cmdGo.HelpNumber);
 }
 
 void SendCurveDialog::reject() {
