@@ -10,20 +10,6 @@ void WriteJson(const CommandCall& call, const Json& document) {
     call.World.Out << document.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
 }
 
-std::string Utf8(std::string_view meterText) {
-    std::string text;
-    for (const char c : meterText) {
-        const auto code = static_cast<unsigned char>(c);
-        if (code < 0x80) {
-            text += c;
-        } else {
-            text += static_cast<char>(0xC0 | (code >> 6));
-            text += static_cast<char>(0x80 | (code & 0x3F));
-        }
-    }
-    return text;
-}
-
 int RefuseStatus(const CommandCall& call, const Status& status) {
     call.World.Err << "counterctl: " << status.Text() << "\n";
     return kFileOrPort;

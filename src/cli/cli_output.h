@@ -9,6 +9,7 @@
 #include "cli/cli.h"
 #include "meter/field_table.h"
 #include "meter/setup_image.h"
+#include "meter/text.h"
 #include "platform/status.h"
 
 namespace counter {
@@ -17,9 +18,6 @@ using Json = nlohmann::ordered_json;  // keys in the order in which they are wri
 
 // One document on standard output.
 void WriteJson(const CommandCall& call, const Json& document);
-
-// Text of the meter, one byte a character, as UTF-8.
-std::string Utf8(std::string_view meterText);
 
 // "counterctl: PATH: REASON" on standard error. Returns exit status 2.
 int RefuseStatus(const CommandCall& call, const Status& status);

@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kItemEnds = ",\r\n";
+constexpr std::string_view kBlanks = " \t";
+constexpr char kEndOfText = '\x1A';  // behind the text of a file that a DOS program wrote
 
 std::size_t EndOf(std::string_view text, std::string_view ends) {
     return std::min(text.find_first_of(ends), text.size());
@@ -17,7 +19,6 @@ std::size_t EndOf(std::string_view text, std::string_view ends) {
 
 // An item in quotes may hold commas, but no line end: its text becomes part of one frame.
 std::string_view TakeText(std::string_view& rest) {
-    rest.remove_prefix(std::min(rest.find_first_not_of(" \t"), rest.size()));
     if (!rest.starts_with('"')) {
         const std::string_view text = rest.substr(0, EndOf(rest, kItemEnds));
         rest.remove_prefix(text.size());
@@ -31,6 +32,7 @@ std::string_view TakeText(std::string_view& rest) {
 }
 
 std::optional<std::string> TakeItem(std::string_view& rest) {
+    rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size()));
     if (rest.empty()) return std::nullopt;
     const std::string_view text = TakeText(rest);
     rest.remove_prefix(std::min<std::size_t>(rest.starts_with("\r\n") ? 2 : 1, rest.size()));
@@ -41,6 +43,7 @@ std::optional<std::string> TakeItem(std::string_view& rest) {
 }  // namespace
 
 std::optional<CurveItems> ParsePrm(std::string_view content) {
+    content = content.substr(0, content.find(kEndOfText));
     const auto first = TakeItem(content);
     if (!first) return std::nullopt;
     const auto second = TakeItem(content);

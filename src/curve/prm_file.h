@@ -5,7 +5,7 @@
 //   00FF...(84 digits)      goes to the upper block, and is sent first
 //
 // An item ends at a comma or a line end (CR LF, LF or CR); one in quotes is what stands between them. What
-// stands behind the second item is ignored.
+// stands behind the second item, or behind the end mark of a DOS text, is ignored.
 #pragma once
 
 #include <cstddef>

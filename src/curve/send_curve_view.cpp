@@ -126,7 +126,7 @@ bool SendCurveView::AcceptsName(std::string_view name) {
 }
 
 std::string SendCurveView::PathOf(std::string_view name) const {
-    const std::string path = txtPath.Text + std::string(name) + ".PRM";
+    const std::string path = Utf8(txtPath.Text + std::string(name)) + ".PRM";
     return path.starts_with('/') ? path : Program.Folder.At(path);
 }
 

@@ -85,19 +85,29 @@ bool Judge(LinkState& link, const std::string& reply) {
 
 }  // namespace
 
+// Another press may send during each of these waits and leaves its own texts behind, so that they are put
+// back behind it.
 void SendCommand(Link& link) {
+    LinkState& state = link.State;
+    const std::string command = state.CommandText;
+    const std::string payload = state.ModbusPayload;
     LinkDelay(link, kBeforeSendMs);
-    BuildFrame(link.State);
-    if (link.State.EthernetMode == 1) return SendThroughNode(link);
-    if (link.Port.InBufferCount() != 0) link.State.RawReply = link.Port.Input();
+    state.CommandText = command;
+    state.ModbusPayload = payload;
+    BuildFrame(state);
+    if (state.EthernetMode == 1) return SendThroughNode(link);
+    if (link.Port.InBufferCount() != 0) state.RawReply = link.Port.Input();
     link.Port.SetRtsEnable(true);
     link.Port.Input();
-    link.Port.Output(link.State.CommandText);
+    const std::string frame = state.CommandText;
+    link.Port.Output(frame);
     WaitForOutput(link);
+    state.CommandText = frame;
 }
 
 void ReceiveReply(Link& link) {
     LinkState& state = link.State;
+    const std::string sent = state.CommandText;
     if (state.EthernetMode == 1) {
         ReceiveThroughNode(link);
         if (state.LinkError == LinkErrors::kGood) state.ReplyText = TrimBlanks(state.ReplyText);
@@ -108,6 +118,7 @@ void ReceiveReply(Link& link) {
     LinkDelay(link, kFirstPartMs);
     std::string reply = TakeUntilSilence(link);
     if (state.LinkError != LinkErrors::kGood) return;
+    state.CommandText = sent;  // the reply is this command's, whatever was sent meanwhile
     if (!RemoveEcho(state, reply)) return;
     if (Judge(state, reply)) state.ReplyText = TrimBlanks(state.ReplyText);
 }

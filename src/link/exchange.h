@@ -15,8 +15,8 @@
 
 namespace counter {
 
-// Sends CommandText (Custom ASCII) or ModbusPayload (Modbus), framed. Stale input is thrown away. A send has
-// no failure report.
+// Sends CommandText (Custom ASCII) or ModbusPayload (Modbus) as they are on entry, framed: what another press
+// sends during the waits has its own. Stale input is thrown away. A send has no failure report.
 void SendCommand(Link& link);
 
 // Takes in the reply: sets LinkError and, where the reply allows, RawReply and ReplyText. Without a reply the

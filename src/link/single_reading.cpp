@@ -5,6 +5,7 @@
 #include <string>
 
 #include "link/exchange.h"
+#include "link/link_error.h"
 #include "meter/hex_text.h"
 
 namespace counter {
@@ -14,12 +15,20 @@ namespace {
 // Of a Modbus reply as hexadecimal text: address, function and byte count stand in front.
 constexpr std::size_t kCountAt = 6;
 constexpr std::size_t kCountDigits = 8;
+constexpr int kBadLength = 1;  // LinkError of a reply with another length
 
-// A reply that is too short counts as what is there of it.
+// A reply that is too short counts as what is there of it. Nothing at all, as when the node stays silent, is
+// no count.
 std::string CountText(const std::string& reply) {
+    if (reply.empty()) return {};
     const std::string_view digits = std::string_view(reply).substr(std::min(kCountAt, reply.size()));
     const auto count = static_cast<std::int32_t>(ParseHex(digits.substr(0, kCountDigits)));
     return (count < 0 ? "" : " ") + std::to_string(count);
+}
+
+bool HasCount(const LinkState& state) {
+    return state.ReplyText.size() ==
+           kCountAt + kCountDigits + static_cast<std::size_t>(ModbusExtraDigits(state));
 }
 
 bool IsLine(ReadingKind kind) {
@@ -36,6 +45,8 @@ void ReadSingle(Link& link, ReadingKind kind) {
         if (!IsLine(kind)) state.RawReply = state.ReplyText;
     } else if (!reading.ModbusPayload.empty()) {
         AskModbus(link, reading.ModbusPayload);
+        // Modbus ASCII and the node tell an exception by nothing but its length.
+        if (state.LinkError == LinkErrors::kGood && !HasCount(state)) state.LinkError = kBadLength;
         state.RawReply = CountText(state.ReplyText);
     }
 }

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTextEdit>
 
 #include "support/gui_bench.h"
 #include "tour.h"
@@ -196,21 +197,47 @@ TEST(DesktopSession, HelpKeepsThePageAndVanishesWithoutFiles) {
     EXPECT_EQ(bench.Desk->Window().Current()->findChild<QTabWidget*>()->currentIndex(), 4);
 }
 
-TEST(DesktopSession, F1HelpsInTheCurveDialog) {
+TEST(DesktopSession, F1InTheCurveDialogOpensItsHelpOverIt) {
     GuiBench bench;
     bench.Choose("mnuGet");
     bench.Choose("mnuCmdsGo");
     bench.Click("cmdSendPRM");
-    QWidget* send = GuiBench::Dialog();
-    ASSERT_NE(send, nullptr);
+    QWidget* curve = GuiBench::Dialog();
+    ASSERT_NE(curve, nullptr);
+    QTest::keyClicks(QApplication::focusWidget(), "CURVE");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
     GuiPump::Settle();
     QWidget* help = GuiBench::Dialog();
-    ASSERT_NE(help, send);
+    ASSERT_NE(help, curve);
     EXPECT_EQ(help->windowTitle(), "APPLICATION  HELP");
+    EXPECT_FALSE(help->findChild<QTextEdit*>("lblText")->toPlainText().isEmpty());
     QTest::keyClick(help, Qt::Key_Return);
     bench.Pump.Pass(50);
-    EXPECT_EQ(GuiBench::Dialog(), send);
+    ASSERT_EQ(GuiBench::Dialog(), curve);
+    EXPECT_EQ(curve->findChild<QLineEdit*>("txtFileName")->text(), "CURVE");
+    EXPECT_EQ(curve->focusWidget()->objectName(), "txtFileName");
+}
+
+// The meter has a test scale from 4.5 seconds on, and its own again at 13.
+TEST(DesktopSession, ExitAndClosingTheWindowWaitForTheEndOfACalibration) {
+    for (const bool close : {false, true}) {
+        GuiBench bench;
+        bench.Choose("mnuGet");
+        const std::string before = bench.Program.Image.SetupData.substr(36, 12);
+        bench.Choose("mnuCalibGo");
+        bench.Pump.After(7000, [&] {
+            EXPECT_NE(bench.Line.Meter().ImageText().substr(36, 12), before);
+            close ? static_cast<void>(bench.Desk->Window().close()) : bench.Desk->Interrupt();
+        });
+        QTest::keyClicks(QApplication::focusWidget(), "1000");
+        const int status = StatusOfExit([&] {
+            bench.Find<QLineEdit>("txtFreq")->returnPressed();
+            bench.Pump.Pass(1000);
+        });
+        EXPECT_EQ(status, close ? -1 : 0) << "closing the window only beeps";
+        EXPECT_EQ(bench.Line.Meter().ImageText().substr(36, 12), before);
+        EXPECT_TRUE(!close || bench.Find("cmdOK")->isVisible());
+    }
 }
 
 TEST(DesktopSession, AChartIsScaledFromTheKeyboardAlone) {

@@ -31,4 +31,30 @@ import json, sys
 found = {line["field"]: (line["a"], line["b"]) for line in json.load(open(sys.argv[1]))}
 assert found == {"Setpoint 1": ("+010000.", "+012345."), "Carried byte 153": ("2E", "00")}, found
 PYTHON
+# Hand work: readings with both signs, what libmodbus understood of resets and remote values, and its exception
+# for a reading that it does not have. The last reading comes behind all writes.
+reads() { ctl 0 read "$1"; [ "$(cat "$work/out")" = "$2" ] || { cat "$work/out"; fail "$1 is not $2"; }; }
+reads item1 123456
+reads peak -123
+reads valley -2147483648
+for reset in meter function alarms peak valley display; do ctl 0 reset $reset; done
+ctl 0 remote display 12.34
+ctl 0 remote item3 -1
+ctl 0 remote both 2147483647
+ctl 1 remote both 2147483648
+ctl 3 read item2
+said "(2)" err
+reads item1 123456
+cat >"$work/wanted" <<'WRITES'
+coil 1 on
+coil 2 on
+coil 3 on
+coil 4 on
+coil 5 on
+coil 6 on
+registers 69 0000 04D2
+registers 6B FFFF FFFF
+registers 6D 7FFF FFFF
+WRITES
+grep -E '^(coil|registers) ' "$work/peer.log" | diff "$work/wanted" - || fail "other writes"
 echo "All as it should be."

@@ -67,6 +67,30 @@ TEST(Calibration, RunsOnWithoutRepliesAndPutsBackWhatItRead) {
     }
 }
 
+// Nothing tells of a write that the meter did not take: what follows is sent all the same.
+TEST(Calibration, ALostWriteCostsNoMoreThanItsWord) {
+    const struct {
+        const char* SilentAt;
+        const char* Words;
+    } cases[] = {
+        // clang-format off
+        {"W12B0000Z",           "8000FF0186A0 0500 0046"},  // measured with the old factor in the way
+        {"W3110000000DBBA0Z",   "8000FF0186A0 0500 752F"},
+        {"W1240700",            "8000FF0186A0 0500 752F"},
+        {"W3118000FF0186A0Z",   "0000000DBBA0 0500 801E"},  // the test scale stays
+        {"W1240500Z",           "8000FF0186A0 0700 801E"},
+        {"W12B801E",            "8000FF0186A0 0500 0000"},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        CalibrationBench bench;
+        bench.Meter.SilentAt = c.SilentAt;
+        EXPECT_EQ(RunOn(bench).LinkError, 0) << c.SilentAt;
+        EXPECT_EQ(bench.Meter.Words(), c.Words) << c.SilentAt;
+        EXPECT_TRUE(bench.Port.Story().find(c.SilentAt) != std::string::npos) << c.SilentAt;
+    }
+}
+
 TEST(Calibration, SendsItsFramesWithTheirPauses) {
     CalibrationBench bench;
     bench.Pump.After(15000, [&] { bench.Port.Gone = true; });

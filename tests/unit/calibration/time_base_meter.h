@@ -11,7 +11,7 @@ namespace counter::test {
 
 struct TimeBaseMeter {
     double Hertz = 1000;        // at its input
-    double ErrorPpm = 30;       // its readings are too high by that
+    double ErrorPpm = 30;       // its readings are too high by that, and by its calibration word
     std::string SilentAt = "";  // the command that it does not hear
     std::string Word311 = "8000FF0186A0", Word124 = "0500", Word12B = "8064";
 
@@ -34,10 +34,14 @@ struct TimeBaseMeter {
     std::string Reading() const {
         const double scale =
             std::stoi(Word311.substr(6), nullptr, 16) * 1e-5 * std::pow(10, Word124[1] - '5');
+        const double ppm = ErrorPpm + Correction();
         char digits[32];
-        std::snprintf(digits, sizeof digits, " %07.2f",
-                      std::round(Hertz * scale * (1 + ErrorPpm * 1e-6)) / 100);
+        std::snprintf(digits, sizeof digits, " %07.2f", std::round(Hertz * scale * (1 + ppm * 1e-6)) / 100);
         return digits;
+    }
+    int Correction() const {
+        const int word = std::stoi(Word12B, nullptr, 16);
+        return word < 0x8000 ? word : 0x8000 - word;
     }
     // A write of another length than the word's is not taken.
     static void Keep(std::string& word, std::string digits) {

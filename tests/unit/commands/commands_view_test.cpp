@@ -106,8 +106,13 @@ TEST(Panel, TheValueGoesWithTheFocusAndTheHelpLineFollows) {
         bench.Focus(view.cmdDspyOnly);
         bench.Focus(view.txtRmtDspy);
         EXPECT_EQ(seen(), "6|") << "it empties once for each send";
+        bench.Port.Story();
         bench.Type("2147483648");
         bench.Click("cmdDspyOnly");
+        EXPECT_EQ(bench.Port.Story(), modbus ? "" : "300 *1H2147483648");
+        EXPECT_EQ(bench.Status(),
+                  modbus ? "red A value for the display is -2147483648 to 2147483647 over Modbus."
+                         : "green Remote data sent to Display only.");
         bench.Focus(view.cmdDspyOnly);
         bench.Focus(view.txtRmtDspy);
         EXPECT_EQ(seen(), modbus ? "2147483648|" : "|help") << "what was refused is kept";

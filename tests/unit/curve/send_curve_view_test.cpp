@@ -143,6 +143,13 @@ TEST(SendCurve, NamesAndFilesThatCannotBeSent) {
     }
 }
 
+TEST(SendCurve, FindsAFileWhateverLettersItsPathHas) {
+    CurveBench bench;
+    bench.Store.Contents["/caf\u00E9/M\u00DCLLER 1.PRM"] = kFirst + "," + kSecond;
+    bench.Go("M\xDCLLER 1", "/caf\xE9/");
+    EXPECT_EQ(bench.Running(), kStored);
+}
+
 // The second press, at 905 ms, throws away the answer to the first read-back: the first then has no proof.
 TEST(SendCurve, PressesDuringItsWaits) {
     CurveBench bench;

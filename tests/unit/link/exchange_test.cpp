@@ -46,6 +46,41 @@ TEST(Send, Address16IsGAndModbusCarriesItsOwn) {
     EXPECT_EQ(modbus.Line.Sent().back(), ":110800010000E6\r\n");
 }
 
+// A press during a wait sends inside it, and writes the same texts.
+TEST(Send, AnExchangeKeepsItsOwnFrameWhateverIsSentDuringItsWaits) {
+    const struct {
+        const char* Protocol;
+        double OtherMs;
+        const char* Frames;
+        const char* RawReply;
+    } cases[] = {
+        // clang-format off
+        {"SerialProtocol=0", 100, "*1C3\r\n*1B1\r\n",                             " 12345.67"},
+        {"SerialProtocol=0", 310, "*1B1\r\n*1C3\r\n",                             " 12345.67"},
+        {"SerialProtocol=2", 100, ":01050004FF00F7\r\n:010400030002F6\r\n",       ":0104040000303993"},
+        {"SerialProtocol=2", 310, ":010400030002F6\r\n:01050004FF00F7\r\n",       ":0104040000303993"},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        QuietBench bench({c.Protocol});
+        const bool modbus = bench.State().ModbusLink == 1;
+        const auto ask = [&](const char* ascii, const char* payload) {
+            bench.State().CommandText = ascii;
+            bench.State().ModbusPayload = payload;
+            SendCommand(bench.L());
+        };
+        bench.Pump.After(c.OtherMs, [&] { ask("*1C3", "050004FF00"); });
+        bench.AnswerAfter(750, std::string(c.RawReply) + "\r\n");
+        ask("*1B1", "0400030002");
+        ReceiveReply(bench.L());
+        std::string frames;
+        for (const std::string& frame : bench.Line.Sent()) frames += frame;
+        EXPECT_EQ(frames, c.Frames) << c.Protocol << " " << c.OtherMs;
+        EXPECT_EQ(bench.State().RawReply, c.RawReply) << "an odd value stays whole";
+        EXPECT_EQ(bench.State().CommandText, modbus ? ":010400030002F6\r\n" : "*1B1\r\n") << c.OtherMs;
+    }
+}
+
 TEST(Receive, CustomAsciiReplies) {
     const struct {
         const char* Name;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "link/exchange.h"
+#include "link/single_reading.h"
 #include "link/waits.h"
 #include "meter/hex_text.h"
 #include "support/node_net.h"
@@ -47,6 +48,16 @@ TEST(NodeSend, ModbusCarriesTransactionAndLength) {
         bench.State().ModbusPayload = "0300010010";
         SendCommand(bench.L());
         EXPECT_EQ(HexOfText(bench.Net.Sent.back()), digits) << "behind " << before;
+    }
+}
+
+TEST(NodeReceive, ASilentMeterLeavesNoReading) {
+    for (const char* protocol : {"SerialProtocol=0", "SerialProtocol=1"}) {
+        QuietNode bench({protocol});
+        bench.State().ReplyText = bench.State().RawReply = "01040400000064";
+        ReadSingle(bench.L(), ReadingKind::Item1);
+        EXPECT_EQ(bench.State().LinkError, 20) << protocol;
+        EXPECT_EQ(bench.State().RawReply, "") << protocol;
     }
 }
 

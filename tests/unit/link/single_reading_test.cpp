@@ -15,6 +15,7 @@ TEST(ReadSingle, LeavesTheTextInRawReply) {
         bool Modbus;
         const char* Answer;
         const char* RawReply;
+        int LinkError = 0;
     } cases[] = {
         // clang-format off
         {"a value is trimmed",      ReadingKind::Item1,         false, "  12.5 ",           "12.5"},
@@ -24,10 +25,11 @@ TEST(ReadSingle, LeavesTheTextInRawReply) {
         {"negative count",          ReadingKind::Item2,         true,  ":010404FFFFFF8575", "-123"},
         {"least count",             ReadingKind::Peak,          true,  ":0104048000000077", "-2147483648"},
         {"largest count",           ReadingKind::Valley,        true,  ":0104047FFFFFFF7B", " 2147483647"},
-        {"half a count",            ReadingKind::Item1,         true,  ":010402006495",     " 25749"},
+        {"half a count",            ReadingKind::Item1,         true,  ":010402006495",     " 25749", 1},
+        {"an exception, its check", ReadingKind::Item3,         true,  ":01840279",         " 121", 1},
         {"no such request",         ReadingKind::AllActive,     true,  ":0104040000006493", "before"},
-        {"silent: the last reply",  ReadingKind::Item1,         false, "-",                 "04C1"},
-        {"silent: none of a count", ReadingKind::Item1,         true,  "-",                 " 0"},
+        {"silent: the last reply",  ReadingKind::Item1,         false, "-",                 "04C1", 21},
+        {"silent: none of a count", ReadingKind::Item1,         true,  "-",                 " 0", 21},
         // clang-format on
     };
     for (const auto& c : cases) {
@@ -38,6 +40,7 @@ TEST(ReadSingle, LeavesTheTextInRawReply) {
         bench.Port.Answer = [&](const std::string&) { return c.Answer; };
         ReadSingle(bench.Program.Line, c.Kind);
         EXPECT_EQ(bench.State().RawReply, c.RawReply) << c.Name;
+        EXPECT_EQ(bench.State().LinkError, c.LinkError) << c.Name;
     }
 }
 

@@ -162,8 +162,7 @@ ViewPage* Desktop::MakeCommands() {
     auto* dialog = new SendCurveDialog(*curve_, page);
     commands_->ShowMainMenu = [this] { GoHome(); };
     commands_->OpenSendCurve = [page, dialog] { dialog->OpenFresh([page] { page->ComeBack(); }); };
-    page->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
-    dialog->OpenHelp = [page] { page->HelpKey(); };
+    page->OpenHelp = dialog->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
     return page;
 }
 
@@ -220,7 +219,8 @@ void Desktop::MakeReading(ReadingView& view) {
 
 void Desktop::OpenHelp(int helpId, HelpFrom from, HelpPlace place) {
     if (help_.Shown() || !help_.Open(helpId, from)) return;
-    QWidget* over = QApplication::activeModalWidget();
+    // Over a dialog, where one is open: the window behind it takes no key.
+    QWidget* const over = QApplication::activeModalWidget();
     auto* dialog = new HelpDialog(ContentOf(help_, place), over ? over : window_.get());
     dialog->Closed = [this] { help_.Ok(); };
     dialog->Open();

@@ -3,8 +3,8 @@
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "platform/qt/widgets/button_row.h"
@@ -23,10 +23,6 @@ constexpr int kTextColumns = 78;
 SendCurveDialog::SendCurveDialog(SendCurveView& view, QWidget* parent)
     : QDialog(parent), view_(view), bound_(view.Controls) {
     setWindowTitle(QtText(SendCurveView::kTitle));
-    auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
-    QObject::connect(help, &QShortcut::activated, this, [this] {
-        if (OpenHelp) OpenHelp();
-    });
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
     column->setSpacing(kGrid);
@@ -68,6 +64,12 @@ void SendCurveDialog::OpenFresh(std::function<void()> closed) {
     view_.Load();
     open();
     bound_.WidgetOf(view_.txtFileName)->setFocus();
+}
+
+void SendCurveDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_F1) return QDialog::keyPressEvent(event);
+    event->accept();
+    if (OpenHelp) OpenHelp(view_.cmdGo.HelpNumber);
 }
 
 void SendCurveDialog::reject() {

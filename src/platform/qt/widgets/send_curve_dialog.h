@@ -14,10 +14,13 @@ class SendCurveDialog : public QDialog {
 
     // Shown modal; `closed` runs when it has gone.
     void OpenFresh(std::function<void()> closed);
-    // F1, over this dialog. May be empty.
-    std::function<void()> OpenHelp;
+
+    // Help over this dialog; may be empty.
+    std::function<void(int helpNumber)> OpenHelp;
 
   protected:
+    // F1, which no control of the dialog takes.
+    void keyPressEvent(QKeyEvent* event) override;
     // Escape and the window's own button are Done.
     void reject() override;
 
