@@ -47,6 +47,20 @@ struct ChartDesk : BenchMeterOf<GuiPump> {
     ChartWidget Widget{Of.Chart, nullptr};
 };
 
+// A run of many readings, of which the record keeps only what can be seen of them.
+TEST(Chart, AGraphLooksTheSameWhenItsRecordIsMadeAnew) {
+    for (const char* vertical : {"1000", "20"}) {  // the second doubles its scale
+        ChartDesk<GraphView> desk("0", "1", vertical);
+        for (const char* reading : {"3", "3", "-5", "0", "3"}) desk.Read(reading, 60);
+        desk.Read("-99");
+        const int generation = desk.Of.Chart.Generation();
+        const QImage before = desk.Whole();
+        for (int i = 0; desk.Of.Chart.Generation() == generation && i < 4000; ++i) desk.Read("-99", 2);
+        EXPECT_NE(desk.Of.Chart.Generation(), generation);
+        EXPECT_EQ(desk.Whole(), before) << vertical;
+    }
+}
+
 // Of each reading only the part that it touches is painted.
 TEST(Chart, ReadingByReadingTheScreenComesToTheWholePicture) {
     const char* const readings[] = {"0",   "5", "-19", "30", "30",  "-40", "12.5",
