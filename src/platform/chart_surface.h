@@ -35,7 +35,7 @@ struct ChartBox {
     friend bool operator==(const ChartBox&, const ChartBox&) = default;
 };
 
-// The top of the text stands HalfHeights times half its height above Y.
+// The top of the text stands HalfHeights times half its height below Y; a negative number is above it.
 struct ChartText {
     std::string Text;
     TextAnchor Anchor = TextAnchor::Left;

@@ -53,8 +53,8 @@ void DrawCountAxis(ChartSurface& chart, float barScale) {
     }
 }
 
-void DrawSlice(ChartSurface& chart, int bin, float count, float barScale) {
-    chart.Draw(ChartBox{BarLeft(bin), HeightOf(count - 1, barScale), BarRight(bin), HeightOf(count, barScale),
+void DrawSlice(ChartSurface& chart, int bin, float before, float count, float barScale) {
+    chart.Draw(ChartBox{BarLeft(bin), HeightOf(before, barScale), BarRight(bin), HeightOf(count, barScale),
                         BoxFill::Black});
 }
 

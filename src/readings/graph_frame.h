@@ -19,8 +19,8 @@ void DrawGraphFrame(ChartSurface& chart, const ValueScale& scale, float barScale
 // The count axis anew, over the old labels. Labels are whole numbers, whatever a fifth of the scale is.
 void DrawCountAxis(ChartSurface& chart, float barScale);
 
-// What one more reading adds to a bar that now has `count`.
-void DrawSlice(ChartSurface& chart, int bin, float count, float barScale);
+// What readings add to a bar that had `before` and now has `count`.
+void DrawSlice(ChartSurface& chart, int bin, float before, float count, float barScale);
 // All bars anew, over the old ones.
 void DrawBars(ChartSurface& chart, const BinCounts& counts, float barScale);
 

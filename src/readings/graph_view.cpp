@@ -60,11 +60,12 @@ void GraphView::Count(std::size_t bin) {
     Wipe(Side::High);
     const float count = ++histogram_.BinCount[bin];
     if (count <= histogram_.BarScale) {
-        DrawSlice(Chart, static_cast<int>(bin), count, histogram_.BarScale);
+        DrawSlice(Chart, static_cast<int>(bin), count - 1, count, histogram_.BarScale);
         return;
     }
     // One doubling is enough unless the scale began below 1.
     while (count > histogram_.BarScale) histogram_.BarScale *= 2;
+    histogram_.UnderGrid = histogram_.BinCount;
     DrawBars(Chart, histogram_.BinCount, histogram_.BarScale);
     DrawCountAxis(Chart, histogram_.BarScale);
 }
@@ -88,7 +89,15 @@ void GraphView::Wipe(Side side) {
 
 void GraphView::DrawAll() {
     DrawGraphFrame(Chart, histogram_.Scale, histogram_.BarScale);
-    DrawBars(Chart, histogram_.BinCount, histogram_.BarScale);
+    if (histogram_.UnderGrid != BinCounts{}) {
+        DrawBars(Chart, histogram_.UnderGrid, histogram_.BarScale);
+        DrawCountAxis(Chart, histogram_.BarScale);
+    }
+    for (std::size_t bin = 0; bin < kBins; ++bin) {
+        const float below = histogram_.UnderGrid[bin];
+        const float count = histogram_.BinCount[bin];
+        if (count > below) DrawSlice(Chart, static_cast<int>(bin), below, count, histogram_.BarScale);
+    }
     if (histogram_.LowShown) DrawArrow(Chart, Side::Low);
     if (histogram_.HighShown) DrawArrow(Chart, Side::High);
 }

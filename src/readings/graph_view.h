@@ -15,6 +15,8 @@ struct Histogram {
     ValueScale Scale;
     float BarScale = 1;  // the count that the chart's top stands for, above 0
     BinCounts BinCount{};
+    // The bars as the last doubling drew them, with the grid over them; what came since lies over the grid.
+    BinCounts UnderGrid{};
     // The arrows change with each reading out of range; a reading in range wipes them and leaves these.
     int LowBlink = 0;
     int HighBlink = 0;
@@ -27,7 +29,7 @@ class GraphView : public ChartView {
     static constexpr std::string_view kName = "frmGRAPH";
     static constexpr std::string_view kTitle = "GRAPH";
     // The record of the chart is made anew from the counts when it becomes longer, so that it stays small
-    // however long a run takes.
+    // however long a run takes. The picture stays as it was.
     static constexpr std::size_t kMostEntries = 1000;
 
     explicit GraphView(Session& session);

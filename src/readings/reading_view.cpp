@@ -15,7 +15,9 @@ int NoHelp(std::string_view) {
 ReadingView::ReadingView(Session& session, std::unique_ptr<FrameCutter> cutter)
     : Program(session), Stream(session.Line, std::move(cutter)), Build(Controls, kEveryTab, NoHelp) {
     Stream.TakeFrame = [this](const Frame& frame) { TakeReading(frame.Text, frame.OnlySizes); };
-    Stream.PassDone = [this] { Controls.TellChanged(); };
+    Stream.PassDone = [this] {
+        if (Drawn) Drawn();
+    };
 }
 
 void ReadingView::Unload() {

@@ -27,6 +27,7 @@ class ReadingView {
     ReadingStream Stream;
 
     // Hooks into what shows the view; each may be empty.
+    std::function<void()> Drawn;  // readings have been taken: table or chart may show more, controls don't
     std::function<void()> ShowMainMenu;  // hide this view, show the home view, which unloads this one
     Printer* Paper = nullptr;
 

@@ -38,6 +38,7 @@ ChartPage::ChartPage(ChartView& view, std::string_view title, QWidget* parent)
         {&view.cmdNewScale, &view.cmdPause, &view.cmdContinue, &view.cmdSave, &view.cmdPrint, &view.cmdEnd}));
     bound_.BindSpecial(view.Picture1, chart_, [this] { chart_->Follow(); });
     bound_.BindSpecial(view.lblStatus, &strip_->Line(), [this] { strip_->ShowLine(view_.lblStatus); });
+    view_.Drawn = [this] { chart_->Follow(); };
     view_.SaveBitmap = [this](const std::string& path) {
         return SaveChartBitmap(view_.Chart, chart_->size() * chart_->devicePixelRatioF(), path);
     };
@@ -45,6 +46,7 @@ ChartPage::ChartPage(ChartView& view, std::string_view title, QWidget* parent)
 }
 
 ChartPage::~ChartPage() {
+    view_.Drawn = nullptr;
     view_.SaveBitmap = nullptr;
 }
 

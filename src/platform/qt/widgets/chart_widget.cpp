@@ -2,7 +2,6 @@
 
 #include <QBuffer>
 #include <QEvent>
-#include <QFontMetricsF>
 #include <QPainter>
 
 #include "platform/qt/core/qt_files.h"
@@ -12,82 +11,66 @@ namespace counter {
 
 namespace {
 
-// A line of text takes 18 of the 465 units of a strip chart's height.
-constexpr double kTextPart = 18.0 / 465.0;
+// More new entries than these are as good as all of the chart: an axis drawn anew crosses it.
+constexpr std::size_t kFewEntries = 16;
 
-// Maps the chart's units to the target and draws one entry.
+// Draws one entry.
 class ChartPainter {
   public:
-    ChartPainter(QPainter& painter, const QRectF& target, const ChartScale& scale, const ChartColors& colors)
-        : painter_(painter), target_(target), scale_(scale), colors_(colors), font_("DejaVu Sans") {
-        font_.setPixelSize(100);
-        const double lineOf100 = QFontMetricsF(font_).height();
-        font_.setPixelSize(std::max(1, static_cast<int>(100 * target.height() * kTextPart / lineOf100)));
-        painter_.setFont(font_);
-    }
+    ChartPainter(QPainter& painter, const ChartMap& map, const ChartColors& colors)
+        : painter_(painter), map_(map), colors_(colors) {}
 
+    // Lines along the axes are drawn on whole pixels: sharp, and the same however often they are drawn again.
     void operator()(const ChartLine& line) {
         QPen pen(colors_.Ink, line.Width);
         if (line.Style == LineStyle::Dotted) pen.setStyle(Qt::DotLine);
         pen.setCapStyle(Qt::FlatCap);
         painter_.setPen(pen);
-        painter_.drawLine(At(line.X1, line.Y1), At(line.X2, line.Y2));
+        painter_.setRenderHint(QPainter::Antialiasing, line.X1 != line.X2 && line.Y1 != line.Y2);
+        painter_.drawLine(map_.At(line.X1, line.Y1), map_.At(line.X2, line.Y2));
     }
 
     void operator()(const ChartPoint& point) {
         painter_.setPen(QPen(colors_.Ink, point.Width, Qt::SolidLine, Qt::RoundCap));
-        painter_.drawPoint(At(point.X, point.Y));
+        painter_.setRenderHint(QPainter::Antialiasing);
+        painter_.drawPoint(map_.At(point.X, point.Y));
     }
 
+    // Without smoothed edges, so that slices that lie on one another show no seam.
     void operator()(const ChartBox& box) {
         const QColor& fill = box.Fill == BoxFill::Black ? colors_.Ink : colors_.Paper;
-        // Without smoothed edges, so that slices that lie on one another show no seam.
         painter_.setRenderHint(QPainter::Antialiasing, false);
-        painter_.fillRect(QRectF(At(box.X1, box.Y1), At(box.X2, box.Y2)).normalized(), fill);
-        painter_.setRenderHint(QPainter::Antialiasing);
+        painter_.fillRect(QRectF(map_.At(box.X1, box.Y1), map_.At(box.X2, box.Y2)).normalized(), fill);
     }
 
-    // Heights are in the chart's units, which point up: that of a text is negative.
     void operator()(const ChartText& text) {
-        const QFontMetricsF metrics(font_);
-        const QString shown = QtText(text.Text);
-        const double width = metrics.horizontalAdvance(shown);
-        QPointF corner = At(text.X, text.Y);
-        corner.ry() += text.HalfHeights * metrics.height() / 2;
-        if (text.Anchor == TextAnchor::Center) corner.rx() -= width / 2;
-        if (text.Anchor == TextAnchor::Right) corner.rx() -= width;
+        const QRectF line = map_.LineOf(text);
+        painter_.setFont(map_.Font());
         painter_.setPen(colors_.Ink);
-        painter_.drawText(QPointF(corner.x(), corner.y() + metrics.ascent()), shown);
+        painter_.drawText(line.topLeft() + QPointF(0, map_.Ascent()), QtText(text.Text));
     }
 
   private:
-    QPointF At(double x, double y) const {
-        return {target_.left() + (x - scale_.Left) / (scale_.Right - scale_.Left) * target_.width(),
-                target_.top() + (y - scale_.Top) / (scale_.Bottom - scale_.Top) * target_.height()};
-    }
-
     QPainter& painter_;
-    const QRectF target_;
-    const ChartScale scale_;
+    const ChartMap& map_;
     const ChartColors& colors_;
-    QFont font_;
 };
 
-}  // namespace
-
-void PaintChart(QPainter& painter, const QRectF& target, const ChartSurface& chart, std::size_t first,
-                const ChartColors& colors) {
-    painter.setRenderHint(QPainter::Antialiasing);
-    ChartPainter paint(painter, target, chart.Scale(), colors);
+// The entries of the record from `first` on.
+void PaintEntries(QPainter& painter, const ChartMap& map, const ChartSurface& chart, std::size_t first,
+                  const ChartColors& colors) {
+    ChartPainter paint(painter, map, colors);
     for (std::size_t i = first; i < chart.Record().size(); ++i) std::visit(paint, chart.Record()[i]);
 }
+
+}  // namespace
 
 Status SaveChartBitmap(const ChartSurface& chart, QSize size, const std::string& path) {
     QImage picture(size, QImage::Format_RGB32);
     const ChartColors colors;
     picture.fill(colors.Paper);
     QPainter painter(&picture);
-    PaintChart(painter, picture.rect(), chart, 0, colors);
+    PaintEntries(painter, ChartMap(picture.rect(), chart.Scale()), chart, 0, colors);
     painter.end();
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -106,33 +89,49 @@ ChartColors ChartWidget::Colors() const {
     return {palette().color(QPalette::Text), palette().color(QPalette::Base)};
 }
 
+const ChartMap& ChartWidget::Map() {
+    if (!map_ || map_->Target() != rect() || map_->Scale() != chart_.Scale())
+        map_.emplace(rect(), chart_.Scale());
+    return *map_;
+}
+
 void ChartWidget::Follow() {
-    if (generation_ != chart_.Generation() || painted_ != chart_.Record().size()) update();
+    const std::vector<ChartEntry>& record = chart_.Record();
+    const bool anew = told_.Generation != chart_.Generation() || told_.Entries > record.size();
+    if (anew || record.size() - told_.Entries > kFewEntries) {
+        update();
+    } else {
+        for (std::size_t i = told_.Entries; i < record.size(); ++i)
+            update(Map().Reach(record[i]).toAlignedRect());
+    }
+    told_ = {chart_.Generation(), record.size()};
 }
 
 void ChartWidget::BringUp() {
-    const ChartColors colors = Colors();
+    const Mark now = {chart_.Generation(), chart_.Record().size()};
     const QSize pixels = size() * devicePixelRatioF();
-    if (picture_.size() != pixels || generation_ != chart_.Generation() ||
-        painted_ > chart_.Record().size()) {
-        if (picture_.size() != pixels) picture_ = QImage(pixels, QImage::Format_RGB32);
+    const bool otherSize = picture_.size() != pixels;
+    if (otherSize) picture_ = QImage(pixels, QImage::Format_RGB32);
+    const ChartColors colors = Colors();
+    if (otherSize || painted_.Generation != now.Generation || painted_.Entries > now.Entries) {
         picture_.setDevicePixelRatio(devicePixelRatioF());
         picture_.fill(colors.Paper);
-        painted_ = 0;
-        generation_ = chart_.Generation();
+        painted_ = {now.Generation, 0};
     }
+    if (painted_.Entries == now.Entries) return;
     QPainter painter(&picture_);
-    PaintChart(painter, rect(), chart_, painted_, colors);
-    painted_ = chart_.Record().size();
+    PaintEntries(painter, Map(), chart_, painted_.Entries, colors);
+    painted_ = now;
 }
 
+// Only the part of the event is copied: whatever lies outside is clipped away.
 void ChartWidget::paintEvent(QPaintEvent*) {
     BringUp();
     QPainter(this).drawImage(QPoint(0, 0), picture_);
 }
 
 void ChartWidget::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange) generation_ = -1;
+    if (event->type() == QEvent::PaletteChange) painted_ = {};
     QWidget::changeEvent(event);
 }
 

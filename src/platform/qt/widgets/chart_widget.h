@@ -4,11 +4,11 @@
 #include <QColor>
 #include <QImage>
 #include <QWidget>
+#include <optional>
 
 #include "platform/chart_surface.h"
+#include "platform/qt/widgets/chart_map.h"
 #include "platform/status.h"
-
-class QPainter;
 
 namespace counter {
 
@@ -17,21 +17,16 @@ struct ChartColors {
     QColor Paper = Qt::white;
 };
 
-// Paints the entries of the record from `first` on into `target`. The height of a text is a fixed part of the
-// chart's, so that screen, page and bitmap look alike.
-void PaintChart(QPainter& painter, const QRectF& target, const ChartSurface& chart, std::size_t first,
-                const ChartColors& colors);
-
 // The chart alone as a BMP file, black on white, replacing one that stands there.
 Status SaveChartBitmap(const ChartSurface& chart, QSize size, const std::string& path);
 
 // Keeps a picture of what was painted and adds what is new in the record, so that a long trace costs nothing
-// to go on with. Called from the view's Changed.
+// to go on with.
 class ChartWidget : public QWidget {
   public:
     ChartWidget(const ChartSurface& chart, QWidget* parent);
 
-    // What has been added to the record shows.
+    // What has been added to the record shows; only the part of the widget that it touches is painted.
     void Follow();
 
     QSize sizeHint() const override { return {900, 480}; }
@@ -41,13 +36,20 @@ class ChartWidget : public QWidget {
     void changeEvent(QEvent* event) override;
 
   private:
+    // How far into the record; no generation is -1.
+    struct Mark {
+        int Generation = -1;
+        std::size_t Entries = 0;
+    };
     void BringUp();
+    const ChartMap& Map();
     ChartColors Colors() const;
 
     const ChartSurface& chart_;
+    std::optional<ChartMap> map_;  // of the present size and scale
     QImage picture_;
-    int generation_ = -1;      // of the record in the picture
-    std::size_t painted_ = 0;  // entries of it
+    Mark painted_;  // what the picture holds
+    Mark told_;     // what Follow has asked to be painted
 };
 
 }  // namespace counter

@@ -27,6 +27,7 @@ class ReadingGrid : public QWidget {
     ReadingGrid(ListView& view, QWidget* parent) : QWidget(parent), view_(view) {
         FitFont();
         setFocusPolicy(Qt::StrongFocus);
+        setAttribute(Qt::WA_OpaquePaintEvent);  // nothing behind it is painted first
         setMinimumSize(fontMetrics().averageCharWidth() * 8 * ListView::kColumns / 2,
                        fontMetrics().height() * 10);
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -54,7 +55,8 @@ class ReadingGrid : public QWidget {
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
         painter.fillRect(event->rect(), palette().base());
-        for (int row = 0; row < rows_; ++row) {
+        const int first = std::min(rows_, event->rect().top() / std::max(1, RowPixels()));
+        for (int row = first; row < rows_ && row * RowPixels() <= event->rect().bottom(); ++row) {
             for (int column = 0; column < ListView::kColumns; ++column) {
                 const QRect cell = CellRect(row, column);
                 if (cell.intersects(event->rect())) PaintCell(painter, cell, row, column);
@@ -96,11 +98,12 @@ class ReadingGrid : public QWidget {
     int Twips(int pixels) const { return pixels * kTwipsPerInch / logicalDpiY(); }
     std::size_t Count() const { return static_cast<std::size_t>(rows_) * ListView::kColumns; }
 
+    int RowPixels() const { return view_.RowHeight * logicalDpiY() / kTwipsPerInch; }
+
     QRect CellRect(int row, int column) const {
         const int left = width() * column / ListView::kColumns;
         const int right = width() * (column + 1) / ListView::kColumns;
-        const int height = view_.RowHeight * logicalDpiY() / kTwipsPerInch;
-        return {left, row * height, right - left, height};
+        return {left, row * RowPixels(), right - left, RowPixels()};
     }
 
     void FollowCell(int row, int column) {
@@ -114,8 +117,9 @@ class ReadingGrid : public QWidget {
     void PaintCell(QPainter& painter, const QRect& cell, int row, int column) {
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawRect(cell.adjusted(0, 0, -1, -1));
-        painter.setPen(palette().color(QPalette::Text));
         const std::string& text = shown_[static_cast<std::size_t>(row * ListView::kColumns + column)];
+        if (text.find_first_not_of(' ') == std::string::npos) return;
+        painter.setPen(palette().color(QPalette::Text));
         painter.drawText(cell.adjusted(kCellMargin, 0, -kCellMargin, 0), Qt::AlignVCenter | Qt::AlignLeft,
                          Shown(text));
     }
@@ -145,8 +149,13 @@ ListPage::ListPage(ListView& view, QWidget* parent)
         ButtonRow(bound_, this, {&view.cmdPause, &view.cmdContin, &view.cmdPrint, &view.cmdEnd}));
     bound_.BindSpecial(view.grdList, grid_, [this] { grid_->Follow(); });
     bound_.BindSpecial(view.lblStatus, &strip_->Line(), [this] { strip_->ShowLine(view_.lblStatus); });
+    view_.Drawn = [this] { grid_->Follow(); };
     grid_->setAccessibleName("Readings");
     bound_.Refresh();
+}
+
+ListPage::~ListPage() {
+    view_.Drawn = nullptr;
 }
 
 QString ListPage::Title() const {

@@ -13,6 +13,7 @@ class ReadingGrid;
 class ListPage : public ViewPage {
   public:
     ListPage(ListView& view, QWidget* parent);
+    ~ListPage() override;
 
     QString Title() const override;
     void HelpKey() override { AskHelp(3105); }
