@@ -8,12 +8,12 @@
 
 #include "cli/cli.h"
 #include "cli/link_session.h"
+#include "cli/stored_settings.h"
 #include "link/link_error.h"
 #include "link/list_cutter.h"
 #include "link/prepare_readings.h"
 #include "link/reading_stream.h"
 #include "link/waits.h"
-#include "settings/settings.h"
 
 namespace counter {
 
@@ -81,14 +81,8 @@ std::string NumberText(std::string reading) {
     return sign + (whole.empty() ? "0" : whole) + (decimals.empty() ? "" : "." + decimals);
 }
 
-// False where the settings say Modbus or a node. Looked up before a port is opened or a node called; settings
-// that can't be read are told by whoever opens.
 bool HasStream(const CommandCall& call) {
-    const ProgramFolder folder{call.World.Store, call.Folder};
-    std::string text;
-    if (!folder.Store.Read(folder.At(kSettingsFile), text).Ok()) return true;
-    Settings settings;
-    ParseSettings(SplitSettings(text), settings);
+    const Settings settings = StoredSettings(call);
     return settings.ModbusLink == 0 && settings.EthernetMode == 0;
 }
 
