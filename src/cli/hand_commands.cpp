@@ -6,6 +6,7 @@
 #include "cli/link_session.h"
 #include "cli/offline_session.h"
 #include "cli/stored_settings.h"
+#include "cli/suggest.h"
 #include "commands/commands_view.h"
 #include "link/link_error.h"
 #include "link/waits.h"
@@ -60,8 +61,12 @@ const ButtonWord* FindWord(std::span<const ButtonWord> words, const std::string&
 
 int RefuseWord(const CommandCall& call, std::span<const ButtonWord> words) {
     std::string legal;
-    for (const ButtonWord& word : words) legal += (legal.empty() ? "" : "|") + std::string(word.Word);
-    return RefuseCall(call, "'" + call.Words[0] + "' is none of " + legal);
+    std::vector<std::string> names;
+    for (const ButtonWord& word : words) {
+        legal += (legal.empty() ? "" : "|") + std::string(word.Word);
+        names.emplace_back(word.Word);
+    }
+    return RefuseCall(call, "'" + call.Words[0] + "' is none of " + legal + DidYouMean(call.Words[0], names));
 }
 
 void TypeValue(const CommandCall& call, CommandsView& view) {

@@ -1,14 +1,13 @@
 // stream: the reading stream, a reading a line, until enough of them, enough time or an interrupt.
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
-#include <system_error>
 
 #include "cli/cli.h"
 #include "cli/link_session.h"
 #include "cli/stored_settings.h"
+#include "cli/stream_files.h"
 #include "link/link_error.h"
 #include "link/list_cutter.h"
 #include "link/prepare_readings.h"
@@ -150,17 +149,14 @@ void StreamRun::Take(const std::string& text) {
         written_ = call_.World.Store.Append(limits_.Csv, time + "," + NumberText(text) + "\n");
     if (call_.Json) {
         list_.push_back({{"time", time}, {"reading", Utf8(text)}});
-    } else if (written_.Ok()) {
+    } else if (written_.Ok() && !call_.OutIsFile) {
         WriteLine(Utf8(text));
     }
 }
 
 void StreamRun::WriteLine(const std::string& text) {
-    errno = 0;
     call_.World.Out << text << "\n" << std::flush;
-    if (call_.World.Out) return;
-    written_ = {StatusKind::Other, "standard output",
-                errno == 0 ? "can't be written" : std::generic_category().message(errno)};
+    if (!call_.World.Out) written_ = OutputFailed(call_.World);
 }
 
 int StreamRun::Report() {
@@ -168,9 +164,9 @@ int StreamRun::Report() {
     if (!written_.Ok()) return RefuseStatus(call_, written_);
     const int error = program_.LinkData.LinkError;
     if (error == LinkErrors::kGood || (interrupted_ && error != LinkErrors::kPortFault)) return kDone;
-    call_.World.Err << "counterctl: " << LinkErrorMeaning(error)
-                    << "\nFailed to read the stream, check connections, then try again.      ( " << error
-                    << ")\n";
+    Complain(call_.World) << LinkErrorMeaning(error)
+                          << "\nFailed to read the stream, check connections, then try again.      ( "
+                          << error << ")\n";
     return kLinkFailed;
 }
 
