@@ -1,9 +1,13 @@
 // counterctl: the command line companion.
 #include <unistd.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <iostream>
+#include <string_view>
 
 #include "cli/cli.h"
+#include "cli/file_output.h"
 #include "platform/qt/core/core_runtime.h"
 #include "platform/qt/core/program_folder.h"
 #include "platform/qt/core/qt_files.h"
@@ -37,19 +41,37 @@ std::string DefaultFolder() {
     return counter::DefaultProgramFolder();
 }
 
+bool IsTerminal(int descriptor) {
+    return isatty(descriptor) == 1;
+}
+
+// Colours are for people at a terminal that knows them, and who do not mind.
+bool TakesColors(int descriptor) {
+    const char* const refused = std::getenv("NO_COLOR");
+    const char* const kind = std::getenv("TERM");
+    return IsTerminal(descriptor) && (refused == nullptr || *refused == '\0') && kind != nullptr &&
+           std::string_view(kind) != "dumb";
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     counter::QtFiles files;
-    const counter::CliWorld world{std::cout,
+    counter::FileOutput written(stdout);
+    std::ostream out(&written);
+    const counter::CliWorld world{out,
                                   std::cerr,
-                                  isatty(STDERR_FILENO) == 1,
+                                  IsTerminal(STDERR_FILENO),
                                   files,
                                   DefaultFolder,
                                   [](const std::string& folder) -> std::unique_ptr<counter::Machine> {
                                       return std::make_unique<QtMachine>(folder);
-                                  }};
-    const int status = counter::RunCli(world, argc, argv);
-    std::cout.flush();
-    return status;
+                                  },
+                                  std::cin,
+                                  std::_Exit,
+                                  IsTerminal(STDIN_FILENO),
+                                  TakesColors(STDOUT_FILENO),
+                                  TakesColors(STDERR_FILENO),
+                                  [&written] { return written.WhyFailed(); }};
+    return counter::RunCli(world, argc, argv);
 }

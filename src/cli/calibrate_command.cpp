@@ -6,6 +6,7 @@
 #include "calibration/calibration.h"
 #include "cli/cli.h"
 #include "cli/link_session.h"
+#include "cli/stored_settings.h"
 #include "commands/commands_view.h"
 
 namespace counter {
@@ -63,13 +64,11 @@ int CalibrateCommand(const CommandCall& call) {
     if (!IsFrequency(call.Words[0])) {
         return RefuseCall(call, "HERTZ is a positive number without commas, such as 1000 or 59.94");
     }
+    if (StoredSettings(call).ModbusLink == 1)
+        return RefuseCall(call, "'calibrate' does not exist over Modbus");
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
     LinkState& state = link.Program().LinkData;
-    if (state.ModbusLink == 1) {
-        link.Finish();
-        return RefuseCall(call, "'calibrate' does not exist over Modbus");
-    }
     const CalibrationResult result = RunUninterrupted(call, link);
     state.LinkError = result.LinkError;
     ActionEnd end{kDoneText, kDoneText, {{"ppm", result.Applied.Ppm}, {"limited", result.Applied.Limited}}};

@@ -1,68 +1,18 @@
 #include "cli/cli.h"
 
 #include <CLI/CLI.hpp>
-#include <array>
+#include <algorithm>
 
+#include "cli/cli_output.h"
+#include "cli/command_help.h"
+#include "cli/command_table.h"
+#include "cli/stream_files.h"
+#include "cli/suggest.h"
 #include "cli/version.h"
 
 namespace counter {
 
 namespace {
-
-struct OptionRow {
-    const char* Name;
-    bool TakesValue;
-};
-
-struct CommandRow {
-    const char* Name;
-    const char* Arguments;  // as the help shows them
-    const char* Help;
-    int LeastWords;
-    int MostWords;
-    std::vector<OptionRow> Options;
-    int (*Run)(const CommandCall&);
-};
-
-constexpr int kManyWords = 100;
-
-// clang-format off
-const std::vector<CommandRow>& Commands() {
-    static const std::vector<CommandRow> rows = {
-        {"settings",  "[init|set] [KEY=VALUE...] [--force]", "prints Settings.SSS, lays it down, changes it",
-         0, kManyWords, {{"--force", false}}, SettingsCommand},
-        {"ports",     "[map N DEVICE]", "lists the serial ports; makes port number N mean DEVICE",
-         0, 3, {}, PortsCommand},
-        {"default",   "FILE", "writes the default setup",
-         1, 1, {}, DefaultCommand},
-        {"get",       "FILE", "reads the meter's setup into FILE",
-         1, 1, {}, GetCommand},
-        {"put",       "FILE [--backup OLD] [--verify]", "writes FILE into the meter",
-         1, 1, {{"--backup", true}, {"--verify", false}}, PutCommand},
-        {"verify",    "FILE", "reads the meter and compares with FILE",
-         1, 1, {}, VerifyCommand},
-        {"show",      "FILE [--as fields|menu|setup]", "shows a setup as fields, front-panel menu or Setup view",
-         1, 1, {{"--as", true}}, ShowCommand},
-        {"diff",      "A B", "the fields in which two setup files differ",
-         2, 2, {}, DiffCommand},
-        {"edit",      "FILE [--script SCRIPT] [--out FILE2] [--from-meter]", "edits FILE by the actions of SCRIPT",
-         1, 1, {{"--script", true}, {"--out", true}, {"--from-meter", false}}, EditCommand},
-        {"read",      "item1|item2|item3|peak|valley|all|all+", "one reading, or one line of them",
-         1, 1, {}, ReadCommand},
-        {"reset",     "meter|function|alarms|peak|valley|display", "one reset command",
-         1, 1, {}, ResetCommand},
-        {"remote",    "display|item3|both|c TEXT", "a value for the meter's display",
-         2, 2, {}, RemoteCommand},
-        {"stream",    "[--count N] [--seconds S] [--csv FILE]", "the reading stream, a reading a line",
-         0, 0, {{"--count", true}, {"--seconds", true}, {"--csv", true}}, StreamCommand},
-        {"curve",     "FILE.PRM [--board 1|2]", "sends a custom curve and verifies it",
-         1, 1, {{"--board", true}}, CurveCommand},
-        {"calibrate", "HERTZ", "runs the calibration procedure",
-         1, 1, {}, CalibrateCommand},
-    };
-    return rows;
-}
-// clang-format on
 
 // What one command line was parsed into.
 struct Parsed {
@@ -74,27 +24,20 @@ struct Parsed {
     std::map<std::string, bool> Flags;
 };
 
-std::string Usage(const CommandRow& row) {
-    return std::string("counterctl ") + row.Name + " " + row.Arguments;
-}
-
-std::string AllUsage() {
-    std::string text = "counterctl [--dir FOLDER] [--json] [--trace] COMMAND [ARGUMENT...], COMMAND one of";
-    for (const CommandRow& row : Commands()) text += std::string(" ") + row.Name;
-    return text;
+bool TakesValue(const OptionRow& option) {
+    return option.Value[0] != '\0';
 }
 
 void AddCommand(CLI::App& app, const CommandRow& row, Parsed& parsed) {
     CLI::App* command = app.add_subcommand(row.Name, row.Help);
     command->fallthrough();  // the common options stand before or behind the command
-    command->footer("As a line: " + Usage(row));
     if (row.MostWords > 0) {
         command->add_option("arguments", parsed.Words, row.Arguments)
             ->expected(row.LeastWords, row.MostWords)
             ->required(row.LeastWords > 0);
     }
     for (const OptionRow& option : row.Options) {
-        if (option.TakesValue) {
+        if (TakesValue(option)) {
             command->add_option(option.Name, parsed.Values[option.Name]);
         } else {
             command->add_flag(option.Name, parsed.Flags[option.Name]);
@@ -103,9 +46,9 @@ void AddCommand(CLI::App& app, const CommandRow& row, Parsed& parsed) {
 }
 
 void AddAll(CLI::App& app, Parsed& parsed) {
-    app.add_option("--dir", parsed.Folder, "the program folder, where Settings.SSS lies");
-    app.add_flag("--json", parsed.Json, "one JSON document on standard output");
-    app.add_flag("--trace", parsed.Trace, "every frame on standard error");
+    app.add_option("--dir", parsed.Folder);
+    app.add_flag("--json", parsed.Json);
+    app.add_flag("--trace", parsed.Trace);
     app.set_version_flag("--version", std::string("counterctl ") + kVersion);
     app.require_subcommand(1);
     for (const CommandRow& row : Commands()) AddCommand(app, row, parsed);
@@ -118,12 +61,51 @@ const CommandRow* CalledCommand(const CLI::App& app) {
     return nullptr;
 }
 
-int RefuseUsage(const CliWorld& world, const CLI::App& app, const std::string& reason) {
-    const CommandRow* row = CalledCommand(app);
-    std::string line = "counterctl: " + reason + "; usage: " + (row == nullptr ? AllUsage() : Usage(*row));
-    for (char& c : line) c = c == '\n' ? ' ' : c;
-    world.Err << line << "\n";
+int RefuseUsage(const CliWorld& world, const CommandRow* row, const std::string& reason,
+                const std::string& suggestion = {}) {
+    std::string line = reason + "; usage: " + (row == nullptr ? UsageOfAll() : UsageOf(*row)) + suggestion;
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    Complain(world) << line << "\n";
     return kUsage;
+}
+
+bool IsOption(const std::string& word) {
+    return word.size() > 1 && word[0] == '-';
+}
+
+// The first word that is neither an option nor the folder of --dir; empty where there is none.
+std::string CommandWord(std::span<const std::string> words) {
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        if (words[i] == "--dir") {
+            ++i;
+        } else if (!IsOption(words[i])) {
+            return words[i];
+        }
+    }
+    return {};
+}
+
+std::vector<std::string> OptionNames(const CommandRow* row) {
+    std::vector<std::string> names = {"--help", "--version"};
+    for (const OptionRow& option : CommonOptions()) names.emplace_back(option.Name);
+    for (std::size_t i = 0; row != nullptr && i < row->Options.size(); ++i)
+        names.emplace_back(row->Options[i].Name);
+    return names;
+}
+
+// A line that could not be parsed: a mistyped command or option is told by its name.
+int RefuseLine(const CliWorld& world, const CommandRow* row, std::span<const std::string> words,
+               const std::string& reason) {
+    const std::string command = CommandWord(words);
+    if (row == nullptr && !command.empty())
+        return RefuseUsage(world, row, "no command '" + command + "'", DidYouMean(command, CommandNames()));
+    const std::vector<std::string> names = OptionNames(row);
+    for (const std::string& word : words) {
+        const std::string name = word.substr(0, word.find('='));
+        if (!word.starts_with("--") || std::find(names.begin(), names.end(), name) != names.end()) continue;
+        return RefuseUsage(world, row, "no option '" + name + "'", DidYouMean(name, names));
+    }
+    return RefuseUsage(world, row, reason);
 }
 
 // An option without a value would mean something else than what was asked for: a backup into nowhere.
@@ -131,42 +113,79 @@ std::string EmptyOption(const CLI::App& app, const CommandRow& row, const Parsed
     if (app.get_option("--dir")->count() > 0 && parsed.Folder.empty()) return "--dir";
     for (const OptionRow& option : row.Options) {
         const bool given = app.get_subcommand(row.Name)->get_option(option.Name)->count() > 0;
-        if (given && option.TakesValue && parsed.Values.at(option.Name).empty()) return option.Name;
+        if (given && TakesValue(option) && parsed.Values.at(option.Name).empty()) return option.Name;
     }
     return {};
 }
 
-int RunCommand(const CliWorld& world, const CLI::App& app, const CommandRow& row, const Parsed& parsed) {
-    if (const std::string empty = EmptyOption(app, row, parsed); !empty.empty()) {
-        return RefuseUsage(world, app, empty + " needs a value");
+struct StreamUse {
+    int Readers = 0;
+    int Writers = 0;
+
+    void Count(FileUse use, bool elsewhere) {
+        Readers += use == FileUse::Read || use == FileUse::Edited || use == FileUse::Script ? 1 : 0;
+        Writers += use == FileUse::Written || (use == FileUse::Edited && !elsewhere) ? 1 : 0;
     }
-    CommandCall call{world, parsed.Folder, parsed.Json, parsed.Trace, parsed.Words, {}};
+};
+
+// How often the call names standard input and standard output in the place of a file.
+StreamUse StreamsOf(const CommandRow& row, const CommandCall& call) {
+    StreamUse streams;
+    const bool elsewhere = call.Has("--out");
+    for (std::size_t i = 0; i < std::min(row.Files.size(), call.Words.size()); ++i) {
+        if (call.Words[i] == kStandardStream) streams.Count(row.Files[i], elsewhere);
+    }
+    for (const OptionRow& option : row.Options) {
+        const auto given = call.Options.find(option.Name);
+        const std::string file = given == call.Options.end() ? "" : given->second;
+        const bool byDefault = option.Use == FileUse::Script && file.empty();
+        if (file == kStandardStream || byDefault) streams.Count(option.Use, elsewhere);
+    }
+    return streams;
+}
+
+int RunOn(const CommandRow& row, CommandCall& call) {
+    const StreamUse streams = StreamsOf(row, call);
+    if (streams.Readers > 1) return RefuseUsage(call.World, &row, "standard input can be read only once");
+    if (streams.Writers > 1) return RefuseUsage(call.World, &row, "standard output can hold only one file");
+    if (streams.Writers > 0 && call.Json)
+        return RefuseUsage(call.World, &row, "with --json standard output is one JSON document and no file");
+    call.OutIsFile = streams.Writers > 0;
+    return OutputStatus(call.World, row.Run(call));
+}
+
+int RunCommand(const CliWorld& world, const CLI::App& app, const CommandRow& row, const Parsed& parsed) {
+    if (const std::string empty = EmptyOption(app, row, parsed); !empty.empty())
+        return RefuseUsage(world, &row, empty + " needs a value");
+    StreamFiles files(world);
+    const CliWorld streamed = world.With(files);
+    CommandCall call{streamed, parsed.Folder, parsed.Json, parsed.Trace, false, parsed.Words, {}};
     if (call.Folder.empty()) call.Folder = world.DefaultFolder();
     for (const OptionRow& option : row.Options) {
         if (app.get_subcommand(row.Name)->get_option(option.Name)->count() == 0) continue;
-        call.Options[option.Name] = option.TakesValue ? parsed.Values.at(option.Name) : "1";
+        call.Options[option.Name] = TakesValue(option) ? parsed.Values.at(option.Name) : "1";
     }
-    return row.Run(call);
+    return RunOn(row, call);
 }
 
 }  // namespace
 
-int NotThereYet(const CommandCall& call) {
-    call.World.Err << "counterctl: this command is not there yet\n";
-    return kUsage;
-}
-
 int RunCli(const CliWorld& world, int argc, const char* const* argv) {
-    CLI::App app("Works a panel counter/timer and its setup files from a shell or a script.", "counterctl");
+    CLI::App app("", "counterctl");
     Parsed parsed;
     AddAll(app, parsed);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success&) {
-        world.Out << (app.get_option("--version")->count() > 0 ? app.version() + "\n" : app.help());
-        return kDone;
+        const CommandRow* row = CalledCommand(app);
+        const bool version = app.get_option("--version")->count() > 0;
+        world.Out << (version          ? app.version() + "\n"
+                      : row == nullptr ? HelpOfAll(world.OutColors)
+                                       : HelpOf(*row, world.OutColors));
+        return OutputStatus(world, kDone);
     } catch (const CLI::ParseError& error) {
-        return RefuseUsage(world, app, error.what());
+        const std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+        return RefuseLine(world, CalledCommand(app), words, error.what());
     }
     return RunCommand(world, app, *CalledCommand(app), parsed);
 }

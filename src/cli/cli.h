@@ -16,10 +16,15 @@ struct CommandCall {
     std::string Folder;  // the program folder
     bool Json = false;
     bool Trace = false;
+    bool OutIsFile = false;                      // "-" names standard output as a file to write
     std::vector<std::string> Words;              // arguments without "--"
     std::map<std::string, std::string> Options;  // "--as" -> "fields"; a flag that was given -> "1"
 
     bool Has(const std::string& option) const { return Options.count(option) != 0; }
+    // Where an edited first FILE is written: over itself, or what --out names.
+    std::string OutPath() const { return Has("--out") ? Options.at("--out") : Words[0]; }
+    // Where text for people goes: never into a file.
+    std::ostream& Text() const { return OutIsFile ? World.Err : World.Out; }
 };
 
 // Runs the command line and returns the exit status.
@@ -30,7 +35,10 @@ int SettingsCommand(const CommandCall& call);
 int PortsCommand(const CommandCall& call);
 int DefaultCommand(const CommandCall& call);
 int ShowCommand(const CommandCall& call);
+int FieldsCommand(const CommandCall& call);
 int DiffCommand(const CommandCall& call);
+int SetCommand(const CommandCall& call);
+int HelpCommand(const CommandCall& call);
 int GetCommand(const CommandCall& call);
 int PutCommand(const CommandCall& call);
 int VerifyCommand(const CommandCall& call);
@@ -46,8 +54,5 @@ int CalibrateCommand(const CommandCall& call);
 int ShowMenu(const CommandCall& call, SetupImage& image);
 // show --as setup. What opening the Setup view repairs is shown and not kept.
 int ShowSetup(const CommandCall& call, const SetupImage& image);
-
-// Of a command that later work brings: says so, status 1.
-int NotThereYet(const CommandCall& call);
 
 }  // namespace counter

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "cli/stream_files.h"
 #include "meter/field_value.h"
 
 namespace counter {
@@ -10,13 +11,24 @@ void WriteJson(const CommandCall& call, const Json& document) {
     call.World.Out << document.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
 }
 
+std::ostream& Complain(const CliWorld& world) {
+    return world.Err << (world.ErrColors ? "\x1b[31mcounterctl:\x1b[0m " : "counterctl: ");
+}
+
+int OutputStatus(const CliWorld& world, int status) {
+    world.Out.flush();
+    if (world.Out || (status != kDone && status != kDifferent)) return status;
+    Complain(world) << OutputFailed(world).Text() << "\n";
+    return kFileOrPort;
+}
+
 int RefuseStatus(const CommandCall& call, const Status& status) {
-    call.World.Err << "counterctl: " << status.Text() << "\n";
+    Complain(call.World) << status.Text() << "\n";
     return kFileOrPort;
 }
 
 int RefuseCall(const CommandCall& call, const std::string& reason) {
-    call.World.Err << "counterctl: " << reason << "\n";
+    Complain(call.World) << reason << "\n";
     return kUsage;
 }
 

@@ -19,10 +19,16 @@ using Json = nlohmann::ordered_json;  // keys in the order in which they are wri
 // One document on standard output.
 void WriteJson(const CommandCall& call, const Json& document);
 
+// Begins a line on standard error with "counterctl: ".
+std::ostream& Complain(const CliWorld& world);
 // "counterctl: PATH: REASON" on standard error. Returns exit status 2.
 int RefuseStatus(const CommandCall& call, const Status& status);
 // "counterctl: REASON" on standard error. Returns exit status 1.
 int RefuseCall(const CommandCall& call, const std::string& reason);
+
+// Flushes standard output. Returns `status`, or 2 with its line written where the output of a command that
+// went well could not be written.
+int OutputStatus(const CliWorld& world, int status);
 
 // "3..2", "4" for one bit, "7..0" for a whole byte; empty for a value and for carried digits.
 std::string BitsText(const FieldRow& row);

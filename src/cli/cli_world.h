@@ -14,6 +14,9 @@
 
 namespace counter {
 
+// Where a file is named: standard input or standard output instead.
+inline constexpr const char* kStandardStream = "-";
+
 // Made only when a command needs it: showing a file must not cost the bring-up of an event loop.
 class Machine {
   public:
@@ -37,6 +40,18 @@ struct CliWorld {
     std::istream& In = std::cin;
     // Ends the process with what was written so far and does not return; the one of tests unwinds.
     std::function<void(int status)> Exit = std::_Exit;
+    bool InIsTerminal = false;
+    // Colours and bold print on either stream.
+    bool OutColors = false;
+    bool ErrColors = false;
+    // The system's words for why Out takes no more; may be empty, and answer nothing.
+    std::function<std::string()> WhyOutFailed = {};
+
+    // The same world with other files.
+    CliWorld With(Files& files) const {
+        return {Out, Err,  ErrIsTerminal, files,     DefaultFolder, MakeMachine,
+                In,  Exit, InIsTerminal,  OutColors, ErrColors,     WhyOutFailed};
+    }
 };
 
 // Exit statuses of counterctl.

@@ -3,6 +3,7 @@
 
 #include "cli/cli.h"
 #include "cli/link_session.h"
+#include "cli/stored_settings.h"
 #include "commands/commands_view.h"
 #include "curve/curve_transfer.h"
 #include "link/waits.h"
@@ -46,13 +47,11 @@ int CurveCommand(const CommandCall& call) {
     if (!board) return RefuseCall(call, "--board is 1 (main board) or 2 (V-F board)");
     CurveItems items;
     if (Status status = LoadPrm(call, items); !status.Ok()) return RefuseStatus(call, status);
+    if (StoredSettings(call).ModbusLink == 1)
+        return RefuseCall(call, "Cannot send the custom curve file when using the Modbus protocol.");
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
     LinkState& state = link.Program().LinkData;
-    if (state.ModbusLink == 1) {
-        link.Finish();
-        return RefuseCall(call, "Cannot send the custom curve file when using the Modbus protocol.");
-    }
     const bool stored = SendCurve(link.Program().Line, items, *board, [&call](const char* text) {
         if (!call.Json) call.World.Out << text << std::endl;
     });

@@ -23,10 +23,6 @@ Json DifferenceJson(const SetupImage& a, const SetupImage& b, const FieldDiffere
             {"counts", difference.Counts()}};
 }
 
-std::string PlainText(const Json& value) {
-    return value.is_string() ? value.get<std::string>() : value.dump();
-}
-
 std::string Table(const Json& list, bool counts, const std::string& nameA, const std::string& nameB) {
     std::vector<std::vector<std::string>> lines = {{"Position", "Field", nameA, nameB}};
     for (const Json& line : list) {
@@ -38,6 +34,10 @@ std::string Table(const Json& list, bool counts, const std::string& nameA, const
 }
 
 }  // namespace
+
+std::string PlainText(const Json& value) {
+    return value.is_string() ? value.get<std::string>() : value.dump();
+}
 
 Json DifferencesJson(const SetupImage& a, const SetupImage& b,
                      const std::vector<FieldDifference>& differences) {

@@ -14,6 +14,9 @@ namespace counter {
 Json DifferencesJson(const SetupImage& a, const SetupImage& b,
                      const std::vector<FieldDifference>& differences);
 
+// A text without quotes, a number as it is written.
+std::string PlainText(const Json& value);
+
 // True where a difference of the list counts.
 bool AnyCounts(const Json& list);
 

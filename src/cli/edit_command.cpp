@@ -1,8 +1,8 @@
 // edit and show --as setup: the Setup view on a setup file, without a screen.
-#include <iterator>
-
 #include "cli/cli.h"
 #include "cli/cli_output.h"
+#include "cli/edit_console.h"
+#include "cli/script_player.h"
 #include "cli/setup_output.h"
 #include "cli/setup_run.h"
 #include "shell/setup_files.h"
@@ -14,27 +14,37 @@ namespace {
 // The script's text, from a file or standard input.
 Status ReadScript(const CommandCall& call, std::string& script) {
     const auto path = call.Options.find("--script");
-    if (path != call.Options.end() && path->second != "-") return call.World.Store.Read(path->second, script);
-    script.assign(std::istreambuf_iterator<char>(call.World.In), {});
-    return {};
+    return call.World.Store.Read(path == call.Options.end() ? kStandardStream : path->second, script);
 }
 
-std::string OutPath(const CommandCall& call) {
-    const auto path = call.Options.find("--out");
-    return path == call.Options.end() ? call.Words[0] : path->second;
+int WriteEdited(const CommandCall& call, SetupRun& run) {
+    if (Status status = SaveSetupFile(call.World.Store, call.OutPath(), run.Program().Image); !status.Ok())
+        return RefuseStatus(call, status);
+    const Status held = run.Offline().WriteHeld();
+    return held.Ok() ? kDone : RefuseStatus(call, held);
 }
 
 // A refused script writes nothing. A program that a message ended has no setup to keep: its view was never
 // whole.
-int FinishEdit(const CommandCall& call, SetupRun& run) {
-    if (!run.Wrong().empty()) return RefuseCall(call, run.Wrong());
-    if (!run.Ended()) {
-        if (Status status = SaveSetupFile(call.World.Store, OutPath(call), run.Program().Image); !status.Ok())
-            return RefuseStatus(call, status);
-        if (Status status = run.WriteHeld(); !status.Ok()) return RefuseStatus(call, status);
-    }
+int FinishScript(const CommandCall& call, const ScriptPlayer& player, SetupRun& run) {
+    if (!player.Wrong().empty()) return RefuseCall(call, player.Wrong());
+    if (const int status = run.Ended() ? kDone : WriteEdited(call, run); status != kDone) return status;
     if (call.Json) WriteJson(call, SetupJson(run));
     return kDone;
+}
+
+int FinishByHand(const CommandCall& call, const EditConsole& console, SetupRun& run) {
+    const bool keep = !console.Quit() && !run.Ended();
+    if (const int status = keep ? WriteEdited(call, run) : kDone; status != kDone) return status;
+    call.World.Err << (keep ? call.OutPath() + " is written\n" : "nothing is written\n");
+    if (call.Json) WriteJson(call, SetupJson(run));
+    return kDone;
+}
+
+int EditByHand(const CommandCall& call, const SetupImage& image) {
+    EditConsole console(call.World);
+    SetupRun run(call, console, [&](SetupRun& done) { return FinishByHand(call, console, done); });
+    return run.Execute(image, call.Has("--from-meter"));
 }
 
 int FinishShow(const CommandCall& call, SetupRun& run) {
@@ -46,6 +56,13 @@ int FinishShow(const CommandCall& call, SetupRun& run) {
     return kDone;
 }
 
+// Somebody sits there: both ends of the conversation are a terminal.
+bool ByHand(const CommandCall& call) {
+    const auto script = call.Options.find("--script");
+    const bool typed = script == call.Options.end() || script->second == kStandardStream;
+    return typed && call.World.InIsTerminal && call.World.ErrIsTerminal;
+}
+
 }  // namespace
 
 int EditCommand(const CommandCall& call) {
@@ -53,14 +70,17 @@ int EditCommand(const CommandCall& call) {
     std::string script;
     if (Status status = LoadSetupFile(call.World.Store, call.Words[0], image); !status.Ok())
         return RefuseStatus(call, status);
+    if (ByHand(call)) return EditByHand(call, image);
     if (Status status = ReadScript(call, script); !status.Ok()) return RefuseStatus(call, status);
-    SetupRun run(call, [&call](SetupRun& done) { return FinishEdit(call, done); });
-    return run.Execute(image, call.Has("--from-meter"), script);
+    ScriptPlayer player(script);
+    SetupRun run(call, player, [&](SetupRun& done) { return FinishScript(call, player, done); });
+    return run.Execute(image, call.Has("--from-meter"));
 }
 
 int ShowSetup(const CommandCall& call, const SetupImage& image) {
-    SetupRun run(call, [&call](SetupRun& done) { return FinishShow(call, done); });
-    return run.Execute(image, false, "");
+    ScriptPlayer nobody("");
+    SetupRun run(call, nobody, [&call](SetupRun& done) { return FinishShow(call, done); });
+    return run.Execute(image, false);
 }
 
 }  // namespace counter

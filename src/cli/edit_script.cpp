@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <optional>
+
+#include "cli/suggest.h"
 
 namespace counter {
 
@@ -33,14 +36,28 @@ std::optional<int> NumberOf(std::string_view text) {
     return number;
 }
 
+struct VerbWord {
+    const char* Word;
+    ScriptVerb Verb;
+};
+
+constexpr VerbWord kVerbs[] = {
+    {"tab", ScriptVerb::Tab},     {"select", ScriptVerb::Select}, {"check", ScriptVerb::Check},
+    {"click", ScriptVerb::Click}, {"enter", ScriptVerb::Enter},   {"cancel", ScriptVerb::Cancel},
+};
+
 ScriptVerb VerbOf(std::string_view word) {
-    if (word == "tab") return ScriptVerb::Tab;
-    if (word == "select") return ScriptVerb::Select;
-    if (word == "check") return ScriptVerb::Check;
-    if (word == "click") return ScriptVerb::Click;
-    if (word == "enter") return ScriptVerb::Enter;
-    if (word == "cancel") return ScriptVerb::Cancel;
-    return ScriptVerb::None;
+    const auto* found = std::find_if(std::begin(kVerbs), std::end(kVerbs),
+                                     [word](const VerbWord& verb) { return verb.Word == word; });
+    return found == std::end(kVerbs) ? ScriptVerb::None : found->Verb;
+}
+
+std::string NoVerb(const std::string& word) {
+    std::string text = "no action '" + word + "'; actions are";
+    std::vector<std::string> words;
+    for (const VerbWord& verb : kVerbs) words.emplace_back(verb.Word);
+    for (const std::string& legal : words) text += " " + legal;
+    return text + DidYouMean(word, words);
 }
 
 // "name" or "name[index]".
@@ -91,9 +108,7 @@ std::string ParseScriptLine(std::string_view line, ScriptAction& action) {
     const std::string_view verb = TakeWord(rest);
     if (verb.empty() || verb[0] == '#') return {};
     action.Verb = VerbOf(verb);
-    if (action.Verb == ScriptVerb::None) {
-        return "no action '" + std::string(verb) + "'; actions are tab select check click enter cancel";
-    }
+    if (action.Verb == ScriptVerb::None) return NoVerb(std::string(verb));
     // Only the entries of a list have a "#" of their own.
     if (action.Verb != ScriptVerb::Select) rest = Stripped(rest.substr(0, rest.find('#')));
     if (action.Verb == ScriptVerb::Tab) return ParseTab(rest, action);

@@ -1,7 +1,9 @@
-// default, show, diff: setup files without a meter.
+// default, show, fields, diff: setup files without a meter.
 #include "cli/cli.h"
 #include "cli/cli_output.h"
 #include "cli/differences.h"
+#include "cli/field_names.h"
+#include "cli/suggest.h"
 #include "meter/default_setup.h"
 #include "meter/field_value.h"
 #include "shell/setup_files.h"
@@ -10,13 +12,22 @@ namespace counter {
 
 namespace {
 
-Json FieldsJson(const SetupImage& image) {
+using Fields = std::vector<Field>;
+
+Fields AllFields() {
+    Fields fields;
+    for (const FieldRow& row : FieldTable()) fields.push_back(row.Handle);
+    return fields;
+}
+
+Json FieldsJson(const SetupImage& image, const Fields& fields) {
     Json list = Json::array();
-    for (const FieldRow& row : FieldTable()) {
-        Json line = {{"position", row.Pos}, {"digits", Utf8(FieldDigits(image, row.Handle))}};
+    for (const Field field : fields) {
+        const FieldRow& row = RowOf(field);
+        Json line = {{"position", row.Pos}, {"digits", Utf8(FieldDigits(image, field))}};
         if (const std::string bits = BitsText(row); !bits.empty()) line["bits"] = bits;
         line["field"] = std::string(row.Name);
-        line["value"] = FieldJson(image, row.Handle);
+        line["value"] = FieldJson(image, field);
         list.push_back(std::move(line));
     }
     return list;
@@ -33,10 +44,20 @@ std::string FieldsTable(const SetupImage& image) {
 
 int ShowFields(const CommandCall& call, const SetupImage& image) {
     if (call.Json) {
-        WriteJson(call, FieldsJson(image));
+        WriteJson(call, FieldsJson(image, AllFields()));
     } else {
         call.World.Out << FieldsTable(image);
     }
+    return kDone;
+}
+
+// The values alone: a line each, so that a script takes them as they are.
+int ShowSome(const CommandCall& call, const SetupImage& image, const Fields& fields) {
+    if (call.Json) {
+        WriteJson(call, FieldsJson(image, fields));
+        return kDone;
+    }
+    for (const Field field : fields) call.World.Out << FieldValueText(image, field) << "\n";
     return kDone;
 }
 
@@ -80,6 +101,21 @@ int ShowCommand(const CommandCall& call) {
     if (!status.Ok()) return RefuseStatus(call, status);
     if (form == "setup") return ShowSetup(call, image);
     return form == "menu" ? ShowMenu(call, image) : ShowFields(call, image);
+}
+
+int FieldsCommand(const CommandCall& call) {
+    Fields fields;
+    for (std::size_t i = 1; i < call.Words.size(); ++i) {
+        const auto field = FieldNamed(call.Words[i]);
+        if (!field)
+            return RefuseCall(call, "no field '" + call.Words[i] + "'; counterctl fields FILE lists them" +
+                                        DidYouMean(call.Words[i], FieldNames()));
+        fields.push_back(*field);
+    }
+    SetupImage image;
+    if (Status status = LoadSetupFile(call.World.Store, call.Words[0], image); !status.Ok())
+        return RefuseStatus(call, status);
+    return fields.empty() ? ShowFields(call, image) : ShowSome(call, image, fields);
 }
 
 int DiffCommand(const CommandCall& call) {

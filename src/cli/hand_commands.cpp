@@ -4,6 +4,9 @@
 
 #include "cli/cli.h"
 #include "cli/link_session.h"
+#include "cli/offline_session.h"
+#include "cli/stored_settings.h"
+#include "cli/suggest.h"
 #include "commands/commands_view.h"
 #include "link/link_error.h"
 #include "link/waits.h"
@@ -58,8 +61,33 @@ const ButtonWord* FindWord(std::span<const ButtonWord> words, const std::string&
 
 int RefuseWord(const CommandCall& call, std::span<const ButtonWord> words) {
     std::string legal;
-    for (const ButtonWord& word : words) legal += (legal.empty() ? "" : "|") + std::string(word.Word);
-    return RefuseCall(call, "'" + call.Words[0] + "' is none of " + legal);
+    std::vector<std::string> names;
+    for (const ButtonWord& word : words) {
+        legal += (legal.empty() ? "" : "|") + std::string(word.Word);
+        names.emplace_back(word.Word);
+    }
+    return RefuseCall(call, "'" + call.Words[0] + "' is none of " + legal + DidYouMean(call.Words[0], names));
+}
+
+void TypeValue(const CommandCall& call, CommandsView& view) {
+    if (call.Words.size() > 1) view.Controls.Type(view.txtRmtDspy, call.Words[1]);
+}
+
+// What the panel refuses whatever the meter would say, found by a press on a line that leads nowhere: wrong
+// usage is told as such also where the port can't be opened. Empty: nothing.
+std::string WhyNot(const CommandCall& call, const ButtonWord& word) {
+    OfflineSession offline(call);
+    offline.Program().LinkData.ModbusLink = StoredSettings(call).ModbusLink;
+    CommandsView view(offline.Program());
+    view.Load();
+    Control& button = *view.Controls.Find(word.Button);
+    if (view.Controls.Reach(button) != Refusal::None)
+        return "'" + call.Words[0] + "' does not exist over Modbus";
+    if (call.Words.size() < 2) return {};
+    TypeValue(call, view);
+    view.Controls.Click(button);
+    // A value that can't be sent is the only red text that sending leaves.
+    return view.lblErrText.TextColor == ColorRed ? view.lblErrText.Caption : "";
 }
 
 // The panel on the line of one call.
@@ -71,15 +99,9 @@ class Panel {
     int Press(const ButtonWord& word) {
         if (const int status = link_.Begin(); status != kDone) return status;
         view_.Load();
-        if (call_.Words.size() > 1) view_.Controls.Type(view_.txtRmtDspy, call_.Words[1]);
-        if (view_.Controls.Click(*view_.Controls.Find(word.Button)) != Refusal::None) {
-            link_.Finish();
-            return RefuseCall(call_, "'" + call_.Words[0] + "' does not exist over Modbus");
-        }
-        // A value that can't be sent is the only red text that a press leaves while the port is open.
-        if (view_.lblErrText.TextColor != ColorRed) return kDone;
-        link_.Finish();
-        return RefuseCall(call_, view_.lblErrText.Caption);
+        TypeValue(call_, view_);
+        view_.Controls.Click(*view_.Controls.Find(word.Button));
+        return kDone;
     }
 
     int EndReading(const ButtonWord& word) {
@@ -95,7 +117,7 @@ class Panel {
     }
 
     // Nothing answers, so the line itself is the only proof that it went anywhere.
-    int EndSending() {
+    int EndSending(const ButtonWord&) {
         LineHolds(link_.Program().Line);
         return End({view_.lblErrText.Caption, view_.lblErrText.Caption});
     }
@@ -126,30 +148,29 @@ class Panel {
     CommandsView view_;
 };
 
-int SendCommandOf(const CommandCall& call, std::span<const ButtonWord> words) {
+using EndOfPress = int (Panel::*)(const ButtonWord& word);
+
+int PressOne(const CommandCall& call, std::span<const ButtonWord> words, EndOfPress end) {
     const ButtonWord* word = FindWord(words, call.Words[0]);
     if (word == nullptr) return RefuseWord(call, words);
+    if (const std::string why = WhyNot(call, *word); !why.empty()) return RefuseCall(call, why);
     Panel panel(call);
     if (const int status = panel.Press(*word); status != kDone) return status;
-    return panel.EndSending();
+    return (panel.*end)(*word);
 }
 
 }  // namespace
 
 int ReadCommand(const CommandCall& call) {
-    const ButtonWord* word = FindWord(ReadWords(), call.Words[0]);
-    if (word == nullptr) return RefuseWord(call, ReadWords());
-    Panel panel(call);
-    if (const int status = panel.Press(*word); status != kDone) return status;
-    return panel.EndReading(*word);
+    return PressOne(call, ReadWords(), &Panel::EndReading);
 }
 
 int ResetCommand(const CommandCall& call) {
-    return SendCommandOf(call, ResetWords());
+    return PressOne(call, ResetWords(), &Panel::EndSending);
 }
 
 int RemoteCommand(const CommandCall& call) {
-    return SendCommandOf(call, RemoteWords());
+    return PressOne(call, RemoteWords(), &Panel::EndSending);
 }
 
 }  // namespace counter

@@ -103,7 +103,7 @@ int LinkSession::Get() {
     const Status& kept = session_.Home.Backup;
     if (!kept.Ok()) {
         EndBar();
-        call_.World.Err << "counterctl: no backup: " << kept.Text() << "\n";
+        Complain(call_.World) << "no backup: " << kept.Text() << "\n";
     }
     return kDone;
 }
@@ -140,9 +140,9 @@ int LinkSession::EndAction(const ActionEnd& end) {
         document["messages"] = dialogs_.Messages();
         WriteJson(call_, document);
     } else if (!failed) {
-        call_.World.Out << end.Plain << "\n";
+        call_.Text() << end.Plain << "\n";
     }
-    if (error != 0) call_.World.Err << "counterctl: " << LinkErrorMeaning(error) << "\n";
+    if (error != 0) Complain(call_.World) << LinkErrorMeaning(error) << "\n";
     if (failed) call_.World.Err << end.Status << "\n";
     return failed ? kLinkFailed : kDone;
 }
@@ -161,7 +161,7 @@ void LinkSession::OnInterrupt() {
     session_.Port.Close();
     session_.Node.Close();
     EndBar();
-    call_.World.Err << "counterctl: interrupted" << WrittenSoFar() << "\n" << std::flush;
+    Complain(call_.World) << "interrupted" << WrittenSoFar() << "\n" << std::flush;
     call_.World.Out << std::flush;
     machine_->Waits().EndProcess(kInterrupted);
 }

@@ -23,7 +23,7 @@ Json ReadAndCompare(LinkSession& link, const SetupImage& wanted) {
 }
 
 int TellDifferences(const CommandCall& call, const Json& list, const std::string& name) {
-    if (!call.Json) call.World.Out << DifferencesTable(list, name, "meter");
+    if (!call.Json) call.Text() << DifferencesTable(list, name, "meter");
     return AnyCounts(list) ? kDifferent : kDone;
 }
 

@@ -1,6 +1,7 @@
 // settings, settings init, settings set.
 #include "cli/cli.h"
 #include "cli/cli_output.h"
+#include "cli/suggest.h"
 #include "settings/settings.h"
 #include "settings/settings_keys.h"
 
@@ -56,6 +57,14 @@ int PrintSettings(const CommandCall& call) {
     return RefuseStatus(call, {StatusKind::Illegal, SettingsPath(call), kBaudDigitReason});
 }
 
+std::string NoKey(const std::string& word) {
+    std::string text = "no key '" + word + "'; keys are";
+    std::vector<std::string> names;
+    for (const SettingsKey& legal : SettingsKeys()) names.emplace_back(legal.Name);
+    for (const std::string& name : names) text += " " + name;
+    return text + DidYouMean(word, names);
+}
+
 // Takes the KEY=VALUE words behind the first over. Returns one line that says what is legal, or nothing.
 std::string Apply(const CommandCall& call, SettingsLines& lines) {
     for (std::size_t i = 1; i < call.Words.size(); ++i) {
@@ -63,11 +72,7 @@ std::string Apply(const CommandCall& call, SettingsLines& lines) {
         const std::size_t equals = word.find('=');
         if (equals == std::string::npos) return "'" + word + "' is not KEY=VALUE";
         const SettingsKey* key = FindSettingsKey(word.substr(0, equals));
-        if (key == nullptr) {
-            std::string names = "no key '" + word.substr(0, equals) + "'; keys are";
-            for (const SettingsKey& legal : SettingsKeys()) names += " " + std::string(legal.Name);
-            return names;
-        }
+        if (key == nullptr) return NoKey(word.substr(0, equals));
         if (std::string refusal = SetSettingsKey(lines, *key, word.substr(equals + 1)); !refusal.empty()) {
             return refusal;
         }

@@ -106,14 +106,10 @@ std::vector<const Control*> ChildrenOf(const Form& form, const Control* containe
     return children;
 }
 
-// What stands beside a control's caption.
+// What stands beside a control's caption: a box and an option have their mark in front of it.
 std::string ValueOf(const Control& control) {
-    if (control.Kind == ControlKind::Value || control.Kind == ControlKind::Picture) {
-        return std::string(Trimmed(control.Text));
-    }
-    if (control.Kind != ControlKind::List) return {};
-    if (control.ListIndex < 0) return "(none)";
-    return std::string(Trimmed(control.Entries[static_cast<std::size_t>(control.ListIndex)]));
+    const bool marked = control.Kind == ControlKind::Check || control.Kind == ControlKind::Option;
+    return marked ? std::string() : ValueShown(control);
 }
 
 std::string CaptionOf(const Control& control) {
@@ -201,6 +197,23 @@ std::string MessagesText(const Json& messages) {
 }
 
 }  // namespace
+
+std::string ValueShown(const Control& control) {
+    switch (control.Kind) {
+        case ControlKind::Value:
+        case ControlKind::Picture:
+            return std::string(Trimmed(control.Text));
+        case ControlKind::Check:
+        case ControlKind::Option:
+            return std::to_string(control.Value);
+        case ControlKind::List:
+        case ControlKind::TabStrip:
+            if (control.ListIndex < 0) return "(none)";
+            return std::string(Trimmed(control.Entries[static_cast<std::size_t>(control.ListIndex)]));
+        default:
+            return {};
+    }
+}
 
 Json SetupJson(SetupRun& run) {
     const Form& form = run.View().Controls;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "cli/suggest.h"
 #include "meter/text.h"
 
 namespace counter {
@@ -32,11 +33,6 @@ std::string_view WrongKind(const Control& control, ScriptVerb verb) {
     }
 }
 
-std::string Refused(const Control& control, Refusal refusal) {
-    if (refusal == Refusal::None) return {};
-    return control.FullName() + " " + std::string(RefusalText(refusal));
-}
-
 // The entry that equals the text, blanks at both ends ignored, or -1.
 int EntryOf(const Control& list, std::string_view text) {
     const auto found = std::find_if(list.Entries.begin(), list.Entries.end(),
@@ -52,15 +48,8 @@ int EntryOf(const Control& list, const ScriptAction& action) {
     return -1;
 }
 
-std::string NoEntry(const Control& list, const ScriptAction& action) {
-    std::string text = list.FullName() + " has no entry ";
-    text += action.Number >= 0 ? "#" + std::to_string(action.Number) : "'" + action.Text + "'";
-    text += "; entries are";
-    int index = 0;
-    for (const std::string_view entry : list.Entries) {
-        text += " #" + std::to_string(index++) + " '" + std::string(Trimmed(entry)) + "'";
-    }
-    return text;
+std::string Wanted(const ScriptAction& action) {
+    return action.Number >= 0 ? "#" + std::to_string(action.Number) : "'" + action.Text + "'";
 }
 
 void TypeKeys(DigitEntry& entry, const std::string& keys) {
@@ -77,8 +66,23 @@ void TypeKeys(DigitEntry& entry, const std::string& keys) {
 
 }  // namespace
 
-SetupRun::SetupRun(const CommandCall& call, Finish finish)
+std::string RefusalLine(const Control& control, Refusal refusal) {
+    if (refusal == Refusal::None) return {};
+    return control.FullName() + " " + std::string(RefusalText(refusal));
+}
+
+std::string NoEntryLine(const Control& list, const std::string& wanted) {
+    std::string text = list.FullName() + " has no entry " + wanted + "; entries are";
+    int index = 0;
+    for (const std::string_view entry : list.Entries) {
+        text += " #" + std::to_string(index++) + " '" + std::string(Trimmed(entry)) + "'";
+    }
+    return text;
+}
+
+SetupRun::SetupRun(const CommandCall& call, Player& player, Finish finish)
     : call_(call),
+      player_(player),
       finish_(std::move(finish)),
       offline_(call),
       view_(offline_.Program()),
@@ -95,60 +99,44 @@ SetupRun::SetupRun(const CommandCall& call, Finish finish)
     offline_.Waits().OnEnd = [this] { End(); };
 }
 
-int SetupRun::Execute(const SetupImage& image, bool fromMeter, std::string_view script) {
-    rest_ = script;
+int SetupRun::Execute(const SetupImage& image, bool fromMeter) {
     offline_.Begin(image);
     if (fromMeter) offline_.ImageIsFromMeter();
     view_.Load();
     view_.Activate();
-    while (Step()) {
+    while (player_.Step(*this)) {
     }
     return finish_(*this);
 }
 
 void SetupRun::End() {
-    ended_ = !scriptOver_;
-    if (ended_) Step();  // any further action is refused
-    const int status = finish_(*this);
-    call_.World.Out.flush();
+    ended_ = !playerDone_;
+    if (ended_) player_.Step(*this);  // any further action is refused
+    const int status = OutputStatus(call_.World, finish_(*this));
     call_.World.Err.flush();
     call_.World.Exit(status);
 }
 
+bool SetupRun::Reading() const {
+    return readButton_ != nullptr && readButton_->Caption == "Stop";
+}
+
 // The Read loop runs until its button is pressed again, so the actions behind its start run within it, one in
-// each turn of its waits. Where the script ends first, so does the program.
+// each turn of its waits. Where the player is at the end first, so is the program.
 void SetupRun::RunDuringReadLoop() {
-    const bool reading = readButton_ != nullptr && readButton_->Caption == "Stop";
-    if (!reading || actsInLoop_) return;
+    if (!Reading() || actsInLoop_) return;
     actsInLoop_ = true;
-    const bool more = Step();
+    const bool more = player_.Step(*this);
     actsInLoop_ = false;
     if (more) return;
-    scriptOver_ = true;
+    playerDone_ = true;
     offline_.Waits().EndProcess(kDone);
 }
 
-// Runs the next action. False at the end and behind an action that was refused.
-bool SetupRun::Step() {
-    while (wrong_.empty() && !rest_.empty()) {
-        ScriptAction action;
-        const std::string line = TakeLine();
-        wrong_ = ParseScriptLine(line, action);
-        if (wrong_.empty() && action.Verb == ScriptVerb::None) continue;
-        const int number = line_;
-        if (wrong_.empty()) wrong_ = Run(action);
-        if (!wrong_.empty()) wrong_ = "line " + std::to_string(number) + ": " + wrong_;
-        return wrong_.empty();
-    }
-    return false;
-}
-
-std::string SetupRun::TakeLine() {
-    const std::size_t end = std::min(rest_.find('\n'), rest_.size());
-    const std::string line(rest_.substr(0, end));
-    rest_.remove_prefix(std::min(end + 1, rest_.size()));
-    ++line_;
-    return line;
+void SetupRun::Restore(const SetupImage& image) {
+    Program().Image = image;
+    Program().Views.EntryReturn = 0;
+    view_.Activate();
 }
 
 std::string SetupRun::Run(const ScriptAction& action) {
@@ -174,9 +162,9 @@ std::string SetupRun::ActOn(Control& control, const ScriptAction& action) {
         case ScriptVerb::Select:
             return Select(control, action);
         case ScriptVerb::Check:
-            return Refused(control, view_.Controls.Check(control, action.Number));
+            return RefusalLine(control, view_.Controls.Check(control, action.Number));
         case ScriptVerb::Click:
-            return Refused(control, view_.Controls.Click(control));
+            return RefusalLine(control, view_.Controls.Click(control));
         default:
             return TypeInto(control, action);
     }
@@ -184,33 +172,44 @@ std::string SetupRun::ActOn(Control& control, const ScriptAction& action) {
 
 std::string SetupRun::Select(Control& list, const ScriptAction& action) {
     const Refusal reach = view_.Controls.Reach(list);
-    if (reach != Refusal::None) return Refused(list, reach);
+    if (reach != Refusal::None) return RefusalLine(list, reach);
     const int index = EntryOf(list, action);
     const Refusal refusal = view_.Controls.Select(list, index);
-    return refusal == Refusal::NoSuchEntry ? NoEntry(list, action) : Refused(list, refusal);
+    return refusal == Refusal::NoSuchEntry ? NoEntryLine(list, Wanted(action)) : RefusalLine(list, refusal);
+}
+
+std::string SetupRun::OpenEntry(Control& value) {
+    entryOpened_ = false;
+    const Refusal refusal = view_.Controls.Click(value);
+    if (refusal != Refusal::None) return RefusalLine(value, refusal);
+    return entryOpened_ ? "" : value.FullName() + " opens no digit entry";
+}
+
+bool SetupRun::CloseEntry(bool ok) {
+    if (ok) entry_.Ok();
+    const bool stayed = entry_.Shown();
+    if (stayed) entry_.Cancel();
+    view_.EntryClosed();
+    return !ok || !stayed;
 }
 
 std::string SetupRun::TypeInto(Control& value, const ScriptAction& action) {
-    entryOpened_ = false;
-    const Refusal refusal = view_.Controls.Click(value);
-    if (refusal != Refusal::None) return Refused(value, refusal);
-    if (!entryOpened_) return value.FullName() + " opens no digit entry";
+    if (std::string why = OpenEntry(value); !why.empty()) return why;
     TypeKeys(entry_, action.Text);
-    if (action.Verb == ScriptVerb::Enter) entry_.Ok();
-    // A byte of 256 or more keeps the dialog up.
-    if (entry_.Shown()) entry_.Cancel();
-    view_.EntryClosed();
+    CloseEntry(action.Verb == ScriptVerb::Enter);
     return {};
 }
 
 // Which indexes there are helps whoever left one out.
 std::string SetupRun::NoControl(const ScriptAction& action) {
     std::string elements;
+    std::vector<std::string> names;
     for (const Control& control : view_.Controls) {
         if (control.Name == action.Control) elements += " " + control.FullName();
+        names.push_back(control.FullName());
     }
     std::string text = "no control '" + Label(action) + "'";
-    return elements.empty() ? text : text + "; there is" + elements;
+    return elements.empty() ? text + DidYouMean(Label(action), names) : text + "; there is" + elements;
 }
 
 }  // namespace counter

@@ -1,4 +1,4 @@
-// SetupRun: the Setup view on one setup, without a screen, and a user who acts by a script.
+// SetupRun: the Setup view on one setup, without a screen, and a user who acts on it.
 #pragma once
 
 #include <functional>
@@ -12,34 +12,53 @@
 
 namespace counter {
 
+class SetupRun;
+
+// The user: a script, a list of fields to set, or somebody at a terminal.
+class Player {
+  public:
+    virtual ~Player() = default;
+    // Does the next thing. False at the end, and behind a thing that ends the run.
+    virtual bool Step(SetupRun& run) = 0;
+};
+
 class SetupRun {
   public:
     // What is done with the view at its end. Returns the exit status.
     using Finish = std::function<int(SetupRun& run)>;
-    SetupRun(const CommandCall& call, Finish finish);
+    SetupRun(const CommandCall& call, Player& player, Finish finish);
 
-    // Brings the view to the front, runs the actions of the script and finishes. With `fromMeter` the image
-    // counts as the result of a good Get Setup. A message may end the program: then it finishes at once, and
-    // the process ends with the status.
-    int Execute(const SetupImage& image, bool fromMeter, std::string_view script);
+    // Brings the view to the front, lets the player act and finishes. With `fromMeter` the image counts as
+    // the result of a good Get Setup. A message may end the program: then it finishes at once, and the
+    // process ends with the status.
+    int Execute(const SetupImage& image, bool fromMeter);
 
-    // The first action that could not be done and why, as "line 3: txtSetpt[1] is hidden"; empty where all
-    // were. No action behind that one is run.
-    const std::string& Wrong() const { return wrong_; }
+    // --- For the player ---
+
+    // Does one action. Returns why it could not be done, as "txtSetpt[1] is hidden"; empty when done.
+    std::string Run(const ScriptAction& action);
+    // Opens digit entry on a value. Returns why not; empty where it is open.
+    std::string OpenEntry(Control& value);
+    DigitEntry& Entry() { return entry_; }
+    // Ends digit entry by OK or by Cancel. False for an OK that was refused, as for a byte of 256 or more:
+    // then it is cancelled.
+    bool CloseEntry(bool ok);
+    // The image and what stands beside it are as they were, and the view is built anew from them.
+    void Restore(const SetupImage& image);
+
     SetupView& View() { return view_; }
     Session& Program() { return offline_.Program(); }
-    Status WriteHeld() { return offline_.WriteHeld(); }
+    OfflineSession& Offline() { return offline_; }
     Json Messages() const { return offline_.Messages(); }
     // A message ended the program; nothing more can be done to the view.
     bool Ended() const { return ended_; }
+    // The Read loop runs, and the player acts within one of its waits.
+    bool Reading() const;
 
   private:
     void End();
-    bool Step();
     void RunDuringReadLoop();
-    std::string TakeLine();
 
-    std::string Run(const ScriptAction& action);
     std::string ComeToTab(int tab);
     std::string ActOn(Control& control, const ScriptAction& action);
     std::string Select(Control& list, const ScriptAction& action);
@@ -47,20 +66,24 @@ class SetupRun {
     std::string NoControl(const ScriptAction& action);
 
     const CommandCall& call_;
+    Player& player_;
     Finish finish_;
     OfflineSession offline_;
     SetupView view_;
     DigitEntry entry_;
     Control* readButton_ = nullptr;
 
-    std::string_view rest_;  // of the script
-    int line_ = 0;
-    std::string wrong_;
     bool entryOpened_ = false;
     bool actsInLoop_ = false;
     bool left_ = false;        // the view was left for the main menu
-    bool scriptOver_ = false;  // the program was ended because the script was
+    bool playerDone_ = false;  // the program was ended because the player was at the end
     bool ended_ = false;
 };
+
+// "txtCal is disabled"; empty for none.
+std::string RefusalLine(const Control& control, Refusal refusal);
+// "cboDuplex has no entry 'Full'; entries are #0 'Full Duplex' #1 'Half Duplex'", with what was asked for as
+// `wanted`.
+std::string NoEntryLine(const Control& list, const std::string& wanted);
 
 }  // namespace counter

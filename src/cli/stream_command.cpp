@@ -1,19 +1,18 @@
 // stream: the reading stream, a reading a line, until enough of them, enough time or an interrupt.
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
-#include <system_error>
 
 #include "cli/cli.h"
 #include "cli/link_session.h"
+#include "cli/stored_settings.h"
+#include "cli/stream_files.h"
 #include "link/link_error.h"
 #include "link/list_cutter.h"
 #include "link/prepare_readings.h"
 #include "link/reading_stream.h"
 #include "link/waits.h"
-#include "settings/settings.h"
 
 namespace counter {
 
@@ -81,14 +80,8 @@ std::string NumberText(std::string reading) {
     return sign + (whole.empty() ? "0" : whole) + (decimals.empty() ? "" : "." + decimals);
 }
 
-// False where the settings say Modbus or a node. Looked up before a port is opened or a node called; settings
-// that can't be read are told by whoever opens.
 bool HasStream(const CommandCall& call) {
-    const ProgramFolder folder{call.World.Store, call.Folder};
-    std::string text;
-    if (!folder.Store.Read(folder.At(kSettingsFile), text).Ok()) return true;
-    Settings settings;
-    ParseSettings(SplitSettings(text), settings);
+    const Settings settings = StoredSettings(call);
     return settings.ModbusLink == 0 && settings.EthernetMode == 0;
 }
 
@@ -156,17 +149,14 @@ void StreamRun::Take(const std::string& text) {
         written_ = call_.World.Store.Append(limits_.Csv, time + "," + NumberText(text) + "\n");
     if (call_.Json) {
         list_.push_back({{"time", time}, {"reading", Utf8(text)}});
-    } else if (written_.Ok()) {
+    } else if (written_.Ok() && !call_.OutIsFile) {
         WriteLine(Utf8(text));
     }
 }
 
 void StreamRun::WriteLine(const std::string& text) {
-    errno = 0;
     call_.World.Out << text << "\n" << std::flush;
-    if (call_.World.Out) return;
-    written_ = {StatusKind::Other, "standard output",
-                errno == 0 ? "can't be written" : std::generic_category().message(errno)};
+    if (!call_.World.Out) written_ = OutputFailed(call_.World);
 }
 
 int StreamRun::Report() {
@@ -174,9 +164,9 @@ int StreamRun::Report() {
     if (!written_.Ok()) return RefuseStatus(call_, written_);
     const int error = program_.LinkData.LinkError;
     if (error == LinkErrors::kGood || (interrupted_ && error != LinkErrors::kPortFault)) return kDone;
-    call_.World.Err << "counterctl: " << LinkErrorMeaning(error)
-                    << "\nFailed to read the stream, check connections, then try again.      ( " << error
-                    << ")\n";
+    Complain(call_.World) << LinkErrorMeaning(error)
+                          << "\nFailed to read the stream, check connections, then try again.      ( "
+                          << error << ")\n";
     return kLinkFailed;
 }
 

@@ -70,13 +70,13 @@ class DigitEntry {
     // How often it has beeped since the program began.
     int Beeps() const { return beeps_; }
 
+    // What the boxes admit, while it is open.
+    DigitLimits Limits() const;
     std::string BoxText(int box) const { return Box(box).Text; }
     bool MarkLit(int mark) const;  // 0..5
 
   private:
     Control& Box(int box) const { return *boxes_[static_cast<std::size_t>(box)]; }
-    DigitLimits Limits() const;
-
     void LoadDigits();
     int OpeningDecimal(int pointPlace, int pointCode) const;
     void LightMark();

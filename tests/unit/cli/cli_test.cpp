@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "cli/command_table.h"
 #include "run_line.h"
 #include "support/bench_meter.h"
 
@@ -40,7 +41,7 @@ struct CliBench {
     bool Terminal = false;
     Status PortOpening;
     double InterruptAfterMs = -1;
-    std::string Out, Err;
+    std::string In, Out, Err;
 
     CliBench() {
         Store.Contents["home/Settings.SSS"] = "3501000100100831010000\r\n2711000000000000F6CB00000000\r\n";
@@ -48,13 +49,15 @@ struct CliBench {
     }
 
     int Run(const Words& words) {
+        std::istringstream in(In);
         std::ostringstream out, err;
         const CliWorld world{out,
                              err,
                              Terminal,
                              Store,
                              [] { return std::string("home"); },
-                             [this](const std::string&) { return MakeMachine(); }};
+                             [this](const std::string&) { return MakeMachine(); },
+                             in};
         const int status = RunLine(world, words);
         Out = out.str();
         Err = err.str();
@@ -115,8 +118,40 @@ TEST(Usage, HelpAndVersionAreNoFailure) {
     CliBench bench;
     EXPECT_EQ(bench.Run({"--version"}), 0);
     EXPECT_EQ(bench.Out, "counterctl 0.1.0\n");
-    EXPECT_EQ(bench.Run({"get", "--help"}), 0);
-    EXPECT_NE(bench.Out.find("reads the meter's setup into FILE"), std::string::npos);
+    EXPECT_EQ(bench.Run({"--help"}), 0);
+    const std::string all = bench.Out;
+    for (const std::string& name : CommandNames()) {
+        EXPECT_NE(all.find("\n  " + name + " "), std::string::npos) << name;
+        EXPECT_EQ(bench.Run({name, "--help"}), 0);
+        const std::string text = bench.Out;
+        EXPECT_EQ(text.find("counterctl " + name + " "), 0U);
+        EXPECT_NE(text.rfind("\nExample\n  "), std::string::npos) << name;
+        EXPECT_EQ(bench.Run({"help", name}), 0);
+        EXPECT_EQ(bench.Out, text);
+    }
+}
+
+TEST(Usage, SuggestsTheNameThatWasMeant) {
+    const struct {
+        Words Line;
+        const char* Ends;
+    } cases[] = {
+        {{"verfy", "a"}, "; did you mean 'verify'?\n"},
+        {{"--dir", "sow", "sohw", "a"}, "; did you mean 'show'?\n"},
+        {{"frob"}, "calibrate help\n"},
+        {{"help", "strem"}, "; did you mean 'stream'?\n"},
+        {{"put", "a", "--back=x"}, "; did you mean '--backup'?\n"},
+        {{"show", "a", "--jason"}, "; did you mean '--json'?\n"},
+        {{"settings", "set", "baudindx=1"}, "; did you mean 'BaudIndex'?\n"},
+        {{"read", "item"}, "; did you mean 'item1', 'item2' or 'item3'?\n"},
+        {{"fields", "a", "Alarm 1 Sorce"}, "; did you mean 'Alarm 1 Source'?\n"},
+    };
+    for (const auto& c : cases) {
+        CliBench bench;
+        EXPECT_EQ(bench.Run(c.Line), 1);
+        EXPECT_TRUE(bench.Err.ends_with(c.Ends)) << bench.Err;
+        EXPECT_EQ(bench.Err.find('\n'), bench.Err.size() - 1) << "one line: " << bench.Err;
+    }
 }
 
 TEST(Settings, OptionsStandBeforeAndBehindTheCommand) {
@@ -323,6 +358,23 @@ TEST(Put, WritesAndVerifies) {
     EXPECT_EQ(bench.Store.Contents["old.CT2"], std::string(sim::kDefaultImage) + "\r\n");
     EXPECT_EQ(bench.Run({"put", "new.CT2"}), 0);
     EXPECT_EQ(bench.Out, "Putting data to the Counter.  Data appears to have Transferred O.K.\n");
+}
+
+// "-" in the place of a file; the texts for people then go to standard error.
+TEST(StandardStreams, StandForFilesOfTheMeter) {
+    CliBench bench;
+    EXPECT_EQ(bench.Run({"get", "-"}), 0);
+    EXPECT_EQ(bench.Out, std::string(sim::kDefaultImage) + "\r\n");
+    EXPECT_EQ(bench.LastErrLine(), "Getting data from the Counter.  Data received OK.");
+    bench.In = ChangedSetup();
+    EXPECT_EQ(bench.Run({"put", "-", "--backup", "-", "--verify"}), 0);
+    EXPECT_EQ(bench.Out, std::string(sim::kDefaultImage) + "\r\n") << "the backup";
+    EXPECT_EQ(bench.LastErrLine(), "No field differs.");
+    EXPECT_EQ(bench.Run({"verify", "-"}), 4);
+    EXPECT_NE(bench.Out.find("Setpoint 1"), std::string::npos);
+    EXPECT_EQ(bench.Run({"get", "-", "--json"}), 1);
+    EXPECT_EQ(bench.Run({"put", "-", "--backup", "-", "--json"}), 1);
+    EXPECT_EQ(bench.Out, "");
 }
 
 TEST(Put, NothingIsSentWithoutItsBackup) {

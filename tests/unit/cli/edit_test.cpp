@@ -1,58 +1,10 @@
 // counterctl edit and show --as setup from the outside: scripts, refusals, what is written, the JSON
 // document.
-#include <gtest/gtest.h>
-
-#include <nlohmann/json.hpp>
-#include <sstream>
-
-#include "cli/cli.h"
 #include "cli/edit_script.h"
-#include "meter/default_setup.h"
-#include "run_line.h"
-#include "support/memory_files.h"
-#include "support/virtual_pump.h"
+#include "edit_bench.h"
 
 namespace counter::test {
 namespace {
-
-using Json = nlohmann::json;
-using Words = std::vector<std::string>;
-
-struct EditBench {
-    MemoryFiles Store;
-    std::string Out, Err;
-
-    EditBench() { SetUp(""); }
-    // "d" is the default setup with `digits` at `pos`.
-    void SetUp(const std::string& digits, std::size_t pos = 1) {
-        SetupImage image;
-        BuildDefaultSetup(image);
-        Store.Contents["d"] = image.SetupData.replace(pos - 1, digits.size(), digits) + "\r\n";
-    }
-    int Run(const Words& words, const std::string& input = "") {
-        std::istringstream in(input);
-        std::ostringstream out, err;
-        const auto home = [] { return std::string("home"); };
-        const auto machine = [](const std::string&) -> std::unique_ptr<Machine> {
-            ADD_FAILURE() << "a setup file needs no machine";
-            return nullptr;
-        };
-        const auto exit = [](int status) { throw ProcessEnded{status}; };
-        const CliWorld world{out, err, false, Store, home, machine, in, exit};
-        const int status = RunLine(world, words);
-        Out = out.str();
-        Err = err.str();
-        return status;
-    }
-    int Edit(const std::string& script) { return Run({"edit", "d", "--out", "e", "--json"}, script); }
-    std::string Digits(int pos, int count) const {
-        const auto found = Store.Contents.find("e");
-        if (found == Store.Contents.end()) return "nothing written";
-        return found->second.substr(static_cast<std::size_t>(pos) - 1, static_cast<std::size_t>(count));
-    }
-    Json View() const { return Json::parse(Out); }
-    Json Shown(const std::string& control) const { return View()["controls"][control]; }
-};
 
 TEST(ScriptLine, IsTakenApart) {
     const struct {

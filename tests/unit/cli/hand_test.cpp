@@ -103,6 +103,7 @@ TEST(HandWork, RefusalsSendNothing) {
         {kAscii,  {"calibrate", "-5"},                 "HERTZ is a positive number"},
         {kAscii,  {"calibrate", "1,000"},              "HERTZ is a positive number"},
         {kAscii,  {"calibrate", "inf"},                "HERTZ is a positive number"},
+        {kModbus, {"read", "all"},                     "'all' does not exist over Modbus"},
         {kModbus, {"read", "all+"},                    "'all+' does not exist over Modbus"},
         {kModbus, {"remote", "c", "1"},                "'c' does not exist over Modbus"},
         {kModbus, {"remote", "display", "9e9"},        "-2147483648 to 2147483647"},
@@ -112,6 +113,7 @@ TEST(HandWork, RefusalsSendNothing) {
     };
     for (const auto& c : cases) {
         HandCli cli;
+        cli.Line.NextOpen = {StatusKind::Busy, "port", "Device or resource busy"};  // and nothing is opened
         cli.Store.Contents["home/Settings.SSS"] = c.Settings;
         EXPECT_EQ(cli.Run(c.Line), c.Status) << c.Says;
         EXPECT_NE(cli.Err.find(c.Says), std::string::npos) << cli.Err;

@@ -144,6 +144,14 @@ TEST(Stream, CsvGrowsWhileItRunsAndJsonIsOneDocument) {
     EXPECT_TRUE(list[149]["reading"].is_string());
 }
 
+TEST(Stream, CsvMayGoToStandardOutput) {
+    StreamCli cli;
+    EXPECT_EQ(cli.Run({"stream", "--count", "3", "--csv", "-"}), 0);
+    EXPECT_EQ(cli.Out.find("time,reading\n2026-03-04T05:06:07.089,"), 0U);
+    EXPECT_EQ(LinesOf(cli.Out), 4) << "and nothing else";
+    EXPECT_EQ(cli.Run({"stream", "--count", "3", "--csv", "-", "--json"}), 1);
+}
+
 TEST(Stream, IsRefusedBeforeAnythingIsSent) {
     // clang-format off
     constexpr const char* kRtu  = "3501100100100831010000\r\n2711000000000000F6CB00000000\r\n";

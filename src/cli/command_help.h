@@ -1,0 +1,14 @@
+// The help texts of counterctl, made from its table of commands.
+#pragma once
+
+#include <string>
+
+#include "cli/command_table.h"
+
+namespace counter {
+
+// `bold`: headings stand out, for a terminal.
+std::string HelpOfAll(bool bold);
+std::string HelpOf(const CommandRow& row, bool bold);
+
+}  // namespace counter

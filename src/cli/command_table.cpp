@@ -1,0 +1,160 @@
+#include "cli/command_table.h"
+
+#include <algorithm>
+
+namespace counter {
+
+namespace {
+
+// More than a setup has fields.
+constexpr int kManyWords = 1000;
+
+constexpr auto kRead = FileUse::Read;
+constexpr auto kWritten = FileUse::Written;
+constexpr auto kEdited = FileUse::Edited;
+
+constexpr const char* kOut = "writes to FILE2 and leaves FILE as it is";
+
+// clang-format off
+const std::vector<CommandRow>& Table() {
+    static const std::vector<CommandRow> rows = {
+        {"settings", "[init|set] [KEY=VALUE...] [--force]", "prints Settings.SSS, lays it down, changes it",
+         0, kManyWords, {}, {{"--force", "", "init replaces a file that stands there"}}, SettingsCommand,
+         "init lays down a new file, set changes one. An illegal value changes nothing.\n"
+         "The keys are those that it prints.\n",
+         "counterctl settings init BaudIndex=5 MeterAddressValue=1\n"},
+        {"ports", "[map N DEVICE]", "lists the serial ports; makes port number N mean DEVICE",
+         0, 3, {}, {}, PortsCommand,
+         "N is 1 to 99. A device that has a lasting name is linked by it.\n",
+         "counterctl ports map 1 /dev/ttyUSB0\n"},
+        {"default", "FILE", "writes the default setup",
+         1, 1, {kWritten}, {}, DefaultCommand,
+         "",
+         "counterctl default new.CT2\n"},
+        {"get", "FILE", "reads the meter's setup into FILE",
+         1, 1, {kWritten}, {}, GetCommand,
+         "A copy goes to backups/ in the program folder.\n",
+         "counterctl get press4.CT2\n"
+         "counterctl get - | counterctl fields -\n"},
+        {"put", "FILE [--backup OLD] [--verify]", "writes FILE into the meter",
+         1, 1, {kRead},
+         {{"--backup", "OLD", "reads the meter into OLD first; writes nothing to the meter when that fails", kWritten},
+          {"--verify", "", "reads the meter back and compares"}}, PutCommand,
+         "",
+         "counterctl put press4.CT2 --backup before.CT2 --verify\n"},
+        {"verify", "FILE", "reads the meter and compares with FILE",
+         1, 1, {kRead}, {}, VerifyCommand,
+         "Ends with 4 and a line for each field that differs. What belongs to the meter's\n"
+         "hardware, and what no write over this link could change, does not count.\n",
+         "counterctl verify press4.CT2\n"},
+        {"show", "FILE [--as fields|menu|setup]", "shows a setup as fields, front-panel menu or Setup view",
+         1, 1, {kRead}, {{"--as", "FORM", "fields (the default), menu or setup"}}, ShowCommand,
+         "",
+         "counterctl show press4.CT2 --as menu\n"},
+        {"fields", "FILE [FIELD...]", "the fields of a setup, or the values of some",
+         1, kManyWords, {kRead}, {}, FieldsCommand,
+         "With FIELDs, prints their values alone, a line each. Names are those of\n"
+         "counterctl fields FILE; capitals do not matter.\n",
+         "counterctl fields press4.CT2 \"Setpoint 1\" \"Baud Rate\"\n"},
+        {"diff", "A B", "the fields in which two setup files differ",
+         2, 2, {kRead, kRead}, {}, DiffCommand,
+         "Ends with 4 where there is one.\n",
+         "counterctl diff press4.CT2 press5.CT2\n"},
+        {"set", "FILE FIELD=VALUE... [--out FILE2]", "changes fields of a setup by name, by the Setup view's rules",
+         2, kManyWords, {kEdited}, {{"--out", "FILE2", kOut, kWritten}}, SetCommand,
+         "FIELD is a name of counterctl fields, or a control of the Setup view. VALUE is the\n"
+         "text of a list's entry, a number (12.5, -3, for a clock 1.30.00), or 0 or 1 for a box.\n"
+         "Done from left to right, all or nothing; what a user could not reach then is\n"
+         "refused. Other fields that changed with it are told on standard error.\n",
+         "counterctl set press4.CT2 \"Setpoint 1\"=10000 \"Baud Rate\"=19200\n"},
+        {"edit", "FILE [--script SCRIPT] [--out FILE2] [--from-meter]", "edits FILE by the actions of SCRIPT, or by hand",
+         1, 1, {kEdited},
+         {{"--script", "SCRIPT", "the actions; without it standard input", FileUse::Script},
+          {"--out", "FILE2", kOut, kWritten},
+          {"--from-meter", "", "FILE counts as the result of a good Get Setup"}}, EditCommand,
+         "Actions, one a line; # begins a comment:\n"
+         "  tab N                  comes to tab N, from 0\n"
+         "  select CONTROL #I      picks the entry with index I\n"
+         "  select CONTROL TEXT    picks the entry that reads TEXT\n"
+         "  check CONTROL 0|1      sets a check box\n"
+         "  click CONTROL          an option button or a button\n"
+         "  enter CONTROL KEYS     types KEYS into a value field; < > are arrows, ~ is Enter\n"
+         "  cancel CONTROL KEYS    the same, ended by Cancel\n"
+         "At a terminal there is a prompt, and help, list, show CONTROL, undo and quit as well.\n",
+         "echo 'select cboBaudRate 19200' | counterctl edit press4.CT2 --out fast.CT2\n"},
+        {"read", "item1|item2|item3|peak|valley|all|all+", "one reading, or one line of them",
+         1, 1, {}, {}, ReadCommand,
+         "all and all+ exist in Custom ASCII only.\n",
+         "counterctl read item1\n"},
+        {"reset", "meter|function|alarms|peak|valley|display", "one reset command",
+         1, 1, {}, {}, ResetCommand,
+         "",
+         "counterctl reset peak\n"},
+        {"remote", "display|item3|both|c TEXT", "a value for the meter's display",
+         2, 2, {}, {}, RemoteCommand,
+         "c exists in Custom ASCII only.\n",
+         "counterctl remote display 12.34\n"},
+        {"stream", "[--count N] [--seconds S] [--csv FILE]", "the reading stream, a reading a line",
+         0, 0, {},
+         {{"--count", "N", "ends behind N readings"},
+          {"--seconds", "S", "ends after S seconds"},
+          {"--csv", "FILE", "writes time and reading to FILE while it runs; - instead of the plain lines", kWritten}}, StreamCommand,
+         "An interrupt ends it. Exists in Custom ASCII over a serial line only.\n",
+         "counterctl stream --seconds 60 --csv run.csv\n"},
+        {"curve", "FILE.PRM [--board 1|2]", "sends a custom curve and verifies it",
+         1, 1, {kRead}, {{"--board", "BOARD", "1, the main board (the default), or 2, the V-F board"}}, CurveCommand,
+         "",
+         "counterctl curve tank.PRM\n"},
+        {"calibrate", "HERTZ", "runs the calibration procedure",
+         1, 1, {}, {}, CalibrateCommand,
+         "HERTZ is the frequency at the input. Nothing interrupts the procedure: until its\n"
+         "end the meter has another scale.\n",
+         "counterctl calibrate 1000\n"},
+        {"help", "[COMMAND]", "tells about a command, with an example",
+         0, 1, {}, {}, HelpCommand,
+         "",
+         "counterctl help set\n"},
+    };
+    return rows;
+}
+
+constexpr OptionRow kCommon[] = {
+    {"--dir",   "FOLDER", "the program folder, where Settings.SSS lies"},
+    {"--json",  "",       "one JSON document on standard output"},
+    {"--trace", "",       "every frame on standard error"},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const CommandRow> Commands() {
+    return Table();
+}
+
+std::span<const OptionRow> CommonOptions() {
+    return kCommon;
+}
+
+const CommandRow* FindCommand(std::string_view name) {
+    const auto found =
+        std::find_if(Table().begin(), Table().end(), [&](const CommandRow& row) { return row.Name == name; });
+    return found == Table().end() ? nullptr : &*found;
+}
+
+std::vector<std::string> CommandNames() {
+    std::vector<std::string> names;
+    for (const CommandRow& row : Commands()) names.emplace_back(row.Name);
+    return names;
+}
+
+std::string UsageOf(const CommandRow& row) {
+    return std::string("counterctl ") + row.Name + " " + row.Arguments;
+}
+
+std::string UsageOfAll() {
+    std::string text = "counterctl [--dir FOLDER] [--json] [--trace] COMMAND [ARGUMENT...], COMMAND one of";
+    for (const std::string& name : CommandNames()) text += " " + name;
+    return text;
+}
+
+}  // namespace counter

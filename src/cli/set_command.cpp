@@ -1,0 +1,107 @@
+// set: fields of a setup file by name, through the Setup view and its rules.
+#include "cli/cli.h"
+#include "cli/cli_output.h"
+#include "cli/differences.h"
+#include "cli/field_setter.h"
+#include "meter/field_value.h"
+#include "shell/setup_files.h"
+
+namespace counter {
+
+namespace {
+
+// Empty, or what is wrong with the words behind the file's name.
+std::string ReadAssignments(const CommandCall& call, std::vector<Assignment>& assignments) {
+    for (std::size_t i = 1; i < call.Words.size(); ++i) {
+        const std::string& word = call.Words[i];
+        const std::size_t equals = word.find('=');
+        if (equals == std::string::npos) return "'" + word + "' is not FIELD=VALUE";
+        assignments.push_back({word.substr(0, equals), word.substr(equals + 1), {}, {}});
+    }
+    return {};
+}
+
+bool SharesBits(const FieldRow& a, const FieldRow& b) {
+    const bool sameDigits = a.Pos < b.Pos + b.Digits && b.Pos < a.Pos + a.Digits;
+    return sameDigits && a.LoBit <= b.HiBit && b.LoBit <= a.HiBit;
+}
+
+bool IsAssigned(const FieldRow& row, const std::vector<Assignment>& assignments) {
+    for (const Assignment& assignment : assignments) {
+        if (assignment.Which && SharesBits(row, RowOf(*assignment.Which))) return true;
+    }
+    return false;
+}
+
+bool IsAssignedByName(const FieldRow& row, const std::vector<Assignment>& assignments) {
+    for (const Assignment& assignment : assignments) {
+        if (assignment.Which == row.Handle) return true;
+    }
+    return false;
+}
+
+bool Differs(const SetupImage& a, const SetupImage& b, Field field) {
+    return !FieldEqual(a, b, field) || FieldValueText(a, field) != FieldValueText(b, field);
+}
+
+// Both hold fields whose bits differ, and values that read otherwise because their point has moved.
+struct SetResult {
+    std::vector<FieldDifference> Changed;       // what was asked for
+    std::vector<FieldDifference> Consequences;  // what the rules changed with it
+};
+
+SetResult Compare(const SetupImage& before, const SetupImage& after,
+                  const std::vector<Assignment>& assignments) {
+    SetResult result;
+    for (const FieldRow& row : FieldTable()) {
+        if (!Differs(before, after, row.Handle)) continue;
+        if (IsAssignedByName(row, assignments)) {
+            result.Changed.push_back({row.Handle, Standing::Written});
+        } else if (!IsAssigned(row, assignments)) {
+            result.Consequences.push_back({row.Handle, Standing::Written});
+        }
+    }
+    return result;
+}
+
+std::string Told(const Json& consequences) {
+    std::vector<std::vector<std::string>> lines;
+    for (const Json& line : consequences) {
+        lines.push_back(
+            {"  " + line["field"].get<std::string>(), PlainText(line["a"]), "->", PlainText(line["b"])});
+    }
+    return lines.empty() ? std::string() : "Changed with it:\n" + Columns(lines);
+}
+
+int Finish(const CommandCall& call, const SetupImage& before, const FieldSetter& setter, SetupRun& run) {
+    if (!setter.Wrong().empty()) return RefuseCall(call, setter.Wrong());
+    if (run.Ended()) return RefuseCall(call, "the program has ended");
+    const SetupImage& after = run.Program().Image;
+    if (Status status = SaveSetupFile(call.World.Store, call.OutPath(), after); !status.Ok())
+        return RefuseStatus(call, status);
+    const SetResult result = Compare(before, after, setter.Done());
+    const Json consequences = DifferencesJson(before, after, result.Consequences);
+    if (call.Json) {
+        WriteJson(call, {{"changed", DifferencesJson(before, after, result.Changed)},
+                         {"consequences", consequences},
+                         {"messages", run.Messages()}});
+    }
+    call.World.Err << Told(consequences);
+    return kDone;
+}
+
+}  // namespace
+
+int SetCommand(const CommandCall& call) {
+    std::vector<Assignment> assignments;
+    if (const std::string wrong = ReadAssignments(call, assignments); !wrong.empty())
+        return RefuseCall(call, wrong);
+    SetupImage image;
+    if (Status status = LoadSetupFile(call.World.Store, call.Words[0], image); !status.Ok())
+        return RefuseStatus(call, status);
+    FieldSetter setter(std::move(assignments));
+    SetupRun run(call, setter, [&](SetupRun& done) { return Finish(call, image, setter, done); });
+    return run.Execute(image, false);
+}
+
+}  // namespace counter
