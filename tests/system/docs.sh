@@ -14,11 +14,24 @@ for page in CONTRIBUTING.md ARCHITECTURE.md README.md; do
     done
 done
 
-# A first session, as README tells it: the lines of its blocks marked "sh counterctl", with the simulated meter.
+# The blocks of each page marked "sh counterctl" are one session, in a folder of its own, with simulated meters.
 export PATH="$bin:$PATH"
-cd "$work"
-echo 'trap '"'"'kill $(jobs -p) 2>/dev/null || true'"'"' EXIT' >session.sh
-awk '/^```sh counterctl/ {on = 1; next} /^```/ {on = 0} on' "$root/README.md" >>session.sh
-[ "$(wc -l <session.sh)" -gt 1 ] || fail "README has no session"
-bash -eu session.sh >session.out 2>&1 || { cat session.out; fail "README's first session"; }
+session() {
+    local page=$1
+    folder=$work/$(basename "$page" .md)
+    mkdir -p "$folder"
+    cd "$folder"
+    echo 'trap '"'"'kill $(jobs -p) 2>/dev/null || true'"'"' EXIT' >session.sh
+    awk '/^```sh counterctl/ {on = 1; next} /^```/ {on = 0} on' "$root/$page" >>session.sh
+    [ "$(wc -l <session.sh)" -gt 1 ] || return 0
+    bash -eu session.sh >session.out 2>&1 || { cat session.out; fail "the session of $page"; }
+    echo "$page"
+}
+# Side by side, since they mostly wait.
+pids=()
+for page in "$root"/README.md "$root"/docs/*.md; do
+    (session "${page#"$root"/}") & pids+=($!)
+done
+for pid in "${pids[@]}"; do wait "$pid" || fail "a page's session"; done
+grep -q counterctl "$work/README/session.sh" || fail "README has no session"
 echo "All as it should be."

@@ -43,14 +43,16 @@ int WhyNotOpen(const std::string& device) {
     return error;
 }
 
-// " (members of group dialout may open it)", or nothing where membership would not help.
+// Which group would give it and how to come into it, or nothing where membership would not help.
 std::string WhoMayOpen(const std::string& device) {
     constexpr mode_t kReadAndWrite = S_IRGRP | S_IWGRP;
     struct stat info = {};
     if (stat(device.c_str(), &info) != 0 || (info.st_mode & kReadAndWrite) != kReadAndWrite) return "";
     const group* owner = getgrgid(info.st_gid);
     if (owner == nullptr) return "";
-    return std::string(" (members of group ") + owner->gr_name + " may open it)";
+    const std::string name = owner->gr_name;
+    return " (members of group " + name + " may open it: sudo usermod -aG " + name +
+           " $USER, then log in again)";
 }
 
 // The port object tells a lock and a refused permission by one error, so the system is asked again.
