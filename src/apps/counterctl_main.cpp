@@ -1,4 +1,5 @@
 // counterctl: the command line companion.
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -41,6 +42,16 @@ std::string DefaultFolder() {
     return counter::DefaultProgramFolder();
 }
 
+// A stream that the caller has closed is opened on what can only fail. Otherwise the next file or port to be
+// opened would take its number, and text for people would go into a setup or to the meter.
+void HoldStandardStreams() {
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(descriptor, F_GETFD) != -1) continue;
+        // The lowest free number is this one.
+        if (open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY) != descriptor) std::_Exit(2);
+    }
+}
+
 bool IsTerminal(int descriptor) {
     return isatty(descriptor) == 1;
 }
@@ -56,6 +67,7 @@ bool TakesColors(int descriptor) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    HoldStandardStreams();
     counter::QtFiles files;
     counter::FileOutput written(stdout);
     std::ostream out(&written);

@@ -1,4 +1,6 @@
 // edit and show --as setup: the Setup view on a setup file, without a screen.
+#include <iterator>
+
 #include "cli/cli.h"
 #include "cli/cli_output.h"
 #include "cli/edit_console.h"
@@ -14,7 +16,10 @@ namespace {
 // The script's text, from a file or standard input.
 Status ReadScript(const CommandCall& call, std::string& script) {
     const auto path = call.Options.find("--script");
-    return call.World.Store.Read(path == call.Options.end() ? kStandardStream : path->second, script);
+    if (path != call.Options.end() && path->second != kStandardStream)
+        return call.World.Store.Read(path->second, script);
+    script.assign(std::istreambuf_iterator<char>(call.World.In), {});  // may be empty
+    return {};
 }
 
 int WriteEdited(const CommandCall& call, SetupRun& run) {

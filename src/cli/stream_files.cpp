@@ -12,6 +12,7 @@ Status OutputFailed(const CliWorld& world) {
 Status StreamFiles::Read(const std::string& path, std::string& content) const {
     if (path != kStandardStream) return inner_.Read(path, content);
     content.assign(std::istreambuf_iterator<char>(world_.In), {});
+    if (content.empty()) return {StatusKind::Illegal, "standard input", "is empty"};
     return {};
 }
 

@@ -14,7 +14,8 @@ class StreamFiles : public Files {
   public:
     explicit StreamFiles(const CliWorld& world) : world_(world), inner_(world.Store) {}
 
-    // Standard input to its end; a second reading finds nothing.
+    // Standard input to its end. Nothing at all is refused: what should have come out of a pipe has failed,
+    // and an empty setup would be one of zeros.
     Status Read(const std::string& path, std::string& content) const override;
     Status Write(const std::string& path, std::string_view content) override;
     Status Append(const std::string& path, std::string_view content) override;

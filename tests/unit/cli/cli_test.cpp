@@ -372,6 +372,9 @@ TEST(StandardStreams, StandForFilesOfTheMeter) {
     EXPECT_EQ(bench.LastErrLine(), "No field differs.");
     EXPECT_EQ(bench.Run({"verify", "-"}), 4);
     EXPECT_NE(bench.Out.find("Setpoint 1"), std::string::npos);
+    bench.In = "";
+    EXPECT_EQ(bench.Run({"put", "-", "--trace"}), 2) << "the pipe in front has failed";
+    EXPECT_EQ(bench.Err, "counterctl: standard input: is empty\n");
     EXPECT_EQ(bench.Run({"get", "-", "--json"}), 1);
     EXPECT_EQ(bench.Run({"put", "-", "--backup", "-", "--json"}), 1);
     EXPECT_EQ(bench.Out, "");

@@ -23,6 +23,7 @@ TEST(StandardStreams, StandForSetupFiles) {
         {{"edit", "-", "--script", "s"}, setup.c_str(), 0, "0027100000000000"},
         {{"edit", "-", "--script", "s", "--out", "e", "--json"}, setup.c_str(), 0, "{"},
         {{"set", "-", "Baud Rate=19200"}, setup.c_str(), 0, "0027100000000000"},
+        {{"show", "-"}, "", 2, ""},
         {{"diff", "-", "-"}, "", 1, ""},
         {{"edit", "-"}, "", 1, ""},
         {{"edit", "-", "--script", "-"}, "", 1, ""},

@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# Every command's --json against docs/counterctl.schema.json, with --trace beside it and on links that fail.
+. "$(dirname "$0")/common.sh"
+here=$(cd "$(dirname "$0")" && pwd)
+mkdir "$work/json"
+
+# document NAME STATUS ARGUMENT...: runs counterctl and keeps what stood on standard output.
+document() {
+    local name=$1
+    shift
+    ctl "$1" --json --trace "${@:2}"
+    cp "$work/out" "$work/json/$name.json"
+}
+
+ctl 0 settings init --force
+ctl 0 default "$work/d"
+document settings.all 0 settings
+document show.fields 0 show "$work/d"
+document show.menu 0 show "$work/d" --as menu
+document show.setup 0 show "$work/d" --as setup
+document fields.all 0 fields "$work/d"
+document fields.some 0 fields "$work/d" "Setpoint 1" Parity
+document set.mode 0 set "$work/d" Mode=Total "Setpoint 1"=5 --out "$work/e"
+document diff.some 4 diff "$work/d" "$work/e"
+document edit.message 0 edit "$work/d" --out "$work/f" < <(echo 'select cboPwrOnTot #1')
+
+start_meter --set 185=64  # a remote display, of which Get warns
+document ports.one 0 ports
+document get.message 0 get "$work/m"
+start_meter --fault 'B2:noreply'
+document get.good 0 get "$work/m"
+document put.verified 0 put "$work/m" --verify
+document verify.same 0 verify "$work/m"
+document verify.other 4 verify "$work/e"
+document read.one 0 read item1
+document read.line 0 read all+
+document read.failed 3 read item2
+document reset.one 0 reset peak
+document remote.one 0 remote display 5
+document stream.three 0 stream --count 3 --seconds 60
+printf 'A%.0s' {1..84} >"$work/curve"
+{ echo; printf '5%.0s' {1..84}; echo; } >>"$work/curve"
+document curve.one 0 curve "$work/curve"
+start_meter --set 199=01 --frequency 1000
+document calibrate.one 0 calibrate 1000
+start_meter --fault 'XR35:noreply'
+document get.failed 3 get "$work/n"
+document verify.failed 3 verify "$work/m"
+
+# What has no document writes nothing.
+for line in "default $work/x" "settings set BaudIndex=5" "ports map 2 $device"; do
+    # shellcheck disable=SC2086
+    ctl 0 --json $line
+    [ ! -s "$work/out" ] || fail "$line wrote a document"
+done
+
+"$bin/counterctl" --help | awk '/^Commands/ {on = 1; next} /^$/ {on = 0} on {print $1}' |
+    grep -vxE 'default|help' >"$work/json/commands"
+[ "$(wc -l <"$work/json/commands")" -gt 10 ] || fail "no commands in the help"
+/usr/bin/python3 "$here/json_schema.py" "$here/../../docs/counterctl.schema.json" "$work/json" || fail "schema"
+echo "All as it should be."

@@ -1,0 +1,70 @@
+#!/usr/bin/env bash
+# counterctl in scripts: pipes that close, disks that are full, streams that are missing, many at once; and colours
+# at a terminal.
+. "$(dirname "$0")/common.sh"
+exe=$bin/counterctl
+ctl 0 settings init --force
+ctl 0 default "$work/d"
+
+# refused STATUS LINE COMMAND...: a command whose streams the caller has redirected; the last line on standard error.
+refused() {
+    local wanted=$1 line=$2 status=0
+    shift 2
+    bash -c "$*" 2>"$work/err" || status=$?
+    [ "$status" -eq "$wanted" ] || fail "$*: status $status, not $wanted"
+    [ "$(tail -n 1 "$work/err")" = "$line" ] || { cat "$work/err"; fail "$*: not '$line'"; }
+}
+full="counterctl: standard output: No space left on device"
+gone="counterctl: standard output: Bad file descriptor"
+refused 2 "$full" "$exe show $work/d >/dev/full"
+refused 2 "$full" "$exe show $work/d --as setup --json >/dev/full"
+refused 2 "$full" "$exe --help >/dev/full"
+refused 2 "$full" "$exe default - >/dev/full"
+refused 2 "$gone" "$exe show $work/d >&-"
+refused 2 "counterctl: standard input: is empty" "$exe show - <&-"
+# A reader that has gone ends it quietly, as it does any tool.
+python3 - "$exe" "$work/d" <<'PYTHON' || fail "a closed pipe"
+import os, subprocess, sys
+reader, writer = os.pipe()
+os.close(reader)
+run = subprocess.run([sys.argv[1], "show", sys.argv[2]], stdout=writer, stderr=subprocess.PIPE)
+sys.exit(0 if (run.returncode, run.stderr) == (-13, b"") else str(run))
+PYTHON
+
+# A setup goes through a pipe and back into the meter. Where standard output is closed, no text takes its way into
+# the file or the port that is opened instead.
+start_meter --save "$work/saved"
+"$exe" --dir "$home" get - 2>/dev/null | "$exe" --dir "$home" set - "Setpoint 1"=12345 "Baud Rate"=9600 2>/dev/null |
+    "$exe" --dir "$home" put - --verify >"$work/out"
+said "No field differs." out
+refused 2 "$gone" "$exe --dir $home get $work/closed >&-"
+cmp <(tr -d '\r\n' <"$work/closed") <("$exe" --dir "$home" get - 2>/dev/null | tr -d '\r\n') || fail "text in a setup"
+stop_peer
+[ "$(cut -c 55-60 "$work/saved")" = 003039 ] || fail "the meter holds another setpoint"
+
+# Twenty at once on one port: one has it, the others say so, and what is written is whole.
+start_meter
+waits=()
+for i in {1..20}; do
+    (status=0; "$exe" --dir "$home" get "$work/many$i" >/dev/null 2>"$work/many$i.err" || status=$?; echo $status >"$work/many$i.status") &
+    waits+=($!)
+done
+wait "${waits[@]}"
+good=0
+for i in {1..20}; do
+    if [ "$(cat "$work/many$i.status")" = 0 ]; then
+        good=$((good + 1))
+        [ "$(wc -c <"$work/many$i")" = 262 ] || fail "a setup that is not whole"
+    else
+        grep -q "Device or resource busy" "$work/many$i.err" || fail "$(cat "$work/many$i.err")"
+        [ ! -e "$work/many$i" ] || fail "a file of a get that failed"
+    fi
+done
+[ "$good" -ge 1 ] || fail "nobody got the port"
+
+# Colours are for terminals, and not for those who mind.
+at_terminal() { script -qec "$1" /dev/null </dev/null | tr -d '\r' | head -n 1; }
+[[ "$(TERM=xterm at_terminal "$exe frob")" == $'\e[31mcounterctl:\e[0m no command'* ]] || fail "no colour at a terminal"
+[[ "$(TERM=xterm NO_COLOR=1 at_terminal "$exe frob")" == "counterctl: no command"* ]] || fail "NO_COLOR"
+[[ "$(TERM=dumb at_terminal "$exe frob")" == "counterctl: no command"* ]] || fail "a dumb terminal"
+echo "All as it should be."
