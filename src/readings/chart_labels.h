@@ -28,6 +28,10 @@ std::string ValueLabel(const ValueScale& scale, int divisions);
 // whole number: ".5", "60.". "0" for 0.
 std::string TimeLabel(double seconds);
 
+// The nearest whole number, halves to the even one. A half of the decimal numbers that a meter and a user
+// write counts as one, though binary fractions miss it by a hair: (0.05 + 1.5) / 0.1 is 15.5.
+double WholeUnits(double number);
+
 // The decimal number that single precision stands for: 123.4 where the number held is 123.40000153.
 double AsTyped(float number);
 

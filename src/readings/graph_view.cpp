@@ -42,9 +42,9 @@ void GraphView::PressContinue() {
 }
 
 void GraphView::TakeReading(const std::string& text, bool) {
-    const double small = static_cast<double>(histogram_.Scale.SmallDiv);
-    const double mid = static_cast<double>(histogram_.Scale.MidValue);
-    const double bin = RoundHalfEven((LeadingNumber(text) - mid + small * kMiddleBin) / small);
+    const double small = AsTyped(histogram_.Scale.SmallDiv);
+    const double mid = AsTyped(histogram_.Scale.MidValue);
+    const double bin = WholeUnits((LeadingNumber(text) - mid + small * kMiddleBin) / small);
     if (bin < 0) {
         Blink(Side::Low);
     } else if (bin >= kBins) {

@@ -80,9 +80,9 @@ void PlotView::EndSweep() {
 
 // One small division is 10 units, and the middle value lies at 0.
 double PlotView::HeightOf(double value) const {
-    const double small = static_cast<double>(sweep_.Scale.SmallDiv);
-    const double bottom = static_cast<double>(sweep_.Scale.MidValue) - small * 20;
-    return RoundHalfEven((value - bottom) * 400 / (small * 40) - 200);
+    const double small = AsTyped(sweep_.Scale.SmallDiv);
+    const double bottom = AsTyped(sweep_.Scale.MidValue) - small * 20;
+    return WholeUnits((value - bottom) * 400 / (small * 40) - 200);
 }
 
 double PlotView::PlaceOf(float now) const {

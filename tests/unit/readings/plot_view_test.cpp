@@ -64,6 +64,17 @@ TEST(PlotView, HeightsAndRails) {
     }
 }
 
+TEST(PlotView, HalvesOfDecimalNumbersGoToTheEvenHeight) {
+    const std::pair<const char*, double> cases[] = {
+        {"12.305", 0}, {"12.315", 2}, {"12.325", 2}, {"12.285", -2}, {"12.3151", 2}, {"12.3249", 2}};
+    for (const auto& [reading, height] : cases) {
+        PlotDesk desk("12.3", "0.1");
+        desk.Start();
+        desk.MeterSends(100, reading);
+        EXPECT_EQ(std::get<ChartPoint>(desk.View.Chart.Record().back()).Y, height) << reading;
+    }
+}
+
 TEST(PlotView, TheClockStartsAtTheFirstReadingAndStandsInAPause) {
     PlotDesk desk("0", "1", "-10");  // works as 10
     desk.Start();
