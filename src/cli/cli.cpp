@@ -63,9 +63,8 @@ const CommandRow* CalledCommand(const CLI::App& app) {
 
 int RefuseUsage(const CliWorld& world, const CommandRow* row, const std::string& reason,
                 const std::string& suggestion = {}) {
-    std::string line = reason + "; usage: " + (row == nullptr ? UsageOfAll() : UsageOf(*row)) + suggestion;
-    std::replace(line.begin(), line.end(), '\n', ' ');
-    Complain(world) << line << "\n";
+    const std::string usage = row == nullptr ? UsageOfAll() : UsageOf(*row);
+    Complain(world) << OneLine(reason + "; usage: " + usage + suggestion) << "\n";
     return kUsage;
 }
 

@@ -22,13 +22,18 @@ int OutputStatus(const CliWorld& world, int status) {
     return kFileOrPort;
 }
 
+std::string OneLine(std::string text) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
 int RefuseStatus(const CommandCall& call, const Status& status) {
-    Complain(call.World) << status.Text() << "\n";
+    Complain(call.World) << OneLine(status.Text()) << "\n";
     return kFileOrPort;
 }
 
 int RefuseCall(const CommandCall& call, const std::string& reason) {
-    Complain(call.World) << reason << "\n";
+    Complain(call.World) << OneLine(reason) << "\n";
     return kUsage;
 }
 

@@ -21,6 +21,8 @@ void WriteJson(const CommandCall& call, const Json& document);
 
 // Begins a line on standard error with "counterctl: ".
 std::ostream& Complain(const CliWorld& world);
+// The text with blanks for its line ends: whoever reads standard error counts on a line each.
+std::string OneLine(std::string text);
 // "counterctl: PATH: REASON" on standard error. Returns exit status 2.
 int RefuseStatus(const CommandCall& call, const Status& status);
 // "counterctl: REASON" on standard error. Returns exit status 1.

@@ -144,7 +144,7 @@ TEST(Usage, SuggestsTheNameThatWasMeant) {
         {{"show", "a", "--jason"}, "; did you mean '--json'?\n"},
         {{"settings", "set", "baudindx=1"}, "; did you mean 'BaudIndex'?\n"},
         {{"read", "item"}, "; did you mean 'item1', 'item2' or 'item3'?\n"},
-        {{"fields", "a", "Alarm 1 Sorce"}, "; did you mean 'Alarm 1 Source'?\n"},
+        {{"fields", "a", "Alarm 1\nSorce"}, "; did you mean 'Alarm 1 Source'?\n"},
     };
     for (const auto& c : cases) {
         CliBench bench;
