@@ -207,7 +207,7 @@ TEST(DesktopSession, AChartIsScaledFromTheKeyboardAlone) {
             QTest::keyClick(window.focusWidget(), Qt::Key_Return);
         }
         EXPECT_EQ(window.focusWidget()->objectName(), "cmdOK") << entry;
-        QTest::keyClick(window.focusWidget(), Qt::Key_Space);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
         GuiPump::Settle();
         EXPECT_TRUE(bench.Find("txtMidVal")->isHidden()) << entry;
         EXPECT_EQ(bench.Find<QLineEdit>("txtMidVal")->text().trimmed(), "10000");
