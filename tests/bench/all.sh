@@ -18,3 +18,5 @@ export QT_QPA_PLATFORM=offscreen
 echo "counter-setup to its painted home view (A) against an empty QMainWindow program (B)"
 "$bin/bench_process" 21 "$bin/bench_home_window" "$work/desk" -- "$bin/bench_empty_window"
 "$bin/bench_desktop"
+"$bin/bench_stream_window"
+"$bin/bench_week"

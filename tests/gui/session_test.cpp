@@ -251,7 +251,7 @@ TEST(DesktopSession, AChartIsScaledFromTheKeyboardAlone) {
             QTest::keyClick(window.focusWidget(), Qt::Key_Return);
         }
         EXPECT_EQ(window.focusWidget()->objectName(), "cmdOK") << entry;
-        QTest::keyClick(window.focusWidget(), Qt::Key_Space);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
         GuiPump::Settle();
         EXPECT_TRUE(bench.Find("txtMidVal")->isHidden()) << entry;
         EXPECT_EQ(bench.Find<QLineEdit>("txtMidVal")->text().trimmed(), "10000");
@@ -259,6 +259,36 @@ TEST(DesktopSession, AChartIsScaledFromTheKeyboardAlone) {
         bench.Pump.Pass(2000);
         bench.Click("cmdEnd");
         bench.Pump.Pass(2000);
+    }
+}
+
+// Presses at ever other moments: while the sweep's command waits to be sent, and among its readings.
+TEST(DesktopSession, NewScaleEndAndExitInARunningSweep) {
+    for (int round = 0; round < 24; ++round) {
+        SCOPED_TRACE(round);
+        GuiBench bench;
+        bench.Choose("mnuGet");
+        bench.Choose(round % 2 == 0 ? "mnuPlot" : "mnuGraph");
+        const auto run = [&bench] {
+            for (const char* text : {"10000", "150", "30"}) {
+                QTest::keyClicks(bench.Desk->Window().focusWidget(), text);
+                QTest::keyClick(bench.Desk->Window().focusWidget(), Qt::Key_Return);
+            }
+            QTest::keyClick(bench.Desk->Window().focusWidget(), Qt::Key_Return);
+        };
+        for (const char* button : {"cmdNewScale", "cmdNewScale", "cmdEnd"}) {
+            bench.Pump.After(53.0 * round, [&bench, button] { bench.Click(button); });
+            run();
+            bench.Pump.Pass(2000);
+        }
+        EXPECT_EQ(bench.Desk->Window().Current(), bench.Desk->PageOf(ViewId::Home));
+        EXPECT_EQ(bench.Line.Sent().back(), "*1A1\r\n");
+        EXPECT_EQ(bench.Line.InBufferCount(), 0U) << "the meter has stopped";
+        bench.Choose("mnuPlot");
+        bench.Pump.After(53.0 * round, [&bench] { bench.Desk->Interrupt(); });
+        EXPECT_EQ(StatusOfExit([&] { run(), bench.Pump.Pass(3000); }), 0);
+        EXPECT_EQ(bench.Line.Sent().back(), "*1A1\r\n");
+        EXPECT_FALSE(bench.Program.Port.PortOpen());
     }
 }
 

@@ -95,6 +95,8 @@ class ReadingGrid : public QWidget {
         return shown.size() > kReadingCharacters ? shown.trimmed() : shown;
     }
 
+    static bool IsBlank(const std::string& text) { return text.find_first_not_of(' ') == std::string::npos; }
+
     int Twips(int pixels) const { return pixels * kTwipsPerInch / logicalDpiY(); }
     std::size_t Count() const { return static_cast<std::size_t>(rows_) * ListView::kColumns; }
 
@@ -110,15 +112,16 @@ class ReadingGrid : public QWidget {
         std::string& shown = shown_[static_cast<std::size_t>(row * ListView::kColumns + column)];
         const std::string& cell = view_.Cell(row, column);
         if (shown == cell) return;
+        const bool looksTheSame = IsBlank(shown) && IsBlank(cell);
         shown = cell;
-        update(CellRect(row, column));
+        if (!looksTheSame) update(CellRect(row, column));
     }
 
     void PaintCell(QPainter& painter, const QRect& cell, int row, int column) {
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawRect(cell.adjusted(0, 0, -1, -1));
         const std::string& text = shown_[static_cast<std::size_t>(row * ListView::kColumns + column)];
-        if (text.find_first_not_of(' ') == std::string::npos) return;
+        if (IsBlank(text)) return;
         painter.setPen(palette().color(QPalette::Text));
         painter.drawText(cell.adjusted(kCellMargin, 0, -kCellMargin, 0), Qt::AlignVCenter | Qt::AlignLeft,
                          Shown(text));
