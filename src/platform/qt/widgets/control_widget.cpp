@@ -30,6 +30,13 @@ class PickList : public QComboBox {
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
 
+// Enter presses the button that has the focus, on a page as in a dialog.
+QPushButton* MakeButton(QWidget* parent) {
+    auto* button = new QPushButton(parent);
+    button->setAutoDefault(true);
+    return button;
+}
+
 QWidget* MakeList(QWidget* parent) {
     auto* list = new PickList(parent);
     list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
@@ -66,7 +73,7 @@ QWidget* MakeOfKind(ControlKind kind, QWidget* parent) {
         case ControlKind::Option:
             return MakeOption(parent);
         case ControlKind::Button:
-            return new QPushButton(parent);
+            return MakeButton(parent);
         case ControlKind::Value:
             return new ValueBox(parent);
         case ControlKind::Entry:
