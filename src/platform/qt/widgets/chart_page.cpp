@@ -69,7 +69,7 @@ void ChartPage::AddScaleEntry(QVBoxLayout& column) {
         row->addWidget(caption);
         row->addWidget(field);
     }
-    row->addWidget(EnterButton(bound_, this, view_.cmdOK));
+    row->addWidget(bound_.Make(view_.cmdOK, this));
     row->addStretch(1);
     for (int i = 0; i < row->count(); ++i) {
         QWidget* widget = row->itemAt(i)->widget();
