@@ -1,54 +1,76 @@
-# What `cmake --install` lays down, and the Debian package that `cpack` makes of it:
-#   cmake --build --preset release && cpack --config build/release/CPackConfig.cmake
+# What `cmake --install` lays down, and the Debian package. The programs find their data from where they stand:
+# PREFIX/bin looks into PREFIX/share/counter-setup.
+#
+# `cmake --build --preset release --target deb` makes build/release/counter-setup_VERSION_ARCHITECTURE.deb.
 include(GNUInstallDirs)
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)  # a package needs neither tests nor benchmarks
+set(shipped ${CMAKE_SOURCE_DIR}/data)
+set(made ${CMAKE_BINARY_DIR}/packaging)
+set(docs ${CMAKE_INSTALL_DATADIR}/doc/counter-setup)
 
-install(TARGETS counter-setup counterctl counter-link counter-sim counter-face DESTINATION ${CMAKE_INSTALL_BINDIR})
-# Beside the executable's folder, where the programs look for it.
+set(counter_programs counter-setup counterctl counter-link counter-sim counter-face)
+install(TARGETS ${counter_programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+configure_file(${shipped}/desktop/counter-try ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/counter-try COPYONLY)
+install(PROGRAMS ${shipped}/desktop/counter-try DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY ${CMAKE_BINARY_DIR}/share/help ${CMAKE_BINARY_DIR}/share/boards
         DESTINATION ${CMAKE_INSTALL_DATADIR}/counter-setup)
-install(FILES data/desktop/counter-setup.desktop data/desktop/counter-link.desktop
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-install(FILES data/desktop/counter-setup.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(FILES data/desktop/org.counter_setup.CounterSetup.metainfo.xml
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
-install(FILES data/completion/counterctl DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
-install(FILES data/udev/70-counter-setup.rules DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/counter-setup/examples)
-install(FILES README.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/counter-setup)
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/counter-setup RENAME copyright)
 
-# Debian wants manual pages and the changelog compressed, without a time in them.
-find_program(COUNTER_GZIP gzip)
-if(COUNTER_GZIP)
-  set(packed "")
-  foreach(page counter-setup counterctl counter-link counter-sim counter-face)
-    list(APPEND packed ${page}.1)
-  endforeach()
-  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/man)
-  foreach(page ${packed})
-    execute_process(COMMAND ${COUNTER_GZIP} -9nc ${CMAKE_SOURCE_DIR}/data/man/${page}
-                    OUTPUT_FILE ${CMAKE_BINARY_DIR}/man/${page}.gz)
-    install(FILES ${CMAKE_BINARY_DIR}/man/${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-  endforeach()
-  execute_process(COMMAND ${COUNTER_GZIP} -9nc ${CMAKE_SOURCE_DIR}/CHANGELOG.md
-                  OUTPUT_FILE ${CMAKE_BINARY_DIR}/man/changelog.gz)
-  install(FILES ${CMAKE_BINARY_DIR}/man/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/counter-setup)
-endif()
+foreach(program counter-setup counter-link)
+  install(FILES ${shipped}/desktop/${program}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  install(FILES ${shipped}/desktop/${program}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+endforeach()
+install(FILES ${shipped}/desktop/counter-setup.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${shipped}/completion/counterctl DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES ${shipped}/debian/copyright DESTINATION ${docs})
+install(FILES ${shipped}/udev/78-counter-setup.rules DESTINATION ${docs}/examples)
+install(FILES README.md DESTINATION ${docs})
+install(DIRECTORY docs DESTINATION ${docs})
+
+# counter_gzipped(FROM TO FOLDER): FROM, compressed without name and time, is installed as FOLDER/TO.gz.
+function(counter_gzipped from to folder)
+  add_custom_command(OUTPUT ${made}/${to}.gz
+    COMMAND ${CMAKE_COMMAND} -E copy ${from} ${made}/${to}
+    COMMAND gzip -9nf ${made}/${to}
+    DEPENDS ${from} VERBATIM)
+  set_property(GLOBAL APPEND PROPERTY counter_gzipped_files ${made}/${to}.gz)
+  install(FILES ${made}/${to}.gz DESTINATION ${folder})
+endfunction()
+
+foreach(page ${counter_programs} counter-try)
+  configure_file(${shipped}/man/${page}.1 ${made}/pages/${page}.1 @ONLY)
+  counter_gzipped(${made}/pages/${page}.1 ${page}.1 ${CMAKE_INSTALL_MANDIR}/man1)
+endforeach()
+counter_gzipped(${shipped}/debian/changelog changelog.Debian ${docs})
+counter_gzipped(${CMAKE_SOURCE_DIR}/CHANGELOG.md changelog ${docs})
+get_property(gzipped_files GLOBAL PROPERTY counter_gzipped_files)
+add_custom_target(gzipped ALL DEPENDS ${gzipped_files})
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME counter-setup)
-set(CPACK_PACKAGE_VENDOR "Counter Setup")
 set(CPACK_PACKAGE_CONTACT "Counter Setup maintainers <maintainers@counter-setup.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "setup tool for a digital panel counter/timer")
-set(CPACK_PACKAGE_DESCRIPTION "Reads the meter's whole configuration over a serial line or an Ethernet node,
-shows it as a tabbed editor and as the meter's own menu, writes it back and
-keeps it in files. A command line companion does the same from scripts, and a
-simulated meter lets everything be tried without one.")
+set(CPACK_PACKAGE_DESCRIPTION
+"Counter Setup reads the whole configuration of a digital panel counter/timer
+over a serial line or an Ethernet node, shows it field by field, as the meter's
+own front-panel menu and as a tabbed editor with all its rules, keeps it in
+files, writes it back and proves what it wrote. It speaks the meter's Custom
+ASCII protocol, Modbus RTU and Modbus ASCII.
+
+The package holds the desktop tool, the same core for shells and scripts
+(counterctl), and a simulated meter to try both on.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
-                                                WORLD_READ WORLD_EXECUTE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
-set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Windows need a plugin for the display that no library names.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-qpa-plugins)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_OUTPUT_FILE_PREFIX ${CMAKE_BINARY_DIR})
 include(CPack)
+add_custom_target(deb
+  COMMAND ${CMAKE_CPACK_COMMAND} --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake
+  DEPENDS ${counter_programs} help_files batch_texts board_drawings gzipped
+  COMMENT "Making the Debian package" VERBATIM USES_TERMINAL)

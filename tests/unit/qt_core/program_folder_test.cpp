@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+
 #include "platform/qt/core/core_runtime.h"
 #include "platform/qt/core/qt_files.h"
 #include "temp_folder.h"
@@ -17,6 +19,14 @@ TEST(ProgramFolder, UsersDataFolderUnlessSettingsLieBesideTheExecutable) {
     const CoreRuntime runtime;
     EXPECT_EQ(DefaultProgramFolder(), folder.At("counter-setup"));
     unsetenv("XDG_DATA_HOME");
+}
+
+TEST(ProgramFolder, DataIsLookedForAsInstallationsAndBuildsAreLaidOut) {
+    const CoreRuntime runtime;
+    const std::string bin = QCoreApplication::applicationDirPath().toStdString();
+    const std::vector<std::string> folders = {"/home/user/folder", bin + "/../share/counter-setup/help",
+                                              bin + "/../share/help"};
+    EXPECT_EQ(DataFolders("/home/user/folder", "help"), folders);
 }
 
 }  // namespace counter

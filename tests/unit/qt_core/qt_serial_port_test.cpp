@@ -142,9 +142,9 @@ TEST_F(QtSerialPortTest, RefusalNamesTheGroupOnlyWhereItHelps) {
     ASSERT_TRUE(user != 0 || chown(meter_->Device.c_str(), user, 5) == 0);  // tty, not a group of root's
     struct stat info = {};
     ASSERT_EQ(stat(meter_->Device.c_str(), &info), 0);
-    const std::string name = getgrgid(info.st_gid)->gr_name;
-    const std::string who = " (members of group " + name + " may open it: sudo usermod -aG " + name +
-                            " $USER, then log in again)";
+    const std::string group = getgrgid(info.st_gid)->gr_name;
+    const std::string who = " (it belongs to group " + group + ": sudo usermod -aG " + group +
+                            " $USER, then log out and in again)";
     for (const auto& [mode, reason] :
          {std::pair(0060, "Permission denied" + who), {0040, "Permission denied"}}) {
         ASSERT_EQ(chmod(meter_->Device.c_str(), mode), 0);

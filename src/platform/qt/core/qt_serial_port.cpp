@@ -1,9 +1,7 @@
 #include "platform/qt/core/qt_serial_port.h"
 
 #include <fcntl.h>
-#include <grp.h>
 #include <poll.h>
-#include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -11,6 +9,7 @@
 #include <cerrno>
 
 #include "platform/qt/core/links.h"
+#include "platform/qt/core/port_refusal.h"
 #include "platform/qt/core/system_status.h"
 
 namespace counter {
@@ -43,25 +42,13 @@ int WhyNotOpen(const std::string& device) {
     return error;
 }
 
-// Which group would give it and how to come into it, or nothing where membership would not help.
-std::string WhoMayOpen(const std::string& device) {
-    constexpr mode_t kReadAndWrite = S_IRGRP | S_IWGRP;
-    struct stat info = {};
-    if (stat(device.c_str(), &info) != 0 || (info.st_mode & kReadAndWrite) != kReadAndWrite) return "";
-    const group* owner = getgrgid(info.st_gid);
-    if (owner == nullptr) return "";
-    const std::string name = owner->gr_name;
-    return " (members of group " + name + " may open it: sudo usermod -aG " + name +
-           " $USER, then log in again)";
-}
-
 // The port object tells a lock and a refused permission by one error, so the system is asked again.
 Status OpenFailure(const std::string& named, const std::string& device, const QSerialPort& port) {
     const std::string path = named == device ? named : named + " (" + device + ")";
     const int error = WhyNotOpen(device);
     if (error != 0) {
         Status status = SystemStatus(path, error);
-        if (error == EACCES) status.Reason += WhoMayOpen(device);
+        if (error == EACCES) status.Reason += RefusalAdvice(GroupAccessTo(device));
         return status;
     }
     if (port.error() == QSerialPort::PermissionError) return SystemStatus(path, EBUSY);

@@ -27,7 +27,7 @@ class QtSerialPort : public SerialPort {
     void SetCommPort(int number) override { number_ = number; }
     // Illegal where the meter knows no such line or an open port refuses it; what was set before stays.
     Status SetSettings(std::string_view text) override;
-    // NotFound; NoPermission, naming the group that may; Busy where another program (or another port object)
+    // NotFound; NoPermission, with what to do about it; Busy where another program (or another port object)
     // holds the device under whatever name; Illegal where it is no serial port.
     Status Open() override;
     void Close() override;

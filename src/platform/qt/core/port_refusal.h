@@ -1,0 +1,23 @@
+// What someone whom the system refuses a serial port can do about it.
+#pragma once
+
+#include <string>
+
+namespace counter {
+
+// How the group that owns a device stands to the user of this process.
+struct GroupAccess {
+    std::string Group;  // its name; empty where membership would not open the device
+    bool ListsUser =
+        false;  // the system's list of groups has the user in it, which counts from the next login on
+};
+
+// Looks at the device at the end of all links. Membership of the superuser's own group is no way to a port:
+// it counts as one that would not open the device.
+GroupAccess GroupAccessTo(const std::string& device);
+
+// What to do, in brackets behind the system's own reason and beginning with a blank; empty where no group
+// helps. " (it belongs to group dialout: sudo usermod -aG dialout $USER, then log out and in again)"
+std::string RefusalAdvice(const GroupAccess& access);
+
+}  // namespace counter
