@@ -1,6 +1,6 @@
 """The command blocks of pages.
 
-scripts FOLDER RUN PAGE...  makes FOLDER/NAME/page.sh of the "sh" blocks of each page, behind FOLDER/shell
+scripts FOLDER RUN PAGE...  makes FOLDER/NAME/page.sh of the "sh" blocks of each page, behind docs_shell.sh
 compare FOLDER PAGE...      compares what they said, FOLDER/NAME/LINE.out, with the "text" blocks that follow them
 
 In a "text" block a line "..." stands for any lines, and "..." within a line for any characters. A block of another
@@ -43,7 +43,7 @@ def folder_of(folder, page):
 
 
 def scripts(folder, run, *pages):
-    shell = open(f"{folder}/shell", encoding="utf-8").read()
+    shell = open(os.path.join(os.path.dirname(__file__), "docs_shell.sh"), encoding="utf-8").read()
     for page in pages:
         commands = [(line, own_line(text, run)) for line, kind, text in blocks(page) if kind == "sh"]
         if any("./adaptor" in text for _, text in commands):
