@@ -55,7 +55,7 @@ bool ReadingView::Holds(int number) {
     } else if (!Program.Port.Arrived) {
         StreamStop(Program.Line);
     }
-    return false;
+    if (ending_) exitWanted_ = true;
 }
 
 void ReadingView::StopRun() {
@@ -77,6 +77,16 @@ void ReadingView::PressPrint() {
 
 // Pressed again during one of its waits it does nothing, since it is on its way.
 void ReadingView::PressEnd() {
+    LeaveByEnd();
+    if (std::exchange(exitWanted_, false) && ExitProgram) ExitProgram();
+}
+
+bool ReadingView::HoldExit() {
+    if (ending_) exitWanted_ = true;
+    return ending_;
+}
+
+void ReadingView::LeaveByEnd() {
     const int life = life_;
     ending_ = true;
     StopRun();

@@ -29,6 +29,7 @@ class ReadingView {
     // Hooks into what shows the view; each may be empty.
     std::function<void()> Drawn;  // readings have been taken: table or chart may show more, controls don't
     std::function<void()> ShowMainMenu;  // hide this view, show the home view, which unloads this one
+    std::function<void()> ExitProgram;   // behind an End for which HoldExit has made the exit wait
     Printer* Paper = nullptr;
 
     // Before the view is shown: everything as new.
@@ -38,6 +39,9 @@ class ReadingView {
     // The view is gone, whatever it was doing: no arriving byte and no press reaches it any more. Sends
     // nothing, so a meter that was not stopped by End goes on sending.
     void Unload();
+    // The program is told to exit. False: it may, now. True: End is under way and must still stop the meter;
+    // ExitProgram is called behind it.
+    bool HoldExit();
 
   protected:
     ReadingView(Session& session, std::unique_ptr<FrameCutter> cutter);
@@ -71,10 +75,12 @@ class ReadingView {
 
   private:
     void LetEventsRun();
+    void LeaveByEnd();
 
     const int handlersLive_ = 1;
     bool up_ = false;
     bool ending_ = false;
+    bool exitWanted_ = false;
     int run_ = 0;
     int life_ = 0;  // another one after each Unload
 };

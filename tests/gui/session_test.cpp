@@ -296,6 +296,19 @@ TEST(DesktopSession, NewScaleEndAndExitInARunningSweep) {
     }
 }
 
+TEST(DesktopSession, AnExitDuringEndComesBehindTheMetersStop) {
+    for (const char* entry : {"mnuList", "mnuPlot", "mnuGraph"}) {
+        SCOPED_TRACE(entry);
+        GuiBench bench;
+        bench.Choose("mnuGet");
+        bench.Choose(entry);
+        bench.Pump.Pass(1500);
+        bench.Pump.After(100, [&bench] { bench.Desk->Interrupt(); });
+        EXPECT_EQ(StatusOfExit([&] { bench.Click("cmdEnd"), bench.Pump.Pass(2000); }), 0);
+        EXPECT_EQ(bench.Line.Sent().back(), "*1A1\r\n");
+    }
+}
+
 TEST(DesktopSession, AReadingStreamEndsWithItsView) {
     GuiBench bench;
     bench.Choose("mnuGet");

@@ -53,7 +53,7 @@ void Desktop::Connect() {
         PrepareReadings(session_.Line, session_.Identity.FirmwareVersion, session_.Frames);
     };
     home_.CloseSockets = [this] { session_.Node.Close(); };
-    home_.HoldExit = [this] { return calibration_ && calibration_->HoldExit(); };
+    home_.HoldExit = [this] { return HoldExit(); };
     const std::function<void()> shown = session_.Home.Changed;
     session_.Home.Changed = [this, shown] {
         shown();
@@ -65,6 +65,14 @@ void Desktop::Connect() {
     help_.RestorePage = [this] {
         if (setupPage_) setupPage_->HelpClosed();
     };
+}
+
+bool Desktop::HoldExit() {
+    for (ReadingView* view : {static_cast<ReadingView*>(list_.get()), static_cast<ReadingView*>(plot_.get()),
+                              static_cast<ReadingView*>(graph_.get())}) {
+        if (view && view->HoldExit()) return true;
+    }
+    return calibration_ && calibration_->HoldExit();
 }
 
 void Desktop::ShowFirst() {
@@ -80,10 +88,10 @@ void Desktop::LogIn() {
 
 void Desktop::MakeNode() {
     node_ = std::make_unique<NodeView>(session_);
-    nodePage_ = new NodePage(*node_, home_, *homePage_, window_.get());
+    nodePage_ = new NodePage(*node_, home_, window_.get());
     nodePage_->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
     node_->ShowTitle = [this](std::string_view title) {
-        homePage_->SetTitle(title);
+        home_.Title = title;
         window_->ShowTitle();
     };
     node_->ShowHome = [this] { GoHome(); };
@@ -214,6 +222,7 @@ ViewPage* Desktop::MakeHelpScreen(ViewId view) {
 
 void Desktop::MakeReading(ReadingView& view) {
     view.Paper = &paper_;
+    view.ExitProgram = [this] { home_.Exit(); };
     view.ShowMainMenu = [this] { GoHome(); };
 }
 

@@ -72,6 +72,8 @@ class Desktop {
     HelpWorld WorldOfHelp();
     void MakeReading(ReadingView& view);
     void ShowHourglass();
+    // True: a view must finish something first, and exits behind it.
+    bool HoldExit();
     void Connect();
 
     Session& session_;
