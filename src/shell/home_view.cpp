@@ -154,14 +154,9 @@ void HomeView::ComeToReadings(Control& heading) {
 }
 
 void HomeView::OpenView(const HomeMenuRow& row) {
-    HomeState& home = session_.Home;
-    home.ShowHourglass(true);
-    const bool there = Open && Open(*row.Opens);
-    home.ShowHourglass(false);
-    if (there) return;
-    std::string name(row.Caption);
-    std::erase(name, '&');
-    home.ShowStatus(name + " is not there yet.", ColorWhite);
+    session_.Home.ShowHourglass(true);
+    if (Open) Open(*row.Opens);
+    session_.Home.ShowHourglass(false);
 }
 
 void HomeView::Exit() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "controls/form.h"
 #include "controls/page_builder.h"
@@ -20,6 +21,9 @@ class HomeView {
     HomeView(const HomeView&) = delete;
     HomeView& operator=(const HomeView&) = delete;
 
+    // Of its window; through a node it tells how the connection stands.
+    std::string Title{kTitle};
+
     // Once, before the first Activate.
     void Load();
     // The view comes to the front, also on return from another view.
@@ -35,7 +39,7 @@ class HomeView {
     bool TallText() const { return tallText_; }
 
     // Hooks into what shows the view; each may be empty.
-    std::function<bool(ViewId)> Open;                // false: there is no such view yet
+    std::function<void(ViewId)> Open;
     std::function<void()> CloseViews;                // those that were opened from here
     std::function<void(int helpNumber)> OpenHelp;    // over this view
     std::function<void()> PrepareStream;             // the stream's frame rules are asked of the meter

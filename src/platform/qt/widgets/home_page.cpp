@@ -22,7 +22,6 @@ constexpr int kShortLines = 9;
 HomePage::HomePage(HomeView& view, QWidget* parent)
     : ViewPage(parent),
       view_(view),
-      title_(QtText(HomeView::kTitle)),
       bound_(view.Controls),
       menu_(new QMenuBar(parent)),
       strip_(new StatusStrip(this)) {
@@ -33,8 +32,8 @@ HomePage::HomePage(HomeView& view, QWidget* parent)
 
 HomePage::~HomePage() = default;
 
-void HomePage::SetTitle(std::string_view title) {
-    title_ = QtText(title);
+QString HomePage::Title() const {
+    return QtText(view_.Title);
 }
 
 void HomePage::ComeToFront() {

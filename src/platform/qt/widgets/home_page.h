@@ -18,9 +18,7 @@ class HomePage : public ViewPage {
     // For the window; belongs to it once it is set there.
     QMenuBar* MenuBar() { return menu_; }
 
-    QString Title() const override { return title_; }
-    // Through a node it tells how the connection stands.
-    void SetTitle(std::string_view title);
+    QString Title() const override;
     void ComeToFront() override;
     void PutAway() override {}
     void Leave() override { view_.Exit(); }
@@ -35,7 +33,6 @@ class HomePage : public ViewPage {
     void ShowText();
 
     HomeView& view_;
-    QString title_;
     Binder bound_;
     QMenuBar* menu_;
     QWidget* textArea_;

@@ -12,8 +12,8 @@ constexpr int kGrid = 8;
 
 }  // namespace
 
-NodePage::NodePage(NodeView& view, HomeView& home, const ViewPage& homePage, QWidget* parent)
-    : ViewPage(parent), view_(view), home_(home), homePage_(homePage), text_(new QLabel(this)) {
+NodePage::NodePage(NodeView& view, HomeView& home, QWidget* parent)
+    : ViewPage(parent), view_(view), home_(home), text_(new QLabel(this)) {
     auto* quit = new QPushButton(QStringLiteral("&Quit"), this);
     quit_ = quit;
     quit->setObjectName(QStringLiteral("cmdQuit"));
@@ -32,6 +32,10 @@ NodePage::NodePage(NodeView& view, HomeView& home, const ViewPage& homePage, QWi
 
 NodePage::~NodePage() {
     view_.Changed = nullptr;
+}
+
+QString NodePage::Title() const {
+    return QtText(home_.Title);
 }
 
 }  // namespace counter

@@ -12,10 +12,10 @@ namespace counter {
 class NodePage : public ViewPage {
   public:
     // It stands in the place of the home view and has its title.
-    NodePage(NodeView& view, HomeView& home, const ViewPage& homePage, QWidget* parent);
+    NodePage(NodeView& view, HomeView& home, QWidget* parent);
     ~NodePage() override;
 
-    QString Title() const override { return homePage_.Title(); }
+    QString Title() const override;
     void HelpKey() override { AskHelp(kHomeHelpTopic); }
     // Logs in, once.
     void ComeToFront() override { view_.Activate(); }
@@ -26,7 +26,6 @@ class NodePage : public ViewPage {
   private:
     NodeView& view_;
     HomeView& home_;
-    const ViewPage& homePage_;
     QLabel* text_;
     QWidget* quit_;
 };
