@@ -22,9 +22,10 @@ inline constexpr LinkHelpPiece kLinkHelp[] = {
     {"Rate, protocol, parity and address", true},
     {" must be those of the meter's own menu. A meter leaves the factory at 9600 baud, Custom ASCII, address "
      "1. Parity and Modbus address count in the Modbus protocols only, the meter address and the long "
-     "wake-up in Custom ASCII only. The firmware version decides about the check of Modbus RTU: below 81 it "
-     "is "
-     "the old one.\r\n\r\n"},
+     "wake-up "
+     "in Custom ASCII only. The firmware version decides about the check of Modbus RTU: below 81 it is the "
+     "old "
+     "one.\r\n\r\n"},
     {"The line echoes", true},
     {" is for two-wire lines on which the computer hears what it sends itself. "},
     {"Ethernet node", true},

@@ -5,6 +5,7 @@
 
 #include "link/port_setup.h"
 #include "meter/baud_table.h"
+#include "meter/field_lists.h"
 #include "meter/text.h"
 #include "session/session.h"
 #include "settings/settings_keys.h"
@@ -15,7 +16,6 @@ namespace counter {
 
 namespace {
 
-constexpr std::array<std::string_view, 3> kProtocols = {"Custom ASCII", "Modbus RTU", "Modbus ASCII"};
 constexpr std::array<std::string_view, 3> kParities = {"None", "Odd", "Even"};
 constexpr std::array<std::string_view, 8> kMeters = {"0",
                                                      "1  DPM",
@@ -37,7 +37,7 @@ constexpr std::string_view kStopCaption = "S&top";
 
 LinkSetup::LinkSetup(const World& world) : world_(world) {
     pbFind.Visible = false;
-    Form::Fill(cboProtocol, kProtocols);
+    Form::Fill(cboProtocol, lists::kProtocol);
     Form::Fill(cboBaud, std::span(BaudTable).first(7));
     Form::Fill(cboParity, kParities);
     Form::Fill(cboAddress, kAddresses);

@@ -3,6 +3,8 @@
 #include "link/link_error.h"
 #include "link/port_setup.h"
 #include "meter/baud_table.h"
+#include "meter/field_lists.h"
+#include "meter/field_value.h"
 #include "session/session.h"
 #include "shell/get_action.h"
 #include "shell/start.h"
@@ -10,9 +12,6 @@
 namespace counter {
 
 namespace {
-
-constexpr int kVersionByte = 233;  // positions in the image
-constexpr int kTypeByte = 235;
 
 // A store that holds the settings to be tried and drops what is written.
 class TriedSettings : public Files {
@@ -52,12 +51,11 @@ std::string MeterName(int meterType) {
 std::string AnswerInWords(const Session& session) {
     const Settings& stored = session.Stored;
     const bool modbus = session.LinkData.ModbusLink == 1;
-    const std::string_view protocol = stored.SerialProtocol == 0   ? "Custom ASCII"
-                                      : stored.SerialProtocol == 1 ? "Modbus RTU"
-                                                                   : "Modbus ASCII";
-    std::string words = MeterName(ByteGet(session.Image, kTypeByte)) + " answered: firmware version " +
-                        std::to_string(ByteGet(session.Image, kVersionByte)) + ", address " +
-                        (modbus ? std::to_string(stored.ModbusAddress) : stored.MeterAddressLabel) + ", ";
+    const std::string_view protocol = lists::kProtocol[static_cast<std::size_t>(stored.SerialProtocol)];
+    std::string words =
+        MeterName(ValueOfField(session.Image, Field::MeterType).Number) + " answered: firmware version " +
+        std::to_string(ValueOfField(session.Image, Field::FirmwareVersion).Number) + ", address " +
+        (modbus ? std::to_string(stored.ModbusAddress) : stored.MeterAddressLabel) + ", ";
     words += std::string(protocol);
     if (session.LinkData.EthernetMode == 1) return words + " through the node at " + stored.NodeIp + ".";
     return words + " at " + std::string(BaudTable[static_cast<std::size_t>(session.LinkData.BaudIndex)]) +
@@ -102,8 +100,8 @@ LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines) {
     ClosePort(session.Line);
     trial.LinkError = session.LinkData.LinkError;
     trial.Answered = trial.LinkError == 0;
-    trial.FirmwareVersion = ByteGet(session.Image, kVersionByte);
-    trial.MeterType = ByteGet(session.Image, kTypeByte);
+    trial.FirmwareVersion = ValueOfField(session.Image, Field::FirmwareVersion).Number;
+    trial.MeterType = ValueOfField(session.Image, Field::MeterType).Number;
     trial.Words = trial.Answered ? AnswerInWords(session)
                                  : LinkErrorMeaning(trial.LinkError) + " (" +
                                        std::to_string(trial.LinkError) + ")." + WhatToLookAt(trial.LinkError);

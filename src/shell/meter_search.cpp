@@ -5,6 +5,7 @@
 
 #include "link/link_error.h"
 #include "meter/baud_table.h"
+#include "meter/field_lists.h"
 #include "settings/settings_keys.h"
 
 namespace counter {
@@ -14,8 +15,8 @@ namespace {
 constexpr std::array<int, 7> kUsualRates = {5, 6, 4, 3, 2, 1, 0};  // 9600 baud is what a meter comes with
 constexpr std::array<int, 2> kParities = {2, 1};                   // even, then odd
 constexpr int kOldCheckVersion = 80;                               // the last with that check
-constexpr int kNewestVersion = 85;
-constexpr int kEchoes = 2;  // value of CommsEnabled
+constexpr int kPublishedCheckVersion = kOldCheckVersion + 1;  // any above: trials ask for the meter's own
+constexpr int kEchoes = 2;                                    // value of CommsEnabled
 
 void Put(SettingsLines& lines, std::string_view key, int value) {
     SetSettingsKey(lines, *FindSettingsKey(key), std::to_string(value));
@@ -32,7 +33,7 @@ SettingsLines LinesOf(const SettingsLines& base, const SearchStep& step) {
     Put(lines, "SerialProtocol", step.SerialProtocol);
     Put(lines, "BaudIndex", step.BaudIndex);
     Put(lines, "ParityIndex", step.ParityIndex);
-    Put(lines, "FirmwareVersion", step.OldCheck ? kOldCheckVersion : kNewestVersion);
+    Put(lines, "FirmwareVersion", step.OldCheck ? kOldCheckVersion : kPublishedCheckVersion);
     if (NumberOf(lines, "CommsEnabled") == 0) Put(lines, "CommsEnabled", 1);
     return lines;
 }
@@ -94,12 +95,11 @@ std::vector<SearchStep> SearchSteps(const std::vector<std::string>& devices) {
 }
 
 std::string StepInWords(const SearchStep& step) {
-    constexpr std::array<std::string_view, 3> kProtocols = {"Custom ASCII", "Modbus RTU", "Modbus ASCII"};
     constexpr std::array<std::string_view, 3> kParityWords = {"", ", odd parity", ", even parity"};
     const auto part = [](const auto& table, int index) {
         return std::string(table[static_cast<std::size_t>(index)]);
     };
-    return step.Device + ", " + part(kProtocols, step.SerialProtocol) +
+    return step.Device + ", " + part(lists::kProtocol, step.SerialProtocol) +
            (step.OldCheck ? " (old check)" : "") + " at " + part(BaudTable, step.BaudIndex) + " baud" +
            part(kParityWords, step.ParityIndex);
 }
@@ -116,8 +116,11 @@ SearchResult FindMeter(const TrialWorld& world, TriedDevice& tried, const Settin
         tried.Device = step.Device;
         SettingsLines with = LinesOf(lines, step);
         const LinkTrial trial = Try(world, with);
-        ++trials;
-        if (!trial.PortOpened) unopened[step.Device] = trial.Words;
+        if (trial.PortOpened) {
+            ++trials;
+        } else {
+            unopened[step.Device] = trial.Words;
+        }
         if (!trial.Answered) continue;
         Put(with, "FirmwareVersion", trial.FirmwareVersion);
         Put(with, "MeterType", trial.MeterType);
