@@ -55,7 +55,7 @@ bool ReadingView::Holds(int number) {
     } else if (!Program.Port.Arrived) {
         StreamStop(Program.Line);
     }
-    if (ending_) exitWanted_ = true;
+    return false;
 }
 
 void ReadingView::StopRun() {
