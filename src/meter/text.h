@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,23 @@ inline std::string Utf8(std::string_view text) {
         }
     }
     return characters;
+}
+
+// The other way: what people write, as the meter's one byte a character. Nothing where the meter has no such
+// character (U+0100 and above), and where the text is not UTF-8.
+inline std::optional<std::string> FromUtf8(std::string_view characters) {
+    std::string text;
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        auto code = static_cast<unsigned char>(characters[i]);
+        if (code >= 0x80) {
+            const bool twoBytes = (code == 0xC2 || code == 0xC3) && i + 1 < characters.size();
+            const auto next = static_cast<unsigned char>(twoBytes ? characters[++i] : '\0');
+            if ((next & 0xC0) != 0x80) return std::nullopt;
+            code = static_cast<unsigned char>((code & 0x03) << 6 | (next & 0x3F));
+        }
+        text += static_cast<char>(code);
+    }
+    return text;
 }
 
 }  // namespace counter

@@ -57,7 +57,7 @@ TEST(HandWork, OneActionIsOneFrame) {
         {{"reset", "meter"},             "300 *1C0"},     {{"reset", "function"},     "300 *1C1"},  {{"reset", "alarms"},    "300 *1C2"},
         {{"reset", "peak"},              "300 *1C3"},     {{"reset", "valley"},       "300 *1C9"},  {{"reset", "display"},   "300 *1C4"},
         {{"remote", "display", "-12.5"}, "300 *1H-12.5"}, {{"remote", "item3", " 7"}, "300 *1K 7"}, {{"remote", "both", ""}, "300 *1L"},
-        {{"remote", "c", "*1'0D"},       "300 *1'0D"},
+        {{"remote", "c", "*1'0D"},       "300 *1'0D"},    {{"remote", "item3", "\u00B5\u00FF5"}, "300 *1K\xB5\xFF" "5"},
         // clang-format on
     };
     for (const auto& [line, story] : cases) {
@@ -96,6 +96,9 @@ TEST(HandWork, RefusalsSendNothing) {
         {kAscii,  {"reset", "item1"},                  "'item1' is none of meter|function|alarms|peak|valley|display"},
         {kAscii,  {"remote", "all", "1"},              "'all' is none of display|item3|both|c"},
         {kAscii,  {"remote", "display"},               "usage: counterctl remote display|item3|both|c TEXT"},
+        {kAscii,  {"remote", "c", "5\u20AC"},          "'5\u20AC' has characters that the meter does not have"},
+        {kAscii,  {"remote", "c", "\xB5"},             "has characters that the meter does not have"},
+        {kAscii,  {"remote", "c", "5\xC2"},            "has characters that the meter does not have"},
         {kAscii,  {"curve", "/c/any", "--board", "3"}, "--board is 1"},
         {kAscii,  {"curve", "/c/none"},                "counterctl: /c/none: No such file or directory", 2},
         {kAscii,  {"curve", "/c/one"},                 "counterctl: /c/one: no curve: it has two items", 2},
