@@ -12,8 +12,8 @@ namespace counter {
 
 // What is done with the file that an argument names, where "-" may stand for a standard stream.
 enum class FileUse {
-    None,     // no file
-    Read,     //
+    None,  // no file
+    Read,
     Written,  //
     Edited,   // read, and written over unless --out names another
     Script,   // read; without the option it is standard input

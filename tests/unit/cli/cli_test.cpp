@@ -100,6 +100,7 @@ TEST(Usage, IsOneLineThatSaysWhatIsLegal) {
         {{"ports", "map", "1"}, "usage: counterctl ports [map N DEVICE]"},
         {{"put", "a", "--backup", ""}, "--backup needs a value"},
         {{"get", "a", "--dir", ""}, "--dir needs a value"},
+        {{"put", "a", "--verify=no"}, "usage: counterctl put FILE"},
         {{"put"}, "usage: counterctl put FILE [--backup OLD] [--verify]"},
         {{"read"}, "usage: counterctl read item1|item2"},
     };
