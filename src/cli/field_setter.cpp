@@ -1,7 +1,6 @@
 #include "cli/field_setter.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "cli/field_names.h"
 #include "cli/number_entry.h"
@@ -15,10 +14,8 @@ namespace {
 
 // An entry without blanks and capitals: lists pad theirs, and put one behind a point (" 11111. 1").
 std::string Plain(std::string_view entry) {
-    std::string plain;
-    for (const char c : entry) {
-        if (c != ' ') plain += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
+    std::string plain = SmallLetters(entry);
+    std::erase(plain, ' ');
     return plain;
 }
 

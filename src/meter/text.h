@@ -8,10 +8,17 @@
 
 namespace counter {
 
-// Without the blanks at both ends.
-constexpr std::string_view Trimmed(std::string_view text) {
-    std::size_t first = std::min(text.find_first_not_of(' '), text.size());
-    return text.substr(first, text.find_last_not_of(' ') + 1 - first);
+// Without the blanks at both ends; other characters than " " may count as blank.
+constexpr std::string_view Trimmed(std::string_view text, std::string_view blanks = " ") {
+    const std::size_t first = std::min(text.find_first_not_of(blanks), text.size());
+    return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+}
+
+// With small letters for its capitals, those of ASCII.
+inline std::string SmallLetters(std::string_view text) {
+    std::string small(text);
+    for (char& c : small) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return small;
 }
 
 // Text of the meter or of an entry, one byte a character, as UTF-8, which screens and file names take.
