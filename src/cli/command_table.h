@@ -35,7 +35,7 @@ struct CommandRow {
     std::vector<FileUse> Files;  // what the first words name; words behind these are no files
     std::vector<OptionRow> Options;
     int (*Run)(const CommandCall&);
-    const char* More;     // further lines of its help, each ended by "\n"
+    std::string More;     // further lines of its help, each ended by "\n"
     const char* Example;  // lines of a shell
 };
 

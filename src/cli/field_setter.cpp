@@ -1,6 +1,7 @@
 #include "cli/field_setter.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "cli/field_names.h"
 #include "cli/number_entry.h"
@@ -46,7 +47,7 @@ Control* ReachableOf(Form& form, const std::string& name) {
 
 std::string NoName(SetupRun& run, const std::string& name) {
     std::vector<std::string> names = FieldNames();
-    for (const Control& control : run.View().Controls) names.push_back(control.FullName());
+    for (std::string& control : run.ControlNames()) names.push_back(std::move(control));
     return "no field or control '" + name + "'" + DidYouMean(name, names);
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/edit_script.h"
 #include "cli/offline_session.h"
@@ -37,6 +38,10 @@ class SetupRun {
 
     // Does one action. Returns why it could not be done, as "txtSetpt[1] is hidden"; empty when done.
     std::string Run(const ScriptAction& action);
+    // "no control 'txtSetpt'; there is txtSetpt[1] txtSetpt[2]", or with the names that may be meant.
+    std::string NoControl(const std::string& fullName) const;
+    // Full names of all, in the form's order.
+    std::vector<std::string> ControlNames() const;
     // Opens digit entry on a value. Returns why not; empty where it is open.
     std::string OpenEntry(Control& value);
     DigitEntry& Entry() { return entry_; }
@@ -63,7 +68,6 @@ class SetupRun {
     std::string ActOn(Control& control, const ScriptAction& action);
     std::string Select(Control& list, const ScriptAction& action);
     std::string TypeInto(Control& value, const ScriptAction& action);
-    std::string NoControl(const ScriptAction& action);
 
     const CommandCall& call_;
     Player& player_;
