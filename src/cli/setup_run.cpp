@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "cli/cli_output.h"
 #include "cli/suggest.h"
 #include "meter/text.h"
+#include "shell/setup_files.h"
 
 namespace counter {
 
@@ -198,6 +200,13 @@ std::string SetupRun::TypeInto(Control& value, const ScriptAction& action) {
     TypeKeys(entry_, action.Text);
     CloseEntry(action.Verb == ScriptVerb::Enter);
     return {};
+}
+
+int SetupRun::Save() {
+    if (Status status = SaveSetupFile(call_.World.Store, call_.OutPath(), Program().Image); !status.Ok())
+        return RefuseStatus(call_, status);
+    const Status held = offline_.WriteHeld();
+    return held.Ok() ? kDone : RefuseStatus(call_, held);
 }
 
 std::vector<std::string> SetupRun::ControlNames() const {

@@ -51,9 +51,14 @@ class SetupRun {
     // The image and what stands beside it are as they were, and the view is built anew from them.
     void Restore(const SetupImage& image);
 
+    // --- For the end ---
+
+    // Writes the image where the call wants it, then what the view has changed of the settings. Returns 0, or
+    // the exit status with its line written.
+    int Save();
+
     SetupView& View() { return view_; }
     Session& Program() { return offline_.Program(); }
-    OfflineSession& Offline() { return offline_; }
     Json Messages() const { return offline_.Messages(); }
     // A message ended the program; nothing more can be done to the view.
     bool Ended() const { return ended_; }
