@@ -4,6 +4,7 @@
 
 #include "cli/cli.h"
 #include "cli/cli_output.h"
+#include "cli/command_table.h"
 #include "cli/exact_number.h"
 #include "shell/port_numbers.h"
 
@@ -82,7 +83,7 @@ int MapPort(const CommandCall& call, const PortCatalog& catalog) {
 
 int PortsCommand(const CommandCall& call) {
     const bool map = call.Words.size() == 3 && call.Words[0] == "map";
-    if (!map && !call.Words.empty()) return RefuseCall(call, "usage: counterctl ports [map N DEVICE]");
+    if (!map && !call.Words.empty()) return RefuseCall(call, "usage: " + UsageOf(*FindCommand("ports")));
     const std::unique_ptr<Machine> machine = call.World.MakeMachine(call.Folder);
     if (map) return MapPort(call, machine->Catalog());
     return PrintPorts(call, ListPorts(call, machine->Catalog()));
