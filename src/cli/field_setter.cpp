@@ -140,7 +140,7 @@ std::string FieldSetter::SetNumber(SetupRun& run, Control& box, Assignment& assi
     const bool other = assignment.Which && RowOf(*assignment.Which).Pos != state.FieldPos;
     std::string wrong = other ? box.FullName() + " shows another field now"
                               : TypeNumber(run.Entry(), state, assignment.Value);
-    if (!run.CloseEntry(wrong.empty()) && wrong.empty()) wrong = "takes a whole number 0 to 255";
+    if (!run.CloseEntry(wrong.empty()) && wrong.empty()) wrong = kByteLegal;
     if (!wrong.empty() || !assignment.Which) return wrong;
     // Of a byte the box knows what the rules make of it; other boxes still show what was typed.
     const bool byte = RowOf(*assignment.Which).ValueCode == kByteCode;

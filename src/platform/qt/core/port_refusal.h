@@ -8,8 +8,8 @@ namespace counter {
 // How the group that owns a device stands to the user of this process.
 struct GroupAccess {
     std::string Group;  // its name; empty where membership would not open the device
-    bool ListsUser =
-        false;  // the system's list of groups has the user in it, which counts from the next login on
+    // The system's list of groups has the user in it, which counts from the next login on.
+    bool ListsUser = false;
 };
 
 // Looks at the device at the end of all links. Membership of the superuser's own group is no way to a port:
