@@ -1,10 +1,10 @@
 // calibrate: the calibration procedure, from a shell.
-#include <charconv>
 #include <cmath>
 #include <utility>
 
 #include "calibration/calibration.h"
 #include "cli/cli.h"
+#include "cli/exact_number.h"
 #include "cli/link_session.h"
 #include "cli/stored_settings.h"
 #include "commands/commands_view.h"
@@ -15,11 +15,8 @@ namespace {
 
 // The procedure itself takes any text, and would calibrate for 1 Hz where it holds no number.
 bool IsFrequency(const std::string& word) {
-    double hertz = 0;
-    const char* const last = word.data() + word.size();
-    const auto [end, error] = std::from_chars(word.data(), last, hertz);
-    return error == std::errc() && end == last && std::isfinite(hertz) && hertz > 0 &&
-           FrequencyOf(word) == hertz;
+    const double hertz = ExactNumber<double>(word).value_or(0);
+    return std::isfinite(hertz) && hertz > 0 && FrequencyOf(word) == hertz;
 }
 
 std::string LineOf(CalibrationStage stage, const CalibrationResult& sofar) {

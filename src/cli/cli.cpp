@@ -20,8 +20,7 @@ struct Parsed {
     bool Json = false;
     bool Trace = false;
     std::vector<std::string> Words;
-    std::map<std::string, std::string> Values;
-    std::map<std::string, bool> Flags;
+    std::map<std::string, std::string> Values;  // of all options that take one; empty where it was not given
 };
 
 bool TakesValue(const OptionRow& option) {
@@ -40,15 +39,15 @@ void AddCommand(CLI::App& app, const CommandRow& row, Parsed& parsed) {
         if (TakesValue(option)) {
             command->add_option(option.Name, parsed.Values[option.Name]);
         } else {
-            command->add_flag(option.Name, parsed.Flags[option.Name]);
+            command->add_flag(option.Name)->disable_flag_override();  // "--verify=no" would count as given
         }
     }
 }
 
 void AddAll(CLI::App& app, Parsed& parsed) {
     app.add_option("--dir", parsed.Folder);
-    app.add_flag("--json", parsed.Json);
-    app.add_flag("--trace", parsed.Trace);
+    app.add_flag("--json", parsed.Json)->disable_flag_override();
+    app.add_flag("--trace", parsed.Trace)->disable_flag_override();
     app.set_version_flag("--version", std::string("counterctl ") + kVersion);
     app.require_subcommand(1);
     for (const CommandRow& row : Commands()) AddCommand(app, row, parsed);
@@ -107,12 +106,22 @@ int RefuseLine(const CliWorld& world, const CommandRow* row, std::span<const std
     return RefuseUsage(world, row, reason);
 }
 
-// An option without a value would mean something else than what was asked for: a backup into nowhere.
-std::string EmptyOption(const CLI::App& app, const CommandRow& row, const Parsed& parsed) {
-    if (app.get_option("--dir")->count() > 0 && parsed.Folder.empty()) return "--dir";
+// Those of the command itself; a flag has "1".
+std::map<std::string, std::string> GivenOptions(const CLI::App& app, const CommandRow& row,
+                                                const Parsed& parsed) {
+    std::map<std::string, std::string> given;
     for (const OptionRow& option : row.Options) {
-        const bool given = app.get_subcommand(row.Name)->get_option(option.Name)->count() > 0;
-        if (given && TakesValue(option) && parsed.Values.at(option.Name).empty()) return option.Name;
+        if (app.get_subcommand(row.Name)->get_option(option.Name)->count() == 0) continue;
+        given[option.Name] = TakesValue(option) ? parsed.Values.at(option.Name) : "1";
+    }
+    return given;
+}
+
+// An option without a value would mean something else than what was asked for: a backup into nowhere.
+std::string EmptyOption(const CLI::App& app, const CommandCall& call) {
+    if (app.get_option("--dir")->count() > 0 && call.Folder.empty()) return "--dir";
+    for (const auto& [name, value] : call.Options) {
+        if (value.empty()) return name;
     }
     return {};
 }
@@ -135,10 +144,9 @@ StreamUse StreamsOf(const CommandRow& row, const CommandCall& call) {
         if (call.Words[i] == kStandardStream) streams.Count(row.Files[i], elsewhere);
     }
     for (const OptionRow& option : row.Options) {
-        const auto given = call.Options.find(option.Name);
-        const std::string file = given == call.Options.end() ? "" : given->second;
-        const bool byDefault = option.Use == FileUse::Script && file.empty();
-        if (file == kStandardStream || byDefault) streams.Count(option.Use, elsewhere);
+        const bool named = call.Has(option.Name) && call.Options.at(option.Name) == kStandardStream;
+        const bool byDefault = option.Use == FileUse::Script && !call.Has(option.Name);
+        if (named || byDefault) streams.Count(option.Use, elsewhere);
     }
     return streams;
 }
@@ -154,16 +162,18 @@ int RunOn(const CommandRow& row, CommandCall& call) {
 }
 
 int RunCommand(const CliWorld& world, const CLI::App& app, const CommandRow& row, const Parsed& parsed) {
-    if (const std::string empty = EmptyOption(app, row, parsed); !empty.empty())
-        return RefuseUsage(world, &row, empty + " needs a value");
     StreamFiles files(world);
     const CliWorld streamed = world.With(files);
-    CommandCall call{streamed, parsed.Folder, parsed.Json, parsed.Trace, false, parsed.Words, {}};
+    CommandCall call{streamed,
+                     parsed.Folder,
+                     parsed.Json,
+                     parsed.Trace,
+                     false,
+                     parsed.Words,
+                     GivenOptions(app, row, parsed)};
+    if (const std::string empty = EmptyOption(app, call); !empty.empty())
+        return RefuseUsage(world, &row, empty + " needs a value");
     if (call.Folder.empty()) call.Folder = world.DefaultFolder();
-    for (const OptionRow& option : row.Options) {
-        if (app.get_subcommand(row.Name)->get_option(option.Name)->count() == 0) continue;
-        call.Options[option.Name] = TakesValue(option) ? parsed.Values.at(option.Name) : "1";
-    }
     return RunOn(row, call);
 }
 

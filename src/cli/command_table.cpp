@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "cli/edit_script.h"
+
 namespace counter {
 
 namespace {
@@ -72,14 +74,7 @@ const std::vector<CommandRow>& Table() {
          {{"--script", "SCRIPT", "the actions; without it standard input", FileUse::Script},
           {"--out", "FILE2", kOut, kWritten},
           {"--from-meter", "", "FILE counts as the result of a good Get Setup"}}, EditCommand,
-         "Actions, one a line; # begins a comment:\n"
-         "  tab N                  comes to tab N, from 0\n"
-         "  select CONTROL #I      picks the entry with index I\n"
-         "  select CONTROL TEXT    picks the entry that reads TEXT\n"
-         "  check CONTROL 0|1      sets a check box\n"
-         "  click CONTROL          an option button or a button\n"
-         "  enter CONTROL KEYS     types KEYS into a value field; < > are arrows, ~ is Enter\n"
-         "  cancel CONTROL KEYS    the same, ended by Cancel\n"
+         std::string("Actions, one a line; # begins a comment:\n") + kActionsHelp +
          "At a terminal there is a prompt, and help, list, show CONTROL, undo and quit as well.\n",
          "echo 'select cboBaudRate 19200' | counterctl edit press4.CT2 --out fast.CT2\n"},
         {"read", "item1|item2|item3|peak|valley|all|all+", "one reading, or one line of them",

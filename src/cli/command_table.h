@@ -12,8 +12,8 @@ namespace counter {
 
 // What is done with the file that an argument names, where "-" may stand for a standard stream.
 enum class FileUse {
-    None,     // no file
-    Read,     //
+    None,  // no file
+    Read,
     Written,  //
     Edited,   // read, and written over unless --out names another
     Script,   // read; without the option it is standard input
@@ -35,7 +35,7 @@ struct CommandRow {
     std::vector<FileUse> Files;  // what the first words name; words behind these are no files
     std::vector<OptionRow> Options;
     int (*Run)(const CommandCall&);
-    const char* More;     // further lines of its help, each ended by "\n"
+    std::string More;     // further lines of its help, each ended by "\n"
     const char* Example;  // lines of a shell
 };
 

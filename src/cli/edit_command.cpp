@@ -22,25 +22,18 @@ Status ReadScript(const CommandCall& call, std::string& script) {
     return {};
 }
 
-int WriteEdited(const CommandCall& call, SetupRun& run) {
-    if (Status status = SaveSetupFile(call.World.Store, call.OutPath(), run.Program().Image); !status.Ok())
-        return RefuseStatus(call, status);
-    const Status held = run.Offline().WriteHeld();
-    return held.Ok() ? kDone : RefuseStatus(call, held);
-}
-
 // A refused script writes nothing. A program that a message ended has no setup to keep: its view was never
 // whole.
 int FinishScript(const CommandCall& call, const ScriptPlayer& player, SetupRun& run) {
     if (!player.Wrong().empty()) return RefuseCall(call, player.Wrong());
-    if (const int status = run.Ended() ? kDone : WriteEdited(call, run); status != kDone) return status;
+    if (const int status = run.Ended() ? kDone : run.Save(); status != kDone) return status;
     if (call.Json) WriteJson(call, SetupJson(run));
     return kDone;
 }
 
 int FinishByHand(const CommandCall& call, const EditConsole& console, SetupRun& run) {
     const bool keep = !console.Quit() && !run.Ended();
-    if (const int status = keep ? WriteEdited(call, run) : kDone; status != kDone) return status;
+    if (const int status = keep ? run.Save() : kDone; status != kDone) return status;
     call.World.Err << (keep ? call.OutPath() + " is written\n" : "nothing is written\n");
     if (call.Json) WriteJson(call, SetupJson(run));
     return kDone;

@@ -4,7 +4,6 @@
 #include <istream>
 
 #include "cli/setup_output.h"
-#include "cli/suggest.h"
 #include "meter/text.h"
 
 namespace counter {
@@ -14,35 +13,14 @@ namespace {
 constexpr const char* kPrompt = "edit> ";
 constexpr std::size_t kEntriesRoom = 60;  // characters of a list's entries in one line
 
-constexpr const char* kHelp =
-    "tab N                  comes to tab N, from 0\n"
-    "select CONTROL #I      picks the entry with index I\n"
-    "select CONTROL TEXT    picks the entry that reads TEXT\n"
-    "check CONTROL 0|1      sets a check box\n"
-    "click CONTROL          an option button or a button\n"
-    "enter CONTROL KEYS     types KEYS into a value field; < > are arrows, ~ is Enter\n"
-    "cancel CONTROL KEYS    the same, ended by Cancel\n"
-    "list [TEXT]            what can be reached now; with TEXT only what has it in its name or caption\n"
-    "show CONTROL           all about a control\n"
-    "undo                   takes the last change back; the view is opened anew\n"
-    "quit                   ends without writing; the end of input (Ctrl-D) writes\n";
+constexpr const char* kWordsHelp =
+    "  list [TEXT]            what can be reached now; with TEXT only what has it in its name or caption\n"
+    "  show CONTROL           all about a control\n"
+    "  undo                   takes the last change back; the view is opened anew\n"
+    "  quit                   ends without writing; the end of input (Ctrl-D) writes\n";
 
-// What a user acts on.
-bool IsActedOn(const Control& control) {
-    switch (control.Kind) {
-        case ControlKind::List:
-        case ControlKind::Check:
-        case ControlKind::Option:
-        case ControlKind::Button:
-        case ControlKind::Value:
-        case ControlKind::TabStrip:
-            return true;
-        default:
-            return false;
-    }
-}
-
-std::string KindName(ControlKind kind) {
+// Of what a user acts on; empty for all else.
+std::string_view KindName(ControlKind kind) {
     switch (kind) {
         case ControlKind::List:
             return "list";
@@ -52,11 +30,17 @@ std::string KindName(ControlKind kind) {
             return "option";
         case ControlKind::Button:
             return "button";
+        case ControlKind::Value:
+            return "value";
         case ControlKind::TabStrip:
             return "tabs";
         default:
-            return "value";
+            return {};
     }
+}
+
+bool IsActedOn(const Control& control) {
+    return !KindName(control.Kind).empty();
 }
 
 // Its own, or that of the frame around it.
@@ -99,7 +83,7 @@ bool EditConsole::Step(SetupRun& run) {
 // False for a line that is an action.
 bool EditConsole::Word(SetupRun& run, const std::string& word, const std::string& rest) {
     if (word == "help" || word == "?") {
-        world_.Err << kHelp;
+        world_.Err << kActionsHelp << kWordsHelp;
     } else if (word == "list") {
         List(run, rest);
     } else if (word == "show") {
@@ -174,8 +158,8 @@ void EditConsole::List(SetupRun& run, const std::string& filter) {
         if (!IsActedOn(control) || form.Reach(control) != Refusal::None) continue;
         const std::string caption = CaptionAround(control);
         if (!Contains(control.FullName(), filter) && !Contains(caption, filter)) continue;
-        lines.push_back({control.FullName(), KindName(control.Kind), Utf8(caption), Utf8(ValueShown(control)),
-                         Utf8(EntriesLine(control))});
+        lines.push_back({control.FullName(), std::string(KindName(control.Kind)), Utf8(caption),
+                         Utf8(ValueShown(control)), Utf8(EntriesLine(control))});
     }
     world_.Err << (lines.empty() ? "nothing of that name can be reached now\n" : Columns(lines));
 }
@@ -183,15 +167,13 @@ void EditConsole::List(SetupRun& run, const std::string& filter) {
 void EditConsole::Show(SetupRun& run, const std::string& name) {
     Form& form = run.View().Controls;
     const Control* control = form.FindFull(name);
-    if (control == nullptr) {
-        std::vector<std::string> names;
-        for (const Control& other : form) names.push_back(other.FullName());
-        return Say("no control '" + name + "'" + DidYouMean(name, names));
-    }
-    const Refusal reach = form.Reach(*control);
-    std::string text = name + ": " + KindName(control->Kind) + " '" + Utf8(CaptionAround(*control)) + "'";
+    if (control == nullptr) return Say(run.NoControl(name));
+    const bool acted = IsActedOn(*control);
+    std::string text = name + ": " + std::string(acted ? KindName(control->Kind) : "shown only");
+    text += " '" + Utf8(CaptionAround(*control)) + "'";
     if (const std::string value = ValueShown(*control); !value.empty()) text += ", " + Utf8(value);
-    Say(text + ", " + std::string(RefusalText(reach)));
+    if (acted) text += ", " + std::string(RefusalText(form.Reach(*control)));
+    Say(text);
     for (std::size_t i = 0; i < control->Entries.size(); ++i) {
         const std::string entry(Trimmed(control->Entries[i]));
         Say("  #" + std::to_string(i) + " " + Utf8(entry));

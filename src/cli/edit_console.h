@@ -9,9 +9,7 @@
 // told and changes nothing. All of the conversation goes to standard error: standard output is for documents.
 #pragma once
 
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "cli/setup_run.h"

@@ -1,11 +1,12 @@
 #include "cli/edit_script.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <optional>
 
+#include "cli/exact_number.h"
 #include "cli/suggest.h"
+#include "meter/text.h"
 
 namespace counter {
 
@@ -14,9 +15,7 @@ namespace {
 constexpr std::string_view kBlanks = " \t\r";
 
 std::string_view Stripped(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+    return Trimmed(text, kBlanks);
 }
 
 // Takes the first word off the front of `rest`.
@@ -29,11 +28,8 @@ std::string_view TakeWord(std::string_view& rest) {
 
 // A number of decimal digits alone, at most 9999.
 std::optional<int> NumberOf(std::string_view text) {
-    int number = 0;
-    if (text.empty() || text.size() > 4) return std::nullopt;
-    if (text.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
+    const bool tooLong = text.size() > 4;
+    return tooLong || text.starts_with('-') ? std::nullopt : ExactNumber<int>(text);
 }
 
 struct VerbWord {

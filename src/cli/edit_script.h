@@ -13,6 +13,16 @@
 
 namespace counter {
 
+// The actions for people, a line each.
+inline constexpr const char* kActionsHelp =
+    "  tab N                  comes to tab N, from 0\n"
+    "  select CONTROL #I      picks the entry with index I\n"
+    "  select CONTROL TEXT    picks the entry that reads TEXT\n"
+    "  check CONTROL 0|1      sets a check box\n"
+    "  click CONTROL          an option button or a button\n"
+    "  enter CONTROL KEYS     types KEYS into a value field; < > are arrows, ~ is Enter\n"
+    "  cancel CONTROL KEYS    the same, ended by Cancel\n";
+
 enum class ScriptVerb { None, Tab, Select, Check, Click, Enter, Cancel };
 
 struct ScriptAction {

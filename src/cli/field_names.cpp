@@ -1,7 +1,6 @@
 #include "cli/field_names.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "meter/text.h"
 
@@ -70,17 +69,12 @@ constexpr ControlRow kControls[] = {
 };
 // clang-format on
 
-bool SameWords(std::string_view a, std::string_view b) {
-    const auto small = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return small(x) == small(y); });
-}
-
 }  // namespace
 
 std::optional<Field> FieldNamed(std::string_view name) {
+    const std::string wanted = SmallLetters(Trimmed(name));
     for (const FieldRow& row : FieldTable()) {
-        if (SameWords(Trimmed(row.Name), Trimmed(name))) return row.Handle;
+        if (SmallLetters(Trimmed(row.Name)) == wanted) return row.Handle;
     }
     return std::nullopt;
 }

@@ -1,7 +1,7 @@
 #include "cli/field_setter.h"
 
 #include <algorithm>
-#include <cctype>
+#include <utility>
 
 #include "cli/field_names.h"
 #include "cli/number_entry.h"
@@ -15,10 +15,8 @@ namespace {
 
 // An entry without blanks and capitals: lists pad theirs, and put one behind a point (" 11111. 1").
 std::string Plain(std::string_view entry) {
-    std::string plain;
-    for (const char c : entry) {
-        if (c != ' ') plain += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
+    std::string plain = SmallLetters(entry);
+    std::erase(plain, ' ');
     return plain;
 }
 
@@ -49,7 +47,7 @@ Control* ReachableOf(Form& form, const std::string& name) {
 
 std::string NoName(SetupRun& run, const std::string& name) {
     std::vector<std::string> names = FieldNames();
-    for (const Control& control : run.View().Controls) names.push_back(control.FullName());
+    for (std::string& control : run.ControlNames()) names.push_back(std::move(control));
     return "no field or control '" + name + "'" + DidYouMean(name, names);
 }
 
@@ -142,7 +140,7 @@ std::string FieldSetter::SetNumber(SetupRun& run, Control& box, Assignment& assi
     const bool other = assignment.Which && RowOf(*assignment.Which).Pos != state.FieldPos;
     std::string wrong = other ? box.FullName() + " shows another field now"
                               : TypeNumber(run.Entry(), state, assignment.Value);
-    if (!run.CloseEntry(wrong.empty()) && wrong.empty()) wrong = "takes a whole number 0 to 255";
+    if (!run.CloseEntry(wrong.empty()) && wrong.empty()) wrong = kByteLegal;
     if (!wrong.empty() || !assignment.Which) return wrong;
     // Of a byte the box knows what the rules make of it; other boxes still show what was typed.
     const bool byte = RowOf(*assignment.Which).ValueCode == kByteCode;

@@ -169,8 +169,13 @@ int ResetCommand(const CommandCall& call) {
     return PressOne(call, ResetWords(), &Panel::EndSending);
 }
 
+// A shell gives UTF-8, the box of the panel holds the meter's characters.
 int RemoteCommand(const CommandCall& call) {
-    return PressOne(call, RemoteWords(), &Panel::EndSending);
+    const auto text = FromUtf8(call.Words[1]);
+    if (!text) return RefuseCall(call, "'" + call.Words[1] + "' has characters that the meter does not have");
+    CommandCall typed = call;
+    typed.Words[1] = *text;
+    return PressOne(typed, RemoteWords(), &Panel::EndSending);
 }
 
 }  // namespace counter

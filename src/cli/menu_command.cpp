@@ -1,9 +1,9 @@
 // show --as menu: a setup file as the meter's front-panel menu.
 #include "cli/cli.h"
 #include "cli/cli_output.h"
+#include "cli/stored_settings.h"
 #include "menu_view/menu_view.h"
 #include "meter/text.h"
-#include "settings/settings.h"
 
 namespace counter {
 
@@ -13,16 +13,9 @@ namespace {
 // that the image names.
 MeterIdentity IdentityFor(const CommandCall& call, const SetupImage& image) {
     MeterIdentity meter;
-    std::string text;
-    if (call.World.Store.Read(call.Folder + "/" + kSettingsFile, text).Ok()) {
-        Settings settings;
-        ParseSettings(SplitSettings(text), settings);
-        meter.MeterType = settings.MeterType;
-        meter.FirmwareVersion = settings.FirmwareVersion;
-    } else {
-        meter.MeterType = ByteGet(image, 235);
-        meter.FirmwareVersion = ByteGet(image, 233);
-    }
+    const auto settings = ReadStoredSettings(call);
+    meter.MeterType = settings ? settings->MeterType : ByteGet(image, 235);
+    meter.FirmwareVersion = settings ? settings->FirmwareVersion : ByteGet(image, 233);
     return meter;
 }
 

@@ -45,25 +45,21 @@ std::optional<Number> ParseNumber(std::string_view text) {
 
 // A clock value is one number of six digits, hours first.
 std::optional<Number> ParseClock(std::string_view text) {
-    Number number;
-    number.Negative = TakeSign(text);
+    const bool negative = TakeSign(text);
     int groups = 1;
-    std::string group;
+    std::string digits, group;
     for (const char c : text) {
         if (c != '.' && c != ':') {
             group += c;
             continue;
         }
         if (group.empty() || group.size() > 2) return std::nullopt;
-        number.Whole += std::string(2 - group.size(), '0') + group;
+        digits += std::string(2 - group.size(), '0') + group;
         group.clear();
         ++groups;
     }
-    if (groups != 3 || group.size() != 2 || !AllDigits(number.Whole + group)) return std::nullopt;
-    number.Whole += group;
-    number.Whole.erase(0, std::min(number.Whole.find_first_not_of('0'), number.Whole.size()));
-    number.Negative = number.Negative && !number.IsZero();
-    return number;
+    if (groups != 3 || group.size() != 2 || !AllDigits(digits + group)) return std::nullopt;
+    return ParseNumber((negative ? "-" : "") + digits + group);
 }
 
 // The boxes of an open entry.
@@ -109,7 +105,7 @@ std::string HighestText(const Boxes& boxes) {
 }
 
 std::string Legal(const Boxes& boxes) {
-    if (boxes.Limits.FieldType == kByteType) return "takes a whole number 0 to 255";
+    if (boxes.Limits.FieldType == kByteType) return kByteLegal;
     if (boxes.Limits.TimeEntry > 0) return "takes hours, minutes and seconds up to 99.59.59, as 1.30.00";
     if (boxes.Limits.FreePoint) return "takes a number of at most 6 digits, with a point anywhere";
     const std::string highest = HighestText(boxes);

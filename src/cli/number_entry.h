@@ -11,6 +11,9 @@
 
 namespace counter {
 
+// What a field of a byte takes; an open entry admits 256 to 299 as well, and its OK refuses them.
+inline constexpr const char* kByteLegal = "takes a whole number 0 to 255";
+
 // Types the number into an open digit entry, box by box; OK is left to the caller. Returns an empty text, or
 // what is legal, as "takes -999999 to 999999": then the boxes may hold a part of it.
 std::string TypeNumber(DigitEntry& entry, const EntryState& state, std::string_view number);

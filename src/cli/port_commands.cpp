@@ -1,10 +1,11 @@
 // ports, ports map.
 #include <algorithm>
-#include <charconv>
 #include <filesystem>
 
 #include "cli/cli.h"
 #include "cli/cli_output.h"
+#include "cli/command_table.h"
+#include "cli/exact_number.h"
 #include "shell/port_numbers.h"
 
 namespace counter {
@@ -71,12 +72,8 @@ std::string DevicePath(const std::string& word) {
 }
 
 int MapPort(const CommandCall& call, const PortCatalog& catalog) {
-    const std::string& word = call.Words[1];
-    int number = 0;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    if (error != std::errc() || end != word.data() + word.size() || number < 1 || number > kMostPorts) {
-        return RefuseCall(call, "a port number is 1 to 99");
-    }
+    const int number = ExactNumber<int>(call.Words[1]).value_or(0);
+    if (number < 1 || number > kMostPorts) return RefuseCall(call, "a port number is 1 to 99");
     const ProgramFolder folder{call.World.Store, call.Folder};
     const Status status = PointPort(folder, catalog, number, DevicePath(call.Words[2]));
     return status.Ok() ? kDone : RefuseStatus(call, status);
@@ -86,7 +83,7 @@ int MapPort(const CommandCall& call, const PortCatalog& catalog) {
 
 int PortsCommand(const CommandCall& call) {
     const bool map = call.Words.size() == 3 && call.Words[0] == "map";
-    if (!map && !call.Words.empty()) return RefuseCall(call, "usage: counterctl ports [map N DEVICE]");
+    if (!map && !call.Words.empty()) return RefuseCall(call, "usage: " + UsageOf(*FindCommand("ports")));
     const std::unique_ptr<Machine> machine = call.World.MakeMachine(call.Folder);
     if (map) return MapPort(call, machine->Catalog());
     return PrintPorts(call, ListPorts(call, machine->Catalog()));

@@ -1,4 +1,6 @@
 // set: fields of a setup file by name, through the Setup view and its rules.
+#include <algorithm>
+
 #include "cli/cli.h"
 #include "cli/cli_output.h"
 #include "cli/differences.h"
@@ -27,17 +29,14 @@ bool SharesBits(const FieldRow& a, const FieldRow& b) {
 }
 
 bool IsAssigned(const FieldRow& row, const std::vector<Assignment>& assignments) {
-    for (const Assignment& assignment : assignments) {
-        if (assignment.Which && SharesBits(row, RowOf(*assignment.Which))) return true;
-    }
-    return false;
+    return std::any_of(assignments.begin(), assignments.end(),
+                       [&](const Assignment& assignment) { return assignment.Which == row.Handle; });
 }
 
-bool IsAssignedByName(const FieldRow& row, const std::vector<Assignment>& assignments) {
-    for (const Assignment& assignment : assignments) {
-        if (assignment.Which == row.Handle) return true;
-    }
-    return false;
+bool SharesBitsWithOne(const FieldRow& row, const std::vector<Assignment>& assignments) {
+    return std::any_of(assignments.begin(), assignments.end(), [&](const Assignment& assignment) {
+        return assignment.Which && SharesBits(row, RowOf(*assignment.Which));
+    });
 }
 
 bool Differs(const SetupImage& a, const SetupImage& b, Field field) {
@@ -55,9 +54,9 @@ SetResult Compare(const SetupImage& before, const SetupImage& after,
     SetResult result;
     for (const FieldRow& row : FieldTable()) {
         if (!Differs(before, after, row.Handle)) continue;
-        if (IsAssignedByName(row, assignments)) {
+        if (IsAssigned(row, assignments)) {
             result.Changed.push_back({row.Handle, Standing::Written});
-        } else if (!IsAssigned(row, assignments)) {
+        } else if (!SharesBitsWithOne(row, assignments)) {
             result.Consequences.push_back({row.Handle, Standing::Written});
         }
     }
@@ -76,9 +75,8 @@ std::string Told(const Json& consequences) {
 int Finish(const CommandCall& call, const SetupImage& before, const FieldSetter& setter, SetupRun& run) {
     if (!setter.Wrong().empty()) return RefuseCall(call, setter.Wrong());
     if (run.Ended()) return RefuseCall(call, "the program has ended");
+    if (const int status = run.Save(); status != kDone) return status;
     const SetupImage& after = run.Program().Image;
-    if (Status status = SaveSetupFile(call.World.Store, call.OutPath(), after); !status.Ok())
-        return RefuseStatus(call, status);
     const SetResult result = Compare(before, after, setter.Done());
     const Json consequences = DifferencesJson(before, after, result.Consequences);
     if (call.Json) {

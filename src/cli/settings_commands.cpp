@@ -1,6 +1,8 @@
 // settings, settings init, settings set.
 #include "cli/cli.h"
 #include "cli/cli_output.h"
+#include "cli/command_table.h"
+#include "cli/stored_settings.h"
 #include "cli/suggest.h"
 #include "settings/settings.h"
 #include "settings/settings_keys.h"
@@ -8,10 +10,6 @@
 namespace counter {
 
 namespace {
-
-std::string SettingsPath(const CommandCall& call) {
-    return call.Folder + "/" + kSettingsFile;
-}
 
 Status ReadLines(const CommandCall& call, SettingsLines& lines) {
     std::string text;
@@ -114,7 +112,7 @@ int SettingsCommand(const CommandCall& call) {
     if (call.Words.empty()) return PrintSettings(call);
     if (call.Words[0] == "init") return InitSettings(call);
     if (call.Words[0] == "set") return ChangeSettings(call);
-    return RefuseCall(call, "usage: counterctl settings [init|set] [KEY=VALUE...] [--force]");
+    return RefuseCall(call, "usage: " + UsageOf(*FindCommand("settings")));
 }
 
 }  // namespace counter

@@ -19,8 +19,7 @@ const Control* TabStrip(const Form& form) {
     return found == form.end() ? nullptr : &*found;
 }
 
-// --- JSON
-// ---------------------------------------------------------------------------------------------------
+// --- JSON ---
 
 Json EntriesJson(const Control& list) {
     Json entries = Json::array();
@@ -93,8 +92,7 @@ Json ValuesJson(const DerivedValues& values) {
             {"CutoffActive", values.CutoffActive}};
 }
 
-// --- text
-// ---------------------------------------------------------------------------------------------------
+// --- text ---
 
 // Children of a container, or of a page where it is null.
 std::vector<const Control*> ChildrenOf(const Form& form, const Control* container, int tab) {

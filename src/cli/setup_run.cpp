@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "cli/cli_output.h"
 #include "cli/suggest.h"
 #include "meter/text.h"
+#include "shell/setup_files.h"
 
 namespace counter {
 
@@ -144,7 +146,7 @@ std::string SetupRun::Run(const ScriptAction& action) {
     if (left_) return "the Setup view was left for the main menu";
     if (action.Verb == ScriptVerb::Tab) return ComeToTab(action.Number);
     Control* control = view_.Controls.Find(action.Control, action.Index);
-    if (control == nullptr) return NoControl(action);
+    if (control == nullptr) return NoControl(Label(action));
     const std::string_view wrongKind = WrongKind(*control, action.Verb);
     if (!wrongKind.empty()) return Label(action) + " " + std::string(wrongKind);
     return ActOn(*control, action);
@@ -200,16 +202,27 @@ std::string SetupRun::TypeInto(Control& value, const ScriptAction& action) {
     return {};
 }
 
-// Which indexes there are helps whoever left one out.
-std::string SetupRun::NoControl(const ScriptAction& action) {
-    std::string elements;
+int SetupRun::Save() {
+    if (Status status = SaveSetupFile(call_.World.Store, call_.OutPath(), Program().Image); !status.Ok())
+        return RefuseStatus(call_, status);
+    const Status held = offline_.WriteHeld();
+    return held.Ok() ? kDone : RefuseStatus(call_, held);
+}
+
+std::vector<std::string> SetupRun::ControlNames() const {
     std::vector<std::string> names;
+    for (const Control& control : view_.Controls) names.push_back(control.FullName());
+    return names;
+}
+
+// Which indexes there are helps whoever left one out.
+std::string SetupRun::NoControl(const std::string& fullName) const {
+    std::string elements;
     for (const Control& control : view_.Controls) {
-        if (control.Name == action.Control) elements += " " + control.FullName();
-        names.push_back(control.FullName());
+        if (control.Name == fullName.substr(0, fullName.find('['))) elements += " " + control.FullName();
     }
-    std::string text = "no control '" + Label(action) + "'";
-    return elements.empty() ? text + DidYouMean(Label(action), names) : text + "; there is" + elements;
+    const std::string text = "no control '" + fullName + "'";
+    return elements.empty() ? text + DidYouMean(fullName, ControlNames()) : text + "; there is" + elements;
 }
 
 }  // namespace counter

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/edit_script.h"
 #include "cli/offline_session.h"
@@ -37,6 +38,10 @@ class SetupRun {
 
     // Does one action. Returns why it could not be done, as "txtSetpt[1] is hidden"; empty when done.
     std::string Run(const ScriptAction& action);
+    // "no control 'txtSetpt'; there is txtSetpt[1] txtSetpt[2]", or with the names that may be meant.
+    std::string NoControl(const std::string& fullName) const;
+    // Full names of all, in the form's order.
+    std::vector<std::string> ControlNames() const;
     // Opens digit entry on a value. Returns why not; empty where it is open.
     std::string OpenEntry(Control& value);
     DigitEntry& Entry() { return entry_; }
@@ -46,9 +51,14 @@ class SetupRun {
     // The image and what stands beside it are as they were, and the view is built anew from them.
     void Restore(const SetupImage& image);
 
+    // --- For the end ---
+
+    // Writes the image where the call wants it, then what the view has changed of the settings. Returns 0, or
+    // the exit status with its line written.
+    int Save();
+
     SetupView& View() { return view_; }
     Session& Program() { return offline_.Program(); }
-    OfflineSession& Offline() { return offline_; }
     Json Messages() const { return offline_.Messages(); }
     // A message ended the program; nothing more can be done to the view.
     bool Ended() const { return ended_; }
@@ -63,7 +73,6 @@ class SetupRun {
     std::string ActOn(Control& control, const ScriptAction& action);
     std::string Select(Control& list, const ScriptAction& action);
     std::string TypeInto(Control& value, const ScriptAction& action);
-    std::string NoControl(const ScriptAction& action);
 
     const CommandCall& call_;
     Player& player_;

@@ -1,10 +1,10 @@
 // stream: the reading stream, a reading a line, until enough of them, enough time or an interrupt.
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 
 #include "cli/cli.h"
+#include "cli/exact_number.h"
 #include "cli/link_session.h"
 #include "cli/stored_settings.h"
 #include "cli/stream_files.h"
@@ -24,22 +24,15 @@ struct Limits {
     std::string Csv;             // the file; empty for none
 };
 
-// The whole text as a number above 0.
-template <class Number>
-bool ParseLimit(const std::string& text, Number& number) {
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    return error == std::errc() && stop == end && number > 0;
-}
-
 // Empty, or what is legal.
 std::string ReadLimits(const CommandCall& call, Limits& limits) {
-    double seconds = 0;
-    if (call.Has("--count") && !ParseLimit(call.Options.at("--count"), limits.Count))
-        return "--count is a whole number above 0";
+    if (call.Has("--count")) {
+        limits.Count = ExactNumber<long long>(call.Options.at("--count")).value_or(0);
+        if (limits.Count <= 0) return "--count is a whole number above 0";
+    }
     if (call.Has("--seconds")) {
-        if (!ParseLimit(call.Options.at("--seconds"), seconds) || !std::isfinite(seconds))
-            return "--seconds is a number above 0";
+        const double seconds = ExactNumber<double>(call.Options.at("--seconds")).value_or(0);
+        if (!std::isfinite(seconds) || seconds <= 0) return "--seconds is a number above 0";
         limits.Ms = seconds * 1000;
     }
     if (call.Has("--csv")) limits.Csv = call.Options.at("--csv");
@@ -55,11 +48,9 @@ std::string IsoTime(const WallTime& time) {
 
 // Without blanks and control characters at both ends.
 std::string Stripped(const std::string& text) {
-    std::size_t first = 0, end = text.size();
-    const auto shown = [&](std::size_t at) { return static_cast<unsigned char>(text[at]) > ' '; };
-    while (first < end && !shown(first)) ++first;
-    while (end > first && !shown(end - 1)) --end;
-    return text.substr(first, end - first);
+    const auto shown = [](char c) { return static_cast<unsigned char>(c) > ' '; };
+    const auto first = std::find_if(text.begin(), text.end(), shown);
+    return {first, std::find_if(text.rbegin(), std::make_reverse_iterator(first), shown).base()};
 }
 
 // The number that a reading shows, with the meter's own decimals, as every reader of CSV takes it: no blanks

@@ -10,18 +10,18 @@ Status OutputFailed(const CliWorld& world) {
 }
 
 Status StreamFiles::Read(const std::string& path, std::string& content) const {
-    if (path != kStandardStream) return inner_.Read(path, content);
+    if (path != kStandardStream) return PassingFiles::Read(path, content);
     content.assign(std::istreambuf_iterator<char>(world_.In), {});
     if (content.empty()) return {StatusKind::Illegal, "standard input", "is empty"};
     return {};
 }
 
 Status StreamFiles::Write(const std::string& path, std::string_view content) {
-    return path == kStandardStream ? Send(content) : inner_.Write(path, content);
+    return path == kStandardStream ? Send(content) : PassingFiles::Write(path, content);
 }
 
 Status StreamFiles::Append(const std::string& path, std::string_view content) {
-    return path == kStandardStream ? Send(content) : inner_.Append(path, content);
+    return path == kStandardStream ? Send(content) : PassingFiles::Append(path, content);
 }
 
 Status StreamFiles::Send(std::string_view content) {

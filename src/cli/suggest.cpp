@@ -1,8 +1,9 @@
 #include "cli/suggest.h"
 
 #include <algorithm>
-#include <cctype>
 #include <vector>
+
+#include "meter/text.h"
 
 namespace counter {
 
@@ -12,19 +13,13 @@ constexpr std::size_t kMostSuggestions = 4;  // setpoints and alarms come in fou
 // Shorter words begin too many names.
 constexpr std::size_t kShortestBeginning = 3;
 
-std::string Small(std::string_view text) {
-    std::string small(text);
-    for (char& c : small) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return small;
-}
-
 // A third of the letters may be wrong: more would suggest names that have nothing to do with the word.
 int MostWrong(std::string_view word) {
     return std::max(1, static_cast<int>(word.size()) / 3);
 }
 
 bool Begins(std::string_view name, std::string_view word) {
-    return word.size() >= kShortestBeginning && Small(name).starts_with(Small(word));
+    return word.size() >= kShortestBeginning && SmallLetters(name).starts_with(SmallLetters(word));
 }
 
 std::string Listed(const std::vector<std::string>& names) {
@@ -38,8 +33,8 @@ std::string Listed(const std::vector<std::string>& names) {
 }  // namespace
 
 int TypingDistance(std::string_view first, std::string_view second) {
-    const std::string a = Small(first);
-    const std::string b = Small(second);
+    const std::string a = SmallLetters(first);
+    const std::string b = SmallLetters(second);
     // Row i holds the distances of the first i letters of a from every beginning of b.
     std::vector<std::vector<int>> rows(a.size() + 1, std::vector<int>(b.size() + 1));
     for (std::size_t i = 0; i <= a.size(); ++i) {

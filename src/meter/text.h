@@ -2,15 +2,23 @@
 #pragma once
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace counter {
 
-// Without the blanks at both ends.
-constexpr std::string_view Trimmed(std::string_view text) {
-    std::size_t first = std::min(text.find_first_not_of(' '), text.size());
-    return text.substr(first, text.find_last_not_of(' ') + 1 - first);
+// Without the blanks at both ends; other characters than " " may count as blank.
+constexpr std::string_view Trimmed(std::string_view text, std::string_view blanks = " ") {
+    const std::size_t first = std::min(text.find_first_not_of(blanks), text.size());
+    return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+}
+
+// With small letters for its capitals, those of ASCII.
+inline std::string SmallLetters(std::string_view text) {
+    std::string small(text);
+    for (char& c : small) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return small;
 }
 
 // Text of the meter or of an entry, one byte a character, as UTF-8, which screens and file names take.
@@ -26,6 +34,23 @@ inline std::string Utf8(std::string_view text) {
         }
     }
     return characters;
+}
+
+// The other way: what people write, as the meter's one byte a character. Nothing where the meter has no such
+// character (U+0100 and above), and where the text is not UTF-8.
+inline std::optional<std::string> FromUtf8(std::string_view characters) {
+    std::string text;
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        auto code = static_cast<unsigned char>(characters[i]);
+        if (code >= 0x80) {
+            const bool twoBytes = (code == 0xC2 || code == 0xC3) && i + 1 < characters.size();
+            const auto next = static_cast<unsigned char>(twoBytes ? characters[++i] : '\0');
+            if ((next & 0xC0) != 0x80) return std::nullopt;
+            code = static_cast<unsigned char>((code & 0x03) << 6 | (next & 0x3F));
+        }
+        text += static_cast<char>(code);
+    }
+    return text;
 }
 
 }  // namespace counter

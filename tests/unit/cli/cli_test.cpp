@@ -9,12 +9,19 @@
 #include "cli/command_table.h"
 #include "run_line.h"
 #include "support/bench_meter.h"
+#include "support/meter_kinds.h"
 
 namespace counter::test {
 namespace {
 
 using Json = nlohmann::json;
-using Words = std::vector<std::string>;
+
+const std::string kDefaultSetup = std::string(sim::kDefaultImage) + "\r\n";
+
+// The default setup with 12345 as Setpoint 1.
+std::string ChangedSetup() {
+    return std::string(kDefaultSetup).replace(54, 6, "003039");
+}
 
 class FixedCatalog : public PortCatalog {
   public:
@@ -44,7 +51,7 @@ struct CliBench {
     std::string In, Out, Err;
 
     CliBench() {
-        Store.Contents["home/Settings.SSS"] = "3501000100100831010000\r\n2711000000000000F6CB00000000\r\n";
+        Store.Contents["home/Settings.SSS"] = kAsciiSettings;
         Store.Contents["/dev/ttyUSB0"] = "";
     }
 
@@ -63,6 +70,8 @@ struct CliBench {
         Err = err.str();
         return status;
     }
+    // As "XR35:noreply"; beside earlier faults.
+    void Fail(const char* fault) { Meter = WithFault(Meter, fault); }
     std::string LastErrLine() const {
         const std::string text = Err.substr(0, Err.find_last_not_of('\n') + 1);
         return text.substr(text.find_last_of('\n') + 1);
@@ -100,6 +109,7 @@ TEST(Usage, IsOneLineThatSaysWhatIsLegal) {
         {{"ports", "map", "1"}, "usage: counterctl ports [map N DEVICE]"},
         {{"put", "a", "--backup", ""}, "--backup needs a value"},
         {{"get", "a", "--dir", ""}, "--dir needs a value"},
+        {{"put", "a", "--verify=no"}, "usage: counterctl put FILE"},
         {{"put"}, "usage: counterctl put FILE [--backup OLD] [--verify]"},
         {{"read"}, "usage: counterctl read item1|item2"},
     };
@@ -279,7 +289,7 @@ TEST(Get, WritesTheFileAndTellsTheStatus) {
     CliBench bench;
     EXPECT_EQ(bench.Run({"get", "m.CT2"}), 0);
     EXPECT_EQ(bench.Out, "Getting data from the Counter.  Data received OK.\n");
-    EXPECT_EQ(bench.Store.Contents["m.CT2"], std::string(sim::kDefaultImage) + "\r\n");
+    EXPECT_EQ(bench.Store.Contents["m.CT2"], kDefaultSetup);
     EXPECT_EQ(bench.Run({"get", "m.CT2", "--json"}), 0);
     EXPECT_EQ(Json::parse(bench.Out),
               Json::parse(R"({"status":"Getting data from the Counter.  Data received OK.",
@@ -288,9 +298,7 @@ TEST(Get, WritesTheFileAndTellsTheStatus) {
 
 TEST(Get, AFailedLinkIs3AndWritesNothing) {
     CliBench bench;
-    sim::Fault fault;
-    sim::ParseFault("XR35:noreply", fault);
-    bench.Meter.Faults = {fault};
+    bench.Fail("XR35:noreply");
     EXPECT_EQ(bench.Run({"get", "m.CT2", "--json"}), 3);
     EXPECT_EQ(bench.LastErrLine(), "Failed to Get data, check connections, then try again.      ( 21)");
     EXPECT_EQ(Json::parse(bench.Out)["LinkError"], 21);
@@ -335,17 +343,10 @@ TEST(Get, MessagesGoToStandardErrorAndJson) {
 TEST(Get, LeavesABackup) {
     CliBench bench;
     EXPECT_EQ(bench.Run({"get", "m.CT2"}), 0);
-    EXPECT_EQ(bench.Store.Contents["home/backups/2026-03-04_05-06-07-089_address-01.CT2"],
-              std::string(sim::kDefaultImage) + "\r\n");
+    EXPECT_EQ(bench.Store.Contents["home/backups/2026-03-04_05-06-07-089_address-01.CT2"], kDefaultSetup);
     bench.Store.Refused.insert("home/backups/2026-03-04_05-06-07-089_address-01.CT2");
     EXPECT_EQ(bench.Run({"get", "m.CT2"}), 0) << "the Get itself is good";
     EXPECT_NE(bench.Err.find("no backup: home/backups/"), std::string::npos) << bench.Err;
-}
-
-// The default setup with 12345 as Setpoint 1.
-std::string ChangedSetup() {
-    std::string text = std::string(sim::kDefaultImage) + "\r\n";
-    return text.replace(54, 6, "003039");
 }
 
 TEST(Put, WritesAndVerifies) {
@@ -355,7 +356,7 @@ TEST(Put, WritesAndVerifies) {
     EXPECT_EQ(Json::parse(bench.Out),
               Json::parse(R"({"status":"Putting data to the Counter.  Data appears to have Transferred O.K.",
                               "LinkError":0,"differences":[],"messages":[]})"));
-    EXPECT_EQ(bench.Store.Contents["old.CT2"], std::string(sim::kDefaultImage) + "\r\n");
+    EXPECT_EQ(bench.Store.Contents["old.CT2"], kDefaultSetup);
     EXPECT_EQ(bench.Run({"put", "new.CT2"}), 0);
     EXPECT_EQ(bench.Out, "Putting data to the Counter.  Data appears to have Transferred O.K.\n");
 }
@@ -364,11 +365,11 @@ TEST(Put, WritesAndVerifies) {
 TEST(StandardStreams, StandForFilesOfTheMeter) {
     CliBench bench;
     EXPECT_EQ(bench.Run({"get", "-"}), 0);
-    EXPECT_EQ(bench.Out, std::string(sim::kDefaultImage) + "\r\n");
+    EXPECT_EQ(bench.Out, kDefaultSetup);
     EXPECT_EQ(bench.LastErrLine(), "Getting data from the Counter.  Data received OK.");
     bench.In = ChangedSetup();
     EXPECT_EQ(bench.Run({"put", "-", "--backup", "-", "--verify"}), 0);
-    EXPECT_EQ(bench.Out, std::string(sim::kDefaultImage) + "\r\n") << "the backup";
+    EXPECT_EQ(bench.Out, kDefaultSetup) << "the backup";
     EXPECT_EQ(bench.LastErrLine(), "No field differs.");
     EXPECT_EQ(bench.Run({"verify", "-"}), 4);
     EXPECT_NE(bench.Out.find("Setpoint 1"), std::string::npos);
@@ -387,9 +388,7 @@ TEST(Put, NothingIsSentWithoutItsBackup) {
     EXPECT_EQ(bench.Run({"put", "new.CT2", "--backup", "old.CT2", "--trace"}), 2);
     EXPECT_EQ(bench.Err.find("WR1A"), std::string::npos);
     EXPECT_EQ(bench.LastErrLine(), "counterctl: old.CT2: Permission denied");
-    sim::Fault fault;
-    sim::ParseFault("XR35:noreply", fault);
-    bench.Meter.Faults = {fault};
+    bench.Fail("XR35:noreply");
     EXPECT_EQ(bench.Run({"put", "new.CT2", "--backup", "old2.CT2", "--trace"}), 3);
     EXPECT_EQ(bench.Err.find("WR1A"), std::string::npos);
     EXPECT_EQ(bench.LastErrLine(), "Failed to Get data, check connections, then try again.      ( 21)");
@@ -399,9 +398,7 @@ TEST(Put, NothingIsSentWithoutItsBackup) {
 TEST(Put, FailuresAndMessages) {
     CliBench bench;
     bench.Store.Contents["new.CT2"] = ChangedSetup();
-    sim::Fault fault;
-    sim::ParseFault("G12D:noreply", fault);
-    bench.Meter.Faults = {fault};
+    bench.Fail("G12D:noreply");
     EXPECT_EQ(bench.Run({"put", "new.CT2", "--verify", "--json"}), 3);
     EXPECT_EQ(bench.LastErrLine(), "Data transfer unsuccessful. Check connections and try again. (21)");
     EXPECT_EQ(Json::parse(bench.Out)["LinkError"], 21);
@@ -460,9 +457,7 @@ TEST(Verify, CountsWhatAPutWrites) {
     bench.Store.Contents["new.CT2"].replace(54, 6, "002710");
     EXPECT_EQ(bench.Run({"verify", "new.CT2"}), 0) << "what no Put changes is told, but does not count";
     EXPECT_NE(bench.Out.find("Not counted"), std::string::npos);
-    sim::Fault fault;
-    sim::ParseFault("*:noreply", fault);
-    bench.Meter.Faults = {fault};
+    bench.Fail("*:noreply");
     EXPECT_EQ(bench.Run({"verify", "new.CT2", "--json"}), 3);
     EXPECT_EQ(Json::parse(bench.Out)["LinkError"], 21);
 }

@@ -15,24 +15,11 @@
 namespace counter::test {
 
 using Json = nlohmann::json;
-using Words = std::vector<std::string>;
-
-// Output that its reader leaves after some characters.
-struct LeakyOutput : std::stringbuf {
-    explicit LeakyOutput(std::size_t room) : Room(room) {}
-    std::size_t Room;
-    std::streamsize xsputn(const char* text, std::streamsize size) override {
-        const auto wanted = static_cast<std::size_t>(size);
-        if (wanted > Room) return Room = 0;
-        Room -= wanted;
-        return std::stringbuf::xsputn(text, size);
-    }
-};
 
 struct EditBench {
     MemoryFiles Store;
-    bool Terminal = false;           // at both ends
-    std::size_t OutRoom = 1U << 30;  // characters until standard output takes no more
+    bool Terminal = false;                    // at both ends
+    std::streamsize OutRoom = 1'000'000'000;  // characters until standard output takes no more
     std::string Out, Err;
 
     EditBench() { SetUp(""); }
@@ -45,7 +32,8 @@ struct EditBench {
     int Run(const Words& words, const std::string& input = "") {
         std::istringstream in(input);
         std::ostringstream err;
-        LeakyOutput written(OutRoom);
+        LeakyOutput written;
+        written.Room = OutRoom;
         std::ostream out(&written);
         const auto home = [] { return std::string("home"); };
         const auto machine = [](const std::string&) -> std::unique_ptr<Machine> {

@@ -29,6 +29,8 @@ TEST(EditByHand, TellsEachEffectAndGoesOnBehindAMistake) {
         {"list cboDuplex", "cboDuplex  list  Full/Half Duplex  Full Duplex  Full Duplex | Half Duplex\n"},
         {"show txtLoIn1[0]", "txtLoIn1[0]: value 'Low In 1', +000000., is disabled\n"},
         {"show cboDuplx", "no control 'cboDuplx'; did you mean 'cboDuplex'?\n"},
+        {"show txtDev", "no control 'txtDev'; there is txtDev[1] txtDev[2] txtDev[3] txtDev[4]\n"},
+        {"show fraFilter", "fraFilter: shown only 'Filter  Item 1'\n"},
         {"# nothing", ""},
     };
     std::string typed, wanted;

@@ -11,32 +11,25 @@ namespace counter::test {
 namespace {
 
 using Json = nlohmann::json;
-using Words = std::vector<std::string>;
 
-constexpr const char* kAscii = "3501000100100831010000\r\n2711000000000000F6CB00000000\r\n";
 constexpr const char* kModbus = "3501200100100831010000\r\n2711000000000000F6CB00000000\r\n";
 
 // A command on a line whose far end the test plays.
-struct HandCli : PortCatalog {
+struct HandCli {
     VirtualPump Clock;
     ScriptedPort Line{Clock};
     MemoryFiles Store;
     std::string Out, Err, LastErrLine;
 
     explicit HandCli(const char* answer = "-") {
-        Store.Contents = {{"home/Settings.SSS", kAscii}, {"/c/any", "55\nAA\n"}, {"/c/one", "55"}};
+        Store.Contents = {{"home/Settings.SSS", kAsciiSettings}, {"/c/any", "55\nAA\n"}, {"/c/one", "55"}};
         Line.Answer = [answer](const std::string&) { return answer; };
     }
     int Run(const Words& words) {
-        struct Borrowed : Machine {
-            explicit Borrowed(HandCli& cli) : Cli(cli) {}
-            Pump& Waits() override { return Cli.Clock; }
-            SerialPort& Port() override { return Cli.Line; }
-            const PortCatalog& Catalog() override { return Cli; }
-            HandCli& Cli;
-        };
         std::ostringstream out, err;
-        const auto machine = [this](const std::string&) { return std::make_unique<Borrowed>(*this); };
+        const auto machine = [this](const std::string&) {
+            return std::make_unique<BorrowedMachine>(Clock, Line);
+        };
         const auto home = [] { return std::string("home"); };
         const int status = RunLine({out, err, false, Store, home, machine}, words);
         Out = out.str();
@@ -45,8 +38,6 @@ struct HandCli : PortCatalog {
         }
         return status;
     }
-    std::vector<PortDescription> Ports() const override { return {}; }
-    std::string DeviceOf(int) const override { return "port"; }
 };
 
 TEST(HandWork, OneActionIsOneFrame) {
@@ -57,7 +48,7 @@ TEST(HandWork, OneActionIsOneFrame) {
         {{"reset", "meter"},             "300 *1C0"},     {{"reset", "function"},     "300 *1C1"},  {{"reset", "alarms"},    "300 *1C2"},
         {{"reset", "peak"},              "300 *1C3"},     {{"reset", "valley"},       "300 *1C9"},  {{"reset", "display"},   "300 *1C4"},
         {{"remote", "display", "-12.5"}, "300 *1H-12.5"}, {{"remote", "item3", " 7"}, "300 *1K 7"}, {{"remote", "both", ""}, "300 *1L"},
-        {{"remote", "c", "*1'0D"},       "300 *1'0D"},
+        {{"remote", "c", "*1'0D"},       "300 *1'0D"},    {{"remote", "item3", "\u00B5\u00FF5"}, "300 *1K\xB5\xFF" "5"},
         // clang-format on
     };
     for (const auto& [line, story] : cases) {
@@ -92,17 +83,20 @@ TEST(HandWork, RefusalsSendNothing) {
         int Status = 1;
     } cases[] = {
         // clang-format off
-        {kAscii,  {"read", "item4"},                   "'item4' is none of item1|item2|item3|peak|valley|all|all+"},
-        {kAscii,  {"reset", "item1"},                  "'item1' is none of meter|function|alarms|peak|valley|display"},
-        {kAscii,  {"remote", "all", "1"},              "'all' is none of display|item3|both|c"},
-        {kAscii,  {"remote", "display"},               "usage: counterctl remote display|item3|both|c TEXT"},
-        {kAscii,  {"curve", "/c/any", "--board", "3"}, "--board is 1"},
-        {kAscii,  {"curve", "/c/none"},                "counterctl: /c/none: No such file or directory", 2},
-        {kAscii,  {"curve", "/c/one"},                 "counterctl: /c/one: no curve: it has two items", 2},
-        {kAscii,  {"calibrate", "0"},                  "HERTZ is a positive number"},
-        {kAscii,  {"calibrate", "-5"},                 "HERTZ is a positive number"},
-        {kAscii,  {"calibrate", "1,000"},              "HERTZ is a positive number"},
-        {kAscii,  {"calibrate", "inf"},                "HERTZ is a positive number"},
+        {kAsciiSettings,  {"read", "item4"},                   "'item4' is none of item1|item2|item3|peak|valley|all|all+"},
+        {kAsciiSettings,  {"reset", "item1"},                  "'item1' is none of meter|function|alarms|peak|valley|display"},
+        {kAsciiSettings,  {"remote", "all", "1"},              "'all' is none of display|item3|both|c"},
+        {kAsciiSettings,  {"remote", "display"},               "usage: counterctl remote display|item3|both|c TEXT"},
+        {kAsciiSettings,  {"remote", "c", "5\u20AC"},          "'5\u20AC' has characters that the meter does not have"},
+        {kAsciiSettings,  {"remote", "c", "\xB5"},             "has characters that the meter does not have"},
+        {kAsciiSettings,  {"remote", "c", "5\xC2"},            "has characters that the meter does not have"},
+        {kAsciiSettings,  {"curve", "/c/any", "--board", "3"}, "--board is 1"},
+        {kAsciiSettings,  {"curve", "/c/none"},                "counterctl: /c/none: No such file or directory", 2},
+        {kAsciiSettings,  {"curve", "/c/one"},                 "counterctl: /c/one: no curve: it has two items", 2},
+        {kAsciiSettings,  {"calibrate", "0"},                  "HERTZ is a positive number"},
+        {kAsciiSettings,  {"calibrate", "-5"},                 "HERTZ is a positive number"},
+        {kAsciiSettings,  {"calibrate", "1,000"},              "HERTZ is a positive number"},
+        {kAsciiSettings,  {"calibrate", "inf"},                "HERTZ is a positive number"},
         {kModbus, {"read", "all"},                     "'all' does not exist over Modbus"},
         {kModbus, {"read", "all+"},                    "'all+' does not exist over Modbus"},
         {kModbus, {"remote", "c", "1"},                "'c' does not exist over Modbus"},

@@ -1,6 +1,7 @@
-// A command line run as main() runs it, with the end of the process caught.
+// A command line run as main() runs it, with the end of the process caught, and what commands run on.
 #pragma once
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,31 @@
 #include "support/virtual_pump.h"
 
 namespace counter::test {
+
+using Words = std::vector<std::string>;
+
+// The line of a meter in Custom ASCII with address 1, at 9600 baud.
+inline constexpr const char* kAsciiSettings = "3501000100100831010000\r\n2711000000000000F6CB00000000\r\n";
+
+// Output that its reader leaves after some characters.
+struct LeakyOutput : std::stringbuf {
+    std::streamsize Room = 1'000'000'000;
+    std::streamsize xsputn(const char* text, std::streamsize size) override {
+        return (Room -= size) < 0 ? 0 : std::stringbuf::xsputn(text, size);
+    }
+};
+
+// A machine without ports, whose clock and line outlive the command.
+struct BorrowedMachine : Machine, PortCatalog {
+    BorrowedMachine(Pump& clock, SerialPort& line) : Clock(clock), Line(line) {}
+    Pump& Waits() override { return Clock; }
+    SerialPort& Port() override { return Line; }
+    const PortCatalog& Catalog() override { return *this; }
+    std::vector<PortDescription> Ports() const override { return {}; }
+    std::string DeviceOf(int) const override { return "port"; }
+    Pump& Clock;
+    SerialPort& Line;
+};
 
 inline int RunLine(const CliWorld& world, const std::vector<std::string>& words) {
     std::vector<const char*> argv = {"counterctl"};

@@ -12,23 +12,6 @@
 namespace counter::test {
 namespace {
 
-using Words = std::vector<std::string>;
-
-constexpr const char* kSerial = "3501000100100831010000\r\n2711000000000000F6CB00000000\r\n";
-
-struct NoCatalog : PortCatalog {
-    std::vector<PortDescription> Ports() const override { return {}; }
-    std::string DeviceOf(int) const override { return "port"; }
-};
-
-// Output that its reader leaves after some characters.
-struct LeakyOutput : std::stringbuf {
-    std::streamsize Room = 1'000'000'000;
-    std::streamsize xsputn(const char* text, std::streamsize size) override {
-        return (Room -= size) < 0 ? 0 : std::stringbuf::xsputn(text, size);
-    }
-};
-
 long LinesOf(const std::string& text) {
     return std::count(text.begin(), text.end(), '\n');
 }
@@ -37,7 +20,6 @@ long LinesOf(const std::string& text) {
 struct StreamCli {
     VirtualPump Clock;
     MeterLine Line{Clock, {}};
-    NoCatalog Known;
     MemoryFiles Store;
     LeakyOutput Written;
     std::string Out, Err;
@@ -45,18 +27,13 @@ struct StreamCli {
     void FeedEvery(double ms, const std::string& frames) {
         Clock.After(ms, [this, ms, frames] { Line.Inject(frames), FeedEvery(ms, frames); });
     }
-    int Run(const Words& words, const char* settings = kSerial) {
-        struct Borrowed : Machine {
-            explicit Borrowed(StreamCli& cli) : Cli(cli) {}
-            Pump& Waits() override { return Cli.Clock; }
-            SerialPort& Port() override { return Cli.Line; }
-            const PortCatalog& Catalog() override { return Cli.Known; }
-            StreamCli& Cli;
-        };
+    int Run(const Words& words, const char* settings = kAsciiSettings) {
         Store.Contents["home/Settings.SSS"] = settings;
         std::ostream out(&Written);
         std::ostringstream err;
-        const auto machine = [this](const std::string&) { return std::make_unique<Borrowed>(*this); };
+        const auto machine = [this](const std::string&) {
+            return std::make_unique<BorrowedMachine>(Clock, Line);
+        };
         const CliWorld world{out, err, false, Store, [] { return std::string("home"); }, machine};
         const int status = RunLine(world, words);
         Out = Written.str();
@@ -162,15 +139,15 @@ TEST(Stream, IsRefusedBeforeAnythingIsSent) {
         int Status;
         const char* Says;
     } cases[] = {
-        {{"stream", "--count", "0"},     kSerial, 1, "--count is a whole number above 0"},
-        {{"stream", "--count", "1.5"},   kSerial, 1, "--count is a whole number above 0"},
-        {{"stream", "--count", "9999999999999999999"}, kSerial, 1, "--count is a whole number above 0"},
-        {{"stream", "--seconds", "-1"},  kSerial, 1, "--seconds is a number above 0"},
-        {{"stream", "--seconds", "nan"}, kSerial, 1, "--seconds is a number above 0"},
-        {{"stream", "--seconds", "inf"}, kSerial, 1, "--seconds is a number above 0"},
+        {{"stream", "--count", "0"},     kAsciiSettings, 1, "--count is a whole number above 0"},
+        {{"stream", "--count", "1.5"},   kAsciiSettings, 1, "--count is a whole number above 0"},
+        {{"stream", "--count", "9999999999999999999"}, kAsciiSettings, 1, "--count is a whole number above 0"},
+        {{"stream", "--seconds", "-1"},  kAsciiSettings, 1, "--seconds is a number above 0"},
+        {{"stream", "--seconds", "nan"}, kAsciiSettings, 1, "--seconds is a number above 0"},
+        {{"stream", "--seconds", "inf"}, kAsciiSettings, 1, "--seconds is a number above 0"},
         {{"stream"},                     kRtu,    1, "exists only in Custom ASCII over a serial line"},
         {{"stream"},                     kNode,   1, "exists only in Custom ASCII over a serial line"},
-        {{"stream", "--csv", "/no.csv"}, kSerial, 2, "/no.csv: Permission denied"},
+        {{"stream", "--csv", "/no.csv"}, kAsciiSettings, 2, "/no.csv: Permission denied"},
     };
     // clang-format on
     for (const auto& c : cases) {
