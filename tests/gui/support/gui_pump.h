@@ -17,12 +17,6 @@ class GuiPump : public VirtualPump {
             QCoreApplication::processEvents(QEventLoop::AllEvents);
         }
     }
-    // "After 300 ms": the clock goes on by this much, with all that is due in between.
-    void Pass(double ms) {
-        WaitUntil(
-            NowMs() + ms, [] { return false; }, "the test lets time pass");
-    }
-
     // Time of day goes on with the clock, from just after five o'clock.
     WallTime LocalTime() const override {
         WallTime now = VirtualPump::LocalTime();

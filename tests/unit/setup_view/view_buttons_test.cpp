@@ -17,9 +17,6 @@ struct ReadBench : SetupBench {
         Bench.Program.LinkData.SerialProtocol = modbusAscii ? 2 : 0;
         Open();
     }
-    void AnswerAfter(double ms, const char* bytes) {
-        Bench.Pump.After(ms, [this, bytes] { Bench.Line.Inject(bytes); });
-    }
     void ClickAfter(double ms, const char* button) {
         Bench.Pump.After(ms, [this, button] { Do(button); });
     }
@@ -42,7 +39,7 @@ TEST(ReadLoop, ShowsTheReadingUntilPressedAgain) {
     };
     for (const auto& c : cases) {
         ReadBench bench(c.Points, c.ModbusAscii);
-        bench.AnswerAfter(310, c.Reply);
+        bench.Bench.Line.InjectAfter(310, c.Reply);
         bench.ClickAfter(900, "cmdRead");
         bench.Bench.Pump.After(200, [&] {
             EXPECT_EQ(bench.Seen("cmdRead"), "Stop");
@@ -58,7 +55,7 @@ TEST(ReadLoop, ShowsTheReadingUntilPressedAgain) {
 
 TEST(ReadLoop, AFailureLeavesTheNumberAndGoesOn) {
     ReadBench bench;
-    bench.AnswerAfter(310, "  123.\r");
+    bench.Bench.Line.InjectAfter(310, "  123.\r");
     bench.ClickAfter(9000, "cmdMainMenu");
     bool left = false;
     bench.View.ShowMainMenu = [&] { left = true; };

@@ -27,9 +27,7 @@ struct TransferNode : NodeBench {
         Net.TheNode().ClearTold();
     }
     int Get() {
-        const double start = Pump.NowMs();
-        GetSetup(Program);
-        TookMs = Pump.NowMs() - start;
+        TookMs = Pump.Took([this] { GetSetup(Program); });
         return State().LinkError;
     }
     int Put() {
