@@ -36,4 +36,14 @@ class GuiPump : public VirtualPump {
     }
 };
 
+// Status of the process that `action` ends; -1 where it goes on.
+inline int ExitOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const ProcessEnded& ended) {
+        return ended.Status;
+    }
+    return -1;
+}
+
 }  // namespace counter::test
