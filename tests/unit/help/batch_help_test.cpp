@@ -47,13 +47,10 @@ TEST(BatchHelp, ShowsNoMoreEntriesThanItsTableHas) {
 }
 
 struct Delivered {
-    const char* Name;
-    const char* File;
+    const char *Name, *File;
     BatchHelpKind Kind;
     std::size_t Entries;
-    const char* First;
-    const char* Third;
-    const char* Summary;
+    const char *First, *Third, *Summary;
     int Chapters;
 };
 

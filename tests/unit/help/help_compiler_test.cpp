@@ -55,8 +55,7 @@ TEST(HelpCompiler, RefusesWithFileAndLine) {
     const std::string longest(32760, 'x');  // with its title, 32767 characters
     struct {
         const char* Name;
-        std::string Source;
-        std::string Fault;
+        std::string Source, Fault;
     } cases[] = {
         // clang-format off
         {"longest",           "[501] A\n" + longest,                   ""},

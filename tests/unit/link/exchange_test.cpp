@@ -46,8 +46,7 @@ TEST(Send, AnExchangeKeepsItsOwnFrameWhateverIsSentDuringItsWaits) {
     const struct {
         const char* Protocol;
         double OtherMs;
-        const char* Frames;
-        const char* RawReply;
+        const char *Frames, *RawReply;
     } cases[] = {
         // clang-format off
         {"SerialProtocol=0", 100, "*1C3\r\n*1B1\r\n",                             " 12345.67"},
@@ -78,12 +77,9 @@ TEST(Send, AnExchangeKeepsItsOwnFrameWhateverIsSentDuringItsWaits) {
 
 TEST(Receive, CustomAsciiReplies) {
     const struct {
-        const char* Name;
-        const char* Command;
-        const char* Reply;
+        const char *Name, *Command, *Reply;
         int LinkError;
-        const char* ReplyText;
-        const char* RawReply;
+        const char *ReplyText, *RawReply;
     } cases[] = {
         {"stray line feed", "G130", "AB12\r\n", 0, "AB12", "AB12"},
         {"odd digit goes", "G130", "ABC\r", 0, "AB", "AB"},
@@ -116,8 +112,7 @@ TEST(Receive, NobodyAnswersFor3000Ms) {
 // At 9600 baud the gap is 61.46 ms, at 300 baud 416.67, counted from 200 ms behind the first character.
 TEST(Receive, SilenceLongerThanTheGapEndsAReply) {
     const struct {
-        const char* Name;
-        const char* Baud;
+        const char *Name, *Baud;
         double SecondPieceMs;
         int LinkError;
         double TookMs;
@@ -147,8 +142,7 @@ TEST(Receive, ALongReplyInPiecesIsOne) {
 
 TEST(Receive, EchoIsRemovedOrMissed) {
     const struct {
-        const char* Name;
-        const char* Reply;
+        const char *Name, *Reply;
         int LinkError;
     } cases[] = {
         {"echo and reply", "*1G130\r\n49\r", 0},
@@ -167,8 +161,7 @@ TEST(Receive, EchoIsRemovedOrMissed) {
 TEST(Receive, ALineThatGoesAwayIs27AtEveryPoint) {
     const struct {
         const char* Name;
-        double GoesMs;
-        double TookMs;
+        double GoesMs, TookMs;
     } cases[] = {
         {"before the first character", 305, 305},
         {"while the first part comes", 400, 510},

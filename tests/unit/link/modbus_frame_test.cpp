@@ -10,8 +10,7 @@ namespace {
 
 TEST(Rtu, FramesAreExact) {
     const struct {
-        const char* Name;
-        const char* Digits;
+        const char *Name, *Digits;
         bool FixedTable;
         const char* Frame;
     } cases[] = {
@@ -45,8 +44,7 @@ Judged Rtu(const char* hex, bool fixedTable = true) {
 
 TEST(Rtu, RepliesAreJudged) {
     const struct {
-        const char* Name;
-        const char* Bytes;
+        const char *Name, *Bytes;
         bool FixedTable;
         int LinkError;
     } cases[] = {
@@ -68,8 +66,7 @@ TEST(Rtu, RepliesAreJudged) {
 
 TEST(ModbusAscii, RepliesAreJudged) {
     const struct {
-        const char* Name;
-        const char* Text;
+        const char *Name, *Text;
         int LinkError;
         const char* ReplyText;
     } cases[] = {

@@ -61,10 +61,7 @@ TEST(NodeReceive, ASilentMeterLeavesNoReading) {
 
 TEST(NodeReceive, CustomAsciiReplies) {
     const struct {
-        const char* Name;
-        const char* Reply;
-        const char* RawReply;
-        const char* ReplyText;
+        const char *Name, *Reply, *RawReply, *ReplyText;
     } cases[] = {
         {"CR LF", "AB12\r\n", "AB12", "AB12"},
         {"CR", "AB12\r", "AB12", "AB12"},
@@ -88,8 +85,7 @@ TEST(NodeReceive, CustomAsciiReplies) {
 
 TEST(NodeReceive, ModbusReplies) {
     const struct {
-        const char* Name;
-        const char* Reply;
+        const char *Name, *Reply;
         int LinkError;
         const char* ReplyText;
     } cases[] = {

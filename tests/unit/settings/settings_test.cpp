@@ -10,9 +10,7 @@ namespace {
 
 TEST(Normalise, Lines) {
     const struct {
-        const char* Name;
-        const char* Line;
-        const char* Expected;
+        const char *Name, *Line, *Expected;
     } cases[] = {
         {"old format of 17", "35010001001008310", "3501000100100831010000"},
         {"20 characters", "35010001001008310123", "3501000100100831012300"},
@@ -25,10 +23,7 @@ TEST(Normalise, Lines) {
 
 TEST(Split, LineEndsAndCommas) {
     const struct {
-        const char* Name;
-        const char* Text;
-        const char* Line1;
-        const char* Line2;
+        const char *Name, *Text, *Line1, *Line2;
     } cases[] = {
         {"as written", "abc\r\ndef\r\n", "abc", "def"},
         {"without CR", "abc\ndef", "abc", "def"},
@@ -74,8 +69,7 @@ TEST(Parse, EachFieldOfALine) {
 
 TEST(Parse, SingleCharacters) {
     const struct {
-        const char* Name;
-        const char* Line;
+        const char *Name, *Line;
         int Settings::*Member;
         int Expected;
     } cases[] = {
@@ -120,10 +114,7 @@ TEST(Parse, NodeMeansEthernetUnlessAllZeroOrAllF) {
 
 TEST(Keys, LegalValuesLandAtTheirPositions) {
     const struct {
-        const char* Key;
-        const char* Value;
-        const char* Line1;
-        const char* Line2;
+        const char *Key, *Value, *Line1, *Line2;
     } cases[] = {
         {"BaudIndex", "0", "3001000100100831010000", "2711000000000000F6CB00000000"},
         {"CommPortNumber", "7", "3507000100100831010000", "2711000000000000F6CB00000000"},
@@ -144,9 +135,7 @@ TEST(Keys, LegalValuesLandAtTheirPositions) {
 
 TEST(Keys, IllegalValuesChangeNothingAndSayWhatIsLegal) {
     const struct {
-        const char* Key;
-        const char* Value;
-        const char* Expected;
+        const char *Key, *Value, *Expected;
     } cases[] = {
         {"BaudIndex", "7", "BaudIndex is a number 0 to 6"},
         {"BaudIndex", "", "BaudIndex is a number 0 to 6"},

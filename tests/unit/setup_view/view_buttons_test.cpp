@@ -25,12 +25,9 @@ struct ReadBench : SetupBench {
 // 300 ms pause, reply, about 250 ms of silence, 400 ms pause: the second request goes out after 1.2 s.
 TEST(ReadLoop, ShowsTheReadingUntilPressedAgain) {
     const struct {
-        const char* Name;
-        const char* Points;
+        const char *Name, *Points;
         bool ModbusAscii;
-        const char* Reply;
-        const char* Request;
-        const char* Value;
+        const char *Reply, *Request, *Value;
     } cases[] = {
         {"ASCII", "13", false, "  123.45\r", "*1B1\r\n", "123.45"},
         {"point of item 1", "12", false, " -123.45\r", "*1B1\r\n", "-123.5"},

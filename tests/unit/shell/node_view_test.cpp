@@ -83,8 +83,7 @@ TEST(NodeView, ANodeThatDoesNotCallEndsTheProgram) {
 
 TEST(NodeTrial, SaysInWordsWhatAnswered) {
     const struct {
-        const char* Name;
-        const char* Fault;
+        const char *Name, *Fault;
         bool Answered;
         const char* Begins;
     } cases[] = {

@@ -13,8 +13,7 @@ std::string Told(Device& device, const char* command) {
 
 TEST(CustomAscii, SmallReadsOfTheDefaultSetup) {
     static constexpr struct {
-        const char* Command;
-        const char* Reply;
+        const char *Command, *Reply;
     } kCases[] = {
         // clang-format off
         {"X311Z", "0000000186A0"},  // offset 1, scale 1
@@ -50,9 +49,7 @@ TEST(CustomAscii, WhatIsNotUnderstoodHasNoReplyAndNoEffect) {
 
 TEST(CustomAscii, WritesLandWhereTheyAreReadBack) {
     static constexpr struct {
-        const char* Write;
-        const char* Read;
-        const char* Reply;
+        const char *Write, *Read, *Reply;
         int Position;  // in the image; 0 outside
     } kCases[] = {
         // clang-format off

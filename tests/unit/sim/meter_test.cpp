@@ -140,10 +140,8 @@ TEST(MeterModbusAscii, TalksInLines) {
 }
 
 struct FaultCase {
-    const char* Name;
-    const char* Fault;
-    std::string Question;
-    std::string Reply;
+    const char *Name, *Fault;
+    std::string Question, Reply;
 };
 
 TEST(MeterFaults, CustomAscii) {

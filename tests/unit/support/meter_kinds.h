@@ -11,8 +11,7 @@
 namespace counter::test {
 
 struct LinkKind {
-    const char* Name;
-    const char* Setting;
+    const char *Name, *Setting;
     sim::LineProtocol Protocol;
 };
 inline constexpr LinkKind kLinkKinds[] = {

@@ -113,8 +113,7 @@ TEST(GetAscii, Version78TellsTwoRelaysByBit2OfByte2B) {
 
 TEST(GetAscii, AMeterWithoutInputBoardIsARemoteDisplay) {
     const struct {
-        const char* Name;
-        const char* Byte185;
+        const char *Name, *Byte185;
         int Option;
         const char* Expected;
         std::size_t Notes;
@@ -161,8 +160,7 @@ TEST(GetAscii, EveryFailureHasItsNumberAndItsImage) {
     const std::size_t whole = 260;
     const struct {
         const char* Fault;
-        int Version;
-        int LinkError;
+        int Version, LinkError;
         std::size_t Digits;
     } cases[] = {
         {"XR1A:noreply", 83, 21, whole},    {"XR1A:cut=10", 83, 23, whole},

@@ -209,8 +209,7 @@ TEST(LinkSettings, FollowTheImage) {
     const struct {
         const char* Name;
         int Position;
-        const char* Digits;
-        const char* Line1;
+        const char *Digits, *Line1;
     } cases[] = {
         {"nothing", 1, "002710", "3501000100100831010000"},
         {"baud", 191, "10", "3101000100100831010000"},
