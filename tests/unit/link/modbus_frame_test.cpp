@@ -30,18 +30,6 @@ TEST(ModbusAscii, FramesAreExact) {
     EXPECT_EQ(FrameModbusAscii("FF"), ":FF01\r\n");
 }
 
-struct Judged {
-    int LinkError;
-    std::string ReplyText;
-};
-
-Judged Rtu(const char* hex, bool fixedTable = true) {
-    LinkState link;
-    link.CrcTableFixed = fixedTable;
-    JudgeRtu(link, TextOfHex(hex));
-    return {link.LinkError, link.ReplyText};
-}
-
 TEST(Rtu, RepliesAreJudged) {
     const struct {
         const char *Name, *Bytes;
@@ -59,8 +47,11 @@ TEST(Rtu, RepliesAreJudged) {
         {"only a check of nothing", "FFFF", true, 0},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(Rtu(c.Bytes, c.FixedTable).LinkError, c.LinkError) << c.Name;
-        EXPECT_EQ(Rtu(c.Bytes, c.FixedTable).ReplyText, c.Bytes) << c.Name;
+        LinkState link;
+        link.CrcTableFixed = c.FixedTable;
+        JudgeRtu(link, TextOfHex(c.Bytes));
+        EXPECT_EQ(link.LinkError, c.LinkError) << c.Name;
+        EXPECT_EQ(link.ReplyText, c.Bytes) << c.Name;
     }
 }
 
