@@ -11,7 +11,6 @@
 #include "support/memory_files.h"
 
 namespace counter {
-
 namespace {
 
 using test::MemoryFiles;
@@ -92,5 +91,4 @@ TEST(BatchHelp, DeliveredTextsAreWhole) {
 }
 
 }  // namespace
-
 }  // namespace counter

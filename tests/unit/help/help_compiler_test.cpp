@@ -4,7 +4,6 @@
 #include "tools/help/help_pairs.h"
 
 namespace help_tool {
-
 namespace {
 
 std::map<int, Pair> Make(const std::string& source, std::vector<Fault>& faults) {
@@ -83,5 +82,4 @@ TEST(HelpCompiler, RefusesWithFileAndLine) {
 }
 
 }  // namespace
-
 }  // namespace help_tool

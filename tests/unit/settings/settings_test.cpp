@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "settings/settings_keys.h"
 
 namespace counter {
@@ -98,17 +100,12 @@ TEST(Parse, AddressAbove31KeepsCharAndLabel) {
 }
 
 TEST(Parse, NodeMeansEthernetUnlessAllZeroOrAllF) {
-    const struct {
-        const char* Line2;
-        int Expected;
-    } cases[] = {
-        {"2711000000000000F6CB00000000", 0},
-        {"2711FFFFFFFFFFFFF6CB00000000", 0},
-        {"27110000000000FFF6CBC0A80105", 1},
-        {"", 0},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(Parsed("3501000100100831010000", c.Line2).EthernetMode, c.Expected) << c.Line2;
+    const std::pair<const char*, int> cases[] = {{"2711000000000000F6CB00000000", 0},
+                                                 {"2711FFFFFFFFFFFFF6CB00000000", 0},
+                                                 {"27110000000000FFF6CBC0A80105", 1},
+                                                 {"", 0}};
+    for (const auto& [line2, mode] : cases)
+        EXPECT_EQ(Parsed("3501000100100831010000", line2).EthernetMode, mode) << line2;
     EXPECT_EQ(Parsed("3501000100100831010000", "27110000000000FFF6CBC0A80105").NodeIp, "192.168.1.5");
 }
 
