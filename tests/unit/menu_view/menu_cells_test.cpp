@@ -130,12 +130,11 @@ TEST(MenuCells, FollowTheRulesOfDigits) {
 }
 
 TEST(MenuCells, NamesCarryTheMarkOfADeviation) {
-    struct Case {
+    const struct {
         const char *Digits201, *Digits229;
         int Version;
         const char* Names;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"00", "08", 83, "dEUn1b|dEUn2b|dEUn3H|dEUn4b"},
         {"08", "10", 83, "dEUn1H|dEUn2b|dEUn3b|dEUn4H"},
         {"10", "20", 83, "dEUn1b|dEUn2H|dEUn3b|dEUn4b"},
