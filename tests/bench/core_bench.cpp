@@ -34,8 +34,7 @@ void BM_BitsPut(benchmark::State& state) {
 BENCHMARK(BM_BitsPut);
 
 struct ValueCase {
-    int TypeCode;
-    int Position;
+    int TypeCode, Position;
 };
 constexpr ValueCase kValues[] = {{0, 173}, {1, 137}, {2, 55}, {3, 43}, {4, 103}, {12, 55}};
 

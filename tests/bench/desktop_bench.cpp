@@ -2,14 +2,12 @@
 // rounds.
 #include <QApplication>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QStyleFactory>
-#include <cstdio>
 
+#include "figures.h"
 #include "platform/qt/core/core_runtime.h"
 #include "platform/qt/widgets/chart_widget.h"
-#include "process_run.h"
 #include "support/gui_bench.h"
 
 namespace {
@@ -21,26 +19,21 @@ constexpr int kRounds = 21;
 
 // Milliseconds of the action and of painting what it changed.
 double Timed(GuiBench& bench, const std::function<void()>& action) {
-    QElapsedTimer timer;
-    timer.start();
-    action();
-    bench.Desk->Window().repaint();
-    counter::test::GuiPump::Settle();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    return TimeOf([&] {
+        action();
+        bench.Desk->Window().repaint();
+        counter::test::GuiPump::Settle();
+    });
 }
 
-void Print(const char* name, std::vector<double> times) {
-    std::printf("%-44s %8.2f ms\n", name, Median(std::move(times)));
-}
-
-std::vector<double> FirstOpenings() {
+void FirstOpenings() {
     std::vector<double> times;
     for (int round = 0; round < kRounds; ++round) {
         GuiBench bench;
         bench.Choose("mnuDefaultSet");
         times.push_back(Timed(bench, [&] { bench.Desk->Open(ViewId::Setup); }));
     }
-    return times;
+    Print("Setup view, the first opening", Median(times));
 }
 
 void Views() {
@@ -59,9 +52,9 @@ void Views() {
         menu.push_back(Timed(bench, [&] { bench.Desk->Open(ViewId::Menu); }));
         bench.Desk->GoHome();
     }
-    Print("Setup view, opened again", setup);
-    Print("a change of Mode", modes);
-    Print("Menu view", menu);
+    Print("Setup view, opened again", Median(setup));
+    Print("a change of Mode", Median(modes));
+    Print("Menu view", Median(menu));
 }
 
 // A strip chart of many points, once whole and then with one segment more.
@@ -78,25 +71,15 @@ void Chart() {
                                   (i * 13) % 400 - 200.0};
     };
     for (int i = 0; i < kPoints; ++i) chart.Draw(segment(i));
-    QElapsedTimer timer;
-    timer.start();
-    widget.grab();
-    std::printf("%-44s %8.2f ms\n", "a chart of 100,000 points, the first time", timer.nsecsElapsed() / 1e6);
-    std::vector<double> exposed;
-    for (int i = 0; i < kRounds; ++i) {
-        timer.restart();
-        widget.grab();
-        exposed.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-    }
-    Print("the same exposed again", exposed);
+    const auto paint = [&] { widget.grab(); };
+    Print("a chart of 100,000 points, the first time", TimeOf(paint));
+    Print("the same exposed again", Median(TimesOf(kRounds, paint)));
     std::vector<double> times;
     for (int i = 0; i < kRounds; ++i) {
         chart.Draw(segment(i));
-        timer.restart();
-        widget.grab();
-        times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+        times.push_back(TimeOf(paint));
     }
-    Print("the same with one segment more", times);
+    Print("the same with one segment more", Median(times));
 }
 
 }  // namespace
@@ -106,7 +89,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     counter::SettleLocale();
     QApplication::setStyle(QStyleFactory::create("Fusion"));
-    Print("Setup view, the first opening", FirstOpenings());
+    FirstOpenings();
     Views();
     Chart();
 }

@@ -6,11 +6,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <thread>
+
+#include "figures.h"
 
 namespace {
 
@@ -21,10 +21,26 @@ std::string FrameOf(int i) {
     return text;
 }
 
+// Takes what has arrived, so that the line never fills up; ends with the line.
+void Drop(int line) {
+    char commands[256];
+    if (read(line, commands, sizeof commands) <= 0) _exit(0);
+}
+
+// Sleeps until `dueMs`; commands that arrive meanwhile are thrown away.
+void DropUntil(int line, double dueMs) {
+    for (double left = dueMs - SteadyMs(); left > 0; left = dueMs - SteadyMs()) {
+        pollfd end = {line, POLLIN, 0};
+        const auto ns = static_cast<long long>(left * 1e6);
+        const timespec rest = {ns / 1'000'000'000, ns % 1'000'000'000};
+        if (ppoll(&end, 1, &rest, nullptr) > 0) Drop(line);
+    }
+}
+
 void SendFrames(int line, const Order& order, int& next, volatile double& lastSentMs) {
     double due = SteadyMs();
     for (int i = 0; i < order.Frames; ++i, due += order.EveryMs) {
-        while (SteadyMs() < due) std::this_thread::sleep_for(std::chrono::microseconds(200));
+        DropUntil(line, due);
         const std::string frame = FrameOf(next++);
         lastSentMs = SteadyMs();
         if (write(line, frame.data(), frame.size()) < 0) _exit(0);
@@ -37,8 +53,7 @@ void SendFrames(int line, const Order& order, int& next, volatile double& lastSe
     for (;;) {
         pollfd ends[2] = {{line, POLLIN, 0}, {orders, POLLIN, 0}};
         poll(ends, 2, -1);
-        char commands[256];
-        if (ends[0].revents & POLLIN) (void)!read(line, commands, sizeof commands);
+        if (ends[0].revents) Drop(line);
         if (!ends[1].revents) continue;
         Order order;
         if (read(orders, &order, sizeof order) != sizeof order) _exit(0);
@@ -47,11 +62,6 @@ void SendFrames(int line, const Order& order, int& next, volatile double& lastSe
 }
 
 }  // namespace
-
-double SteadyMs() {
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration<double, std::milli>(now).count();
-}
 
 LineEnd::LineEnd() {
     const int line = posix_openpt(O_RDWR | O_NOCTTY);

@@ -31,5 +31,3 @@ class LineEnd {
     volatile double* lastSentMs_ = nullptr;
     pid_t process_ = -1;
 };
-
-double SteadyMs();

@@ -1,12 +1,10 @@
 #include "process_run.h"
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
+#include "figures.h"
 
 namespace {
 
@@ -20,24 +18,14 @@ namespace {
     _exit(127);
 }
 
-double Ms(const timeval& time) {
-    return static_cast<double>(time.tv_sec) * 1000 + static_cast<double>(time.tv_usec) / 1000;
-}
-
 }  // namespace
 
 RunFigures RunProcess(const std::vector<std::string>& command) {
-    const auto start = std::chrono::steady_clock::now();
+    const double start = SteadyMs();
     const pid_t child = fork();
     if (child == 0) Become(command);
     int status = 0;
     rusage usage{};
     wait4(child, &status, 0, &usage);
-    const std::chrono::duration<double, std::milli> wall = std::chrono::steady_clock::now() - start;
-    return {wall.count(), Ms(usage.ru_utime) + Ms(usage.ru_stime), usage.ru_maxrss, WEXITSTATUS(status)};
-}
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
+    return {SteadyMs() - start, CpuMs(usage), usage.ru_maxrss, WEXITSTATUS(status)};
 }

@@ -13,5 +13,3 @@ struct RunFigures {
 
 // Runs the program with its output thrown away and waits for it.
 RunFigures RunProcess(const std::vector<std::string>& command);
-
-double Median(std::vector<double> values);

@@ -1,6 +1,7 @@
 // The reading stream: frames a second through each cutter alone, and through the cutter into the views.
 #include <benchmark/benchmark.h>
 
+#include <concepts>
 #include <string>
 #include <vector>
 
@@ -9,7 +10,7 @@
 #include "readings/graph_view.h"
 #include "readings/list_view.h"
 #include "readings/plot_view.h"
-#include "support/bench_meter.h"
+#include "readings/readings_bench.h"
 
 namespace {
 
@@ -44,40 +45,20 @@ void BM_Cutter(benchmark::State& state) {
 BENCHMARK(BM_Cutter<ListCutter>)->Arg(1)->Arg(9)->Arg(1 << 20);
 BENCHMARK(BM_Cutter<LatestCutter>)->Arg(1)->Arg(9)->Arg(1 << 20);
 
-struct Desk : test::BenchMeter {
-    Desk() {
-        Line.Unplug();
-        SwitchOn();
-    }
-    void Feed(benchmark::State& state) {
-        const std::vector<std::string> arrivals = Arrivals(9);
-        for (auto _ : state) {
-            for (const std::string& bytes : arrivals) Line.Inject(bytes);
-        }
-        state.SetItemsProcessed(state.iterations() * kFrames);
-    }
-};
-
-void BM_ListView(benchmark::State& state) {
-    Desk desk;
-    ListView view(desk.Program);
-    view.Activate();
-    desk.Feed(state);
-}
-BENCHMARK(BM_ListView);
-
 template <class View>
-void BM_ChartView(benchmark::State& state) {
-    Desk desk;
-    View view(desk.Program);
+void BM_View(benchmark::State& state) {
+    test::ReadingsBench bench;
+    View view(bench.Program);
     view.Activate();
-    view.Controls.Type(view.txtMidVal, "1500");
-    view.Controls.Type(view.txtSmallVal, "50");
-    view.Controls.Type(view.txtThird, "100");
-    view.Controls.Click(view.cmdOK);
-    desk.Feed(state);
+    if constexpr (std::derived_from<View, ChartView>) test::StartChart(view, "1500", "50", "100");
+    const std::vector<std::string> arrivals = Arrivals(9);
+    for (auto _ : state) {
+        for (const std::string& bytes : arrivals) bench.Line.Inject(bytes);
+    }
+    state.SetItemsProcessed(state.iterations() * kFrames);
 }
-BENCHMARK(BM_ChartView<PlotView>);
-BENCHMARK(BM_ChartView<GraphView>);
+BENCHMARK(BM_View<ListView>);
+BENCHMARK(BM_View<PlotView>);
+BENCHMARK(BM_View<GraphView>);
 
 }  // namespace

@@ -1,23 +1,21 @@
 // bench_stream_window: the reading stream over a pseudo terminal into the real windows: frames a second,
 // processor time at 20 readings a second, and how long it takes from a byte on the line to the painted pixel.
-#include <sys/resource.h>
-
 #include <QApplication>
 #include <QMainWindow>
 #include <QStyleFactory>
 #include <cstdio>
 #include <functional>
 
+#include "figures.h"
 #include "line_end.h"
 #include "platform/qt/core/core_runtime.h"
 #include "platform/qt/core/qt_pump.h"
 #include "platform/qt/core/qt_serial_port.h"
 #include "platform/qt/widgets/chart_page.h"
 #include "platform/qt/widgets/list_page.h"
-#include "process_run.h"
 #include "readings/graph_view.h"
 #include "readings/plot_view.h"
-#include "support/bench_meter.h"
+#include "readings/readings_bench.h"
 
 namespace {
 
@@ -69,14 +67,11 @@ struct Bench {
     int Taken = 0;
 };
 
-// Milliseconds of processor time of this process, all its threads.
-double CpuMs() {
+// Of this process, all its threads.
+double OwnCpuMs() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    const auto ms = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
-    };
-    return ms(usage.ru_utime) + ms(usage.ru_stime);
+    return CpuMs(usage);
 }
 
 void CountFrames(Bench& bench, ReadingView& view) {
@@ -90,21 +85,19 @@ void CountFrames(Bench& bench, ReadingView& view) {
 // and drops the rest, so only the list's frames can be counted out.
 void FullSpeed(Bench& bench) {
     const int before = bench.Taken;
-    const double cpu = CpuMs(), start = SteadyMs();
+    const double cpu = OwnCpuMs(), start = SteadyMs();
     bench.Far.Send({kFast, 0});
     bench.WaitFor(before + kFast);
-    const double seconds = (SteadyMs() - start) / 1e3;
-    std::printf("  %-38s %8.0f a second, %.1f us of processor time each\n",
-                "frames as fast as the line takes them", kFast / seconds, (CpuMs() - cpu) * 1e3 / kFast);
+    Print("  frames as fast as the line takes them", kFast * 1e3 / (SteadyMs() - start), "a second");
+    Print("  processor time of each", (OwnCpuMs() - cpu) * 1e3 / kFast, "us");
 }
 
 void AtTwentyASecond(Bench& bench) {
     const int before = bench.Taken;
-    const double cpu = CpuMs(), start = SteadyMs();
+    const double cpu = OwnCpuMs(), start = SteadyMs();
     bench.Far.Send({kSlow, kSlowMs});
     bench.WaitFor(before + kSlow);
-    std::printf("  %-38s %8.2f percent of a core\n", "20 readings a second",
-                100 * (CpuMs() - cpu) / (SteadyMs() - start));
+    Print("  20 readings a second", 100 * (OwnCpuMs() - cpu) / (SteadyMs() - start), "percent of a core");
 }
 
 void Delays(Bench& bench, TimedApplication& application) {
@@ -117,18 +110,18 @@ void Delays(Bench& bench, TimedApplication& application) {
         delays.push_back(application.PaintedMs - bench.Far.LastSentMs());
         bench.Wait(7, [] { return false; });  // so that no two fall into the same beat
     }
-    std::printf("  %-38s %8.2f ms\n", "from the byte to the pixel, median", Median(delays));
+    Print("  from the byte to the pixel, median", Median(delays));
 }
 
-void Measure(const char* name, Bench& bench, TimedApplication& application, ReadingView& view, ViewPage& page,
-             const std::function<void()>& begin) {
+void Measure(const char* name, Bench& bench, TimedApplication& application, ReadingView& view,
+             ViewPage& page) {
     QMainWindow window;
     window.resize(1000, 700);
     window.setCentralWidget(&page);
     window.show();
     CountFrames(bench, view);
     page.ComeToFront();
-    begin();
+    if (auto* chart = dynamic_cast<ChartView*>(&view)) test::StartChart(*chart, "1000", "40", "60");
     bench.Far.Send({20, 20});
     bench.WaitFor(15);
     bench.Wait(1000, [] { return false; });
@@ -140,14 +133,12 @@ void Measure(const char* name, Bench& bench, TimedApplication& application, Read
     window.takeCentralWidget();
 }
 
-void MeasureChart(const char* name, Bench& bench, TimedApplication& application, ChartView& view) {
+template <class View>
+void MeasureChart(const char* name, const LineEnd& far, TimedApplication& application) {
+    Bench bench(far);
+    View view(bench.Program);
     ChartPage page(view, name, nullptr);
-    Measure(name, bench, application, view, page, [&view] {
-        view.Controls.Type(view.txtMidVal, "1000");
-        view.Controls.Type(view.txtSmallVal, "40");
-        view.Controls.Type(view.txtThird, "60");
-        view.Controls.Click(view.cmdOK);
-    });
+    Measure(name, bench, application, view, page);
 }
 
 }  // namespace
@@ -161,16 +152,8 @@ int main(int argc, char** argv) {
         Bench bench(far[0]);
         ListView list(bench.Program);
         ListPage page(list, nullptr);
-        Measure("List", bench, application, list, page, [] {});
+        Measure("List", bench, application, list, page);
     }
-    {
-        Bench bench(far[1]);
-        PlotView plot(bench.Program);
-        MeasureChart("Plot", bench, application, plot);
-    }
-    {
-        Bench bench(far[2]);
-        GraphView graph(bench.Program);
-        MeasureChart("Graph", bench, application, graph);
-    }
+    MeasureChart<PlotView>("Plot", far[1], application);
+    MeasureChart<GraphView>("Graph", far[2], application);
 }

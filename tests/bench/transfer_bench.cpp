@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "figures.h"
 #include "process_run.h"
 
 namespace {

@@ -1,13 +1,14 @@
 // bench_week: memory in use over a week of the reading stream, 20 readings a second, in virtual time.
 #include <malloc.h>
 
+#include <concepts>
 #include <cstdio>
 #include <string>
 
 #include "readings/graph_view.h"
 #include "readings/list_view.h"
 #include "readings/plot_view.h"
-#include "support/bench_meter.h"
+#include "readings/readings_bench.h"
 
 namespace {
 
@@ -15,14 +16,6 @@ using namespace counter;
 
 constexpr int kHour = 3600;
 constexpr int kWeek = 7 * 24 * kHour;
-
-// A clock whose day goes on with the test's seconds.
-struct DayPump : test::VirtualPump {
-    int Second = 0;
-    WallTime LocalTime() const override {
-        return {2026, 3, 4, Second / kHour % 24, Second / 60 % 60, Second % 60, 0};
-    }
-};
 
 std::string SecondOf(int second) {
     std::string bytes;
@@ -37,10 +30,15 @@ void KeepRunning(ReadingView& view, int second) {
         plot->Controls.Click(plot->cmdContinue);
 }
 
-void Week(const char* name, test::BenchMeterOf<DayPump>& bench, ReadingView& view) {
+template <class View>
+void Week(const char* name) {
+    test::ReadingsBench bench;
+    View view(bench.Program);
+    view.Activate();
+    if constexpr (std::derived_from<View, ChartView>) test::StartChart(view, "1000", "50", "3600");
     std::printf("%-8s", name);
     for (int second = 0; second <= kWeek; ++second) {
-        bench.Pump.Second = second;
+        bench.Pump.SetTimeOfDay(second % (24 * kHour));
         bench.Line.Inject(SecondOf(second));
         KeepRunning(view, second);
         if (second == kHour || second == 24 * kHour || second == kWeek)
@@ -50,34 +48,11 @@ void Week(const char* name, test::BenchMeterOf<DayPump>& bench, ReadingView& vie
     view.Unload();
 }
 
-template <class View>
-void WeekOfChart(const char* name) {
-    test::BenchMeterOf<DayPump> bench;
-    bench.Line.Unplug();
-    bench.SwitchOn();
-    View view(bench.Program);
-    view.Activate();
-    view.Controls.Type(view.txtMidVal, "1000");
-    view.Controls.Type(view.txtSmallVal, "50");
-    view.Controls.Type(view.txtThird, "3600");
-    view.Controls.Click(view.cmdOK);
-    Week(name, bench, view);
-}
-
-void WeekOfList() {
-    test::BenchMeterOf<DayPump> bench;
-    bench.Line.Unplug();
-    bench.SwitchOn();
-    ListView view(bench.Program);
-    view.Activate();
-    Week("List", bench, view);
-}
-
 }  // namespace
 
 int main() {
     std::printf("kB in use after  an hour      a day     a week\n");
-    WeekOfList();
-    WeekOfChart<PlotView>("Plot");
-    WeekOfChart<GraphView>("Graph");
+    Week<ListView>("List");
+    Week<PlotView>("Plot");
+    Week<GraphView>("Graph");
 }

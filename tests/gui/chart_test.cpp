@@ -6,7 +6,7 @@
 #include "platform/qt/widgets/chart_widget.h"
 #include "readings/graph_view.h"
 #include "readings/plot_view.h"
-#include "support/bench_meter.h"
+#include "readings/readings_bench.h"
 #include "support/gui_pump.h"
 
 namespace counter::test {
@@ -21,10 +21,7 @@ struct ChartDesk : BenchMeterOf<GuiPump> {
         Of.Activate();
         Widget.resize(984, 560);
         Widget.show();
-        Of.Controls.Type(Of.txtMidVal, mid);
-        Of.Controls.Type(Of.txtSmallVal, small);
-        Of.Controls.Type(Of.txtThird, third);
-        Of.Controls.Click(Of.cmdOK);
+        StartChart(Of, mid, small, third);
         Line.Inject("rest\r");
         GuiPump::Settle();
     }

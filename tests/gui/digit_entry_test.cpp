@@ -40,8 +40,7 @@ void DoAll(SetupWindow& window, const char* steps) {
 struct Entry {
     const char* Name;
     int Tab;
-    const char* Control;
-    const char* Steps;
+    const char *Control, *Steps;
     int Pos;
     const char* Digits;
     const char* Text;  // of the field

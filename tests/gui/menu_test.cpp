@@ -70,8 +70,7 @@ struct MenuPageBench {
 
 struct PicturedSetup {
     const char* Name;
-    int Version;
-    int ClockMode;
+    int Version, ClockMode;
     std::initializer_list<PutBits> Bits;
 };
 
@@ -219,8 +218,7 @@ TEST(MenuPage, TheKeysMoveAndAskForHelp) {
     EXPECT_FALSE(grid.HasMark()) << "a view opens without a mark";
     const struct {
         Qt::Key Key;
-        int Row;
-        int HelpId;
+        int Row, HelpId;
     } cases[] = {
         {Qt::Key_Down, 2, 2202}, {Qt::Key_Down, 3, 2203},
         {Qt::Key_Up, 2, 2202},   {Qt::Key_End, grid.rowCount(), 2248},

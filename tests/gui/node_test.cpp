@@ -25,16 +25,6 @@ struct NodeDesk : NodeBenchOf<GuiPump> {
         Desk->Window().findChild<QAction*>(name)->trigger();
         GuiPump::Settle();
     }
-    // Status of the process that `action` ends; -1 where it goes on.
-    template <class Action>
-    static int ExitOf(Action action) {
-        try {
-            action();
-        } catch (const ProcessEnded& ended) {
-            return ended.Status;
-        }
-        return -1;
-    }
     std::unique_ptr<Desktop> Desk;
 };
 
@@ -63,13 +53,13 @@ TEST(DesktopNode, LogsInThenWorksTheMeterFromTheHomeView) {
         << "title of another view";
     bench.Desk->GoHome();
     EXPECT_EQ(bench.Title(), "COUNTER MAIN MENU                      Disconnected");
-    EXPECT_EQ(NodeDesk::ExitOf([&] { bench.Choose("mnuExit"); }), 0);
+    EXPECT_EQ(ExitOf([&] { bench.Choose("mnuExit"); }), 0);
     EXPECT_EQ(bench.Net.Both().Tcp.State(), SocketState::Closed);
 }
 
 TEST(DesktopNode, ANodeThatDoesNotCallIsToldAndEndsTheProgram) {
     NodeDesk bench({"login:noreply"});
-    EXPECT_EQ(NodeDesk::ExitOf([&] { bench.Desk->LogIn(); }), kNoNodeExit);
+    EXPECT_EQ(ExitOf([&] { bench.Desk->LogIn(); }), kNoNodeExit);
     ASSERT_EQ(bench.Boxes.Shown.size(), 1U);
     EXPECT_EQ(bench.Boxes.Shown[0].Text, "Ethernet connection interrupted. Restart program.");
 }
@@ -78,7 +68,7 @@ TEST(DesktopNode, WhoClosesTheWindowNeedNotWaitForTheNode) {
     NodeDesk bench({"login:noreply"});
     bench.Pump.After(2500, [&] { bench.OnShow()->findChild<QWidget*>("cmdQuit")->setFocus(); });
     bench.Pump.After(3000, [&] { QTest::keyClick(bench.OnShow()->focusWidget(), Qt::Key_Space); });
-    EXPECT_EQ(NodeDesk::ExitOf([&] { bench.Desk->LogIn(); }), 0);
+    EXPECT_EQ(ExitOf([&] { bench.Desk->LogIn(); }), 0);
     EXPECT_EQ(bench.Net.Both().Tcp.State(), SocketState::Closed);
     EXPECT_LT(bench.Pump.NowMs(), 6000) << "the pauses of closing, not the ten tries";
 }

@@ -47,8 +47,7 @@ TEST(Printing, TheViewIsOnePageThatFitsIt) {
 TEST(Printing, ATextBreaksIntoPages) {
     const struct {
         const char* Name;
-        int Lines;
-        int Pages;
+        int Lines, Pages;
     } cases[] = {{"empty", 0, 1}, {"short", 10, 1}, {"a chapter", 150, 3}};
     for (const auto& c : cases) {
         PrintBench bench;

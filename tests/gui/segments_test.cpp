@@ -67,8 +67,7 @@ TEST(Segments, NoTwoCharactersOfADigitLookAlike) {
 TEST(Segments, ThePainterLightsWhatThePatternNames) {
     const struct {
         SegmentGlyph Glyph;
-        const char* Lit;
-        const char* Ghost;
+        const char *Lit, *Ghost;
     } cases[] = {
         {{' ', false}, "", "abcdefg."}, {{' ', true}, ".", "abcdefg"},  {{'0', false}, "abcdef", "g."},
         {{'1', false}, "bc", "adefg."}, {{'2', true}, "abdeg.", "cf"},  {{'4', false}, "bcfg", "ade."},

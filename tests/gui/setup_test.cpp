@@ -1,22 +1,18 @@
 // The Setup view's window: every control has its widget and follows it, a user reaches and reads all of it.
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QGroupBox>
-#include <QLineEdit>
 #include <QScrollArea>
 #include <set>
 
 #include "platform/qt/widgets/column_list.h"
 #include "support/setup_window.h"
+#include "support/whole.h"
 
 namespace counter::test {
 namespace {
 
 struct GivenSetup {
-    const char* Name;
-    const char* Given;
+    const char *Name, *Given;
 };
 
 // clang-format off
@@ -233,38 +229,6 @@ TEST(SetupPage, TabReachesEveryEnabledControlInReadingOrder) {
     }
 }
 
-class FontScale {
-  public:
-    explicit FontScale(double factor) : before_(QApplication::font()) {
-        QFont font = before_;
-        font.setPointSizeF(font.pointSizeF() * factor);
-        QApplication::setFont(font);
-    }
-    ~FontScale() { QApplication::setFont(before_); }
-
-  private:
-    QFont before_;
-};
-
-void ExpectWhole(const SetupWindow& window, const std::string& when) {
-    for (const QWidget* widget : window.Page->findChildren<QWidget*>()) {
-        const bool text = qobject_cast<const QLabel*>(widget) || qobject_cast<const QComboBox*>(widget) ||
-                          qobject_cast<const QAbstractButton*>(widget) ||
-                          qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QGroupBox*>(widget);
-        // The arrows of a strip of tabs that is too long are no texts.
-        if (!text || !widget->isVisible() || qobject_cast<const QTabBar*>(widget->parentWidget())) continue;
-        const QSize need = widget->minimumSizeHint();
-        EXPECT_TRUE(widget->width() >= need.width() && widget->height() >= need.height())
-            << when << ": " << widget->objectName().toStdString() << " " << QTest::toString(widget->size())
-            << " needs " << QTest::toString(need);
-        EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()))
-            << when << ": " << widget->objectName().toStdString() << " sticks out";
-    }
-    const QTabBar* strip = window.Tabs().tabBar();
-    for (int tab = 0; tab < strip->count(); ++tab)
-        EXPECT_GE(strip->tabRect(tab).width(), strip->fontMetrics().horizontalAdvance(strip->tabText(tab)));
-}
-
 TEST(SetupPage, NothingIsClipped) {
     for (const double factor : {1.0, 1.5, 2.0}) {
         const FontScale font(factor);
@@ -274,7 +238,7 @@ TEST(SetupPage, NothingIsClipped) {
                 window.ClickTab(tab);
                 const std::string when = std::string(setup.Name) + ", tab " + std::to_string(tab) + ", x " +
                                          std::to_string(factor);
-                ExpectWhole(window, when);
+                ExpectWhole(*window.Page, when);
                 auto* scroll = static_cast<QScrollArea*>(window.Tabs().currentWidget());
                 const QSize need = scroll->widget()->minimumSizeHint(), room = scroll->viewport()->size();
                 if (factor == 1.0) {
@@ -290,7 +254,7 @@ TEST(SetupPage, ALargerFontReachesAnOpenPage) {
     SetupWindow window("193=39");
     const FontScale font(1.5);
     window.Pump.Settle();
-    ExpectWhole(window, "larger");
+    ExpectWhole(*window.Page, "larger");
     EXPECT_EQ(static_cast<CaptionRow*>(window.WidgetOf("fraGateTime"))->Caption().width(),
               static_cast<CaptionRow*>(window.WidgetOf("fraPwrOnTot"))->Caption().width());
 }

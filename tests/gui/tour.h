@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QLineEdit>
-#include <QTabBar>
 #include <QTabWidget>
 #include <functional>
 #include <string>
@@ -21,8 +20,7 @@ inline void TourSetup(GuiBench& bench, const TourStop& stop) {
     auto* tabs = bench.Desk->Window().Current()->findChild<QTabWidget*>();
     for (int tab = 0; tab < tabs->count(); ++tab) {
         if (!tabs->isTabEnabled(tab)) continue;
-        QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(tab).center());
-        GuiPump::Settle();
+        bench.ComeToTab(tab);
         stop(window, "setup-" + std::to_string(tab + 1));
         if (tab != 3) continue;
         bench.Click("txtSetpt[1]");
@@ -43,11 +41,7 @@ inline void TourSetup(GuiBench& bench, const TourStop& stop) {
 
 inline void TourReadings(GuiBench& bench, const TourStop& stop) {
     const struct {
-        const char* Entry;
-        const char* Name;
-        const char* Middle;
-        const char* Division;
-        const char* Third;
+        const char *Entry, *Name, *Middle, *Division, *Third;
     } charts[] = {{"mnuPlot", "plot", "500", "20", "60"}, {"mnuGraph", "graph", "500", "30", "20"}};
     for (const auto& chart : charts) {
         bench.Choose(chart.Entry);

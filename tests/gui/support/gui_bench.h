@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QMenu>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 #include <QWidget>
 #include <filesystem>
@@ -42,6 +44,11 @@ struct GuiBench : BenchMeterOf<GuiPump> {
     }
     void Click(const char* name) {
         QTest::mouseClick(Find(name), Qt::LeftButton);
+        GuiPump::Settle();
+    }
+    void ComeToTab(int tab) {
+        QTabBar* strip = Desk->Window().Current()->findChild<QTabWidget*>()->tabBar();
+        QTest::mouseClick(strip, Qt::LeftButton, {}, strip->tabRect(tab).center());
         GuiPump::Settle();
     }
     // The dialog over the window; null where there is none.

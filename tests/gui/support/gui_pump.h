@@ -17,12 +17,6 @@ class GuiPump : public VirtualPump {
             QCoreApplication::processEvents(QEventLoop::AllEvents);
         }
     }
-    // "After 300 ms": the clock goes on by this much, with all that is due in between.
-    void Pass(double ms) {
-        WaitUntil(
-            NowMs() + ms, [] { return false; }, "the test lets time pass");
-    }
-
     // Time of day goes on with the clock, from just after five o'clock.
     WallTime LocalTime() const override {
         WallTime now = VirtualPump::LocalTime();
@@ -41,5 +35,15 @@ class GuiPump : public VirtualPump {
         Settle();
     }
 };
+
+// Status of the process that `action` ends; -1 where it goes on.
+inline int ExitOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const ProcessEnded& ended) {
+        return ended.Status;
+    }
+    return -1;
+}
 
 }  // namespace counter::test

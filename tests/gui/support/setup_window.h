@@ -14,12 +14,6 @@
 
 namespace counter::test {
 
-class CountedBeeps : public RecordedDialogs {
-  public:
-    int Beeps = 0;
-    void Beep() override { ++Beeps; }
-};
-
 struct SetupWindow {
     // "193=21 type=7": digits of the image by position, or the kind of meter.
     explicit SetupWindow(const std::string& given = "") {
@@ -72,7 +66,7 @@ struct SetupWindow {
 
     GuiPump Pump;
     MemoryFiles Store;
-    CountedBeeps Boxes;
+    RecordedDialogs Boxes;
     MeterLine Line{Pump, {}};
     Session Program{Pump, Line, Boxes, {Store, "home"}};
     mutable SetupView View{Program};

@@ -8,8 +8,7 @@ namespace {
 
 TEST(Scale, OfATextThatMeansAFrequencyOr1) {
     const struct {
-        const char* Text;
-        const char* Mantissa;
+        const char *Text, *Mantissa;
         const char* Word;  // of 8507: only the last digit of the exponent goes into it
     } cases[] = {
         // clang-format off

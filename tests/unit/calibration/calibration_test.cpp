@@ -70,8 +70,7 @@ TEST(Calibration, RunsOnWithoutRepliesAndPutsBackWhatItRead) {
 // Nothing tells of a write that the meter did not take: what follows is sent all the same.
 TEST(Calibration, ALostWriteCostsNoMoreThanItsWord) {
     const struct {
-        const char* SilentAt;
-        const char* Words;
+        const char *SilentAt, *Words;
     } cases[] = {
         // clang-format off
         {"W12B0000Z",           "8000FF0186A0 0500 0046"},  // measured with the old factor in the way

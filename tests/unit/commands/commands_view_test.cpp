@@ -47,8 +47,7 @@ const struct {
     const char* Answer;  // in Custom ASCII
     const char* Ascii;
     const char* Modbus;  // empty: disabled
-    const char* Fields;
-    const char* Status;
+    const char *Fields, *Status;
 } kPresses[] = {
     {"cmdItem1",    "", "  12.5", "300 *1B1", "300 :010400030002F6", "[12.5][][][][]", "green Item 1 request sent."},
     {"cmdItem2",    "", " -1",    "300 *1B2", "300 :010400090002F0", "[][-1][][][]",   "green Item 2 request sent."},

@@ -10,8 +10,7 @@ TEST(Prm, ItemsEndAtCommasAndLineEnds) {
     const std::string most(512, 'A'), giant(10'000'000, 'A');
     const struct {
         const char* Name;
-        std::string Content;
-        std::string Items;
+        std::string Content, Items;
     } cases[] = {
         // clang-format off
         {"CR LF",                "12AB\r\n34CD\r\n",    "12AB|34CD"},

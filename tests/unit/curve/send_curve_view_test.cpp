@@ -59,8 +59,7 @@ TEST(SendCurve, SendsTheSecondItemFirstAndReadsBack) {
         const char* Mode;
         bool VFBoard;
         std::string Explained;
-        const char* Of2nd;
-        const char* Of1st;
+        const char *Of2nd, *Of1st;
     } cases[] = {
         // clang-format off
         {"main board",                    3, "81", false, fitted, "L69", "L54"},
@@ -90,8 +89,7 @@ TEST(SendCurve, SendsTheSecondItemFirstAndReadsBack) {
 // The meter keeps what it received, and is not reset.
 TEST(SendCurve, WithoutProofTheMeterIsNotReset) {
     const struct {
-        const char* SilentAt;
-        const char* Content;
+        const char *SilentAt, *Content;
         const char* Has;  // blocks of the meter behind it
         const char* LastFrame;
     } cases[] = {
@@ -119,9 +117,7 @@ TEST(SendCurve, WithoutProofTheMeterIsNotReset) {
 
 TEST(SendCurve, NamesAndFilesThatCannotBeSent) {
     const struct {
-        const char* Name;
-        const char* Path;
-        const char* Box;
+        const char *Name, *Path, *Box;
     } cases[] = {
         // clang-format off
         {"",          "/c/", "| NO NAME ENTERED."},        {"   ",       "/c/", "| NO NAME ENTERED."},

@@ -58,8 +58,7 @@ TEST(Keys, TypeFromBoxToBox) {
     const struct {
         const char* Name;
         FieldCase Field;
-        const char* Keys;
-        const char* Boxes;
+        const char *Keys, *Boxes;
         int Focus, Caret, AtEnd, Beeps;
     } cases[] = {
         // clang-format off

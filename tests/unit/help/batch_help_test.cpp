@@ -11,7 +11,6 @@
 #include "support/memory_files.h"
 
 namespace counter {
-
 namespace {
 
 using test::MemoryFiles;
@@ -47,13 +46,10 @@ TEST(BatchHelp, ShowsNoMoreEntriesThanItsTableHas) {
 }
 
 struct Delivered {
-    const char* Name;
-    const char* File;
+    const char *Name, *File;
     BatchHelpKind Kind;
     std::size_t Entries;
-    const char* First;
-    const char* Third;
-    const char* Summary;
+    const char *First, *Third, *Summary;
     int Chapters;
 };
 
@@ -95,5 +91,4 @@ TEST(BatchHelp, DeliveredTextsAreWhole) {
 }
 
 }  // namespace
-
 }  // namespace counter

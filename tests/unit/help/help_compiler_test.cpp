@@ -4,7 +4,6 @@
 #include "tools/help/help_pairs.h"
 
 namespace help_tool {
-
 namespace {
 
 std::map<int, Pair> Make(const std::string& source, std::vector<Fault>& faults) {
@@ -55,8 +54,7 @@ TEST(HelpCompiler, RefusesWithFileAndLine) {
     const std::string longest(32760, 'x');  // with its title, 32767 characters
     struct {
         const char* Name;
-        std::string Source;
-        std::string Fault;
+        std::string Source, Fault;
     } cases[] = {
         // clang-format off
         {"longest",           "[501] A\n" + longest,                   ""},
@@ -84,5 +82,4 @@ TEST(HelpCompiler, RefusesWithFileAndLine) {
 }
 
 }  // namespace
-
 }  // namespace help_tool

@@ -18,7 +18,6 @@
 #include "support/bench_meter.h"
 
 namespace counter {
-
 namespace {
 
 std::string FileText(const std::string& name) {
@@ -178,5 +177,4 @@ TEST(HelpFiles, CharacterTableKeepsItsColumns) {
 }
 
 }  // namespace
-
 }  // namespace counter

@@ -7,7 +7,6 @@
 #include "support/memory_files.h"
 
 namespace counter {
-
 namespace {
 
 using test::MemoryFiles;
@@ -89,5 +88,4 @@ TEST(HelpSegments, TurnsAtEachMarkAndEndsPlain) {
 }
 
 }  // namespace
-
 }  // namespace counter

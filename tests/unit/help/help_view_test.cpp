@@ -9,7 +9,6 @@
 #include "support/bench_meter.h"
 
 namespace counter {
-
 namespace {
 
 class HelpViewTest : public testing::Test {
@@ -100,5 +99,4 @@ TEST_F(HelpViewTest, VanishesWithoutAWord) {
 }
 
 }  // namespace
-
 }  // namespace counter

@@ -18,17 +18,12 @@ struct QuietBench : BenchMeter {
     }
     Link& L() { return Program.Line; }
     LinkState& State() { return Program.LinkData; }
-    void AnswerAfter(double ms, std::string bytes) {
-        Pump.After(ms, [this, bytes] { Line.Inject(bytes); });
-    }
 };
 
 TEST(Send, WaitsThrowsStaleInputAwayAndFrames) {
     QuietBench bench;
     bench.Line.Inject("stale");
-    const double start = bench.Pump.NowMs();
-    SendAscii(bench.L(), "G130");
-    EXPECT_EQ(bench.Pump.NowMs() - start, 300);
+    EXPECT_EQ(bench.Pump.Took([&] { SendAscii(bench.L(), "G130"); }), 300);
     EXPECT_EQ(bench.Line.Sent().back(), "*1G130\r\n");
     EXPECT_EQ(bench.State().RawReply, "stale");
     EXPECT_EQ(bench.Line.InBufferCount(), 0U);
@@ -51,8 +46,7 @@ TEST(Send, AnExchangeKeepsItsOwnFrameWhateverIsSentDuringItsWaits) {
     const struct {
         const char* Protocol;
         double OtherMs;
-        const char* Frames;
-        const char* RawReply;
+        const char *Frames, *RawReply;
     } cases[] = {
         // clang-format off
         {"SerialProtocol=0", 100, "*1C3\r\n*1B1\r\n",                             " 12345.67"},
@@ -70,7 +64,7 @@ TEST(Send, AnExchangeKeepsItsOwnFrameWhateverIsSentDuringItsWaits) {
             SendCommand(bench.L());
         };
         bench.Pump.After(c.OtherMs, [&] { ask("*1C3", "050004FF00"); });
-        bench.AnswerAfter(750, std::string(c.RawReply) + "\r\n");
+        bench.Line.InjectAfter(750, std::string(c.RawReply) + "\r\n");
         ask("*1B1", "0400030002");
         ReceiveReply(bench.L());
         std::string frames;
@@ -83,12 +77,9 @@ TEST(Send, AnExchangeKeepsItsOwnFrameWhateverIsSentDuringItsWaits) {
 
 TEST(Receive, CustomAsciiReplies) {
     const struct {
-        const char* Name;
-        const char* Command;
-        const char* Reply;
+        const char *Name, *Command, *Reply;
         int LinkError;
-        const char* ReplyText;
-        const char* RawReply;
+        const char *ReplyText, *RawReply;
     } cases[] = {
         {"stray line feed", "G130", "AB12\r\n", 0, "AB12", "AB12"},
         {"odd digit goes", "G130", "ABC\r", 0, "AB", "AB"},
@@ -101,7 +92,7 @@ TEST(Receive, CustomAsciiReplies) {
     for (const auto& c : cases) {
         QuietBench bench;
         bench.State().ReplyText = bench.State().RawReply = "before";
-        bench.AnswerAfter(310, c.Reply);
+        bench.Line.InjectAfter(310, c.Reply);
         AskAscii(bench.L(), c.Command);
         EXPECT_EQ(bench.State().LinkError, c.LinkError) << c.Name;
         EXPECT_EQ(bench.State().ReplyText, c.ReplyText) << c.Name;
@@ -112,18 +103,16 @@ TEST(Receive, CustomAsciiReplies) {
 TEST(Receive, NobodyAnswersFor3000Ms) {
     QuietBench bench;
     bench.State().ReplyText = "49";
-    const double start = bench.Pump.NowMs();
-    AskAscii(bench.L(), "G130");
+    EXPECT_EQ(bench.Pump.Took([&] { AskAscii(bench.L(), "G130"); }), 3300);
     EXPECT_EQ(bench.State().LinkError, 21);
-    EXPECT_EQ(bench.Pump.NowMs() - start, 3300);
+
     EXPECT_EQ(bench.State().ReplyText, "49") << "the reply before stays";
 }
 
 // At 9600 baud the gap is 61.46 ms, at 300 baud 416.67, counted from 200 ms behind the first character.
 TEST(Receive, SilenceLongerThanTheGapEndsAReply) {
     const struct {
-        const char* Name;
-        const char* Baud;
+        const char *Name, *Baud;
         double SecondPieceMs;
         int LinkError;
         double TookMs;
@@ -135,19 +124,17 @@ TEST(Receive, SilenceLongerThanTheGapEndsAReply) {
     };
     for (const auto& c : cases) {
         QuietBench bench({c.Baud});
-        bench.AnswerAfter(310, "12");
-        bench.AnswerAfter(c.SecondPieceMs, "34\r");
-        const double start = bench.Pump.NowMs();
-        AskAscii(bench.L(), "G130");
+        bench.Line.InjectAfter(310, "12");
+        bench.Line.InjectAfter(c.SecondPieceMs, "34\r");
+        EXPECT_NEAR(bench.Pump.Took([&] { AskAscii(bench.L(), "G130"); }), c.TookMs, 0.02) << c.Name;
         EXPECT_EQ(bench.State().LinkError, c.LinkError) << c.Name;
-        EXPECT_NEAR(bench.Pump.NowMs() - start, c.TookMs, 0.02) << c.Name;
     }
 }
 
 TEST(Receive, ALongReplyInPiecesIsOne) {
     QuietBench bench;
-    for (int piece = 0; piece < 100; ++piece) bench.AnswerAfter(310 + piece * 60, "A5");
-    bench.AnswerAfter(310 + 6000, "\r");
+    for (int piece = 0; piece < 100; ++piece) bench.Line.InjectAfter(310 + piece * 60, "A5");
+    bench.Line.InjectAfter(310 + 6000, "\r");
     AskAscii(bench.L(), "XR1AZ");
     EXPECT_EQ(bench.State().LinkError, 0);
     EXPECT_EQ(bench.State().ReplyText.size(), 200U);
@@ -155,8 +142,7 @@ TEST(Receive, ALongReplyInPiecesIsOne) {
 
 TEST(Receive, EchoIsRemovedOrMissed) {
     const struct {
-        const char* Name;
-        const char* Reply;
+        const char *Name, *Reply;
         int LinkError;
     } cases[] = {
         {"echo and reply", "*1G130\r\n49\r", 0},
@@ -166,7 +152,7 @@ TEST(Receive, EchoIsRemovedOrMissed) {
     };
     for (const auto& c : cases) {
         QuietBench bench({"CommsEnabled=2"});
-        bench.AnswerAfter(310, c.Reply);
+        bench.Line.InjectAfter(310, c.Reply);
         AskAscii(bench.L(), "G130");
         EXPECT_EQ(bench.State().LinkError, c.LinkError) << c.Name;
     }
@@ -175,8 +161,7 @@ TEST(Receive, EchoIsRemovedOrMissed) {
 TEST(Receive, ALineThatGoesAwayIs27AtEveryPoint) {
     const struct {
         const char* Name;
-        double GoesMs;
-        double TookMs;
+        double GoesMs, TookMs;
     } cases[] = {
         {"before the first character", 305, 305},
         {"while the first part comes", 400, 510},
@@ -184,12 +169,10 @@ TEST(Receive, ALineThatGoesAwayIs27AtEveryPoint) {
     };
     for (const auto& c : cases) {
         QuietBench bench;
-        bench.AnswerAfter(310, "49");
+        bench.Line.InjectAfter(310, "49");
         bench.Pump.After(c.GoesMs, [&] { bench.Line.GoAway(); });
-        const double start = bench.Pump.NowMs();
-        AskAscii(bench.L(), "G130");
+        EXPECT_NEAR(bench.Pump.Took([&] { AskAscii(bench.L(), "G130"); }), c.TookMs, 0.01) << c.Name;
         EXPECT_EQ(bench.State().LinkError, 27) << c.Name;
-        EXPECT_NEAR(bench.Pump.NowMs() - start, c.TookMs, 0.01) << c.Name;
     }
 }
 
@@ -217,18 +200,14 @@ TEST(Waits, TakeTheirTimes) {
     for (const auto& c : cases) {
         QuietBench bench;
         bench.State().EthernetMode = c.EthernetMode;
-        const double start = bench.Pump.NowMs();
-        c.Wait(bench.L());
-        EXPECT_NEAR(bench.Pump.NowMs() - start, c.Ms, 0.01) << c.Name;
+        EXPECT_NEAR(bench.Pump.Took([&] { c.Wait(bench.L()); }), c.Ms, 0.01) << c.Name;
     }
 }
 
 TEST(Waits, InputEndsTheWaitAndStays) {
     QuietBench bench;
-    bench.AnswerAfter(100, "x");
-    const double start = bench.Pump.NowMs();
-    WaitForInput(bench.L());
-    EXPECT_EQ(bench.Pump.NowMs() - start, 100);
+    bench.Line.InjectAfter(100, "x");
+    EXPECT_EQ(bench.Pump.Took([&] { WaitForInput(bench.L()); }), 100);
     EXPECT_EQ(bench.Line.InBufferCount(), 1U);
     EXPECT_EQ(bench.State().PortFault, 0);
     bench.Line.GoAway();

@@ -96,8 +96,7 @@ TEST(LatestCutter, OneFrameAnArrivalAndTheOldestOfABacklog) {
     const struct {
         const char* Name;
         FrameRules Rules;
-        Texts Arrivals;
-        Texts Frames;
+        Texts Arrivals, Frames;
     } cases[] = {
         {"a frame an arrival",           kPlain,     {"t\r", "+1\r", "+2\r"},               {"+1", "+2"}},
         {"the first cut takes no more",  kPlain,     {"t\r+1\r+2\r", "+3\r", "+4\r"},       {"+1", "+4"}},

@@ -10,8 +10,7 @@ namespace {
 
 TEST(Rtu, FramesAreExact) {
     const struct {
-        const char* Name;
-        const char* Digits;
+        const char *Name, *Digits;
         bool FixedTable;
         const char* Frame;
     } cases[] = {
@@ -31,22 +30,9 @@ TEST(ModbusAscii, FramesAreExact) {
     EXPECT_EQ(FrameModbusAscii("FF"), ":FF01\r\n");
 }
 
-struct Judged {
-    int LinkError;
-    std::string ReplyText;
-};
-
-Judged Rtu(const char* hex, bool fixedTable = true) {
-    LinkState link;
-    link.CrcTableFixed = fixedTable;
-    JudgeRtu(link, TextOfHex(hex));
-    return {link.LinkError, link.ReplyText};
-}
-
 TEST(Rtu, RepliesAreJudged) {
     const struct {
-        const char* Name;
-        const char* Bytes;
+        const char *Name, *Bytes;
         bool FixedTable;
         int LinkError;
     } cases[] = {
@@ -61,15 +47,17 @@ TEST(Rtu, RepliesAreJudged) {
         {"only a check of nothing", "FFFF", true, 0},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(Rtu(c.Bytes, c.FixedTable).LinkError, c.LinkError) << c.Name;
-        EXPECT_EQ(Rtu(c.Bytes, c.FixedTable).ReplyText, c.Bytes) << c.Name;
+        LinkState link;
+        link.CrcTableFixed = c.FixedTable;
+        JudgeRtu(link, TextOfHex(c.Bytes));
+        EXPECT_EQ(link.LinkError, c.LinkError) << c.Name;
+        EXPECT_EQ(link.ReplyText, c.Bytes) << c.Name;
     }
 }
 
 TEST(ModbusAscii, RepliesAreJudged) {
     const struct {
-        const char* Name;
-        const char* Text;
+        const char *Name, *Text;
         int LinkError;
         const char* ReplyText;
     } cases[] = {

@@ -16,11 +16,6 @@ using Words = std::vector<std::string>;
 
 const std::string kKeepAlive = TextOfHex("0080A30102035A93D1C07E42010105FF");
 
-void Pass(NodeBench& bench, double ms) {
-    bench.Pump.WaitUntil(
-        bench.Pump.NowMs() + ms, [] { return false; }, "test");
-}
-
 TEST(Login, TakesAsManyTriesAsItNeeds) {
     const struct {
         const char* Name;
@@ -36,10 +31,8 @@ TEST(Login, TakesAsManyTriesAsItNeeds) {
     };
     for (const auto& c : cases) {
         NodeBench bench({}, c.Faults);
-        const double start = bench.Pump.NowMs();
-        EXPECT_TRUE(bench.LogIn()) << c.Name;
+        EXPECT_EQ(bench.Pump.Took([&] { EXPECT_TRUE(bench.LogIn()) << c.Name; }), c.Ms) << c.Name;
         EXPECT_EQ(bench.Net.Datagrams.size(), c.Tries) << c.Name;
-        EXPECT_EQ(bench.Pump.NowMs() - start, c.Ms) << c.Name;
         EXPECT_EQ(bench.State().NodeFirstRun, 0) << c.Name;
     }
 }
@@ -48,9 +41,7 @@ TEST(Login, GivesUpAfterTenTriesOfTheSameDatagram) {
     NodeBench bench({"NodeUdpPort=1234"}, {"login:noreply"});
     std::vector<int> tries;
     bench.Program.Node.TryBegins = [&](int number) { tries.push_back(number); };
-    const double start = bench.Pump.NowMs();
-    EXPECT_FALSE(bench.LogIn());
-    EXPECT_EQ(bench.Pump.NowMs() - start, 40000);
+    EXPECT_EQ(bench.Pump.Took([&] { EXPECT_FALSE(bench.LogIn()); }), 40000);
     EXPECT_EQ(tries, (std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10}));
     ASSERT_EQ(bench.Net.Datagrams.size(), 10U);
     for (const auto& [to, bytes] : bench.Net.Datagrams) {
@@ -64,13 +55,13 @@ TEST(Login, GivesUpAfterTenTriesOfTheSameDatagram) {
 TEST(Login, TheFirstCallerIsTakenWhoeverItIs) {
     NodeBench twice({}, {"login:twice"});
     EXPECT_TRUE(twice.LogIn());
-    Pass(twice, 100);
+    twice.Pump.Pass(100);
     EXPECT_EQ(twice.Net.Refused, 1);
 
     NodeBench stranger({}, {"login:late=1000"});
     stranger.Pump.After(500, [&] { stranger.Net.StrangerCalls(); });
     EXPECT_TRUE(stranger.LogIn());
-    Pass(stranger, 1000);
+    stranger.Pump.Pass(1000);
     EXPECT_EQ(stranger.Net.Refused, 1) << "the node finds nobody";
 }
 
@@ -79,15 +70,15 @@ TEST(KeepAlive, GoesOutEvery14thTickWhileConnected) {
     int ticks = 0;
     bench.Program.Node.Ticked = [&] { ++ticks; };
     ASSERT_TRUE(bench.LogIn());
-    Pass(bench, 13999);
+    bench.Pump.Pass(13999);
     EXPECT_TRUE(bench.Net.Sent.empty());
     EXPECT_EQ(ticks, 13);
-    Pass(bench, 28001);
+    bench.Pump.Pass(28001);
     EXPECT_EQ(bench.Net.Sent, (Words{kKeepAlive, kKeepAlive, kKeepAlive}));
     EXPECT_EQ(bench.Net.TheNode().Told().back(), "keep-alive");
     EXPECT_EQ(bench.State().NodeReply, "") << "the status frame that answers is dropped";
     bench.Net.Break();
-    Pass(bench, 30000);
+    bench.Pump.Pass(30000);
     EXPECT_EQ(bench.Net.Sent.size(), 3U);
     EXPECT_EQ(ticks, 72) << "the title still follows";
 }

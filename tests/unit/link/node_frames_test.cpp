@@ -28,8 +28,7 @@ TEST(NodeFrames, AsTheNodeReadsThem) {
 
 TEST(NodeFrames, AStatusFrameIsKnownByLengthTokenAndMark) {
     const struct {
-        const char* Name;
-        const char* Digits;
+        const char *Name, *Digits;
         bool Status;
     } cases[] = {
         // clang-format off

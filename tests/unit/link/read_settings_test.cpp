@@ -75,23 +75,22 @@ TEST(BringUp, MeterType7IsRememberedForEver) {
 
 TEST(BringUp, Refusals) {
     const std::string path = "home/Settings.SSS";
-    BenchMeter missing;
-    missing.Store.Contents.clear();
-    EXPECT_EQ(missing.SwitchOn().Text(), path + ": No such file or directory");
-
-    BenchMeter baud;
-    baud.Store.Contents[path] = "3901000100100831010000\r\n\r\n";
-    EXPECT_EQ(baud.SwitchOn().Text(), path + ": the baud digit, position 2 of line 1, is none of 0 to 6");
-
-    BenchMeter protocol;
-    protocol.Store.Contents[path] = "3501300100100831010000\r\n\r\n";
-    EXPECT_EQ(protocol.SwitchOn().Text(),
-              path + ": the protocol digit, position 5 of line 1, is none of 0 to 2");
-
-    BenchMeter parity;
-    parity.Store.Contents[path] = "3501190100100831010000\r\n\r\n";
-    EXPECT_EQ(parity.SwitchOn().Text(), path + ": the parity digit, position 6 of line 1, is none of 0 to 2");
-
+    const struct {
+        const char *Line1, *Text;  // null: there is no file
+    } cases[] = {
+        // clang-format off
+        {nullptr,                  "No such file or directory"},
+        {"3901000100100831010000", "the baud digit, position 2 of line 1, is none of 0 to 6"},
+        {"3501300100100831010000", "the protocol digit, position 5 of line 1, is none of 0 to 2"},
+        {"3501190100100831010000", "the parity digit, position 6 of line 1, is none of 0 to 2"},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        BenchMeter bench;
+        bench.Store.Contents.clear();
+        if (c.Line1) bench.Store.Contents[path] = std::string(c.Line1) + "\r\n\r\n";
+        EXPECT_EQ(bench.SwitchOn().Text(), path + ": " + c.Text);
+    }
     BenchMeter port;
     port.Line.NextOpen = {StatusKind::NotFound, "home/ports/com1", "No such file or directory"};
     EXPECT_EQ(port.SwitchOn().Text(), "home/ports/com1: No such file or directory");

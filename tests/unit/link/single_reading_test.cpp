@@ -13,8 +13,7 @@ TEST(ReadSingle, LeavesTheTextInRawReply) {
         const char* Name;
         ReadingKind Kind;
         bool Modbus;
-        const char* Answer;
-        const char* RawReply;
+        const char *Answer, *RawReply;
         int LinkError = 0;
     } cases[] = {
         // clang-format off

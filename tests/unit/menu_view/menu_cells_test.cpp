@@ -12,8 +12,7 @@ namespace {
 struct CellCase {
     const char* Name;
     std::vector<Patch> Patches;
-    const char* Row;
-    const char* Cells;
+    const char *Row, *Cells;
 };
 
 void ExpectAll(const std::vector<CellCase>& cases) {
@@ -68,8 +67,7 @@ TEST(MenuCells, ShowTheFieldOfEachItem) {
         digits.push_back(HexNumber(static_cast<unsigned>(pos), 6));
     for (const std::string& field : digits) patches.push_back({static_cast<int>(ParseHex(field)), field});
     const struct {
-        const char* Digits197;
-        const char* Digits199;
+        const char *Digits197, *Digits199;
         std::vector<std::pair<const char*, int>> Rows;
     } cases[] = {
         {"00", "00", {{"OFFSt1", 37}, {"OFFSt2", 25}, {"dEUn1b", 19}, {"dEUn2b", 13}, {"dEUn3b", 211}, {"dEUn4b", 205},
@@ -132,12 +130,11 @@ TEST(MenuCells, FollowTheRulesOfDigits) {
 }
 
 TEST(MenuCells, NamesCarryTheMarkOfADeviation) {
-    struct Case {
+    const struct {
         const char *Digits201, *Digits229;
         int Version;
         const char* Names;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"00", "08", 83, "dEUn1b|dEUn2b|dEUn3H|dEUn4b"},
         {"08", "10", 83, "dEUn1H|dEUn2b|dEUn3b|dEUn4H"},
         {"10", "20", 83, "dEUn1b|dEUn2H|dEUn3b|dEUn4b"},
@@ -155,9 +152,7 @@ TEST(MenuCells, NamesCarryTheMarkOfADeviation) {
 
 TEST(MenuCells, OfMultipliers) {
     const struct {
-        const char* Digits165;
-        const char* Scale1;
-        const char* Scale2;
+        const char *Digits165, *Scale1, *Scale2;
     } cases[] = {
         {"50", " 0.| 0| 0| 0| 0| 1", "  |  |  |  |  | 1"},
         {"14", "  |  |  |  | 0.| 1", "  | 0.| 0| 0| 0| 1"},

@@ -11,8 +11,7 @@ namespace {
 
 struct Pair {
     const char* Board;  // digits of byte 193, with the two-relay and RS232 boards of the default setup
-    int Mode;
-    int Function;
+    int Mode, Function;
     const char* InPut;   // spelling of the Mode
     const char* Beside;  // and of the Function
     const char* Items;   // between dSPyno and SourcE

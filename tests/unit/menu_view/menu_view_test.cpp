@@ -68,11 +68,7 @@ TEST(MenuView, AMeterWithoutPanelHasTheAnalogBoardOfItsVersion) {
 
 TEST(MenuView, HelpFollowsTheRowCode) {
     const struct {
-        int Code;
-        int AnalogOption;
-        int ProtocolCode;
-        int Primary;
-        int Secondary;
+        int Code, AnalogOption, ProtocolCode, Primary, Secondary;
     } cases[] = {
         {1, 2, 1, 2201, 2201},  {42, 2, 0, 2242, 2242}, {43, 2, 0, 2244, 2244}, {43, 2, 1, 2243, 2243},
         {36, 4, 0, 2236, 2236}, {37, 4, 0, 2235, 2235}, {44, 4, 0, 2243, 2243}, {44, 4, 2, 2242, 2242},

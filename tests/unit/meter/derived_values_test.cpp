@@ -12,13 +12,12 @@ namespace counter {
 namespace {
 
 TEST(NormaliseModeFunction, MakesThePairLegal) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         int InputOption, Extended, Mode, Function;
         std::array<int, 3> After;  // Mode, Function, word
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"mode 3 becomes rate",            1, 1,  3,  5,   {0,  0, 0x4144}},
         {"V-F mode on signal cond.",       1, 1,  8,  1,   {0,  0, 0x4144}},
         {"function 0 has no name",         1, 1,  4,  0,   {4,  1, 0x5C24}},
@@ -36,7 +35,7 @@ TEST(NormaliseModeFunction, MakesThePairLegal) {
         {"unknown board, no function",     5, 1,  1,  9,   {1,  1, 0x4C94}},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         DerivedValues values{c.InputOption, c.Mode, c.Function, c.Extended};
         NormaliseModeFunction(values, 83);
         EXPECT_EQ((std::array{values.ModeIndex, values.FunctionIndex, values.ModeWord}), c.After) << c.Name;
@@ -57,12 +56,11 @@ SetupImage Counting(int modeAndFunction, int displayType) {
 }
 
 TEST(Sources, FollowModeAndDisplayType) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         int ModeAndFunction, DisplayType, Sources;  // tens: filtered item, units: items
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"total A, normal",             0x21, 0, 1},
         {"total A, first of 1 to 5",    0x21, 1, 2},
         {"total A, remote",             0x21, 6, 1},
@@ -71,7 +69,7 @@ TEST(Sources, FollowModeAndDisplayType) {
         {"batch",                       0x02, 1, 33},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         DerivedValues values = DeriveFromImage(Counting(c.ModeAndFunction, c.DisplayType), 83);
         EXPECT_EQ(values.FilteredItem * 10 + values.SourceItems, c.Sources) << c.Name;
     }
@@ -90,14 +88,13 @@ TEST(Sources, ThatArentOfferedAreItem1) {
 }
 
 TEST(Items, LayoutCountAndPointsFollowTheMode) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         int ModeAndFunction, Level, Count;
         std::array<int, 4> Points;  // with Decimal Point 1 at code 2 and 2 at code 5
         int Group2;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"one item",                 0x01, 0, 1, {2, 2, 5, 0}, 5},
         {"two items by flag",        0x00, 0, 2, {2, 2, 5, 0}, 5},
         {"two items by Function 3",  0x03, 0, 2, {2, 2, 5, 0}, 5},
@@ -107,7 +104,7 @@ TEST(Items, LayoutCountAndPointsFollowTheMode) {
         {"word 0 in Mode 5",         0x53, 0, 2, {2, 2, 5, 0}, 5},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         DerivedValues values = DeriveFromImage(Counting(c.ModeAndFunction, 0), 83);
         EXPECT_EQ(std::pair(values.ItemLevel, values.ItemCount), std::pair(c.Level, c.Count)) << c.Name;
         EXPECT_EQ(values.ItemDecPts, c.Points) << c.Name;
@@ -116,13 +113,12 @@ TEST(Items, LayoutCountAndPointsFollowTheMode) {
 }
 
 TEST(Boxes, ShowPresetOrCutoffByMode) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         int InputCode, ModeAndFunction, DisplayType;
         std::array<int, 3> Shown;  // preset, cutoff, clock mode
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"up and down count",              1, 0x24, 0, {1, 0, 0}},
         {"up and down control",            1, 0x29, 5, {1, 0, 0}},
         {"remote display: time out",       1, 0x24, 6, {0, 0, 0}},
@@ -134,7 +130,7 @@ TEST(Boxes, ShowPresetOrCutoffByMode) {
         {"clock display of another mode",  1, 0x00, 5, {0, 0, 0}},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SetupImage image = Counting(c.ModeAndFunction, c.DisplayType);
         BytePut(image, 193, c.InputCode);
         DerivedValues values = DeriveFromImage(image, 83);
@@ -144,13 +140,12 @@ TEST(Boxes, ShowPresetOrCutoffByMode) {
 }
 
 TEST(Boards, AreReadFromTheirBits) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         int Byte193, Byte143, MeterType, Version;
         std::array<int, 3> Boards;  // relay, comm, analog
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"raw 1 is four relays",    0x28, 2, 3, 83, {2, 1, 2}},
         {"raw 3 of both",           0x78, 1, 3, 83, {1, 2, 1}},
         {"from type 5 two relays",  0x20, 0, 5, 83, {1, 0, 0}},
@@ -160,7 +155,7 @@ TEST(Boards, AreReadFromTheirBits) {
         {"from 74 as stored",       0x00, 4, 3, 74, {0, 0, 4}},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SetupImage image = With({{193, c.Byte193}, {143, c.Byte143}, {235, c.MeterType}});
         DerivedValues values = DeriveFromImage(image, c.Version);
         EXPECT_EQ((std::array{values.RelayOption, values.CommOption, values.AnalogOption}), c.Boards)
@@ -171,18 +166,17 @@ TEST(Boards, AreReadFromTheirBits) {
 }
 
 TEST(DeviationCode, MeansSpanFrom82On) {
-    struct Case {
+    // clang-format off
+    const struct {
         int Code, Version;
         std::tuple<int, int, bool> Meaning;  // types of alarms 1 and 2, not in menu
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {0, 82, {0, 0, false}}, {1, 82, {1, 0, false}}, {2, 82, {0, 1, false}}, {3, 82, {1, 1, false}},
         {4, 82, {0, 0, true}},  {5, 82, {2, 0, false}}, {6, 82, {2, 1, false}}, {7, 82, {2, 2, false}},
         {3, 81, {1, 1, false}}, {4, 81, {0, 0, true}},  {5, 81, {1, 0, true}},  {7, 81, {1, 1, true}},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         DeviationCode code = DeviationFromCode(c.Code, c.Version);
         EXPECT_EQ(std::tuple(code.Type1, code.Type2, code.NotInMenu), c.Meaning)
             << c.Code << " at " << c.Version;

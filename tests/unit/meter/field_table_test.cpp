@@ -10,13 +10,12 @@ namespace {
 // Samples written from the meter's memory, not from the table.
 
 TEST(FieldTable, KnowsValueFields) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         Field Handle;
         int Pos, Code, Digits;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"Analog Hi Range Reading", Field::AnalogHi, 1, 2, 6}, {"Deviation 2", Field::Deviation2, 13, 2, 6},
         {"Offset 2",     Field::Offset2,   25, 2, 6}, {"Preset",          Field::Preset,       25, 2, 6},
         {"Scale 1",      Field::Scale1,    43, 3, 6}, {"Setpoint 1",      Field::Setpoint1,    55, 2, 6},
@@ -29,7 +28,7 @@ TEST(FieldTable, KnowsValueFields) {
         {"Calibration, Parts per Million", Field::Calibration, 137, 1, 4},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const FieldRow& row = RowOf(c.Handle);
         EXPECT_EQ(FieldName(c.Handle), c.Name);
         EXPECT_EQ((std::array{row.Pos, row.ValueCode, row.Digits}), (std::array{c.Pos, c.Code, c.Digits}))
@@ -38,14 +37,13 @@ TEST(FieldTable, KnowsValueFields) {
 }
 
 TEST(FieldTable, KnowsBitFields) {
-    struct Case {
+    // clang-format off
+    const struct {
         Field Handle;
         const char* Name;
         int Pos, HiBit, LoBit;
         const char* FirstAndLastEntry;  // with "|" between; none for a number
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {Field::ModbusTimeout,      "Modbus Timeout",        109, 5, 4, "  1 Sec| 10 Sec"},
         {Field::Parity,             "Parity",                109, 1, 0, " None| Even"},
         {Field::ModbusAddress,      "Modbus Address",        111, 7, 0, ""},
@@ -77,7 +75,7 @@ TEST(FieldTable, KnowsBitFields) {
         {Field::Alarm4State,        "Alarm 4 State",         231, 3, 2, " Active High| Disabled"},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const FieldRow& row = RowOf(c.Handle);
         EXPECT_EQ(FieldName(c.Handle), c.Name);
         EXPECT_EQ((std::array{row.Pos, row.HiBit, row.LoBit}), (std::array{c.Pos, c.HiBit, c.LoBit}))

@@ -15,7 +15,8 @@ SetupImage DefaultWith(int pos, std::string_view digits) {
 }
 
 TEST(FieldValue, ReadsAsPeopleSayIt) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         int Pos;
         const char* Digits;
@@ -23,9 +24,7 @@ TEST(FieldValue, ReadsAsPeopleSayIt) {
         const char* Text;
         bool IsNumber;
         int Number;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"list",                       191, "50", Field::BaudRate,      "9600",              false,   5},
         {"code without entry",         191, "70", Field::BaudRate,      "7",                 true,    7},
         {"mode",                       199, "50", Field::Mode,          "Stopwatch",         false,   5},
@@ -44,7 +43,7 @@ TEST(FieldValue, ReadsAsPeopleSayIt) {
         {"carried byte",               153, "2E", Field::Carried153,    "2E",                false,   0},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         FieldValue value = ValueOfField(DefaultWith(c.Pos, c.Digits), c.Handle);
         EXPECT_EQ(value.Text, c.Text) << c.Name;
         EXPECT_EQ(value.IsNumber, c.IsNumber) << c.Name;
@@ -57,7 +56,8 @@ TEST(FieldValue, ReadsAsPeopleSayIt) {
 
 // Digits at two positions of the default setup, and what a field then reads.
 TEST(FieldValue, FollowsVersionDisplayAndMode) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         int Pos1;
         const char* Digits1;
@@ -65,9 +65,7 @@ TEST(FieldValue, FollowsVersionDisplayAndMode) {
         const char* Digits2;
         Field Handle;
         const char* Text;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"control inputs 8 before 78",  233, "4D", 197, "08", Field::ControlInputs,
                                         "Hold              External Gate       Function Reset"},
         {"control inputs 9 before 78",  233, "4D", 197, "09", Field::ControlInputs,
@@ -87,7 +85,7 @@ TEST(FieldValue, FollowsVersionDisplayAndMode) {
         {"clock of a stopwatch",        199, "50", 185, "54", Field::Offset2,        "+00. 00. 00"},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SetupImage image = DefaultWith(c.Pos1, c.Digits1);
         DigitsPut(image, c.Pos2, c.Digits2);
         EXPECT_EQ(ValueOfField(image, c.Handle).Text, c.Text) << c.Name;
@@ -99,15 +97,14 @@ TEST(FieldValue, FollowsVersionDisplayAndMode) {
 }
 
 TEST(FieldValue, TakesThePointOfTheSetupView) {
-    struct Case {
-        const char *Name, *ModeAndFunction;
-        Field Handle;
-        const char* Text;
-    };
     // Decimal Point 1 is code 2 and 2 is code 5; alarm 1 has the filtered item, alarm 2 Item 1, alarm 3
     // Item 2, alarm 4 Item 3; the analog outputs have Item 2 and Item 1.
     // clang-format off
-    const Case cases[] = {
+    const struct {
+        const char *Name, *ModeAndFunction;
+        Field Handle;
+        const char* Text;
+    } cases[] = {
         {"offset 2",                      "00", Field::Offset2,     "+00.0000"},
         {"preset",                        "24", Field::Preset,      "+00000.0"},
         {"group 2, layout 2",             "0B", Field::HighRead2,   "+01000.0"},
@@ -124,7 +121,7 @@ TEST(FieldValue, TakesThePointOfTheSetupView) {
         {"analog output 2 on Item 1",     "00", Field::Analog2Hi,   "+01000.0"},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SetupImage image = DefaultWith(151, "52");
         DigitsPut(image, 167, "12");
         DigitsPut(image, 169, "1B");

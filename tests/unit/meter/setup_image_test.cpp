@@ -9,13 +9,12 @@ namespace counter {
 namespace {
 
 TEST(BitsPut, KeepsTheOtherBitsAndSpillsUpwards) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         int HiBit, LoBit, Pos, Value;
         const char *Before, *After;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"middle bits",              5, 3, 171,   4, "00", "20"},
         {"one digit keeps its zero", 3, 0, 199,   7, "00", "07"},
         {"lower case is read",       3, 0, 199,   1, "c3", "C1"},
@@ -25,7 +24,7 @@ TEST(BitsPut, KeepsTheOtherBitsAndSpillsUpwards) {
         {"no bits at all",           1, 3, 171,   0, "A5", "A5"},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SetupImage image = With(c.Pos, c.Before);
         BitsPut(image, c.HiBit, c.LoBit, c.Pos, c.Value);
         EXPECT_EQ(image.SetupData, With(c.Pos, c.After).SetupData) << c.Name;
@@ -33,14 +32,13 @@ TEST(BitsPut, KeepsTheOtherBitsAndSpillsUpwards) {
 }
 
 TEST(BitsGet, RightAlignsTheField) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         int HiBit, LoBit;
         const char* Byte;
         int Value;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"bit 7 clear",         7, 7, "49",   0},
         {"bit 7 set",           7, 7, "C9",   1},
         {"whole byte",          7, 0, "FE", 254},
@@ -48,7 +46,7 @@ TEST(BitsGet, RightAlignsTheField) {
         {"first digit damaged", 7, 0, "G9",   0},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         EXPECT_EQ(BitsGet(With(171, c.Byte), c.HiBit, c.LoBit, 171), c.Value) << c.Name;
     }
 }

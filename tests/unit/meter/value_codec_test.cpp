@@ -17,7 +17,8 @@ constexpr ValueContext kVf1mA{2, 9, 0};
 constexpr int kPos = 37;  // any position but 137
 
 TEST(ValueDecode, ShowsTheFieldAsTheMeterDoes) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         ValueContext Context;
         int Code, Pos;
@@ -25,9 +26,7 @@ TEST(ValueDecode, ShowsTheFieldAsTheMeterDoes) {
         int DecPt;
         const char* Text;
         int PointUsed;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"scale, menu cell",           kPlain, 13, kPos, "0186A0", 6, " 1.00000",  6},
         {"magnitude above 999999",     kPlain,  3, kPos, "0FFFFF", 6, " +0.48575", 6},
         {"negative, menu cell",        kPlain, 12, kPos, "FFD8F0", 2, "-01000.0",  2},
@@ -50,7 +49,7 @@ TEST(ValueDecode, ShowsTheFieldAsTheMeterDoes) {
         {"damaged calibration",        kPlain,  1, 137,  "G064",   1, " +00000.",  1},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         int decPt = c.DecPt;
         EXPECT_EQ(ValueDecode(With(c.Pos, c.Digits), c.Context, c.Code, c.Pos, decPt), c.Text) << c.Name;
         EXPECT_EQ(decPt, c.PointUsed) << c.Name;
@@ -65,14 +64,13 @@ TEST(ValueDecode, TakesWhatAShortImageHas) {
 }
 
 TEST(ValueEncode, StoresWhatWasEntered) {
-    struct Case {
+    // clang-format off
+    const struct {
         const char* Name;
         ValueContext Context;
         int Code;
         const char *Text, *Digits;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
         {"scale",                     kPlain, 3, "+1.00000",  "0186A0"},
         {"negative scale",            kPlain, 3, "-1.00000",  "8186A0"},
         {"negative zero of code 3",   kPlain, 3, "-0.00000",  "800000"},
@@ -90,7 +88,7 @@ TEST(ValueEncode, StoresWhatWasEntered) {
         {"no digits",                 kPlain, 2, "+abc",      "000000"},
     };
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SetupImage image = With(kPos, c.Code < 2 ? "AAAA" : "AAAAAA");
         ValueEncode(image, c.Context, c.Code, kPos, c.Text);
         EXPECT_EQ(image.SetupData, With(kPos, c.Digits).SetupData) << c.Name;

@@ -27,6 +27,19 @@ class QtFilesTest : public testing::Test {
         return names;
     }
 
+    // While no file may grow beyond ten bytes.
+    static Status OnFullDisk(const std::function<Status()>& act) {
+        rlimit former = {};
+        getrlimit(RLIMIT_FSIZE, &former);
+        const auto formerAction = signal(SIGXFSZ, SIG_IGN);
+        const rlimit small = {10, former.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        const Status status = act();
+        setrlimit(RLIMIT_FSIZE, &former);
+        signal(SIGXFSZ, formerAction);
+        return status;
+    }
+
     const TempFolder folder_;
     QtFiles files_;
 };
@@ -76,14 +89,7 @@ TEST_F(QtFilesTest, AFileWithoutAnEndIsRefused) {
 
 TEST_F(QtFilesTest, WriteThatFailsHalfwayLeavesTheOldFileAlone) {
     ASSERT_TRUE(files_.Write(folder_.At("a"), "old").Ok());
-    rlimit former = {};
-    getrlimit(RLIMIT_FSIZE, &former);
-    const auto formerAction = signal(SIGXFSZ, SIG_IGN);
-    const rlimit small = {10, former.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    const Status status = files_.Write(folder_.At("a"), "more than ten bytes");
-    setrlimit(RLIMIT_FSIZE, &former);
-    signal(SIGXFSZ, formerAction);
+    const Status status = OnFullDisk([&] { return files_.Write(folder_.At("a"), "more than ten bytes"); });
     EXPECT_EQ(status.Text(), folder_.At("a") + ": File too large");
     EXPECT_EQ(Content("a"), "old");
     EXPECT_EQ(Names(), NameList{"a"});
@@ -109,14 +115,7 @@ TEST_F(QtFilesTest, AdditionsGoToTheEndAndHalfALineIsTakenBack) {
     ASSERT_TRUE(files_.Append(folder_.At("log"), "one\n").Ok());
     ASSERT_TRUE(files_.Append(folder_.At("log"), "two\n").Ok());
     EXPECT_EQ(Content("log"), "one\ntwo\n");
-    rlimit former = {};
-    getrlimit(RLIMIT_FSIZE, &former);
-    const auto formerAction = signal(SIGXFSZ, SIG_IGN);
-    const rlimit small = {10, former.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    const Status status = files_.Append(folder_.At("log"), "three\n");
-    setrlimit(RLIMIT_FSIZE, &former);
-    signal(SIGXFSZ, formerAction);
+    const Status status = OnFullDisk([&] { return files_.Append(folder_.At("log"), "three\n"); });
     EXPECT_EQ(status.Text(), folder_.At("log") + ": File too large");
     EXPECT_EQ(Content("log"), "one\ntwo\n");
     EXPECT_EQ(files_.Append(folder_.At("none/log"), "x").Kind, StatusKind::NotFound);

@@ -86,9 +86,9 @@ TEST(Lives, PressesWhileARunStarts) {
         c.Open(desk);
         EXPECT_EQ(desk.Line.Sent().back().starts_with("*1A0"), c.MeterSendsOn) << c.Name;
         const std::size_t before = desk.Plot.Chart.Record().size();
-        desk.After(100);
+        desk.Pump.Pass(100);
         EXPECT_EQ(desk.Plot.Chart.Record().size() > before, c.Draws) << c.Name;
-        desk.After(3000);
+        desk.Pump.Pass(3000);
         EXPECT_EQ(desk.Line.InBufferCount() == 0, c.MeterSendsOn) << c.Name << ": who sends is listened to";
     }
 }

@@ -65,8 +65,8 @@ TEST(PlotView, HeightsAndRails) {
 }
 
 TEST(PlotView, HalvesOfDecimalNumbersGoToTheEvenHeight) {
-    const std::pair<const char*, double> cases[] = {
-        {"12.305", 0}, {"12.315", 2}, {"12.325", 2}, {"12.285", -2}, {"12.3151", 2}, {"12.3249", 2}};
+    const std::pair<const char*, double> cases[] = {{"12.305", 0},  {"12.315", 2},  {"12.325", 2},
+                                                    {"12.285", -2}, {"12.3151", 2}, {"12.3249", 2}};
     for (const auto& [reading, height] : cases) {
         PlotDesk desk("12.3", "0.1");
         desk.Start();
@@ -79,7 +79,7 @@ TEST(PlotView, TheClockStartsAtTheFirstReadingAndStandsInAPause) {
     PlotDesk desk("0", "1", "-10");  // works as 10
     desk.Start();
     for (Control* button : {&desk.View.cmdPause, &desk.View.cmdContinue}) {
-        desk.After(5000);
+        desk.Pump.Pass(5000);
         Press(desk.View, *button);
     }
     desk.MeterSends(0, "rest");

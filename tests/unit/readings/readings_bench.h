@@ -44,13 +44,9 @@ struct ReadingsBench {
         Program.LinkData.MeterAddressChar = '1';
         Pump.SetTimeOfDay(36'000);
     }
-    void After(double ms) {
-        Pump.WaitUntil(
-            Pump.NowMs() + ms, [] { return false; }, "test");
-    }
     // A reading, `ms` after the last thing that happened.
     void MeterSends(double ms, const std::string& reading) {
-        After(ms);
+        Pump.Pass(ms);
         Line.Inject(reading + "\r");
     }
     // What has been sent since the last call.
@@ -78,6 +74,11 @@ inline void TypeScale(ChartView& view, const char* mid, const char* small, const
     view.Controls.Type(view.txtMidVal, mid);
     view.Controls.Type(view.txtSmallVal, small);
     view.Controls.Type(view.txtThird, third);
+}
+
+inline void StartChart(ChartView& view, const char* mid, const char* small, const char* third) {
+    TypeScale(view, mid, small, third);
+    Press(view, view.cmdOK);
 }
 
 }  // namespace counter::test

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "settings/settings_keys.h"
 
 namespace counter {
@@ -10,9 +12,7 @@ namespace {
 
 TEST(Normalise, Lines) {
     const struct {
-        const char* Name;
-        const char* Line;
-        const char* Expected;
+        const char *Name, *Line, *Expected;
     } cases[] = {
         {"old format of 17", "35010001001008310", "3501000100100831010000"},
         {"20 characters", "35010001001008310123", "3501000100100831012300"},
@@ -25,10 +25,7 @@ TEST(Normalise, Lines) {
 
 TEST(Split, LineEndsAndCommas) {
     const struct {
-        const char* Name;
-        const char* Text;
-        const char* Line1;
-        const char* Line2;
+        const char *Name, *Text, *Line1, *Line2;
     } cases[] = {
         {"as written", "abc\r\ndef\r\n", "abc", "def"},
         {"without CR", "abc\ndef", "abc", "def"},
@@ -74,8 +71,7 @@ TEST(Parse, EachFieldOfALine) {
 
 TEST(Parse, SingleCharacters) {
     const struct {
-        const char* Name;
-        const char* Line;
+        const char *Name, *Line;
         int Settings::*Member;
         int Expected;
     } cases[] = {
@@ -104,26 +100,18 @@ TEST(Parse, AddressAbove31KeepsCharAndLabel) {
 }
 
 TEST(Parse, NodeMeansEthernetUnlessAllZeroOrAllF) {
-    const struct {
-        const char* Line2;
-        int Expected;
-    } cases[] = {
-        {"2711000000000000F6CB00000000", 0},
-        {"2711FFFFFFFFFFFFF6CB00000000", 0},
-        {"27110000000000FFF6CBC0A80105", 1},
-        {"", 0},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(Parsed("3501000100100831010000", c.Line2).EthernetMode, c.Expected) << c.Line2;
+    const std::pair<const char*, int> cases[] = {{"2711000000000000F6CB00000000", 0},
+                                                 {"2711FFFFFFFFFFFFF6CB00000000", 0},
+                                                 {"27110000000000FFF6CBC0A80105", 1},
+                                                 {"", 0}};
+    for (const auto& [line2, mode] : cases)
+        EXPECT_EQ(Parsed("3501000100100831010000", line2).EthernetMode, mode) << line2;
     EXPECT_EQ(Parsed("3501000100100831010000", "27110000000000FFF6CBC0A80105").NodeIp, "192.168.1.5");
 }
 
 TEST(Keys, LegalValuesLandAtTheirPositions) {
     const struct {
-        const char* Key;
-        const char* Value;
-        const char* Line1;
-        const char* Line2;
+        const char *Key, *Value, *Line1, *Line2;
     } cases[] = {
         {"BaudIndex", "0", "3001000100100831010000", "2711000000000000F6CB00000000"},
         {"CommPortNumber", "7", "3507000100100831010000", "2711000000000000F6CB00000000"},
@@ -144,9 +132,7 @@ TEST(Keys, LegalValuesLandAtTheirPositions) {
 
 TEST(Keys, IllegalValuesChangeNothingAndSayWhatIsLegal) {
     const struct {
-        const char* Key;
-        const char* Value;
-        const char* Expected;
+        const char *Key, *Value, *Expected;
     } cases[] = {
         {"BaudIndex", "7", "BaudIndex is a number 0 to 6"},
         {"BaudIndex", "", "BaudIndex is a number 0 to 6"},

@@ -47,8 +47,7 @@ TEST(MeterClass, IsWrittenIntoAConnectedMeterAlone) {
     const struct {
         const char* Name;
         const char* Meters;  // bytes 185 and 187 in the meter
-        const char* Button;
-        const char* After;
+        const char *Button, *After;
     } cases[] = {
         {"basic, curve dropped", "C901", "cmdQBasic", "C101"},
         {"extended", "C101", "cmdQExtended", "C501"},

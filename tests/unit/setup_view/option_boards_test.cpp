@@ -26,11 +26,9 @@ TEST(OptionBoards, AreShownAndFollowed) {
 TEST(OptionBoards, AnalogBoardByVersionAndLink) {
     constexpr const char* kFatal = "The Analog Output module is not compatible with this instrument";
     const struct {
-        const char* Name;
-        const char* Given;
+        const char *Name, *Given;
         const char* Entries;  // null: the program ends
-        const char* Picked;
-        const char* Enabled;
+        const char *Picked, *Enabled;
     } cases[] = {
         // clang-format off
         {"70 has 12 bits alone",          "comms=1; 233=46; 143=01", "None|12 Bit Unipolar", "12 Bit Unipolar", "1"},

@@ -35,10 +35,7 @@
 namespace counter::test {
 
 struct Story {
-    const char* Name;
-    const char* Given;
-    const char* Does;
-    const char* Sees;
+    const char *Name, *Given, *Does, *Sees;
 };
 
 class SetupBench {

@@ -17,9 +17,6 @@ struct ReadBench : SetupBench {
         Bench.Program.LinkData.SerialProtocol = modbusAscii ? 2 : 0;
         Open();
     }
-    void AnswerAfter(double ms, const char* bytes) {
-        Bench.Pump.After(ms, [this, bytes] { Bench.Line.Inject(bytes); });
-    }
     void ClickAfter(double ms, const char* button) {
         Bench.Pump.After(ms, [this, button] { Do(button); });
     }
@@ -28,12 +25,9 @@ struct ReadBench : SetupBench {
 // 300 ms pause, reply, about 250 ms of silence, 400 ms pause: the second request goes out after 1.2 s.
 TEST(ReadLoop, ShowsTheReadingUntilPressedAgain) {
     const struct {
-        const char* Name;
-        const char* Points;
+        const char *Name, *Points;
         bool ModbusAscii;
-        const char* Reply;
-        const char* Request;
-        const char* Value;
+        const char *Reply, *Request, *Value;
     } cases[] = {
         {"ASCII", "13", false, "  123.45\r", "*1B1\r\n", "123.45"},
         {"point of item 1", "12", false, " -123.45\r", "*1B1\r\n", "-123.5"},
@@ -42,7 +36,7 @@ TEST(ReadLoop, ShowsTheReadingUntilPressedAgain) {
     };
     for (const auto& c : cases) {
         ReadBench bench(c.Points, c.ModbusAscii);
-        bench.AnswerAfter(310, c.Reply);
+        bench.Bench.Line.InjectAfter(310, c.Reply);
         bench.ClickAfter(900, "cmdRead");
         bench.Bench.Pump.After(200, [&] {
             EXPECT_EQ(bench.Seen("cmdRead"), "Stop");
@@ -58,7 +52,7 @@ TEST(ReadLoop, ShowsTheReadingUntilPressedAgain) {
 
 TEST(ReadLoop, AFailureLeavesTheNumberAndGoesOn) {
     ReadBench bench;
-    bench.AnswerAfter(310, "  123.\r");
+    bench.Bench.Line.InjectAfter(310, "  123.\r");
     bench.ClickAfter(9000, "cmdMainMenu");
     bool left = false;
     bench.View.ShowMainMenu = [&] { left = true; };

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "support/memory_files.h"
+#include "support/meter_kinds.h"
 #include "support/meter_line.h"
 #include "support/virtual_pump.h"
 
@@ -94,29 +95,21 @@ TEST(LinkSetup, TheTestSaysWhyNobodyAnswered) {
 }
 
 TEST(LinkSetup, FindMeterTriesLinesUntilOneAnswersAndWritesNothing) {
-    // What the meter on /dev/ttyUSB0 speaks, and the settings with which it is found.
+    // What the meter on /dev/ttyUSB0 speaks, the settings with which it is found, and the last trial.
     const struct {
-        const char* Name;
-        sim::LineProtocol Protocol;
+        const LinkKind& Kind;
         int Version;
-        sim::CrcKind Crc;
-        const char* Line1;
-        const char* Tried;  // the last trial
+        const char *Line1, *Tried;
     } cases[] = {
-        {"ASCII", sim::LineProtocol::CustomAscii, 83, sim::CrcKind::Published, "3501000100100831010000",
-         "Trial 5 of 140: /dev/ttyUSB0, Custom ASCII at 9600 baud"},
-        {"RTU", sim::LineProtocol::ModbusRtu, 83, sim::CrcKind::Published, "3501100100100831010000",
-         "Trial 6 of 140: /dev/ttyUSB0, Modbus RTU at 9600 baud"},
-        {"old check", sim::LineProtocol::ModbusRtu, 79, sim::CrcKind::C2, "3501100100100791010000",
-         "Trial 8 of 140: /dev/ttyUSB0, Modbus RTU (old check) at 9600 baud"},
+        // clang-format off
+        {kLinkKinds[0], 83, "3501000100100831010000", "Trial 5 of 140: /dev/ttyUSB0, Custom ASCII at 9600 baud"},
+        {kRtu,          83, "3501100100100831010000", "Trial 6 of 140: /dev/ttyUSB0, Modbus RTU at 9600 baud"},
+        {kRtu,          79, "3501100100100791010000", "Trial 8 of 140: /dev/ttyUSB0, Modbus RTU (old check) at 9600 baud"},
+        // clang-format on
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.Name);
-        sim::MeterOptions meter;
-        meter.Protocol = c.Protocol;
-        meter.Version = c.Version;
-        meter.Crc = c.Crc;
-        LinkBench bench(meter);
+        SCOPED_TRACE(c.Tried);
+        LinkBench bench(MeterOf(c.Kind, c.Version));
         std::string last;
         bench.View.Controls.Changed = [&] {
             if (bench.Result().rfind("Trial", 0) != 0) return;

@@ -18,10 +18,6 @@ struct ViewBench : NodeBench {
         Start(Program);
         View.Load();
     }
-    void Pass(double ms) {
-        Pump.WaitUntil(
-            Pump.NowMs() + ms, [] { return false; }, "test");
-    }
     NodeView View{Program};
     Words Titles;
     int HomeShown = 0;
@@ -35,12 +31,12 @@ TEST(NodeView, TitlesFollowLoginAndConnection) {
                                    "CTR Main Menu                    Connected"}));
     EXPECT_EQ(bench.HomeShown, 1);
     bench.Titles.clear();
-    bench.Pass(2000);
+    bench.Pump.Pass(2000);
     EXPECT_EQ(bench.Titles, Words(2, "COUNTER MAIN MENU                    Connected"));
     EXPECT_EQ(bench.View.StateName(), "Connected");
     bench.Titles.clear();
     bench.Net.Break();
-    bench.Pass(1000);
+    bench.Pump.Pass(1000);
     EXPECT_EQ(bench.Titles, Words{"COUNTER MAIN MENU                      Disconnected"});
     EXPECT_EQ(bench.View.StateName(), "Node Disconnecting");
 }
@@ -87,8 +83,7 @@ TEST(NodeView, ANodeThatDoesNotCallEndsTheProgram) {
 
 TEST(NodeTrial, SaysInWordsWhatAnswered) {
     const struct {
-        const char* Name;
-        const char* Fault;
+        const char *Name, *Fault;
         bool Answered;
         const char* Begins;
     } cases[] = {

@@ -13,8 +13,7 @@ TEST(SetupFiles, TextBecomesAnImage) {
     const std::string digits300(300, 'A');
     const struct {
         const char* Name;
-        std::string Text;
-        std::string Expected;
+        std::string Text, Expected;
     } cases[] = {
         {"100 digits are filled up", std::string(100, 'F') + "\r\n",
          std::string(100, 'F') + std::string(160, '0')},

@@ -13,24 +13,14 @@ std::string Told(Device& device, const char* command) {
 
 TEST(CustomAscii, SmallReadsOfTheDefaultSetup) {
     static constexpr struct {
-        const char* Command;
-        const char* Reply;
+        const char *Command, *Reply;
     } kCases[] = {
         // clang-format off
         {"X311Z", "0000000186A0"},  // offset 1, scale 1
         {"X124Z", "5507"},
         {"XL69Z", "000000000000000000000000000000000000000000000000000000000000000000000000000000000000"},
-        {"X100Z", "0000"},
-        {"G130", "49"},
-        {"G12D", "00"},
-        {"G12B", "04"},
-        {"G128", "80"},
-        {"G132", "21"},
-        {"G133", "01"},
-        {"G15D", "00"},
-        {"G1E0", "0D"},
-        {"G233", "0121"},
-        {"R141", "02"},
+        {"X100Z", "0000"}, {"G130", "49"}, {"G12D", "00"}, {"G12B", "04"}, {"G128", "80"},   {"G132", "21"},
+        {"G133", "01"},    {"G15D", "00"}, {"G1E0", "0D"}, {"R141", "02"}, {"G233", "0121"},
         // clang-format on
     };
     Device device{MeterOptions{}};
@@ -50,9 +40,7 @@ TEST(CustomAscii, WhatIsNotUnderstoodHasNoReplyAndNoEffect) {
 
 TEST(CustomAscii, WritesLandWhereTheyAreReadBack) {
     static constexpr struct {
-        const char* Write;
-        const char* Read;
-        const char* Reply;
+        const char *Write, *Read, *Reply;
         int Position;  // in the image; 0 outside
     } kCases[] = {
         // clang-format off

@@ -139,15 +139,12 @@ TEST(MeterModbusAscii, TalksInLines) {
         EXPECT_EQ(tool.Ask(bad), "") << bad;
 }
 
-struct FaultCase {
-    const char* Name;
-    const char* Fault;
-    std::string Question;
-    std::string Reply;
-};
-
-TEST(MeterFaults, CustomAscii) {
-    const FaultCase kCases[] = {
+TEST(MeterFaults, ChangeTheReply) {
+    const struct {
+        const char *Name, *Fault;
+        std::string Question, Reply;  // RTU: digits without the check of the question
+        LineProtocol Protocol = LineProtocol::CustomAscii;
+    } kCases[] = {
         // clang-format off
         {"no reply",             "G130:noreply",     "*1G130\r\n",  ""},
         {"another command",      "G132:noreply",     "*1G130\r\n",  "49\r"},
@@ -162,28 +159,20 @@ TEST(MeterFaults, CustomAscii) {
         {"echo to another",      "*:echo",           "*2G130\r\n",  "*2G130\r\n"},
         {"echo alone",           "*:badecho",        "*1G130\r\n",  "*1G120\r\n49\r"},
         {"head with a bar",      "G130:extra",       "|*1G130\r\n", "490\r"},
+        {"RTU, no reply",        "08:noreply",       "010800010000",  "", LineProtocol::ModbusRtu},
+        {"RTU, exception",       "030001:exception=6", "010300010002", "018306C132", LineProtocol::ModbusRtu},
+        {"RTU, check fits",      "*:extra",          "010800010000",  "010800010000000B74", LineProtocol::ModbusRtu},
+        {"RTU, bad check",       "*:badcheck",       "010800010000",  "010800010000B1CA", LineProtocol::ModbusRtu},
+        {"RTU, cut",             "*:cut=5",          "010800010000",  "0108000100", LineProtocol::ModbusRtu},
+        {"RTU, echo",            "*:echo",           "010800010000",  "010800010000B1CB010800010000B1CB", LineProtocol::ModbusRtu},
+        {"Modbus ASCII, bad check", "08:badcheck",   ":010800010000F6\r\n", ":010800010000F0\r\n", LineProtocol::ModbusAscii},
         // clang-format on
     };
-    for (const auto& c : kCases)
-        EXPECT_EQ(Tool(WithFaults({}, {c.Fault})).Ask(c.Question), c.Reply) << c.Name;
-}
-
-TEST(MeterFaults, ModbusRtu) {
-    const FaultCase kCases[] = {
-        // clang-format off
-        {"no reply",             "08:noreply",       "010800010000",  ""},
-        {"exception",            "030001:exception=6", "010300010002", "018306C132"},
-        {"extra, check fits",    "*:extra",          "010800010000",  "010800010000000B74"},
-        {"bad check",            "*:badcheck",       "010800010000",  "010800010000B1CA"},
-        {"cut",                  "*:cut=5",          "010800010000",  "0108000100"},
-        {"echo",                 "*:echo",           "010800010000",  "010800010000B1CB010800010000B1CB"},
-        // clang-format on
-    };
-    for (const auto& c : kCases)
-        EXPECT_EQ(Tool(WithFaults(Speaking(LineProtocol::ModbusRtu), {c.Fault})).AskRtu(c.Question), c.Reply)
-            << c.Name;
-    Tool ascii(WithFaults(Speaking(LineProtocol::ModbusAscii), {"08:badcheck"}));
-    EXPECT_EQ(ascii.Ask(":010800010000F6\r\n"), ":010800010000F0\r\n");
+    for (const auto& c : kCases) {
+        Tool tool(WithFaults(Speaking(c.Protocol), {c.Fault}));
+        const bool rtu = c.Protocol == LineProtocol::ModbusRtu;
+        EXPECT_EQ(rtu ? tool.AskRtu(c.Question) : tool.Ask(c.Question), c.Reply) << c.Name;
+    }
 }
 
 TEST(MeterFaults, AnExceptionLeavesTheMemoryAndAMissingReplyDoesNot) {

@@ -9,10 +9,7 @@ namespace {
 
 TEST(ModbusFrame, CrcInBothStatesOfTheTable) {
     static constexpr struct {
-        const char* Name;
-        const char* Body;
-        const char* Published;
-        const char* C2;
+        const char *Name, *Body, *Published, *C2;
     } kCases[] = {
         // clang-format off
         {"diagnostics, same in both",      "010800010000", "B1CB", "B1CB"},

@@ -9,9 +9,7 @@ namespace {
 
 TEST(ModbusServer, RequestsAndAnswers) {
     static constexpr struct {
-        const char* Name;
-        const char* Request;
-        const char* Answer;
+        const char *Name, *Request, *Answer;
     } kCases[] = {
         // clang-format off
         {"diagnostics",                   "0800010000",                   "0800010000"},

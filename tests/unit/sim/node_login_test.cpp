@@ -23,8 +23,7 @@ TEST(NodeLogin, CheckOfEachVariant) {
 
 TEST(NodeLogin, OnlyAGoodOneForThisNodeNamesAPort) {
     const struct {
-        const char* Name;
-        const char* Digits;
+        const char *Name, *Digits;
         int Port;  // -1: no login
     } cases[] = {
         {"good, variant 6", "0080A30102035A93D1C07E42 0406 96DA 2711 0000", 10001},

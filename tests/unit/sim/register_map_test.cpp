@@ -10,9 +10,7 @@ namespace {
 
 // Where a reply's digits, counted from the device address, belong in the image.
 struct Place {
-    int ReplyDigit;
-    int Position;
-    int Digits;
+    int ReplyDigit, Position, Digits;
 };
 
 struct Range {

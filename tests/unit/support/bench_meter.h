@@ -34,17 +34,22 @@ class RecordedDialogs : public Dialogs {
     void Beep() override { ++Beeps; }
 };
 
+// What lies in Settings.SSS after KEY=VALUE of each word was set in a new file.
+inline std::string SettingsOf(const std::vector<std::string>& words) {
+    SettingsLines lines = NewSettingsLines();
+    for (const std::string& word : words) {
+        const std::size_t equals = word.find('=');
+        SetSettingsKey(lines, *FindSettingsKey(word.substr(0, equals)), word.substr(equals + 1));
+    }
+    return FormatSettings(lines);
+}
+
 // On the virtual clock, or on the one that carries widgets as well.
 template <class PumpType>
 struct BenchMeterOf {
     explicit BenchMeterOf(sim::MeterOptions options = {}, const std::vector<std::string>& settings = {})
         : Line(Pump, std::move(options)) {
-        SettingsLines lines = NewSettingsLines();
-        for (const std::string& word : settings) {
-            const std::size_t equals = word.find('=');
-            SetSettingsKey(lines, *FindSettingsKey(word.substr(0, equals)), word.substr(equals + 1));
-        }
-        Store.Contents["home/Settings.SSS"] = FormatSettings(lines);
+        Store.Contents["home/Settings.SSS"] = SettingsOf(settings);
     }
     Status SwitchOn() { return Start(Program); }
 

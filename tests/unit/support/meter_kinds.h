@@ -4,14 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "sim/options.h"
 
 namespace counter::test {
 
 struct LinkKind {
-    const char* Name;
-    const char* Setting;
+    const char *Name, *Setting;
     sim::LineProtocol Protocol;
 };
 inline constexpr LinkKind kLinkKinds[] = {
@@ -31,10 +31,9 @@ inline sim::MeterOptions MeterOf(const LinkKind& kind, int version = 83) {
     return options;
 }
 
-inline sim::MeterOptions WithFault(sim::MeterOptions options, const char* text) {
-    sim::Fault fault;
-    EXPECT_EQ(sim::ParseFault(text, fault), "");
-    options.Faults.push_back(fault);
+inline sim::MeterOptions WithFaults(sim::MeterOptions options, const std::vector<std::string>& texts) {
+    for (const std::string& text : texts)
+        EXPECT_EQ(sim::ParseFault(text, options.Faults.emplace_back()), "") << text;
     return options;
 }
 

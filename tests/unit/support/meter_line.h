@@ -20,6 +20,9 @@ class MeterLine : public SerialPort {
         input_ += bytes;
         TellArrived();
     }
+    void InjectAfter(double ms, const std::string& bytes) {
+        pump_.After(ms, [this, bytes] { Inject(bytes); });
+    }
     // Another thing at the end of the line than the meter: what is sent goes nowhere.
     void Unplug() { plugged_ = false; }
     void GoAway() { faulted_ = true; }

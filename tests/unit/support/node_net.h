@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "session/session.h"
-#include "settings/settings_keys.h"
 #include "shell/start.h"
 #include "sim/node.h"
 #include "support/bench_meter.h"
 #include "support/memory_files.h"
+#include "support/meter_kinds.h"
 #include "support/meter_line.h"
 #include "support/virtual_pump.h"
 
@@ -105,18 +105,12 @@ class NodeNet {
 template <class PumpType>
 struct NodeBenchOf {
     // Settings as KEY=VALUE, faults as counter-sim takes them.
-    explicit NodeBenchOf(const std::vector<std::string>& settings = {},
-                         const std::vector<std::string>& faults = {}, const sim::MeterOptions& options = {})
+    explicit NodeBenchOf(std::vector<std::string> settings = {}, const std::vector<std::string>& faults = {},
+                         const sim::MeterOptions& options = {})
         : Net(Pump, WithFaults(options, faults)) {
-        SettingsLines lines = NewSettingsLines();
-        const auto set = [&](const std::string& word) {
-            const std::size_t equals = word.find('=');
-            SetSettingsKey(lines, *FindSettingsKey(word.substr(0, equals)), word.substr(equals + 1));
-        };
-        for (const char* word : {"NodeAddress=0080A3010203", "NodeIp=192.168.0.5", "TcpPort=10001"})
-            set(word);
-        for (const std::string& word : settings) set(word);
-        Store.Contents["home/Settings.SSS"] = FormatSettings(lines);
+        settings.insert(settings.begin(),
+                        {"NodeAddress=0080A3010203", "NodeIp=192.168.0.5", "TcpPort=10001"});
+        Store.Contents["home/Settings.SSS"] = SettingsOf(settings);
     }
     // True once the node has called back.
     bool LogIn() {
@@ -125,11 +119,6 @@ struct NodeBenchOf {
     }
     LinkState& State() { return Program.LinkData; }
     sim::Meter& Meter() { return Net.TheNode().Behind(); }
-
-    static sim::MeterOptions WithFaults(sim::MeterOptions options, const std::vector<std::string>& faults) {
-        for (const std::string& text : faults) sim::ParseFault(text, options.Faults.emplace_back());
-        return options;
-    }
 
     PumpType Pump;
     MemoryFiles Store;

@@ -28,6 +28,17 @@ class VirtualPump : public Pump {
 
     // "After 300 ms": runs `event` when the clock reaches that time.
     void After(double ms, std::function<void()> event);
+    // Lets the clock go on by `ms`, with all that is due in between.
+    void Pass(double ms) {
+        WaitUntil(
+            NowMs() + ms, [] { return false; }, "the test lets time pass");
+    }
+    // Milliseconds that `action` takes on this clock.
+    double Took(const std::function<void()>& action) {
+        const double startMs = NowMs();
+        action();
+        return NowMs() - startMs;
+    }
     // Somebody who is asked for the time of his next event, infinity for none, and told to run it.
     struct Source {
         std::function<double()> NextDueMs;

@@ -5,24 +5,16 @@
 #include "meter/default_setup.h"
 #include "shell/get_action.h"
 #include "support/bench_meter.h"
+#include "support/meter_kinds.h"
 
 namespace counter::test {
 namespace {
 
 using Words = std::vector<std::string>;
 
-// The default setup as a meter of `version` gives it.
-sim::MeterOptions MeterOf(int version) {
-    sim::MeterOptions options;
-    options.Version = version;
-    return options;
-}
-
-sim::MeterOptions WithFault(sim::MeterOptions options, const char* text) {
-    sim::Fault fault;
-    EXPECT_EQ(sim::ParseFault(text, fault), "");
-    options.Faults.push_back(fault);
-    return options;
+// The default setup as a meter of `version` gives it over Custom ASCII.
+sim::MeterOptions AsciiOf(int version) {
+    return MeterOf(kLinkKinds[0], version);
 }
 
 Words AsciiFrames(const Words& bodies) {
@@ -37,9 +29,7 @@ struct GetBench : BenchMeter {
         SwitchOn();
     }
     int Get() {
-        const double start = Pump.NowMs();
-        GetSetup(Program);
-        TookMs = Pump.NowMs() - start;
+        TookMs = Pump.Took([this] { GetSetup(Program); });
         return Program.LinkData.LinkError;
     }
     double TookMs = 0;
@@ -59,33 +49,37 @@ TEST(GetAscii, BringsTheWholeImage) {
     EXPECT_TRUE(bench.Boxes.Shown.empty());
 }
 
-TEST(GetAscii, CommandsFollowTheVersion) {
+// A meter of version 78 tells code 3 as code 1, and by bit 2 of byte 2B which of them it is.
+TEST(GetAscii, CommandsAndRelaysFollowTheVersion) {
     const struct {
         const char* Name;
-        int Version;
-        int RelayCode;
-        Words Frames;
+        int Version, RelayCode;
+        Words Frames;  // behind the three blocks
+        int Relays;    // of the image, as a code
     } cases[] = {
-        {"78, four relays", 78, 1, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G12B", "G128", "C0"}},
-        {"78, raw 3", 78, 3, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G12B", "G128", "C0"}},
-        {"78, two relays", 78, 2, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "C0"}},
-        {"78, no relays", 78, 0, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "C0"}},
-        {"77", 77, 1, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "C0"}},
-        {"75", 75, 1, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "R141", "C0"}},
-        {"74", 74, 1, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "R141", "C0"}},
-        {"73", 73, 1, {"XR1AZ", "XR35Z", "XB74Z", "G130", "G128", "C0"}},
+        {"78, four relays", 78, 1, {"G130", "G12B", "G128", "C0"}, 1},
+        {"78, raw 3", 78, 3, {"G130", "G12B", "G128", "C0"}, 3},
+        {"78, two relays", 78, 2, {"G130", "G128", "C0"}, 2},
+        {"78, no relays", 78, 0, {"G130", "G128", "C0"}, 0},
+        {"77", 77, 1, {"G130", "G128", "C0"}, 1},
+        {"75", 75, 1, {"G130", "G128", "R141", "C0"}, 1},
+        {"74", 74, 1, {"G130", "G128", "R141", "C0"}, 1},
+        {"73", 73, 1, {"G130", "G128", "C0"}, 1},
     };
     for (const auto& c : cases) {
-        sim::MeterOptions options = MeterOf(c.Version);
+        sim::MeterOptions options = AsciiOf(c.Version);
         options.RelayBoard = c.RelayCode;
         GetBench bench(options);
         EXPECT_EQ(bench.Get(), 0) << c.Name;
-        EXPECT_EQ(bench.Line.Sent(), AsciiFrames(c.Frames)) << c.Name;
+        Words frames = {"XR1AZ", "XR35Z", "XB74Z"};
+        frames.insert(frames.end(), c.Frames.begin(), c.Frames.end());
+        EXPECT_EQ(bench.Line.Sent(), AsciiFrames(frames)) << c.Name;
+        EXPECT_EQ(BitsGet(bench.Program.Image, 6, 5, 193), c.Relays) << c.Name;
     }
 }
 
 TEST(GetAscii, LiveBytesGoOverTheImage) {
-    sim::MeterOptions options = MeterOf(75);
+    sim::MeterOptions options = AsciiOf(75);
     options.InputBoard = 2;
     options.AnalogBoard = 3;
     options.Extended = false;
@@ -99,35 +93,27 @@ TEST(GetAscii, LiveBytesGoOverTheImage) {
 }
 
 TEST(GetAscii, Version78TellsTwoRelaysByBit2OfByte2B) {
-    for (const auto& [byte2B, expected] : {std::pair{0x00, 0x69}, {0x04, 0x29}, {0xFB, 0x69}}) {
-        sim::MeterOptions options = MeterOf(78);
-        options.LiveBytes = {{0x30, 0x29}, {0x2B, byte2B}};
+    const struct {
+        const char* Fault;
+        int Byte2B, Expected;
+    } cases[] = {
+        {"none:noreply", 0x00, 0x69},
+        {"none:noreply", 0x04, 0x29},
+        {"none:noreply", 0xFB, 0x69},
+        {"G12B:noreply", 0x04, 0x69},  // taken from the reply before, 29, whose bit 2 is 0
+    };
+    for (const auto& c : cases) {
+        sim::MeterOptions options = WithFaults(AsciiOf(78), {c.Fault});
+        options.LiveBytes = {{0x30, 0x29}, {0x2B, c.Byte2B}};
         GetBench bench(options);
         EXPECT_EQ(bench.Get(), 0);
-        EXPECT_EQ(ByteGet(bench.Program.Image, 193), expected) << byte2B;
+        EXPECT_EQ(ByteGet(bench.Program.Image, 193), c.Expected) << c.Fault << " " << c.Byte2B;
     }
-}
-
-TEST(GetAscii, Version78TellsTwoRelaysOfCode3AsCode1) {
-    sim::MeterOptions options = MeterOf(78);
-    options.RelayBoard = 3;
-    GetBench bench(options);
-    EXPECT_EQ(bench.Get(), 0);
-    EXPECT_EQ(BitsGet(bench.Program.Image, 6, 5, 193), 3);
-}
-
-TEST(GetAscii, AByte2BThatNeverCameIsReadFromTheReplyBefore) {
-    sim::MeterOptions options = WithFault(MeterOf(78), "G12B:noreply");
-    options.LiveBytes[0x30] = 0x29;
-    GetBench bench(options);
-    EXPECT_EQ(bench.Get(), 0);
-    EXPECT_EQ(ByteGet(bench.Program.Image, 193), 0x69) << "bit 2 of 29, the reply to G130, is 0";
 }
 
 TEST(GetAscii, AMeterWithoutInputBoardIsARemoteDisplay) {
     const struct {
-        const char* Name;
-        const char* Byte185;
+        const char *Name, *Byte185;
         int Option;
         const char* Expected;
         std::size_t Notes;
@@ -174,8 +160,7 @@ TEST(GetAscii, EveryFailureHasItsNumberAndItsImage) {
     const std::size_t whole = 260;
     const struct {
         const char* Fault;
-        int Version;
-        int LinkError;
+        int Version, LinkError;
         std::size_t Digits;
     } cases[] = {
         {"XR1A:noreply", 83, 21, whole},    {"XR1A:cut=10", 83, 23, whole},
@@ -186,7 +171,7 @@ TEST(GetAscii, EveryFailureHasItsNumberAndItsImage) {
         {"XR35:pause=40,400", 83, 23, 108},
     };
     for (const auto& c : cases) {
-        GetBench bench(WithFault(MeterOf(c.Version), c.Fault));
+        GetBench bench(WithFaults(AsciiOf(c.Version), {c.Fault}));
         EXPECT_EQ(bench.Get(), c.LinkError) << c.Fault;
         EXPECT_EQ(bench.Program.Image.SetupData.size(), c.Digits) << c.Fault;
         EXPECT_EQ(bench.Program.Identity.SetupFromMeter, 0) << c.Fault;
@@ -220,7 +205,7 @@ TEST(GetAscii, WrongLengthsHaveTheNumberOfTheirStep) {
         bench.Line.Unplug();
         double at = 5 + 300 + 300 + 310;
         for (const std::string& reply : c.Replies) {
-            bench.Pump.After(at, [&bench, reply] { bench.Line.Inject(reply + "\r"); });
+            bench.Line.InjectAfter(at, reply + "\r");
             at += 310 + 200 + 61.46;
             if (reply == "00") at += 200;
         }
@@ -228,23 +213,12 @@ TEST(GetAscii, WrongLengthsHaveTheNumberOfTheirStep) {
     }
 }
 
-struct ModbusKind {
-    const char* Name;
-    const char* Protocol;
-    sim::LineProtocol Sim;
-};
-const ModbusKind kModbusKinds[] = {
-    {"RTU", "SerialProtocol=1", sim::LineProtocol::ModbusRtu},
-    {"Modbus ASCII", "SerialProtocol=2", sim::LineProtocol::ModbusAscii},
-};
-
 TEST(GetModbus, BringsTheImageAndTheServiceFile) {
-    for (const ModbusKind& kind : kModbusKinds) {
-        sim::MeterOptions options;
-        options.Protocol = kind.Sim;
+    for (const LinkKind& kind : {kRtu, kModbusAscii}) {
+        sim::MeterOptions options = MeterOf(kind);
         options.Patches = {{31, "8186A0"}, {43, "800001"}, {103, "E1E240"}, {67, "11E240"},
                            {79, "902710"}, {49, "FFD8F0"}, {191, "61"}};
-        GetBench bench(options, {kind.Protocol, "FirmwareVersion=83", "BaudIndex=6"});
+        GetBench bench(options, {kind.Setting, "FirmwareVersion=83", "BaudIndex=6"});
         EXPECT_EQ(bench.Get(), 0) << kind.Name;
         std::string expected = bench.Line.Meter().ImageText();
         // Three bytes are in no register range.
@@ -259,8 +233,7 @@ TEST(GetModbus, BringsTheImageAndTheServiceFile) {
 }
 
 TEST(GetModbus, OldMetersHaveTheirOwnCheckAndNoAnalogByte) {
-    sim::MeterOptions options;
-    options.Protocol = sim::LineProtocol::ModbusRtu;
+    sim::MeterOptions options = MeterOf(kRtu);
     options.Crc = sim::CrcKind::C2;
     options.AnalogBoard = 2;
     for (const auto& [version, analog] : {std::pair{"75", 0}, {"76", 2}}) {
@@ -274,37 +247,35 @@ TEST(GetModbus, OldMetersHaveTheirOwnCheckAndNoAnalogByte) {
 TEST(GetModbus, FailuresStopWhereTheyAre) {
     const struct {
         const char* Fault;
-        std::size_t Kind;
+        const LinkKind& Kind;
         int LinkError;
         std::size_t Requests;
     } cases[] = {
-        {"080001:noreply", 0, 21, 1},     {"030001:badcheck", 0, 24, 2},    {"030011:exception=2", 0, 2, 3},
-        {"030025:cut=20", 0, 24, 4},      {"030041:exception=3", 0, 3, 5},  {"03004C:noreply", 0, 21, 6},
-        {"030064:gone=3", 0, 27, 7},      {"080001:noreply", 1, 21, 1},     {"030001:badcheck", 1, 26, 2},
-        {"030011:exception=2", 1, 4, 3},  {"030025:exception=2", 1, 7, 4},  {"030041:exception=2", 1, 10, 5},
-        {"03004C:exception=2", 1, 11, 6}, {"030064:exception=2", 1, 14, 7}, {"030001:exception=2", 1, 1, 2},
-        {"030001:cut=9", 1, 25, 2},
+        // clang-format off
+        {"080001:noreply",     kRtu,         21, 1}, {"030001:badcheck",    kRtu,         24, 2},
+        {"030011:exception=2", kRtu,          2, 3}, {"030025:cut=20",      kRtu,         24, 4},
+        {"030041:exception=3", kRtu,          3, 5}, {"03004C:noreply",     kRtu,         21, 6},
+        {"030064:gone=3",      kRtu,         27, 7}, {"080001:noreply",     kModbusAscii, 21, 1},
+        {"030001:badcheck",    kModbusAscii, 26, 2}, {"030011:exception=2", kModbusAscii,  4, 3},
+        {"030025:exception=2", kModbusAscii,  7, 4}, {"030041:exception=2", kModbusAscii, 10, 5},
+        {"03004C:exception=2", kModbusAscii, 11, 6}, {"030064:exception=2", kModbusAscii, 14, 7},
+        {"030001:exception=2", kModbusAscii,  1, 2}, {"030001:cut=9",       kModbusAscii, 25, 2},
+        // clang-format on
     };
     for (const auto& c : cases) {
-        const ModbusKind& kind = kModbusKinds[c.Kind];
-        sim::MeterOptions options;
-        options.Protocol = kind.Sim;
-        GetBench bench(WithFault(options, c.Fault), {kind.Protocol});
-        EXPECT_EQ(bench.Get(), c.LinkError) << kind.Name << " " << c.Fault;
-        EXPECT_EQ(bench.Line.Sent().size(), c.Requests) << kind.Name << " " << c.Fault;
+        GetBench bench(WithFaults(MeterOf(c.Kind), {c.Fault}), {c.Kind.Setting});
+        EXPECT_EQ(bench.Get(), c.LinkError) << c.Kind.Name << " " << c.Fault;
+        EXPECT_EQ(bench.Line.Sent().size(), c.Requests) << c.Kind.Name << " " << c.Fault;
         EXPECT_EQ(bench.Program.Image.SetupData.size(), 260U);
         EXPECT_EQ(bench.Store.Contents.count("home/DataFil2"), 0U) << "only a good Get leaves it";
     }
 }
 
-// A meter without a word to say for itself must not be able to crash or hang the tool.
 TEST(GetModbus, APauseOfOneSecondBeforeEachRange) {
-    sim::MeterOptions options;
-    options.Protocol = sim::LineProtocol::ModbusRtu;
-    GetBench bench(options, {"SerialProtocol=1"});
+    GetBench bench(MeterOf(kRtu), {kRtu.Setting});
     bench.Get();
-    EXPECT_GT(bench.TookMs, 5 + 7 * (300 + 200 + 61.46) + 6 * 1000);
-    EXPECT_LT(bench.TookMs, 5 + 7 * (300 + 200 + 61.46) + 6 * 1000 + 7 * 10);
+    const double pausesMs = 5 + 7 * (300 + 200 + 61.46) + 6 * 1000;
+    EXPECT_NEAR(bench.TookMs, pausesMs + 35, 35) << "each reply takes less than 10 ms";
 }
 
 }  // namespace

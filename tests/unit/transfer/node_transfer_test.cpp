@@ -27,9 +27,7 @@ struct TransferNode : NodeBench {
         Net.TheNode().ClearTold();
     }
     int Get() {
-        const double start = Pump.NowMs();
-        GetSetup(Program);
-        TookMs = Pump.NowMs() - start;
+        TookMs = Pump.Took([this] { GetSetup(Program); });
         return State().LinkError;
     }
     int Put() {
@@ -150,8 +148,7 @@ TEST(NodePut, OverCustomAsciiTheFirstBlockGoesInPartsAndOnePartNot) {
 // The command in front goes by the baud rate of the settings before the Put, the one behind by that after it.
 TEST(NodePut, OverModbusFastLinesTellTheNode) {
     const struct {
-        const char* Name;
-        const char* Before;
+        const char *Name, *Before;
         int After;
         const char* Fault;
         Words Told;

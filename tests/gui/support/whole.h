@@ -1,0 +1,56 @@
+// Whether all of a window can be read, whatever the size of the font.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTest>
+#include <string>
+
+namespace counter::test {
+
+// Another size of the program's font, as long as it lives.
+class FontScale {
+  public:
+    explicit FontScale(double factor) : before_(QApplication::font()) {
+        QFont font = before_;
+        font.setPointSizeF(font.pointSizeF() * factor);
+        QApplication::setFont(font);
+    }
+    ~FontScale() { QApplication::setFont(before_); }
+
+  private:
+    QFont before_;
+};
+
+// Every widget with a text has the room that its text needs and lies within what it stands in.
+inline void ExpectWhole(const QWidget& shown, const std::string& when) {
+    for (const QWidget* widget : shown.findChildren<QWidget*>()) {
+        const bool text = qobject_cast<const QLabel*>(widget) || qobject_cast<const QComboBox*>(widget) ||
+                          qobject_cast<const QAbstractButton*>(widget) ||
+                          qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QGroupBox*>(widget);
+        // The arrows of a strip of tabs that is too long are no texts.
+        if (!text || !widget->isVisible() || qobject_cast<const QTabBar*>(widget->parentWidget())) continue;
+        const std::string name = when + ": " + widget->objectName().toStdString();
+        const QSize need = widget->minimumSizeHint();
+        EXPECT_TRUE(widget->width() >= need.width() && widget->height() >= need.height())
+            << name << " " << QTest::toString(widget->size()) << " needs " << QTest::toString(need);
+        if (widget->objectName() == "lblNoChange")
+            continue;  // scrolls away with the row that it stands beside
+        EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry())) << name << " sticks out";
+    }
+    for (const QTabBar* strip : shown.findChildren<QTabBar*>()) {
+        for (int tab = 0; tab < strip->count(); ++tab)
+            EXPECT_GE(strip->tabRect(tab).width(),
+                      strip->fontMetrics().horizontalAdvance(strip->tabText(tab)))
+                << when;
+    }
+}
+
+}  // namespace counter::test
