@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "platform/qt/core/qt_files.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 namespace counter {
 

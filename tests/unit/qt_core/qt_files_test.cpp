@@ -8,7 +8,7 @@
 
 #include <functional>
 
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 namespace counter {
 

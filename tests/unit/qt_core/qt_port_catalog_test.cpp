@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/qt/core/qt_files.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 namespace counter {
 

@@ -15,7 +15,7 @@
 #include "platform/qt/core/qt_files.h"
 #include "platform/qt/core/qt_port_catalog.h"
 #include "platform/qt/core/qt_pump.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
 
 namespace counter {
 

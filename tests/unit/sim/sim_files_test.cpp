@@ -3,14 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "sim/options.h"
-#include "temp_folder.h"
+#include "support/temp_folder.h"
+#include "text_files.h"
 
 namespace sim {
 namespace {
 
 TEST(SimFiles, ImageFilesComeBackAsTheyWereWritten) {
     const TempFolder folder;
-    const std::string path = folder.File("a.CT2");
+    const std::string path = folder.At("a.CT2");
     EXPECT_EQ(WriteImageFile(path, kDefaultImage), "");
     EXPECT_EQ(ReadText(path), std::string(kDefaultImage) + "\r\n");
     EXPECT_FALSE(std::filesystem::exists(path + ".part"));
@@ -24,16 +25,15 @@ TEST(SimFiles, ImageFilesComeBackAsTheyWereWritten) {
 
 TEST(SimFiles, AFailedWriteLeavesNothingBehind) {
     const TempFolder folder;
-    std::filesystem::create_directory(folder.File("folder"));
-    EXPECT_EQ(WriteImageFile(folder.File("folder"), kDefaultImage),
-              folder.File("folder") + ": Is a directory");
-    EXPECT_FALSE(std::filesystem::exists(folder.File("folder.part")));
-    EXPECT_NE(WriteImageFile(folder.File("no/where"), kDefaultImage), "");
+    std::filesystem::create_directory(folder.At("folder"));
+    EXPECT_EQ(WriteImageFile(folder.At("folder"), kDefaultImage), folder.At("folder") + ": Is a directory");
+    EXPECT_FALSE(std::filesystem::exists(folder.At("folder.part")));
+    EXPECT_NE(WriteImageFile(folder.At("no/where"), kDefaultImage), "");
 }
 
 TEST(SimFiles, ALinkIsReplacedEvenIfItNamesNothing) {
     const TempFolder folder;
-    const std::string link = folder.File("com1");
+    const std::string link = folder.At("com1");
     EXPECT_EQ(PointLink(link, "/dev/pts/1000"), "");
     EXPECT_EQ(PointLink(link, "/dev/pts/1001"), "");
     RemoveLink(link, "/dev/pts/1000");

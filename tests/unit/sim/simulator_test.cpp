@@ -13,7 +13,8 @@
 #include <utility>
 #include <vector>
 
-#include "temp_folder.h"
+#include "support/temp_folder.h"
+#include "text_files.h"
 
 extern char** environ;
 
@@ -97,7 +98,7 @@ class Program {
 
 TEST(CounterSim, AnswersThroughItsLinkAndCleansUp) {
     const TempFolder folder;
-    const std::string link = folder.File("com1"), saved = folder.File("saved.CT2");
+    const std::string link = folder.At("com1"), saved = folder.At("saved.CT2");
     Program sim({"--link", link, "--address", "16", "--set", "177=0123", "--save", saved});
     const std::string device = sim.Line();
     EXPECT_EQ(std::filesystem::read_symlink(link), device);
@@ -128,7 +129,7 @@ TEST(CounterSim, HearsNothingAtAnotherSpeed) {
 
 TEST(CounterSim, TakesAnotherImageAndSavesWhenTold) {
     const TempFolder folder;
-    const std::string file = folder.File("meter.CT2"), saved = folder.File("saved.CT2");
+    const std::string file = folder.At("meter.CT2"), saved = folder.At("saved.CT2");
     std::string image = kDefaultImage;
     WriteText(file, image);
     Program sim({"--image", file, "--save", saved, "--version", "78"});
@@ -145,7 +146,7 @@ TEST(CounterSim, TakesAnotherImageAndSavesWhenTold) {
 
 TEST(CounterSim, ALineThatGoesAwayComesBackUnderTheSameLink) {
     const TempFolder folder;
-    const std::string link = folder.File("com1");
+    const std::string link = folder.At("com1");
     Program sim({"--link", link, "--fault", "XR1A#1:gone=4", "--fault", "G130:paced"});
     const std::string first = sim.Line();
     sim.Open(link);
@@ -178,7 +179,7 @@ TEST(CounterSim, StreamsUntilItsLineIsClosed) {
 
 TEST(CounterSim, RefusesWhatItCannotDo) {
     const TempFolder folder;
-    WriteText(folder.File("file"), "precious");
+    WriteText(folder.At("file"), "precious");
     const struct {
         std::string Option, Value;
         int Status;
@@ -191,13 +192,13 @@ TEST(CounterSim, RefusesWhatItCannotDo) {
         {"--rate",    "0",                 1},
         {"--signal",  "square",            1},
         {"--period",  "0",                 1},
-        {"--image",   folder.File("none"), 2},
-        {"--image",   folder.File("file"), 2},
-        {"--link",    folder.File("file"), 2},
+        {"--image",   folder.At("none"), 2},
+        {"--image",   folder.At("file"), 2},
+        {"--link",    folder.At("file"), 2},
         // clang-format on
     };
     for (const auto& c : kCases) EXPECT_EQ(Program({c.Option, c.Value}).End(0), c.Status) << c.Option;
-    EXPECT_EQ(ReadText(folder.File("file")), "precious");
+    EXPECT_EQ(ReadText(folder.At("file")), "precious");
 }
 
 }  // namespace
