@@ -260,7 +260,7 @@ TEST(DesktopSession, AnExitDuringEndComesBehindTheMetersStop) {
         bench.Choose(entry);
         bench.Pump.Pass(1500);
         bench.Pump.After(100, [&bench] { bench.Desk->Interrupt(); });
-        EXPECT_EQ(StatusOfExit([&] { bench.Click("cmdEnd"), bench.Pump.Pass(2000); }), 0);
+        EXPECT_EQ(ExitOf([&] { bench.Click("cmdEnd"), bench.Pump.Pass(2000); }), 0);
         EXPECT_EQ(bench.Line.Sent().back(), "*1A1\r\n");
     }
 }

@@ -71,7 +71,7 @@ struct CliBench {
         return status;
     }
     // As "XR35:noreply"; beside earlier faults.
-    void Fail(const char* fault) { Meter = WithFault(Meter, fault); }
+    void Fail(const char* fault) { Meter = WithFaults(Meter, {fault}); }
     std::string LastErrLine() const {
         const std::string text = Err.substr(0, Err.find_last_not_of('\n') + 1);
         return text.substr(text.find_last_of('\n') + 1);
