@@ -31,10 +31,10 @@ bool IsRateBatch(const DerivedValues& values) {
 ScalingGroup::ScalingGroup(PageBuilder& build, const ControlArray<4>& places, char number,
                            const GroupFields& fields)
     : Fields(fields) {
-    auto wrap = [&](ControlKind kind, std::string name, std::string caption) {
+    auto wrap = [&](ControlKind kind, const std::string& name, const std::string& caption) {
         return build.WrapEach<4>(kind, places, name + number, caption + " " + number);
     };
-    auto option = [&](std::string name, std::string_view caption) {
+    auto option = [&](const std::string& name, std::string_view caption) {
         return build.AddEach<4>(ControlKind::Option, places, name + number, caption);
     };
     optScale = option("optScale", "Scale, Offset");

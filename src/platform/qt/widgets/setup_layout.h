@@ -44,6 +44,8 @@ class SetupLayout {
 class BoxColumn {
   public:
     BoxColumn(SetupLayout& layout, QWidget* box, CaptionColumn& captions);
+    BoxColumn(const BoxColumn&) = delete;  // one a box
+    BoxColumn& operator=(const BoxColumn&) = delete;
 
     CaptionRow* Add(const Framed& pair) { return Add(pair.Frame, pair.Inner); }
     CaptionRow* Add(Control& frame, Control& inner);
