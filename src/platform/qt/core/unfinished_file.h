@@ -1,7 +1,8 @@
 // UnfinishedFile: the temporary in which a file is written before it takes the place of the old one.
 //
-// Its name is the folder's, not the file's: a run that was killed leaves one at most, and the next file that is
-// written there takes its place, whichever that is. A lock tells what is left from what is still being written.
+// Its name is the folder's, not the file's: a run that was killed leaves one at most, and the next file that
+// is written there takes its place, whichever that is. A lock tells what is left from what is still being
+// written.
 #pragma once
 
 #include <string>
