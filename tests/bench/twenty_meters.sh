@@ -15,7 +15,7 @@ begin() {
     mkdir -p "$home"
     "$bin/counterctl" --dir "$home" settings init
     "$bin/counterctl" default "$home/own.CT2"
-    "$bin/counterctl" set "$home/own.CT2" "Setpoint 1=$1"
+    "$bin/counterctl" set "$home/own.CT2" "Setpoint 1=$1" 2>/dev/null
     tr -d '\r\n' <"$home/own.CT2" >"$home/meter.txt"
     mkfifo "$home/told"
     "$bin/counter-sim" --image "$home/meter.txt" >"$home/told" 2>"$home/sim.log" &

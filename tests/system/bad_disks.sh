@@ -13,7 +13,7 @@ mkdir "$disk"
 mounted=
 if mount -t tmpfs -o size=200k tmpfs "$disk" 2>"$work/err"; then mounted=1; fi
 home=$disk/home
-printf 'enter txtSetpt[1] 012345\n' >"$work/script"
+printf 'enter txtSetpt[1] +012345\n' >"$work/script"
 
 # lay_down FOLDER: the files that an action would replace.
 lay_down() {
