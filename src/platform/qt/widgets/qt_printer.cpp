@@ -53,6 +53,7 @@ Status PrintOn(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
 Status PrintInto(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
     const std::string path = QFile::encodeName(printer.outputFileName()).toStdString();
     const QTemporaryDir aside;
+    if (!aside.isValid()) return {StatusKind::Other, path, aside.errorString().toStdString()};
     printer.setOutputFileName(aside.filePath(QStringLiteral("printed.pdf")));
     QtFiles files;
     std::string content;
