@@ -123,6 +123,10 @@ struct Row {
     bool Grows = false;  // line by line, and begun anew
 };
 
+void PrintTo(const Row& row, std::ostream* out) {
+    *out << row.Name;
+}
+
 const char* const kSettings = "Settings.SSS";
 const char* const kBackup = "backups/2026-03-04_05-06-07-089_address-01.CT2";
 
@@ -178,15 +182,18 @@ class KillRun {
 void KillRun::Run(int kills) {
     MeasureBoth();
     ASSERT_NE(old_, new_);
-    for (int round = 0; round < kills && !testing::Test::HasFailure(); ++round) {
+    // A busy machine may let no child come as far as the end of a write; then there are more of them.
+    int round = 0;
+    for (; round < kills || (newer_ == 0 && round < 100 * kills); ++round) {
         KillOnce();
         Judge(round);
+        if (testing::Test::HasFailure()) return;
     }
     EXPECT_GT(newer_, 0) << "came to writing at all";
     EXPECT_TRUE(row_.Act(bench_, true) && row_.Act(bench_, false)) << "goes on after kills";
     EXPECT_TRUE(row_.Grows || Content() == old_);
     EXPECT_EQ(Names(), names_) << "tidies up";
-    std::cout << row_.Name << ": " << kills << " kills, " << newer_ << " with another file, " << strays_
+    std::cout << row_.Name << ": " << round << " kills, " << newer_ << " with another file, " << strays_
               << " with a temporary\n";
 }
 
@@ -207,14 +214,13 @@ std::set<std::string> KillRun::Names() const {
 
 void KillRun::MeasureBoth() {
     EXPECT_TRUE(row_.Act(bench_, false));
+    const auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(row_.Act(bench_, true));
     new_ = Content();
-    const auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(row_.Act(bench_, false));
-    const auto took = std::chrono::steady_clock::now() - start;
-    longestUs_ =
-        1000 + 2 * static_cast<int>(std::chrono::duration_cast<std::chrono::microseconds>(took).count());
     old_ = Content();
+    const auto took = std::chrono::steady_clock::now() - start;
+    longestUs_ = 1000 + static_cast<int>(std::chrono::duration_cast<std::chrono::microseconds>(took).count());
     names_ = Names();
 }
 
@@ -251,7 +257,7 @@ class FileKill : public testing::TestWithParam<Row> {};
 
 TEST_P(FileKill, LeavesTheOldOrTheNewFile) {
     const char* const wanted = std::getenv("COUNTER_KILLS");
-    KillRun(GetParam()).Run(wanted == nullptr ? 40 : std::atoi(wanted));
+    KillRun(GetParam()).Run(wanted == nullptr ? 20 : std::atoi(wanted));
 }
 
 std::string LettersOf(const testing::TestParamInfo<Row>& info) {
