@@ -1,5 +1,6 @@
 #include "shell/backups.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -11,7 +12,7 @@ namespace {
 
 constexpr const char* kNameExample = "2026-11-24_23-05-59-123_address-";
 
-// Whatever else lies in the folder is the user's.
+// Whatever else lies in the folder is the user's, a backup that he has given more of a name included.
 bool IsBackup(const std::string& name) {
     const std::string example = kNameExample;
     if (name.size() < example.size()) return false;
@@ -19,7 +20,8 @@ bool IsBackup(const std::string& name) {
         const bool digit = example[i] >= '0' && example[i] <= '9';
         if (digit ? name[i] < '0' || name[i] > '9' : name[i] != example[i]) return false;
     }
-    return true;
+    const std::size_t end = std::min(name.find_first_not_of("0123456789", example.size()), name.size());
+    return name.substr(end) == ".CT2";
 }
 
 // Names begin with the date, so their order is that of time.

@@ -13,6 +13,7 @@ echo "counterctl edit with 1,000 actions (A) against an empty QCoreApplication p
 "$bin/bench_process" 31 "$bin/counterctl" --dir "$work/none" edit "$work/default.CT2" --script "$work/script" \
     --out "$work/edited.CT2" -- "$bin/bench_empty_qt"
 "$bin/bench_transfer" "$bin" "$work/home"
+"$(dirname "$0")/twenty_meters.sh" "$bin" "$work/meters"
 "$bin/counterctl" --dir "$work/desk" settings init CommsEnabled=0
 export QT_QPA_PLATFORM=offscreen
 echo "counter-setup to its painted home view (A) against an empty QMainWindow program (B)"

@@ -1,5 +1,7 @@
 // Printing into PDF files of a temporary folder, without a dialog.
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
 
 #include <QFile>
 #include <QLabel>
@@ -73,6 +75,22 @@ TEST(Printing, AFileThatCannotBeWrittenSaysWhy) {
     EXPECT_FALSE(status.Ok());
     EXPECT_EQ(status.Path, bench.Path.toStdString());
     EXPECT_NE(status.Reason, "");
+}
+
+TEST(Printing, ADiskThatIsFullInTheMiddleKeepsTheOldFile) {
+    PrintBench bench;
+    ASSERT_TRUE(bench.Printer.PrintText("old", "a page").Ok());
+    const QByteArray old = bench.Printed();
+    rlimit former = {};
+    getrlimit(RLIMIT_FSIZE, &former);
+    const auto formerAction = signal(SIGXFSZ, SIG_IGN);
+    const rlimit small = {1000, former.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const Status status = bench.Printer.PrintView();
+    setrlimit(RLIMIT_FSIZE, &former);
+    signal(SIGXFSZ, formerAction);
+    EXPECT_EQ(status.Text(), bench.Path.toStdString() + ": was not printed to its end");
+    EXPECT_TRUE(bench.Printed() == old);
 }
 
 // Without any printer the system's dialog offers a file.

@@ -3,7 +3,9 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <functional>
@@ -93,6 +95,24 @@ TEST_F(QtFilesTest, WriteThatFailsHalfwayLeavesTheOldFileAlone) {
     EXPECT_EQ(status.Text(), folder_.At("a") + ": File too large");
     EXPECT_EQ(Content("a"), "old");
     EXPECT_EQ(Names(), NameList{"a"});
+}
+
+TEST_F(QtFilesTest, ATemporaryIsTakenOverOnceNobodyWritesItAndTheModeStays) {
+    const std::string left = ".counter-unfinished-1";
+    ASSERT_TRUE(files_.Append(folder_.At("a"), "old").Ok());
+    chmod(folder_.At("a").c_str(), 0640);
+    ASSERT_TRUE(files_.Append(folder_.At(left), "half of ano").Ok());
+    const int other = open(folder_.At(left).c_str(), O_RDONLY);
+    flock(other, LOCK_EX);
+    EXPECT_TRUE(files_.Write(folder_.At("a"), "new").Ok());
+    EXPECT_EQ(Names(), (NameList{left, "a"})) << "it is being written";
+    close(other);
+    EXPECT_TRUE(files_.Write(folder_.At("a"), "newer").Ok());
+    EXPECT_EQ(Names(), NameList{"a"});
+    EXPECT_EQ(Content("a"), "newer");
+    struct stat there = {};
+    stat(folder_.At("a").c_str(), &there);
+    EXPECT_EQ(there.st_mode & 0777, 0640U);
 }
 
 TEST_F(QtFilesTest, LinksStayWhereFilesAreWrittenAndGoWhereLinksAreMade) {

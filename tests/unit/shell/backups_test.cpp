@@ -21,19 +21,19 @@ TEST(Backups, TheNewest100AreKeptAndTheUsersFilesToo) {
     BenchMeter bench;
     bench.SwitchOn();
     const std::string folder = "home/backups/";
-    bench.Store.Contents[folder + "1999 line 3.CT2"] = "mine";
-    bench.Store.Contents[folder + "best.CT2"] = "mine";
+    const std::string mine[] = {"1999 line 3.CT2", "best.CT2", "2025-01-01_00-00-00-000_address-01 best.CT2"};
+    for (const std::string& name : mine) bench.Store.Contents[folder + name] = "mine";
     for (int i = 0; i < 105; ++i) {
         const std::string second = std::to_string(100 + i).substr(1);
         bench.Store.Contents[folder + "2025-01-0" + (i < 100 ? "1" : "2") + "_00-00-" + second +
                              "-000_address-01.CT2"] = "old";
     }
     EXPECT_TRUE(KeepBackup(bench.Program).Ok());
-    EXPECT_EQ(bench.Store.Contents.count(folder + "1999 line 3.CT2"), 1U);
-    EXPECT_EQ(bench.Store.Contents.count(folder + "best.CT2"), 1U);
+    for (const std::string& name : mine) EXPECT_EQ(bench.Store.Contents.count(folder + name), 1U) << name;
     EXPECT_EQ(bench.Store.Contents.count(folder + "2025-01-01_00-00-05-000_address-01.CT2"), 0U);
     EXPECT_EQ(bench.Store.Contents.count(folder + "2025-01-01_00-00-06-000_address-01.CT2"), 1U);
-    EXPECT_EQ(bench.Store.Contents.size(), 1 + 2 + 100U) << "settings, two of the user's, a hundred backups";
+    EXPECT_EQ(bench.Store.Contents.size(), 1 + 3 + 100U)
+        << "settings, three of the user's, a hundred backups";
 }
 
 }  // namespace

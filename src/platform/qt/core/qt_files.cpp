@@ -4,8 +4,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QSaveFile>
-#include <QString>
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
@@ -13,6 +11,7 @@
 
 #include "platform/qt/core/links.h"
 #include "platform/qt/core/system_status.h"
+#include "platform/qt/core/unfinished_file.h"
 
 namespace counter {
 
@@ -86,21 +85,22 @@ void SyncFolderOf(const std::string& path) {
     close(folder);
 }
 
-// The descriptor is written and flushed here, past the save file's own buffer, because only so the system's
-// error number is there to be told, that of the flush included.
-Status WriteWhole(const std::string& path, std::string_view content) {
-    if (const int error = WhyNotReplace(path)) return SystemStatus(path, error);
-    QSaveFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::WriteOnly)) return {StatusKind::Other, path, file.errorString().toStdString()};
-    int error = WriteAll(file.handle(), content);
-    if (error == 0 && fsync(file.handle()) != 0) error = errno;
-    if (error != 0) {
-        file.cancelWriting();
-        return SystemStatus(path, error);
-    }
-    if (!file.commit()) return {StatusKind::Other, path, file.errorString().toStdString()};
+// Who may use the file does not change with it.
+void TakeOverMode(int handle, const std::string& path) {
+    struct stat there = {};
+    if (stat(path.c_str(), &there) == 0) fchmod(handle, there.st_mode & 0777);
+}
+
+int WriteWhole(const std::string& path, std::string_view content) {
+    if (const int error = WhyNotReplace(path)) return error;
+    UnfinishedFile file;
+    if (const int error = file.Open(FolderOf(path))) return error;
+    TakeOverMode(file.Handle(), path);
+    if (const int error = WriteAll(file.Handle(), content)) return error;
+    if (fsync(file.Handle()) != 0) return errno;
+    if (const int error = file.RenameTo(path)) return error;
     SyncFolderOf(path);
-    return {};
+    return 0;
 }
 
 }  // namespace
@@ -116,9 +116,7 @@ Status QtFiles::Read(const std::string& path, std::string& content) const {
 
 Status QtFiles::Write(const std::string& path, std::string_view content) {
     if (IsStream(path)) return StatusOf(path, WriteStream(path, content));
-    Status status = WriteWhole(FollowLinks(path), content);
-    if (!status.Ok()) status.Path = path;
-    return status;
+    return StatusOf(path, WriteWhole(FollowLinks(path), content));
 }
 
 Status QtFiles::Append(const std::string& path, std::string_view content) {

@@ -1,13 +1,14 @@
 #include "platform/qt/widgets/qt_printer.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QTemporaryDir>
 #include <QWidget>
 
+#include "platform/qt/core/qt_files.h"
 #include "platform/qt/widgets/fixed_font.h"
 #include "platform/qt/widgets/qt_text.h"
 
@@ -34,36 +35,34 @@ bool IsFile(const QPrinter& printer) {
     return printer.outputFormat() == QPrinter::PdfFormat || !printer.outputFileName().isEmpty();
 }
 
-std::string Target(const QPrinter& printer) {
-    return (IsFile(printer) ? printer.outputFileName() : printer.printerName()).toStdString();
-}
-
-// Why printing didn't begin; a file says it in the system's words.
-Status WhyNot(const QPrinter& printer) {
-    if (!IsFile(printer)) {
-        return {printer.isValid() ? StatusKind::Other : StatusKind::NotFound, Target(printer),
+Status PrintOn(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
+    const std::string name = printer.printerName().toStdString();
+    QPainter painter;
+    if (!painter.begin(&printer)) {
+        return {printer.isValid() ? StatusKind::Other : StatusKind::NotFound, name,
                 "the printer doesn't answer"};
     }
-    QFile file(printer.outputFileName());
-    if (file.open(QIODevice::Append)) return {StatusKind::Other, Target(printer), "could not be written"};
-    const bool refused = file.error() == QFileDevice::PermissionsError;
-    return {refused ? StatusKind::NoPermission : StatusKind::Other, Target(printer),
-            file.errorString().toStdString()};
+    draw(painter);
+    painter.end();
+    if (printer.printerState() != QPrinter::Error) return {};
+    return {StatusKind::Other, name, "was not printed to its end"};
 }
 
-// A full disk is no error to the one who draws; the file then lacks its end.
-bool HasItsEnd(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return false;
-    file.seek(std::max<qint64>(0, file.size() - 16));
-    return file.readAll().contains("%%EOF");
-}
-
-Status AfterPrinting(const QPrinter& printer) {
-    const bool failed = printer.printerState() == QPrinter::Error;
-    const bool cut = printer.outputFormat() == QPrinter::PdfFormat && !HasItsEnd(printer.outputFileName());
-    if (failed || cut) return {StatusKind::Other, Target(printer), "was not printed to its end"};
-    return {};
+// Printed aside first: a full disk or a kill in the middle must not leave half of it where an older one
+// stood. A full disk is no error to the one who draws; the file then lacks its end.
+Status PrintInto(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
+    const std::string path = QFile::encodeName(printer.outputFileName()).toStdString();
+    const QTemporaryDir aside;
+    if (!aside.isValid()) return {StatusKind::Other, path, aside.errorString().toStdString()};
+    printer.setOutputFileName(aside.filePath(QStringLiteral("printed.pdf")));
+    QtFiles files;
+    std::string content;
+    if (PrintOn(printer, draw).Ok())
+        files.Read(QFile::encodeName(printer.outputFileName()).toStdString(), content);
+    if (content.find("%%EOF", content.size() - std::min<std::size_t>(content.size(), 16)) ==
+        std::string::npos)
+        return {StatusKind::Other, path, "was not printed to its end"};
+    return files.Write(path, content);
 }
 
 // As large as the page lets it be, in the middle of its upper edge.
@@ -152,11 +151,7 @@ Status QtPrinter::Run(QPrinter& printer, const std::function<void(QPainter&)>& d
     pump_.WaitUntil(
         Pump::kForever, [&] { return answered; }, "the print dialog");
     if (!chosen) return {};
-    QPainter painter;
-    if (!painter.begin(&printer)) return WhyNot(printer);
-    draw(painter);
-    painter.end();
-    return AfterPrinting(printer);
+    return IsFile(printer) ? PrintInto(printer, draw) : PrintOn(printer, draw);
 }
 
 }  // namespace counter
