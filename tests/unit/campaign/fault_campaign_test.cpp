@@ -110,7 +110,7 @@ std::string Says(const CaseResult& result, const CaseResult& clean) {
     const std::string first = result.Err.substr(0, result.Err.find('\n'));
     return first == "counterctl: " + LinkErrorMeaning(LinkErrorOf(result))
                ? ""
-               : "\"" + first.substr(0, 60) + "\"; ";
+               : "\"" + first.substr(0, 90) + "\"; ";
 }
 
 bool IsWholeFile(const std::string& path, const std::string& content) {
