@@ -4,6 +4,7 @@
 
 #include "link/exchange.h"
 #include "link/link_error.h"
+#include "link/single_reading.h"
 #include "link/waits.h"
 
 namespace counter {
@@ -61,7 +62,7 @@ class Procedure {
     }
 
     void Measure() {
-        AskAscii(link_, "B1");
+        AskValue(link_, "B1");
         Note(link_.State.LinkError);
         result_.Applied = CorrectionFor(ReadingOf(link_.State.RawReply));
         if (result_.Applied.Limited) tell_(CalibrationStage::Limited, result_);

@@ -36,7 +36,8 @@ inline constexpr const char* kDoneText = "Done.";
 struct CalibrationResult {
     Correction Applied;  // known from the stage Limited or Returning on
     // How the replies came, which the procedure itself does not ask: 0, the first number of a receive that
-    // failed, 27 where the line has gone, 1 and 2 for a reply to X311Z or X124Z of a wrong length.
+    // failed, 27 where the line has gone, 1 and 2 for a reply to X311Z or X124Z of a wrong length,
+    // 1 or 23 for one to B1 that is no value.
     int LinkError = 0;
 };
 

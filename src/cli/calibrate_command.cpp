@@ -13,6 +13,12 @@ namespace counter {
 
 namespace {
 
+// The procedure runs on whatever comes: required.
+constexpr const char* kMayBeLeft =
+    "the meter may be left with its test scale or a wrong correction; calibrate it again, and put back the "
+    "setup "
+    "that it had";
+
 // The procedure itself takes any text, and would calibrate for 1 Hz where it holds no number.
 bool IsFrequency(const std::string& word) {
     const double hertz = ExactNumber<double>(word).value_or(0);
@@ -69,8 +75,10 @@ int CalibrateCommand(const CommandCall& call) {
     const CalibrationResult result = RunUninterrupted(call, link);
     state.LinkError = result.LinkError;
     ActionEnd end{kDoneText, kDoneText, {{"ppm", result.Applied.Ppm}, {"limited", result.Applied.Limited}}};
-    if (result.LinkError != 0)
+    if (result.LinkError != 0) {
+        Complain(call.World) << kMayBeLeft << "\n";
         end.Status = WithNumber(CommandsView::kCommunicationsFailure, result.LinkError);
+    }
     return link.EndAction(end);
 }
 

@@ -166,6 +166,11 @@ void LinkSession::OnInterrupt() {
     machine_->Waits().EndProcess(kInterrupted);
 }
 
+void LinkSession::TellWritten() {
+    EndBar();
+    Complain(call_.World) << "not put whole" << WrittenSoFar() << "\n";
+}
+
 std::string LinkSession::WrittenSoFar() const {
     if (!putting_) return {};
     if (session_.LinkData.FramesWritten.empty()) return "; nothing was written";

@@ -101,18 +101,26 @@ class StreamRun {
 };
 
 int StreamRun::Run() {
-    if (!limits_.Csv.empty()) written_ = call_.World.Store.Write(limits_.Csv, "time,reading\n");
+    Files& store = call_.World.Store;
+    const bool fresh = !store.Exists(limits_.Csv);
+    if (!limits_.Csv.empty()) written_ = store.Append(limits_.Csv, "");  // refused before anything is sent
     if (written_.Ok()) {
         program_.Waits.OnInterrupt = [this] { interrupted_ = true; };
-        PrepareReadings(program_.Line, program_.Identity.FirmwareVersion, program_.Frames);
-        if (program_.LinkData.LinkError == LinkErrors::kGood && !interrupted_) Stream();
+        program_.LinkData.LinkError =
+            PrepareReadings(program_.Line, program_.Identity.FirmwareVersion, program_.Frames);
+        if (program_.LinkData.LinkError == LinkErrors::kGood && !interrupted_)
+            Stream();
+        else if (fresh && !limits_.Csv.empty())
+            store.Remove(limits_.Csv);
     }
     link_.Finish();
     return Report();
 }
 
-// However it ends, the meter is told to stop.
+// What a file held is given up only here, for a meter that answers. However it ends, the meter is told to
+// stop.
 void StreamRun::Stream() {
+    if (!limits_.Csv.empty()) written_ = call_.World.Store.Write(limits_.Csv, "time,reading\n");
     ReadingStream stream(program_.Line, std::make_unique<ListCutter>(program_.Frames));
     stream.TakeFrame = [this](const Frame& frame) {
         if (!frame.OnlySizes && !Over()) Take(Stripped(frame.Text));

@@ -14,7 +14,8 @@ std::string AsciiCommand(const LinkState& link, std::string_view body) {
 
 void JudgeAscii(LinkState& link, std::string_view received) {
     const std::size_t end = received.find('\r');
-    if (end == std::string_view::npos) {
+    link.ReplyHadEnd = end != std::string_view::npos;
+    if (!link.ReplyHadEnd) {
         link.LinkError = LinkErrors::kNoCarriageReturn;
         return;
     }
@@ -25,6 +26,7 @@ void JudgeAscii(LinkState& link, std::string_view received) {
 }
 
 void JudgeNodeAscii(LinkState& link, std::string_view received) {
+    link.ReplyHadEnd = received.ends_with('\r') || received.ends_with('\n');
     if (received.ends_with('\n')) received.remove_suffix(1);
     if (received.ends_with('\r')) received.remove_suffix(1);
     link.RawReply = std::string(received);

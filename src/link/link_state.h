@@ -14,8 +14,9 @@ struct LinkState {
         ModbusPayload;      // Modbus: the request as hexadecimal digits without address; anew for every send
     std::string ReplyText;  // the reply with its framing removed and blanks trimmed
     std::string RawReply;   // the reply before trimming
-    int LinkError = 0;      // 0 good, see link_error.h
-    int PortFault = 0;      // 1: WaitForInput met a port error
+    bool ReplyHadEnd = false;  // Custom ASCII: a CR or LF stood behind it
+    int LinkError = 0;         // 0 good, see link_error.h
+    int PortFault = 0;         // 1: WaitForInput met a port error
 
     // Through the node.
     std::string NodeReply;  // what arrived last; empty: nothing yet

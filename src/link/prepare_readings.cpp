@@ -1,6 +1,7 @@
 #include "link/prepare_readings.h"
 
 #include "link/exchange.h"
+#include "link/link_error.h"
 #include "link/waits.h"
 #include "meter/firmware.h"
 #include "meter/hex_text.h"
@@ -16,16 +17,17 @@ constexpr double kBehindByteMs = 50;
 constexpr unsigned kLineFeedBit = 1U << 7;
 constexpr unsigned kCustomBit = 1U << 6;
 
-unsigned AskByte(Link& link, const char* command, double pauseMs) {
+unsigned AskByte(Link& link, const char* command, double pauseMs, int& failure) {
     AskAscii(link, command);
+    if (failure == LinkErrors::kGood) failure = link.State.LinkError;
     const unsigned byte = ParseHex(link.State.RawReply) & 0xFFU;
     LinkDelay(link, pauseMs);
     return byte;
 }
 
-void AskCustomCharacters(Link& link, FrameRules& rules) {
-    rules.FrameLeadChar = static_cast<char>(AskByte(link, "G15D", kBehindByteMs));
-    rules.FrameEndChar = static_cast<char>(AskByte(link, "G1E0", kBehindByteMs));
+void AskCustomCharacters(Link& link, FrameRules& rules, int& failure) {
+    rules.FrameLeadChar = static_cast<char>(AskByte(link, "G15D", kBehindByteMs, failure));
+    rules.FrameEndChar = static_cast<char>(AskByte(link, "G1E0", kBehindByteMs, failure));
     rules.FrameBackStep = 0;
     if (rules.FrameEndChar == kNoCharacter) {
         rules.FrameEndChar = rules.FrameLeadChar;
@@ -37,14 +39,17 @@ void AskCustomCharacters(Link& link, FrameRules& rules) {
 
 }  // namespace
 
-void PrepareReadings(Link& link, int firmwareVersion, FrameRules& rules) {
+int PrepareReadings(Link& link, int firmwareVersion, FrameRules& rules) {
+    int failure = LinkErrors::kGood;
     SendAscii(link, "A1");
     LinkDelay(link, kStreamStopsMs);
-    rules.LineFeedFlag = (AskByte(link, "G132", kBehindFlagsMs) & kLineFeedBit) != 0 ? 1 : 0;
+    rules.LineFeedFlag = (AskByte(link, "G132", kBehindFlagsMs, failure) & kLineFeedBit) != 0 ? 1 : 0;
     rules.FrameEndChar = rules.LineFeedFlag == 1 ? kLineFeed : kCarriageReturn;
     rules.FrameLeadChar = kNoCharacter;
-    if (!HasCustomCharacters(firmwareVersion)) return;
-    if ((AskByte(link, "G133", kBehindByteMs) & kCustomBit) != 0) AskCustomCharacters(link, rules);
+    if (!HasCustomCharacters(firmwareVersion)) return failure;
+    if ((AskByte(link, "G133", kBehindByteMs, failure) & kCustomBit) != 0)
+        AskCustomCharacters(link, rules, failure);
+    return failure;
 }
 
 }  // namespace counter

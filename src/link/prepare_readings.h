@@ -14,9 +14,10 @@ namespace counter {
 //   G15D -> lead    only with custom characters; then 50 ms
 //   G1E0 -> end     only with custom characters; then 50 ms
 //
-// Nothing is told of a failure: a meter that doesn't answer leaves what stands in RawReply to be taken, and a
+// No failure ends it: a meter that doesn't answer leaves what stands in RawReply to be taken, and a
 // text that is no hexadecimal number counts as 0. FrameBackStep keeps its value while custom characters are
-// off, which is required.
-void PrepareReadings(Link& link, int firmwareVersion, FrameRules& rules);
+// off, which is required. Returns 0, or the LinkError of the first question that failed, for those who want
+// to know: behind it the rules are a guess.
+int PrepareReadings(Link& link, int firmwareVersion, FrameRules& rules);
 
 }  // namespace counter

@@ -15,7 +15,7 @@ namespace {
 // Of a Modbus reply as hexadecimal text: address, function and byte count stand in front.
 constexpr std::size_t kCountAt = 6;
 constexpr std::size_t kCountDigits = 8;
-constexpr int kBadLength = 1;  // LinkError of a reply with another length
+constexpr int kBadLength = 1;  // LinkError of a reply with another length, or that is no value
 
 // A reply that is too short counts as what is there of it. Nothing at all, as when the node stays silent, is
 // no count.
@@ -37,11 +37,21 @@ bool IsLine(ReadingKind kind) {
 
 }  // namespace
 
+// Values are of any length, so that only this is known for none: nothing, the command that an adapter has
+// given back, and through the node, where a reply may be cut, a text without the end of every reply.
+void AskValue(Link& link, std::string_view command) {
+    AskAscii(link, command);
+    LinkState& state = link.State;
+    if (state.LinkError != LinkErrors::kGood) return;
+    if (!state.ReplyHadEnd) state.LinkError = LinkErrors::kNoCarriageReturn;
+    if (state.ReplyText.empty() || state.ReplyText.starts_with('*')) state.LinkError = kBadLength;
+}
+
 void ReadSingle(Link& link, ReadingKind kind) {
     const SingleReading& reading = kSingleReadings[static_cast<std::size_t>(kind)];
     LinkState& state = link.State;
     if (state.ModbusLink == 0) {
-        AskAscii(link, reading.AsciiCommand);
+        AskValue(link, reading.AsciiCommand);
         if (!IsLine(kind)) state.RawReply = state.ReplyText;
     } else if (!reading.ModbusPayload.empty()) {
         AskModbus(link, reading.ModbusPayload);

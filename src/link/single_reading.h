@@ -31,11 +31,15 @@ inline constexpr std::array<SingleReading, 7> kSingleReadings = {{
 }};
 // clang-format on
 
+// Asks a Custom ASCII meter for a value; LinkError is 1 or 23 also for a text that can't be one, which stands
+// in ReplyText and RawReply as it came.
+void AskValue(Link& link, std::string_view command);
+
 // Asks for a reading and leaves its text in RawReply; LinkError tells how the receive ended, 1 for a Modbus
-// reply of another length, and whoever does not look at it shows what the last good reply left. One value is
-// without blanks at its ends, but a Modbus count that is not negative has one in front. A line of values
-// stays as it came, since its first character is the sign's place of its first value. Over Modbus, what has
-// no request is not asked for.
+// reply of another length and for no value, and whoever does not look at it shows what the last good reply
+// left. One value is without blanks at its ends, but a Modbus count that is not negative has one in front. A
+// line of values stays as it came, since its first character is the sign's place of its first value. Over
+// Modbus, what has no request is not asked for.
 void ReadSingle(Link& link, ReadingKind kind);
 
 }  // namespace counter

@@ -121,6 +121,17 @@ TEST(Stream, CsvGrowsWhileItRunsAndJsonIsOneDocument) {
     EXPECT_TRUE(list[149]["reading"].is_string());
 }
 
+TEST(Stream, ASilentMeterCostsNoFile) {
+    for (const bool there : {true, false}) {
+        StreamCli cli;
+        if (there) cli.Store.Contents["/a.csv"] = "yesterday";
+        cli.Line.Unplug();
+        EXPECT_EQ(cli.Run({"stream", "--count", "3", "--csv", "/a.csv"}), 3);
+        EXPECT_EQ(cli.Store.Contents.count("/a.csv"), there ? 1U : 0U);
+        EXPECT_TRUE(!there || cli.Store.Contents["/a.csv"] == "yesterday");
+    }
+}
+
 TEST(Stream, CsvMayGoToStandardOutput) {
     StreamCli cli;
     EXPECT_EQ(cli.Run({"stream", "--count", "3", "--csv", "-"}), 0);

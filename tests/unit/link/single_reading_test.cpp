@@ -20,6 +20,8 @@ TEST(ReadSingle, LeavesTheTextInRawReply) {
         {"a value is trimmed",      ReadingKind::Item1,         false, "  12.5 ",           "12.5"},
         {"a line stays whole",      ReadingKind::AllActive,     false, " 123.45-678.90 ",   " 123.45-678.90 "},
         {"so does the other",       ReadingKind::AllActivePlus, false, " 123.45-678.90",    " 123.45-678.90"},
+        {"nothing is no value",     ReadingKind::Item1,         false, "",                 "", 1},
+        {"nor is the command",      ReadingKind::Item1,         false, "*1B1",             "*1B1", 1},
         {"count",                   ReadingKind::Item1,         true,  ":0104040000006493", " 100"},
         {"negative count",          ReadingKind::Item2,         true,  ":010404FFFFFF8575", "-123"},
         {"least count",             ReadingKind::Peak,          true,  ":0104048000000077", "-2147483648"},

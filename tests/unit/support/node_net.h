@@ -72,7 +72,10 @@ class NodeNet {
             Net.Sent.emplace_back(bytes);
             Net.node_.Receive(bytes, Net.pump_.NowMs());
         }
-        void Close() override { Now = SocketState::Closed; }
+        // The node hears of it.
+        void Close() override {
+            if (std::exchange(Now, SocketState::Closed) == SocketState::Connected) Net.node_.Disconnected();
+        }
         void Tell(std::string_view bytes) { TellArrived(bytes); }
         NodeNet& Net;
         int Port = 0;
