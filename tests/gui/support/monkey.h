@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QPrintDialog>
 #include <QWindow>

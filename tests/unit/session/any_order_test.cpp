@@ -31,8 +31,8 @@ class AnyOrderDesk : BenchMeter {
     // False: an act ended the program.
     bool Live(int acts) {
         left_ = acts;
-        Beat();
         try {
+            Beat();
             while (left_ > 0) Pump.Pass(1000);
             Line.Meter().SetFaults({});
             Pump.Pass(60'000);

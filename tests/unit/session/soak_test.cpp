@@ -1,18 +1,12 @@
 // Transfers for days on end: nothing may grow.
-#include <malloc.h>
-
 #include "readings/readings_bench.h"
 #include "shell/get_action.h"
 #include "shell/put_action.h"
+#include "support/heap.h"
 #include "support/meter_kinds.h"
 
 namespace counter::test {
 namespace {
-
-// Bytes in use; nothing under the sanitizers, which have a heap of their own.
-std::size_t HeapInUse() {
-    return mallinfo2().uordblks;
-}
 
 TEST(Soak, TenThousandGetsAndPutsLeaveTheHeapAsItWas) {
     constexpr int kRounds = 1700, kWarm = 200;  // a Get and a Put each, in each of three protocols
