@@ -19,10 +19,12 @@ namespace counter::test {
 
 class Monkey {
   public:
-    // `trouble` lets something go wrong in the world, and tells what.
-    Monkey(Dice& dice, GuiPump& pump, Desktop& desk, RecordedDialogs& boxes,
+    // `trouble` lets something go wrong in the world, and tells what. One that stays doesn't end the program.
+    Monkey(Dice& dice, GuiPump& pump, Desktop& desk, RecordedDialogs& boxes, bool stays,
            std::function<std::string()> trouble)
-        : dice_(dice), pump_(pump), desk_(desk), boxes_(boxes), trouble_(std::move(trouble)) {
+        : dice_(dice), pump_(pump), desk_(desk), boxes_(boxes), stays_(stays), trouble_(std::move(trouble)) {
+        desk_.Home().Controls.Find("mnuExit")->Enabled = !stays_;
+        desk_.Home().Controls.TellChanged();
         screen_.SetParent(&desk_.Window());
         boxes_.Meanwhile = [this](const Message& message) { screen_.Show(message); };
     }
@@ -35,6 +37,7 @@ class Monkey {
         pump_.Pass(kRestMs);
         beats_ = false;
         pump_.Pass(kLongestPauseMs);
+        boxes_.Meanwhile = nullptr;
     }
     // What it did last, a line each.
     std::string Story() const {
@@ -110,8 +113,8 @@ class Monkey {
     void Close(QWidget& top) {
         ViewPage* const page = desk_.Window().Current();
         const bool ends = page == first_ || page == desk_.PageOf(ViewId::Home);
-        if (&top == &desk_.Window() && ends && !dice_.OneIn(8)) return;
-        if (dice_.OneIn(60)) {
+        if (&top == &desk_.Window() && ends && (stays_ || !dice_.OneIn(8))) return;
+        if (!stays_ && dice_.OneIn(60)) {
             Tell("interrupt");
             return desk_.Interrupt();
         }
@@ -179,6 +182,7 @@ class Monkey {
     GuiPump& pump_;
     Desktop& desk_;
     RecordedDialogs& boxes_;
+    const bool stays_;
     std::function<std::string()> trouble_;
     QtDialogs screen_{pump_, "/nowhere"};
     const bool loud_ = qEnvironmentVariableIsSet("MONKEY_LOUD");
