@@ -23,6 +23,7 @@ TEST(Soak, TenThousandGetsAndPutsLeaveTheHeapAsItWas) {
             bench.Line.Forget();
             if (round == kWarm) warm = HeapInUse();  // a hundred backups are kept by now
         }
+        EXPECT_TRUE(bench.Program.Home.StatusText.ends_with("Transferred O.K.")) << "as all before it";
         EXPECT_LE(HeapInUse(), warm + 4096);
     }
 }

@@ -1,10 +1,17 @@
 // Dice: the same throws for the same seed.
 #pragma once
 
+#include <cstdlib>
 #include <iterator>
 #include <random>
 
 namespace counter::test {
+
+// How often a random walk acts: RANDOM_ACTS=1000000 in the environment makes a campaign of it.
+inline int RandomActs(int usual) {
+    const char* const campaign = std::getenv("RANDOM_ACTS");
+    return campaign ? std::atoi(campaign) : usual;
+}
 
 class Dice {
   public:
