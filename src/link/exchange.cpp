@@ -13,6 +13,9 @@ namespace {
 constexpr double kBeforeSendMs = 300;
 constexpr double kFirstCharacterMs = 3000;
 constexpr double kFirstPartMs = 200;
+// Far above the four seconds that the longest block takes at 300 baud. A meter that was left in continuous
+// output may never fall silent; what came is then judged as it is, and found to have the wrong length.
+constexpr double kLongestReplyMs = 30'000;
 
 constexpr int kModbusRtu = 1;
 
@@ -53,8 +56,10 @@ bool WaitForFirstCharacter(Link& link) {
 std::string TakeUntilSilence(Link& link) {
     const double gapMs = static_cast<double>(link.State.CharTimeMs * 10 + 50);
     std::string reply;
+    const double lastMs = link.Waits.NowMs() + kLongestReplyMs;
     const auto input = [&] { return link.Port.Faulted() || link.Port.InBufferCount() > 0; };
-    while (link.Waits.WaitUntil(link.Waits.NowMs() + gapMs, input, "end of a reply")) {
+    while (link.Waits.NowMs() < lastMs &&
+           link.Waits.WaitUntil(link.Waits.NowMs() + gapMs, input, "end of a reply")) {
         if (link.Port.Faulted()) {
             link.State.LinkError = LinkErrors::kPortFault;
             break;

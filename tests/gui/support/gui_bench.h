@@ -16,11 +16,22 @@
 
 namespace counter::test {
 
+// Help texts and drawings, as they come with the program.
+inline void TakeData(MemoryFiles& store) {
+    for (const std::string folder : {"help", "boards"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(SHARE_FOLDER "/" + folder)) {
+            std::ifstream file(entry.path(), std::ios::binary);
+            store.Contents[folder + "/" + entry.path().filename().string()] = {
+                std::istreambuf_iterator<char>(file), {}};
+        }
+    }
+}
+
 struct GuiBench : BenchMeterOf<GuiPump> {
     explicit GuiBench(sim::MeterOptions options = {}, const std::vector<std::string>& settings = {})
         : BenchMeterOf<GuiPump>(std::move(options), settings) {
         const Status started = SwitchOn();
-        TakeData();
+        TakeData(Store);
         Desk = std::make_unique<Desktop>(Program, Desktop::Folders{{"help"}, {"boards"}});
         if (!started.Ok()) Program.Home.ShowStatus(started.Text(), ColorRed);
         Desk->GoHome();
@@ -56,17 +67,6 @@ struct GuiBench : BenchMeterOf<GuiPump> {
     QString StatusLine() { return QString::fromStdString(Desk->Home().lblPGText.Caption); }
 
     std::unique_ptr<Desktop> Desk;
-
-  private:
-    void TakeData() {
-        for (const std::string folder : {"help", "boards"}) {
-            for (const auto& entry : std::filesystem::directory_iterator(SHARE_FOLDER "/" + folder)) {
-                std::ifstream file(entry.path(), std::ios::binary);
-                Store.Contents[folder + "/" + entry.path().filename().string()] = {
-                    std::istreambuf_iterator<char>(file), {}};
-            }
-        }
-    }
 };
 
 }  // namespace counter::test

@@ -140,6 +140,14 @@ TEST(Receive, ALongReplyInPiecesIsOne) {
     EXPECT_EQ(bench.State().ReplyText.size(), 200U);
 }
 
+// As in continuous output, at the end of which this test would be much later.
+TEST(Receive, AMeterThatNeverFallsSilentIsHeardForHalfAMinute) {
+    QuietBench bench;
+    for (int reading = 0; reading < 2000; ++reading) bench.Line.InjectAfter(310 + reading * 50, "  12.3\r");
+    EXPECT_EQ(bench.Pump.Took([&] { AskAscii(bench.L(), "XR1AZ"); }), 310 + 200 + 30'000);
+    EXPECT_EQ(bench.State().ReplyText, "12.3") << "too short for its caller";
+}
+
 TEST(Receive, EchoIsRemovedOrMissed) {
     const struct {
         const char *Name, *Reply;

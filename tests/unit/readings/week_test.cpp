@@ -1,7 +1,9 @@
 // A week of readings, 20 a second, a second's worth an arrival: nothing may grow.
 #include "readings/graph_view.h"
+#include "readings/list_view.h"
 #include "readings/plot_view.h"
 #include "readings_bench.h"
+#include "support/heap.h"
 
 namespace counter::test {
 namespace {
@@ -15,20 +17,38 @@ std::string Second(const std::string& reading) {
     return bytes;
 }
 
-// The most entries that the record has in a week of readings, one of `readings` a second, 20 times.
+// A week of readings, one of `readings` a second, 20 times; `each` comes in front of each second. What is in
+// use after a day is all that the week needs.
+void Live(ReadingsBench& bench, const Lines& readings, const std::function<void(int second)>& each) {
+    std::size_t afterADay = 0;
+    for (int second = 0; second < kWeekSeconds; ++second) {
+        bench.Pump.SetTimeOfDay(second % kDaySeconds);
+        each(second);
+        bench.Line.Inject(readings[static_cast<std::size_t>(second) % readings.size()]);
+        if (second == kDaySeconds) afterADay = HeapInUse();
+    }
+    EXPECT_LE(HeapInUse(), afterADay + 4096);
+}
+
+// The most entries that the record has in such a week.
 std::size_t WeekOf(ReadingsBench& bench, ChartView& view, const char* third, const Lines& readings) {
     view.Activate();
     TypeScale(view, "", "", third);
     Press(view, view.cmdOK);
     std::size_t most = 0;
-    for (std::size_t second = 0; second < kWeekSeconds; ++second) {
-        bench.Pump.SetTimeOfDay(static_cast<int>(second) % kDaySeconds);
+    Live(bench, readings, [&](int second) {
         // A plot that is full, or runs across midnight where it would go on for ever, starts over.
         if (second % 36'002 == 0 || second % kDaySeconds == 0) view.Controls.Click(view.cmdContinue);
-        bench.Line.Inject(readings[second % readings.size()]);
         most = std::max(most, view.Chart.Record().size());
-    }
+    });
     return most;
+}
+
+TEST(Week, ListKeepsItsTable) {
+    ReadingsBench bench;
+    ListView view(bench.Program);
+    view.Activate();
+    Live(bench, {Second("+1"), Second("-99.5")}, [](int) {});
 }
 
 TEST(Week, GraphKeepsItsRecordSmall) {

@@ -6,11 +6,11 @@
 
 #include "meter/field_table.h"
 #include "stories.h"
+#include "support/dice.h"
 
 namespace counter::test {
 namespace {
 
-constexpr int kSequences = 20000;
 constexpr int kActions = 5;
 constexpr int kRebuildEvery = 8;
 
@@ -86,13 +86,14 @@ std::string Look(const Control& control) {
 class Walk {
   public:
     void Run() {
-        for (int i = 0; i < kSequences && !testing::Test::HasFailure(); ++i) {
+        const int sequences = RandomActs(100'000) / kActions;
+        for (int i = 0; i < sequences && !testing::Test::HasFailure(); ++i) {
             if (!Open()) continue;
             for (int k = 0; k < kActions; ++k) Act();
             if (i % kRebuildEvery == 0) CompareWithRebuilt();
         }
-        EXPECT_GT(acted_, kSequences);
-        EXPECT_GT(refused_, kSequences);
+        EXPECT_GT(acted_, sequences);
+        EXPECT_GT(refused_, sequences);
     }
 
   private:

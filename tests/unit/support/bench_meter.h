@@ -21,9 +21,14 @@ class RecordedDialogs : public Dialogs {
     bool SaysYes = true;  // to a question
     int Beeps = 0;
 
-    void Show(const Message& message) override { Shown.push_back(message); }
-    bool Confirm(const Message& message) override {
+    std::function<void(const Message&)> Meanwhile;  // happens while a message is on show; may be empty
+
+    void Show(const Message& message) override {
         Shown.push_back(message);
+        if (Meanwhile) Meanwhile(message);
+    }
+    bool Confirm(const Message& message) override {
+        Show(message);
         return SaysYes;
     }
     std::string AskOpenFile(const FileQuestion& question) override {

@@ -25,11 +25,18 @@ class MeterLine : public SerialPort {
     }
     // Another thing at the end of the line than the meter: what is sent goes nowhere.
     void Unplug() { plugged_ = false; }
+    void Plug() { plugged_ = true; }
     void GoAway() { faulted_ = true; }
     Status NextOpen;  // how the next opening ends
 
     const std::vector<std::string>& Sent() const { return sent_; }
     const std::vector<std::string>& Calls() const { return calls_; }  // of the port operations
+    // For long runs: what was sent, called and heard so far takes no more room.
+    void Forget() {
+        sent_.clear();
+        calls_.clear();
+        meter_.ClearCommands();
+    }
 
     void SetCommPort(int number) override { calls_.push_back("CommPort " + std::to_string(number)); }
     Status SetSettings(std::string_view text) override;

@@ -1,0 +1,239 @@
+// A random user on the whole program, at a meter of any kind, on a good line and on a bad one.
+//
+// The few seconds here always play the same. For a campaign, and to play one again that failed:
+//   MONKEY_MINUTES=15 build/asan/bin/gui_monkey_tests
+//   MONKEY_SEED=1234 MONKEY_LOUD=1 build/asan/bin/gui_monkey_tests    tells each act before it is done
+#include <QElapsedTimer>
+#include <cstdio>
+
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
+
+#include "support/monkey.h"
+#include "support/node_net.h"
+#include "support/temp_folder.h"
+
+namespace counter::test {
+namespace {
+
+const TempFolder& Folder() {
+    static const TempFolder folder;
+    return folder;
+}
+
+sim::MeterOptions AnyMeter(Dice& dice, bool calm) {
+    sim::MeterOptions options = MeterOf(dice.Pick(kLinkKinds), 70 + dice.Below(16));
+    options.InputBoard = dice.Below(4);
+    options.RelayBoard = dice.Below(4);
+    options.AnalogBoard = dice.Below(calm ? 2 : 5);  // one that the meter can't drive ends the program
+    options.Type = dice.Pick(std::initializer_list<int>{1, 3, 3, 3, 5, 7});
+    options.Extended = !dice.OneIn(4);
+    options.StrictBaud = dice.OneIn(4);
+    options.Signal = {sim::SignalKind::Sine, 500, 200, 20};
+    if (dice.OneIn(4)) options.Patches = {{185, "6"}};  // a remote display, of which a Get speaks
+    return options;
+}
+
+std::vector<std::string> SettingsFor(Dice& dice, const sim::MeterOptions& meter) {
+    std::vector<std::string> words = {"FirmwareVersion=" + std::to_string(meter.Version.value_or(83)),
+                                      "MeterType=" + std::to_string(meter.Type.value_or(3)),
+                                      "SerialProtocol=" + std::to_string(static_cast<int>(*meter.Protocol))};
+    if (dice.OneIn(10)) words.emplace_back("CommsEnabled=0");
+    if (dice.OneIn(10)) words.emplace_back("ProgramKind=7");
+    return words;
+}
+
+// What the user finds when it chooses a file; some exist from the start, some can't be read or written.
+void LayOutFiles(Dice& dice, MemoryFiles& store) {
+    store.Contents[Folder().At("short.CT2")] = std::string(100, '3');
+    store.Contents[Folder().At("odd.CT2")] = "\xFF\n\"" + std::string(2000, 'x');
+    store.Contents[Folder().At("empty.CT2")] = "";
+    store.Refused = {Folder().At("locked.CT2")};
+    if (dice.OneIn(3)) store.ReadOnly = {Folder().At("kept.CT2"), "home/Settings.SSS", "home/DataFil2"};
+    for (const char name : std::string("0123456789A"))
+        store.Contents["home/C:\\Program Files\\QX7\\" + std::string(1, name) + ".PRM"] =
+            std::string(84, '5') + "\r\n" + std::string(84, name) + "\r\n";
+}
+
+std::string AnyPath(Dice& dice) {
+    const char* const names[] = {"kept.CT2", "short.CT2",  "odd.CT2",     "empty.CT2",
+                                 "lost.CT2", "locked.CT2", "no/such.CT2", "kept.CT2"};
+    return dice.OneIn(6) ? "" : Folder().At(dice.Pick(names));
+}
+
+std::vector<sim::Fault> AnyFaults(Dice& dice) {
+    const char* const kinds[] = {"noreply",  "cut=5",       "extra", "garbage", "badcheck",   "exception=2",
+                                 "late=900", "pause=3,400", "paced", "echo",    "badecho",    "gone=4",
+                                 "wrongid",  "status",      "twice", "close=3", "pieces=3,90"};
+    const std::string when[] = {"*", "*#" + std::to_string(1 + dice.Below(9))};
+    return WithFaults({}, {dice.Pick(when) + ":" + dice.Pick(kinds)}).Faults;
+}
+
+std::string AnyBytes(Dice& dice) {
+    std::string bytes;
+    for (int count = dice.Below(60); count > 0; --count)
+        bytes +=
+            dice.OneIn(2) ? static_cast<char>(dice.Below(256)) : dice.Pick(std::string_view("\r+-. 0123"));
+    return bytes;
+}
+
+struct SerialDesk {
+    explicit SerialDesk(Dice& dice, const sim::MeterOptions& meter)
+        : Bench(meter, SettingsFor(dice, meter)) {}
+    std::string Break(Dice& dice) {
+        switch (dice.Below(5)) {
+            case 0:
+                return Bench.Line.Unplug(), "the cable is pulled";
+            case 1:
+                return Bench.Line.GoAway(), "the adaptor is pulled";
+            case 2:
+                return Bench.Line.NextOpen = {StatusKind::NotFound, "port", "gone"},
+                       "the port can't be opened";
+            case 3:
+                return Bench.Line.Inject(AnyBytes(dice)), "noise";
+            default:
+                return Bench.Line.Meter().SetFaults(AnyFaults(dice)), "faults";
+        }
+    }
+    void Heal() {
+        Bench.Line.Plug();
+        Bench.Line.NextOpen = {};
+        Bench.Line.Meter().SetFaults({});
+    }
+    void LogIn() {}
+    Desktop& Desk() { return *Bench.Desk; }
+    GuiBench Bench;
+};
+
+struct NodeDesk {
+    explicit NodeDesk(Dice& dice, const sim::MeterOptions& meter)
+        : Bench(SettingsFor(dice, meter), {}, meter) {
+        Start(Bench.Program);
+        TakeData(Bench.Store);
+        Of = std::make_unique<Desktop>(Bench.Program, Desktop::Folders{{"help"}, {"boards"}});
+        Of->ShowFirst();
+        Of->Window().show();
+    }
+    std::string Break(Dice& dice) {
+        switch (dice.Below(4)) {
+            case 0:
+                return Bench.Net.Break(), "the node hangs up";
+            case 1:
+                return Bench.Net.StrangerCalls(), "a stranger calls";
+            case 2:
+                return Bench.Net.Arrive(AnyBytes(dice)), "noise";
+            default:
+                return Bench.Meter().SetFaults(AnyFaults(dice)), "faults";
+        }
+    }
+    void Heal() { Bench.Meter().SetFaults({}); }
+    void LogIn() {
+        Bench.Pump.After(0, [this] { Of->LogIn(); });
+    }
+    Desktop& Desk() { return *Of; }
+    NodeBenchOf<GuiPump> Bench;
+    std::unique_ptr<Desktop> Of;
+};
+
+// Nothing of what was begun is under way any more, and every view still comes and goes.
+template <class World>
+void ExpectAtRest(World& world) {
+    Session& program = world.Bench.Program;
+    GuiPump& pump = world.Bench.Pump;
+    EXPECT_EQ(pump.Reasons(), "");
+    EXPECT_FALSE(program.Home.Hourglass);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(GuiBench::Dialog(), nullptr);
+    MainWindow& window = world.Desk().Window();
+    for (const HomeMenuRow& row : HomeMenu()) {
+        if (!row.Opens) continue;
+        world.Desk().Open(*row.Opens);
+        EXPECT_EQ(window.Current(), world.Desk().PageOf(*row.Opens)) << row.Name;
+        window.Current()->Leave();
+        pump.Pass(3000);
+        EXPECT_EQ(window.Current(), world.Desk().PageOf(ViewId::Home)) << row.Name;
+        EXPECT_FALSE(program.Home.Hourglass) << row.Name;
+    }
+    world.Desk().Home().Exit();
+}
+
+// On a calm day nothing fails and the user stays; otherwise anything may happen.
+template <class World>
+void Play(Dice& dice, bool calm, int acts) {
+    World world(dice, AnyMeter(dice, calm));
+    LayOutFiles(dice, world.Bench.Store);
+    Monkey monkey(dice, world.Bench.Pump, world.Desk(), world.Bench.Boxes, calm, [&]() -> std::string {
+        world.Bench.Boxes.Path = calm ? Folder().At("kept.CT2") : AnyPath(dice);
+        if (calm || dice.OneIn(2)) return "another path";
+        return dice.OneIn(3) ? (world.Heal(), "healed") : world.Break(dice);
+    });
+    int status = -1;
+    try {
+        world.LogIn();
+        monkey.Play(acts);
+        world.Heal();
+        ExpectAtRest(world);
+    } catch (const ProcessEnded& ended) {
+        status = ended.Status;
+    } catch (const EndlessWait& wait) {
+        ADD_FAILURE() << wait.what();
+    }
+    EXPECT_TRUE(status == 0 || (!calm && (status == kNoNodeExit || status == kIncompatibleBoardExit)))
+        << status;
+    EXPECT_FALSE(status == 0 && world.Bench.Program.Port.PortOpen());
+    const std::string& digits = world.Bench.Program.Image.SetupData;
+    EXPECT_TRUE(!calm || digits.find_first_not_of("0123456789ABCDEF") == std::string::npos) << digits;
+    if (testing::Test::HasFailure()) std::fputs(monkey.Story().c_str(), stderr);
+}
+
+// A program that ends in the middle of things is unwound through the toolkit, which then leaves behind the
+// events that it was at, and for the next program what it showed.
+class Unwound {
+  public:
+#ifdef __SANITIZE_ADDRESS__
+    Unwound() {
+        __lsan_disable();
+    }
+    ~Unwound() {
+        ClearScreen(), __lsan_enable();
+    }
+#else
+    ~Unwound() {
+        ClearScreen();
+    }
+#endif
+
+  private:
+    static void ClearScreen() {
+        while (QWidget* popup = QApplication::activePopupWidget()) popup->hide();
+        while (QApplication::overrideCursor()) QApplication::restoreOverrideCursor();
+        GuiPump::Settle();
+    }
+};
+
+void Episode(unsigned seed, int acts) {
+    SCOPED_TRACE("MONKEY_SEED=" + std::to_string(seed));
+    std::fprintf(stderr, "monkey %u\n", seed);
+    Dice dice(seed);
+    if (dice.OneIn(2)) return Play<SerialDesk>(dice, true, acts);
+    const Unwound unwound;
+    dice.OneIn(4) ? Play<NodeDesk>(dice, false, acts) : Play<SerialDesk>(dice, false, acts);
+}
+
+TEST(Monkey, BreaksNothing) {
+    const int minutes = qEnvironmentVariableIntValue("MONKEY_MINUTES");
+    bool chosen = false;
+    unsigned seed = qEnvironmentVariableIntValue("MONKEY_SEED", &chosen);
+    const unsigned last = minutes > 0 ? ~0U : chosen ? seed : 12;
+    const int acts = minutes > 0 || chosen ? 400 : 100;
+    QElapsedTimer running;
+    running.start();
+    for (; seed <= last && !HasFailure(); ++seed) {
+        if (minutes > 0 && running.elapsed() > minutes * 60'000) break;
+        Episode(seed, acts);
+    }
+}
+
+}  // namespace
+}  // namespace counter::test
