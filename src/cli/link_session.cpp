@@ -174,7 +174,7 @@ void LinkSession::TellWritten() {
 std::string LinkSession::WrittenSoFar() const {
     if (!putting_) return {};
     if (session_.LinkData.FramesWritten.empty()) return "; nothing was written";
-    std::string text = "; written so far:";
+    std::string text = "; sent so far:";
     for (const std::string& frame : session_.LinkData.FramesWritten) text += " " + frame;
     return text;
 }

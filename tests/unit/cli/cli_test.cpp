@@ -414,7 +414,7 @@ TEST(Put, AnInterruptTellsWhatHasGoneOut) {
     bench.Store.Contents["new.CT2"] = ChangedSetup();
     bench.InterruptAfterMs = 2500;
     EXPECT_EQ(bench.Run({"put", "new.CT2"}), 130);
-    EXPECT_EQ(bench.LastErrLine(), "counterctl: interrupted; written so far: WR1A W435 WG2A");
+    EXPECT_EQ(bench.LastErrLine(), "counterctl: interrupted; sent so far: WR1A W435 WG2A");
     bench.InterruptAfterMs = 100;
     EXPECT_EQ(bench.Run({"put", "new.CT2"}), 130);
     EXPECT_EQ(bench.LastErrLine(), "counterctl: interrupted; nothing was written");
