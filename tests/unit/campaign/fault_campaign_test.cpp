@@ -333,7 +333,8 @@ std::string Preface() {
         "but for what\n"
         "its letter says; a number: exit status 3 with it; -: no reply to strike. Seconds are virtual. Words "
         "of the\n"
-        "meter: @ position in the setup, or address with h.\n";
+        "meter: @ position in the setup, or address with h. Files: old, new as without a fault, or whole of "
+        "another moment.\n";
     for (int number = 20; number <= 27; ++number)
         text += "  " + std::to_string(number) + "  " + LinkErrorMeaning(number) + "\n";
     return text +
