@@ -23,10 +23,10 @@ const TempFolder& Folder() {
 }
 
 sim::MeterOptions AnyMeter(Dice& dice, bool calm) {
-    sim::MeterOptions options = MeterOf(dice.Pick(kLinkKinds), 70 + dice.Below(16));
+    sim::MeterOptions options = MeterOf(dice.Pick(kLinkKinds), calm ? 83 : 70 + dice.Below(16));
     options.InputBoard = dice.Below(4);
     options.RelayBoard = dice.Below(4);
-    options.AnalogBoard = dice.Below(calm ? 2 : 5);  // one that the meter can't drive ends the program
+    options.AnalogBoard = dice.Below(5);  // older meters can't drive all of them, which ends the program
     options.Type = dice.Pick(std::initializer_list<int>{1, 3, 3, 3, 5, 7});
     options.Extended = !dice.OneIn(4);
     options.StrictBaud = dice.OneIn(4);
@@ -66,8 +66,8 @@ std::vector<sim::Fault> AnyFaults(Dice& dice) {
     const char* const kinds[] = {"noreply",  "cut=5",       "extra", "garbage", "badcheck",   "exception=2",
                                  "late=900", "pause=3,400", "paced", "echo",    "badecho",    "gone=4",
                                  "wrongid",  "status",      "twice", "close=3", "pieces=3,90"};
-    const std::string when[] = {"*", "*#" + std::to_string(1 + dice.Below(9))};
-    return WithFaults({}, {dice.Pick(when) + ":" + dice.Pick(kinds)}).Faults;
+    std::string fault = dice.OneIn(2) ? "*:" : "*#" + std::to_string(1 + dice.Below(9)) + ":";
+    return WithFaults({}, {fault += dice.Pick(kinds)}).Faults;
 }
 
 std::string AnyBytes(Dice& dice) {
