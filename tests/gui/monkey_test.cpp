@@ -23,10 +23,10 @@ const TempFolder& Folder() {
 }
 
 sim::MeterOptions AnyMeter(Dice& dice, bool calm) {
-    sim::MeterOptions options = MeterOf(dice.Pick(kLinkKinds), 70 + dice.Below(16));
+    sim::MeterOptions options = MeterOf(dice.Pick(kLinkKinds), calm ? 83 : 70 + dice.Below(16));
     options.InputBoard = dice.Below(4);
     options.RelayBoard = dice.Below(4);
-    options.AnalogBoard = dice.Below(calm ? 2 : 5);  // one that the meter can't drive ends the program
+    options.AnalogBoard = dice.Below(5);  // older meters can't drive all of them, which ends the program
     options.Type = dice.Pick(std::initializer_list<int>{1, 3, 3, 3, 5, 7});
     options.Extended = !dice.OneIn(4);
     options.StrictBaud = dice.OneIn(4);
@@ -44,21 +44,20 @@ std::vector<std::string> SettingsFor(Dice& dice, const sim::MeterOptions& meter)
     return words;
 }
 
-// What the user finds when it chooses a file; some exist from the start, some can't be read or written.
+// What the user finds when it chooses a file; one can't be read, some not always be written.
 void LayOutFiles(Dice& dice, MemoryFiles& store) {
     store.Contents[Folder().At("short.CT2")] = std::string(100, '3');
     store.Contents[Folder().At("odd.CT2")] = "\xFF\n\"" + std::string(2000, 'x');
-    store.Contents[Folder().At("empty.CT2")] = "";
     store.Refused = {Folder().At("locked.CT2")};
     if (dice.OneIn(3)) store.ReadOnly = {Folder().At("kept.CT2"), "home/Settings.SSS", "home/DataFil2"};
-    for (const char name : std::string("0123456789A"))
-        store.Contents["home/C:\\Program Files\\QX7\\" + std::string(1, name) + ".PRM"] =
-            std::string(84, '5') + "\r\n" + std::string(84, name) + "\r\n";
+    for (const char* name : {"0", "1", "2", "3", "5", "A"}) {
+        std::string& curve = store.Contents["home/C:\\Program Files\\QX7\\" + std::string(name) + ".PRM"];
+        curve.append(84, '5').append("\r\n").append(84, *name).append("\r\n");
+    }
 }
 
 std::string AnyPath(Dice& dice) {
-    const char* const names[] = {"kept.CT2", "short.CT2",  "odd.CT2",     "empty.CT2",
-                                 "lost.CT2", "locked.CT2", "no/such.CT2", "kept.CT2"};
+    const char* const names[] = {"kept.CT2", "short.CT2", "odd.CT2", "lost.CT2", "locked.CT2", "no/such.CT2"};
     return dice.OneIn(6) ? "" : Folder().At(dice.Pick(names));
 }
 
@@ -66,66 +65,47 @@ std::vector<sim::Fault> AnyFaults(Dice& dice) {
     const char* const kinds[] = {"noreply",  "cut=5",       "extra", "garbage", "badcheck",   "exception=2",
                                  "late=900", "pause=3,400", "paced", "echo",    "badecho",    "gone=4",
                                  "wrongid",  "status",      "twice", "close=3", "pieces=3,90"};
-    const std::string when[] = {"*", "*#" + std::to_string(1 + dice.Below(9))};
-    return WithFaults({}, {dice.Pick(when) + ":" + dice.Pick(kinds)}).Faults;
+    std::string fault = dice.OneIn(2) ? "*:" : "*#" + std::to_string(1 + dice.Below(9)) + ":";
+    return WithFaults({}, {fault += dice.Pick(kinds)}).Faults;
 }
 
 std::string AnyBytes(Dice& dice) {
-    std::string bytes;
-    for (int count = dice.Below(60); count > 0; --count)
-        bytes +=
-            dice.OneIn(2) ? static_cast<char>(dice.Below(256)) : dice.Pick(std::string_view("\r+-. 0123"));
+    std::string bytes(static_cast<std::size_t>(dice.Below(60)), '\r');
+    for (char& byte : bytes) byte = static_cast<char>(dice.Below(dice.OneIn(2) ? 256 : 60));
     return bytes;
 }
 
 struct SerialDesk {
-    explicit SerialDesk(Dice& dice, const sim::MeterOptions& meter)
-        : Bench(meter, SettingsFor(dice, meter)) {}
-    std::string Break(Dice& dice) {
-        switch (dice.Below(5)) {
-            case 0:
-                return Bench.Line.Unplug(), "the cable is pulled";
-            case 1:
-                return Bench.Line.GoAway(), "the adaptor is pulled";
-            case 2:
-                return Bench.Line.NextOpen = {StatusKind::NotFound, "port", "gone"},
-                       "the port can't be opened";
-            case 3:
-                return Bench.Line.Inject(AnyBytes(dice)), "noise";
-            default:
-                return Bench.Line.Meter().SetFaults(AnyFaults(dice)), "faults";
-        }
+    SerialDesk(Dice& dice, const sim::MeterOptions& meter) : Bench(meter, SettingsFor(dice, meter)) {}
+    const char* Break(Dice& dice) {
+        MeterLine& line = Bench.Line;
+        const int what = dice.Below(5);
+        if (what == 0) return line.Unplug(), "the cable is pulled";
+        if (what == 1) return line.GoAway(), "the adaptor is pulled";
+        if (what == 2) return line.NextOpen = {StatusKind::NotFound, "port", "gone"}, "no port to open";
+        if (what == 3) return line.Inject(AnyBytes(dice)), "noise";
+        return line.Meter().SetFaults(AnyFaults(dice)), "faults";
     }
-    void Heal() {
-        Bench.Line.Plug();
-        Bench.Line.NextOpen = {};
-        Bench.Line.Meter().SetFaults({});
-    }
+    void Heal() { Bench.Line.Plug(), Bench.Line.NextOpen = {}, Bench.Line.Meter().SetFaults({}); }
     void LogIn() {}
     Desktop& Desk() { return *Bench.Desk; }
     GuiBench Bench;
 };
 
 struct NodeDesk {
-    explicit NodeDesk(Dice& dice, const sim::MeterOptions& meter)
-        : Bench(SettingsFor(dice, meter), {}, meter) {
+    NodeDesk(Dice& dice, const sim::MeterOptions& meter) : Bench(SettingsFor(dice, meter), {}, meter) {
         Start(Bench.Program);
         TakeData(Bench.Store);
         Of = std::make_unique<Desktop>(Bench.Program, Desktop::Folders{{"help"}, {"boards"}});
         Of->ShowFirst();
         Of->Window().show();
     }
-    std::string Break(Dice& dice) {
-        switch (dice.Below(4)) {
-            case 0:
-                return Bench.Net.Break(), "the node hangs up";
-            case 1:
-                return Bench.Net.StrangerCalls(), "a stranger calls";
-            case 2:
-                return Bench.Net.Arrive(AnyBytes(dice)), "noise";
-            default:
-                return Bench.Meter().SetFaults(AnyFaults(dice)), "faults";
-        }
+    const char* Break(Dice& dice) {
+        const int what = dice.Below(4);
+        if (what == 0) return Bench.Net.Break(), "the node hangs up";
+        if (what == 1) return Bench.Net.StrangerCalls(), "a stranger calls";
+        if (what == 2) return Bench.Net.Arrive(AnyBytes(dice)), "noise";
+        return Bench.Meter().SetFaults(AnyFaults(dice)), "faults";
     }
     void Heal() { Bench.Meter().SetFaults({}); }
     void LogIn() {
