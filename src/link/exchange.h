@@ -20,7 +20,7 @@ namespace counter {
 void SendCommand(Link& link);
 
 // Takes in the reply: sets LinkError and, where the reply allows, RawReply and ReplyText. Without a reply the
-// texts stay what they were.
+// texts stay what they were. Ends after half a minute also where the meter sends on and on.
 void ReceiveReply(Link& link);
 
 // A Custom ASCII command for this meter's address, sent.

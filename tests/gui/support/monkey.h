@@ -97,18 +97,24 @@ class Monkey {
         const int act = dice_.Below(100);
         if (act < 5) return Tell(trouble_());
         if (act < 10) return Close(top);
-        if (act < 25 && !over) return Choose();
+        const bool atHome = desk_.Window().Current() == desk_.PageOf(ViewId::Home);
+        if (act < (atHome ? 50 : 15) && !over) return Choose();
         act < 65 ? Click(top) : Type(top);
     }
     void Choose() {
+        // Most of the menu is help, of which little is enough.
+        const char* const usual[] = {"mnuDefaultSet", "mnuGet",    "mnuGet",    "mnuPut",  "mnuSetup",
+                                     "mnuSetup",      "mnuSetup",  "mnuMenu",   "mnuList", "mnuPlot",
+                                     "mnuGraph",      "mnuCmdsGo", "mnuCmdsGo", "mnuOpen", "mnuSave",
+                                     "mnuSaveAs",     "mnuCalibGo"};
         const HomeMenuRow& row = dice_.Pick(HomeMenu());
-        if (row.Name == "mnuExit" && !dice_.OneIn(8)) return;
-        if (row.Heading) return;
-        auto* entry = desk_.Window().findChild<QAction*>(QString::fromStdString(std::string(row.Name)));
+        if (row.Heading || (row.Name == "mnuExit" && !dice_.OneIn(8))) return;
+        const char* const name = dice_.OneIn(4) ? row.Name.data() : dice_.Pick(usual);
+        auto* entry = desk_.Window().findChild<QAction*>(QLatin1String(name));
         auto* menu = qobject_cast<QMenu*>(entry->parent());
         if (!desk_.Window().menuBar()->isVisible() || !entry->isEnabled() || !entry->isVisible()) return;
         if (menu && !menu->menuAction()->isEnabled()) return;
-        Tell("choose " + std::string(row.Name));
+        Tell("choose " + std::string(name));
         entry->trigger();
     }
     void Close(QWidget& top) {
@@ -144,8 +150,7 @@ class Monkey {
             if (!widget->isVisible() || widget->window() != &top) continue;
             all.push_back(widget);
             const bool takes = qobject_cast<QAbstractButton*>(widget) || qobject_cast<QLineEdit*>(widget) ||
-                               qobject_cast<QComboBox*>(widget) || qobject_cast<QTabBar*>(widget) ||
-                               qobject_cast<QMenuBar*>(widget);
+                               qobject_cast<QComboBox*>(widget) || qobject_cast<QTabBar*>(widget);
             if (takes && widget->isEnabled()) meant.push_back(widget);
         }
         if (all.empty()) return &top;
