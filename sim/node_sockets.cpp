@@ -69,9 +69,9 @@ void NodeSockets::Call(const std::string& host, int port) {
     const int handle = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
     SwitchOn(handle, IPPROTO_TCP, TCP_NODELAY);
     const sockaddr_in own = AddressOf(ip_, 0);
-    bind(handle, Generic(own), sizeof own);
     const sockaddr_in tool = AddressOf(host, port);
-    const bool begun = connect(handle, Generic(tool), sizeof tool) == 0 || errno == EINPROGRESS;
+    const bool begun = bind(handle, Generic(own), sizeof own) == 0 &&
+                       (connect(handle, Generic(tool), sizeof tool) == 0 || errno == EINPROGRESS);
     if (!begun || tcp_ >= 0) {
         close(handle);
         return;

@@ -14,7 +14,7 @@ tidy() {
     # Precompiled headers are GCC's; clang reads the headers themselves.
     sed 's/-fpch-preprocess//; s/-include [^ ]*cmake_pch.hxx//; s/-Winvalid-pch//; s/-Wno-maybe-uninitialized//' \
         build/debug/compile_commands.json >build/compile_commands.json
-    find src sim -name '*.cpp' -print0 | xargs -0 -P "$jobs" -n 4 clang-tidy --quiet -p build
+    find src sim -name '*.cpp' -print0 | xargs -0 -P "$jobs" -n 1 clang-tidy --quiet -p build
 }
 
 cppcheck_() {
