@@ -20,7 +20,7 @@ bool ScriptPlayer::Step(SetupRun& run) {
 
 std::string ScriptPlayer::TakeLine() {
     const std::size_t end = std::min(rest_.find('\n'), rest_.size());
-    const std::string line(rest_.substr(0, end));
+    std::string line(rest_.substr(0, end));
     rest_.remove_prefix(std::min(end + 1, rest_.size()));
     ++line_;
     return line;
