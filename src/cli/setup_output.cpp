@@ -111,7 +111,7 @@ std::string ValueOf(const Control& control) {
 }
 
 std::string CaptionOf(const Control& control) {
-    const std::string caption(Trimmed(control.Caption));
+    std::string caption(Trimmed(control.Caption));
     switch (control.Kind) {
         case ControlKind::Check:
             return (control.Value == 1 ? "[x] " : "[ ] ") + caption;
