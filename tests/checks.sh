@@ -12,7 +12,7 @@ unit_targets() { sed -n 's/^ *counter_test(\([a-z_]*\).*/\1/p' tests/unit/*/CMak
 tidy() {
     cmake --preset debug >/dev/null
     # Precompiled headers are GCC's; clang reads the headers themselves.
-    sed 's/-fpch-preprocess//; s/-include [^ ]*cmake_pch.hxx//; s/-Winvalid-pch//; s/-Wno-maybe-uninitialized//' \
+    sed 's/-fpch-preprocess//; s/-Winvalid-pch//; s/-Wno-maybe-uninitialized//' \
         build/debug/compile_commands.json >build/compile_commands.json
     find src sim -name '*.cpp' -print0 | xargs -0 -P "$jobs" -n 1 clang-tidy --quiet -p build
 }
