@@ -50,8 +50,8 @@ void ScalingPage::ShowLevel(int level, int count) {
 // The name of item 1 to 3; `more` takes one further down the names. Behind the last there is none.
 std::string ScalingPage::ItemName(int item, int more) const {
     const auto& row = ItemRows[static_cast<std::size_t>(Values().ItemRow)];
-    auto index = static_cast<std::size_t>(row[static_cast<std::size_t>(item) - 1] + more);
-    return index < ItemNames.size() ? std::string(ItemNames[index]) : std::string();
+    const int index = row[static_cast<std::size_t>(item) - 1] + more;
+    return index < std::ssize(ItemNames) ? std::string(ItemNames[static_cast<std::size_t>(index)]) : "";
 }
 
 }  // namespace counter

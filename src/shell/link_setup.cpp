@@ -161,7 +161,7 @@ std::string LinkSetup::TakeLines(SettingsLines& lines) const {
         {"TcpPort", std::string(Trimmed(txtTcp.Text))},
     };
     for (const auto& [name, value] : values) {
-        const std::string refusal = SetSettingsKey(lines, *FindSettingsKey(name), value);
+        std::string refusal = SetSettingsKey(lines, *FindSettingsKey(name), value);
         if (!refusal.empty()) return refusal;
     }
     return {};

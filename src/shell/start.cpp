@@ -17,7 +17,7 @@ int FreshVariant() {
 }  // namespace
 
 Status Start(Session& session) {
-    const Status status = ReadSettings(session.Settled);
+    Status status = ReadSettings(session.Settled);
     session.LinkData.NodeFirstRun = session.LinkData.EthernetMode;
     session.LinkData.CrcTableFixed = HasPublishedCrc(session.Stored.FirmwareVersion);
     session.Image = SetupImage{};

@@ -36,7 +36,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string inPieces, inBytes;
     for (std::size_t at = 3; at < size;) {
         const std::size_t length = std::min<std::size_t>(data[at], size - at - 1);
-        const std::string_view arrival = fuzz::TextOf(data + at + 1, length);
+        std::string arrival(fuzz::TextOf(data + at + 1, length));
+        if (data[at] == 255)
+            arrival.append(20 * 255, arrival.empty() ? ' ' : arrival[0]);  // longer than any frame
         at += 1 + length;
         pieces.Receive(arrival);
         inPieces += Frames(pieces);

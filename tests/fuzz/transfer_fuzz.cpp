@@ -1,5 +1,6 @@
 // A whole Get with a meter that answers anything: one byte of protocol and version, then the replies, each
-// with its length in front. The Get ends, with a number or with a whole image, and the next one is possible.
+// with its length in front; a length of 255 is the end of the line. The Get ends, with a number or with a
+// whole image, and the next one is possible.
 #include "fuzz_input.h"
 #include "shell/get_action.h"
 #include "support/bench_meter.h"
@@ -19,6 +20,7 @@ class AnythingLine : public test::MeterLine {
         const std::size_t length = static_cast<unsigned char>(replies_[0]);
         const std::string_view reply = replies_.substr(1, length);
         replies_.remove_prefix(1 + reply.size());
+        if (length == 255) return GoAway();
         if (!reply.empty()) Inject(reply);
     }
 
@@ -32,7 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size < 2) return 0;
     SettingsLines lines = NewSettingsLines();
     SetSettingsKey(lines, *FindSettingsKey("SerialProtocol"), std::to_string(data[0] % 3));
-    SetSettingsKey(lines, *FindSettingsKey("FirmwareVersion"), std::to_string(70 + data[0] / 3 % 16));
+    SetSettingsKey(lines, *FindSettingsKey("FirmwareVersion"), std::to_string(data[0] / 3 < 16 ? 70 + data[0] / 3 : data[0] / 3);
     test::VirtualPump pump;
     test::MemoryFiles store;
     test::RecordedDialogs boxes;

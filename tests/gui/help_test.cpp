@@ -24,7 +24,7 @@ struct HelpBench {
         Behind.show();
         Window = new HelpDialog(content, &Behind);
         Window->Closed = [this] { ++Closed; };
-        Window->Open();
+        Window->open();
         GuiPump::Settle();
     }
     QTextEdit& Text() { return *Window->findChild<QTextEdit*>("lblText"); }

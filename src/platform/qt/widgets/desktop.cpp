@@ -232,7 +232,7 @@ void Desktop::OpenHelp(int helpId, HelpFrom from, HelpPlace place) {
     QWidget* const over = QApplication::activeModalWidget();
     auto* dialog = new HelpDialog(ContentOf(help_, place), over ? over : window_.get());
     dialog->Closed = [this] { help_.Ok(); };
-    dialog->Open();
+    dialog->open();
 }
 
 void Desktop::Interrupt() {

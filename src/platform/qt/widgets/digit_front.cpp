@@ -83,7 +83,7 @@ class DigitBox : public QWidget {
     void DrawCaret(QPainter& painter, const QRectF& glass) const {
         const double side = glass.width() / 6;
         const double left = entry_.Caret() == 0 ? glass.left() + side : glass.right() - side - 2;
-        painter.fillRect(QRectF(left, glass.top() + kGrid / 2, 2, glass.height() - kGrid), QColor(kCaret));
+        painter.fillRect(QRectF(left, glass.top() + kGrid / 2.0, 2, glass.height() - kGrid), QColor(kCaret));
     }
 
     const DigitEntry& entry_;

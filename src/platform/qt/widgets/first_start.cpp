@@ -33,7 +33,7 @@ bool CanRead(const Session& session) {
 
 Status StartWithSettings(Session& session, QtDialogs& dialogs) {
     for (;;) {
-        const Status status = Start(session);
+        Status status = Start(session);
         if (status.Ok() || CanRead(session)) return status;
         const std::string text =
             status.Text() +

@@ -65,10 +65,6 @@ QTextEdit* HelpDialog::MakeText(const HelpContent& content) {
     return text;
 }
 
-void HelpDialog::Open() {
-    open();
-}
-
 // Placed once its frame is known; where the system places windows itself, it stays where that puts it.
 void HelpDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);

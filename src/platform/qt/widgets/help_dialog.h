@@ -30,8 +30,7 @@ class HelpDialog : public QDialog {
   public:
     HelpDialog(const HelpContent& content, QWidget* parent);
 
-    // Modal over its parent; deletes itself once closed.
-    void Open();
+    // Shown by open(), modal over its parent; deletes itself once closed.
 
     // By the button, Enter, Escape or the window's own button. May be empty.
     std::function<void()> Closed;

@@ -152,10 +152,11 @@ void JumperPage::ComeToFront() {
     if (screen_.HelpId != 0) world_.Views.HelpId = screen_.HelpId;
     text_->setText(QtText(Text()).remove(QLatin1Char('\r')).trimmed());
     text_->setVisible(!text_->text().isEmpty());
-    const std::string name = std::string(screen_.Form) + ".svg";
+    std::string name = "/";
+    name.append(screen_.Form).append(".svg");
     for (const std::string& folder : world_.BoardFolders) {
         std::string drawing;
-        if (!world_.Store.Read(folder + "/" + name, drawing).Ok()) continue;
+        if (!world_.Store.Read(folder + name, drawing).Ok()) continue;
         drawing_->load(QByteArray::fromStdString(drawing));
         drawing_->renderer()->setAspectRatioMode(Qt::KeepAspectRatio);
         return;

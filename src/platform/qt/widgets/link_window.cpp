@@ -60,7 +60,7 @@ void LinkWindow::ShowHelp() {
     HelpContent content{"Counter Link Help", 0, {}};
     for (const LinkHelpPiece& piece : kLinkHelp)
         content.Pieces.push_back({std::string(piece.Text), piece.Emphasised});
-    (new HelpDialog(content, this))->Open();
+    (new HelpDialog(content, this))->open();
 }
 
 void LinkWindow::closeEvent(QCloseEvent* event) {

@@ -108,8 +108,11 @@ class ReadingGrid : public QWidget {
         return {left, row * RowPixels(), right - left, RowPixels()};
     }
 
+    static std::size_t IndexOf(int row, int column) {
+        return static_cast<std::size_t>(row) * ListView::kColumns + static_cast<std::size_t>(column);
+    }
     void FollowCell(int row, int column) {
-        std::string& shown = shown_[static_cast<std::size_t>(row * ListView::kColumns + column)];
+        std::string& shown = shown_[IndexOf(row, column)];
         const std::string& cell = view_.Cell(row, column);
         if (shown == cell) return;
         const bool looksTheSame = IsBlank(shown) && IsBlank(cell);
@@ -120,7 +123,7 @@ class ReadingGrid : public QWidget {
     void PaintCell(QPainter& painter, const QRect& cell, int row, int column) {
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawRect(cell.adjusted(0, 0, -1, -1));
-        const std::string& text = shown_[static_cast<std::size_t>(row * ListView::kColumns + column)];
+        const std::string& text = shown_[IndexOf(row, column)];
         if (IsBlank(text)) return;
         painter.setPen(palette().color(QPalette::Text));
         painter.drawText(cell.adjusted(kCellMargin, 0, -kCellMargin, 0), Qt::AlignVCenter | Qt::AlignLeft,
