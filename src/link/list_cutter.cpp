@@ -11,7 +11,11 @@ bool ListCutter::Next(Frame& frame) {
     for (;;) {
         while (buffer_.BeginsWith(rules_.FrameEndChar)) buffer_.Drop(1);
         const std::size_t pos = buffer_.Find(rules_.FrameEndChar);
-        if (pos == 0) break;
+        if (IsNoise(pos)) {
+            DropNoise();
+            continue;
+        }
+        if (pos == 0) return false;
         if (frameState_ == 1) {
             DropPast(pos);
             frameState_ = 2;
@@ -23,8 +27,6 @@ bool ListCutter::Next(Frame& frame) {
         frameState_ = 0;
         return true;
     }
-    GuardAgainstNoise();
-    return false;
 }
 
 // The end at `pos`, a line feed behind it, less the step back.
@@ -49,8 +51,14 @@ std::string ListCutter::CutText(std::size_t pos) {
     return text;
 }
 
-void ListCutter::GuardAgainstNoise() {
-    if (buffer_.Size() > kLongestFrame) Restart();
+// More than a frame can have, whether its end has come in the same arrival or not.
+bool ListCutter::IsNoise(std::size_t pos) const {
+    return (pos == 0 ? buffer_.Size() : pos - 1) > kLongestFrame;
+}
+
+void ListCutter::DropNoise() {
+    buffer_.Drop(kLongestFrame + 1);
+    frameState_ = 1;
 }
 
 }  // namespace counter

@@ -21,7 +21,8 @@ class ListCutter : public FrameCutter {
   private:
     std::string CutText(std::size_t pos);
     void DropPast(std::size_t pos);
-    void GuardAgainstNoise();
+    bool IsNoise(std::size_t pos) const;
+    void DropNoise();
 
     const FrameRules& rules_;
     ReadingBuffer buffer_;

@@ -147,6 +147,8 @@ TEST(Cutters, ABacklogIsCutWholeAndNoiseIsNotKept) {
     EXPECT_EQ(Cut(latest, noise), Texts{});
     EXPECT_EQ(Cut(plain, {"7\r1\r2\r"}), (Texts{"[1]", "2"})) << "as behind a start";
     EXPECT_EQ(Cut(latest, {"7\r", "1\r"}), Texts{"1"});
+    EXPECT_EQ(Cut(plain, {std::string(5000, '7') + "\r1\r2\r"}), (Texts{"[1]", "2"}))
+        << "with its end in one arrival";
 }
 
 TEST(CleanReading, KeepsWhatCanBeParsed) {
