@@ -161,17 +161,17 @@ void LinkSession::OnInterrupt() {
     session_.Port.Close();
     session_.Node.Close();
     EndBar();
-    Complain(call_.World) << "interrupted" << WrittenSoFar() << "\n" << std::flush;
+    Complain(call_.World) << "interrupted" << SentSoFar() << "\n" << std::flush;
     call_.World.Out << std::flush;
     machine_->Waits().EndProcess(kInterrupted);
 }
 
-void LinkSession::TellWritten() {
+void LinkSession::TellSent() {
     EndBar();
-    Complain(call_.World) << "not put whole" << WrittenSoFar() << "\n";
+    Complain(call_.World) << "not put whole" << SentSoFar() << "\n";
 }
 
-std::string LinkSession::WrittenSoFar() const {
+std::string LinkSession::SentSoFar() const {
     if (!putting_) return {};
     if (session_.LinkData.FramesWritten.empty()) return "; nothing was written";
     std::string text = "; sent so far:";

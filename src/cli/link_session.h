@@ -52,7 +52,7 @@ class LinkSession {
     // Put Setup of the session's image. The status is of settings and port, which follow it.
     Status Put();
     // Which frames of a Put that failed have gone out: the meter may hold what was in them.
-    void TellWritten();
+    void TellSent();
     // Closes the port and the progress bar; again is nothing.
     void Finish();
     // Finishes and tells how the action ended: the status line, with --json as a document that `more` adds
@@ -67,7 +67,7 @@ class LinkSession {
     void ShowProgress();
     void EndBar();
     void OnInterrupt();
-    std::string WrittenSoFar() const;  // the frames of a Put that did not end
+    std::string SentSoFar() const;  // the frames of a Put that did not end
 
     const CommandCall& call_;
     std::unique_ptr<Machine> machine_;

@@ -73,7 +73,7 @@ int PutCommand(const CommandCall& call) {
     Session& session = link.Program();
     session.Image = image;
     if (Status settled = link.Put(); !settled.Ok()) return RefuseSettled(call, link, settled);
-    if (session.LinkData.LinkError != 0) link.TellWritten();
+    if (session.LinkData.LinkError != 0) link.TellSent();
     if (session.LinkData.LinkError != 0 || !call.Has("--verify")) return link.End(Json::object());
     return PutVerified(call, link);
 }

@@ -3,9 +3,7 @@
 // and so on. Of the time, bits 0 to 5 are units of 100 ms, bit 6 says that another arrival answers the same
 // frame, bit 7 ends the connection behind it. Two Gets end within their waits, with a number or with a whole
 // image.
-#include "fuzz_input.h"
-#include "shell/get_action.h"
-#include "support/bench_meter.h"
+#include "fuzz_get.h"
 
 using namespace counter;
 
@@ -62,22 +60,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     test::RecordedDialogs boxes;
     test::MeterLine line(pump, {});
     store.Contents["home/Settings.SSS"] =
-        test::SettingsOf({"NodeAddress=0080A3010203", "NodeIp=192.168.0.5", "TcpPort=10001",
-                          "SerialProtocol=" + std::to_string(data[0] % 3),
-                          "FirmwareVersion=" + std::to_string(70 + data[0] / 3 % 16)});
+        fuzz::SettingsOfByte(data[0], {"NodeAddress=0080A3010203", "NodeIp=192.168.0.5", "TcpPort=10001"});
     AnythingConnection connection(pump, fuzz::TextOf(data + 1, size - 1));
     Caller caller(connection.Now);
     Session session{pump, line, boxes, {store, "home"}, Sockets{caller, connection}};
     Start(session);
     if (!LogIntoNode(session).Ok() || !session.Node.Connected()) std::abort();
-    for (int get = 0; get < 2; ++get) {
-        const double begin = pump.NowMs();
-        GetSetup(session);
-        fuzz::Require(pump.NowMs() - begin < 180000);  // the sum of all its waits
-        fuzz::Require(!session.Home.Hourglass);
-        const bool good = session.LinkData.LinkError == 0;
-        fuzz::Require(good == (session.Identity.SetupFromMeter == 1));
-        fuzz::Require(!good || session.Image.SetupData.size() >= kImageDigits);
-    }
+    fuzz::GetTwice(session, 180000);
     return 0;
 }

@@ -1,9 +1,7 @@
 // A whole Get with a meter that answers anything: one byte of protocol and version, then the replies, each
 // with its length in front; a length of 255 is the end of the line. The Get ends, with a number or with a
 // whole image, and the next one is possible.
-#include "fuzz_input.h"
-#include "shell/get_action.h"
-#include "support/bench_meter.h"
+#include "fuzz_get.h"
 
 using namespace counter;
 
@@ -32,24 +30,13 @@ class AnythingLine : public test::MeterLine {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 2) return 0;
-    SettingsLines lines = NewSettingsLines();
-    SetSettingsKey(lines, *FindSettingsKey("SerialProtocol"), std::to_string(data[0] % 3));
-    SetSettingsKey(lines, *FindSettingsKey("FirmwareVersion"), std::to_string(data[0] / 3 < 16 ? 70 + data[0] / 3 : data[0] / 3);
     test::VirtualPump pump;
     test::MemoryFiles store;
     test::RecordedDialogs boxes;
-    store.Contents["home/Settings.SSS"] = FormatSettings(lines);
+    store.Contents["home/Settings.SSS"] = fuzz::SettingsOfByte(data[0]);
     AnythingLine line(pump, fuzz::TextOf(data + 1, size - 1));
     Session session{pump, line, boxes, {store, "home"}};
     Start(session);
-    for (int get = 0; get < 2; ++get) {
-        const double begin = pump.NowMs();
-        GetSetup(session);
-        fuzz::Require(pump.NowMs() - begin < 120000);  // the sum of all its waits
-        fuzz::Require(!session.Home.Hourglass);
-        const bool good = session.LinkData.LinkError == 0;
-        fuzz::Require(good == (session.Identity.SetupFromMeter == 1));
-        fuzz::Require(!good || session.Image.SetupData.size() >= kImageDigits);
-    }
+    fuzz::GetTwice(session, 120000);
     return 0;
 }
