@@ -24,18 +24,12 @@ struct FuzzCli {
     }
     // A user's patience: an hour behind `words`' start comes the interrupt.
     int Run(const test::Words& words, const std::string& input = "") {
-        std::istringstream in(input);
-        std::ostringstream out, err;
         Clock.After(3600000, [this] { Clock.RequestInterrupt(); });
-        const auto machine = [this](const std::string&) {
-            return std::make_unique<test::BorrowedMachine>(Clock, Line);
-        };
-        const auto home = [] { return std::string("home"); };
-        const auto exit = [](int status) { throw test::ProcessEnded{status}; };
-        const int status = test::RunLine({out, err, false, Store, home, machine, in, exit}, words);
-        Out = out.str();
-        Err = err.str();
-        return status;
+        const auto machine = [this] { return std::make_unique<test::BorrowedMachine>(Clock, Line); };
+        const test::LineEnd end = test::RunOn(Store, machine, words, input);
+        Out = end.Out;
+        Err = end.Err;
+        return end.Status;
     }
 };
 

@@ -83,13 +83,11 @@ struct CaseBench {
             Sockets Net() override { return Bench.Net.Both(); }
             CaseBench& Bench;
         };
-        std::ostringstream out, err;
-        const auto machine = [this](const std::string&) { return std::make_unique<NetMachine>(*this); };
-        const auto home = [] { return std::string("home"); };
-        const int status = RunLine({out, err, false, Store, home, machine}, words);
-        Out = out.str();
-        Err = err.str();
-        return status;
+        const LineEnd end = RunOn(
+            Store, [this] { return std::make_unique<NetMachine>(*this); }, words);
+        Out = end.Out;
+        Err = end.Err;
+        return end.Status;
     }
 
     const Road& On;

@@ -26,17 +26,13 @@ struct HandCli {
         Line.Answer = [answer](const std::string&) { return answer; };
     }
     int Run(const Words& words) {
-        std::ostringstream out, err;
-        const auto machine = [this](const std::string&) {
-            return std::make_unique<BorrowedMachine>(Clock, Line);
-        };
-        const auto home = [] { return std::string("home"); };
-        const int status = RunLine({out, err, false, Store, home, machine}, words);
-        Out = out.str();
-        Err = err.str();
+        const LineEnd end = RunOn(
+            Store, [this] { return std::make_unique<BorrowedMachine>(Clock, Line); }, words);
+        Out = end.Out;
+        Err = end.Err;
         for (std::istringstream lines(Err); std::getline(lines, LastErrLine) && lines.peek() > 0;) {
         }
-        return status;
+        return end.Status;
     }
 };
 

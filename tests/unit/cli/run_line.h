@@ -1,6 +1,8 @@
 // A command line run as main() runs it, with the end of the process caught, and what commands run on.
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -43,6 +45,23 @@ inline int RunLine(const CliWorld& world, const std::vector<std::string>& words)
     } catch (const ProcessEnded& ended) {
         return ended.Status;
     }
+}
+
+struct LineEnd {
+    int Status = 0;
+    std::string Out, Err;
+};
+
+// Run away from a terminal, in the program folder "home", on whatever machine is made.
+inline LineEnd RunOn(Files& store, const std::function<std::unique_ptr<Machine>()>& machine,
+                     const Words& words, const std::string& input = "") {
+    std::istringstream in(input);
+    std::ostringstream out, err;
+    const auto make = [&](const std::string&) { return machine(); };
+    const auto home = [] { return std::string("home"); };
+    const auto exit = [](int status) { throw ProcessEnded{status}; };
+    const int status = RunLine({out, err, false, store, home, make, in, exit}, words);
+    return {status, out.str(), err.str()};
 }
 
 }  // namespace counter::test
