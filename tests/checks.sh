@@ -29,7 +29,7 @@ coverage() {
     cmake --build build/coverage --target $(unit_targets)
     find build/coverage -name '*.gcda' -delete
     unit_programs coverage | while read -r program; do "$program" --gtest_brief=1 >/dev/null; done
-    gcovr -r . -j "$jobs" --filter src/ --exclude src/platform/qt --exclude src/apps --fail-under-line 90 \
+    gcovr -r . -j "$jobs" --filter src/ --exclude src/system --exclude src/desktop --exclude src/apps --fail-under-line 90 \
         --exclude-throw-branches --sort-uncovered build/coverage/src | tee build/coverage/lines.txt | tail -n 40
 }
 

@@ -1,5 +1,5 @@
 // counter-link: lays down or changes Settings.SSS, and tries what it says.
-#include "platform/qt/widgets/link_program.h"
+#include "apps/link_program.h"
 
 int main(int argc, char** argv) {
     return counter::RunLinkProgram(argc, argv);

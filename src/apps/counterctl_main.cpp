@@ -9,13 +9,13 @@
 
 #include "cli/cli.h"
 #include "cli/file_output.h"
-#include "platform/qt/core/core_runtime.h"
-#include "platform/qt/core/program_folder.h"
-#include "platform/qt/core/qt_files.h"
-#include "platform/qt/core/qt_port_catalog.h"
-#include "platform/qt/core/qt_pump.h"
-#include "platform/qt/core/qt_serial_port.h"
-#include "platform/qt/core/qt_sockets.h"
+#include "system/core_runtime.h"
+#include "system/disk_files.h"
+#include "system/program_folder.h"
+#include "system/qt_port_catalog.h"
+#include "system/qt_pump.h"
+#include "system/qt_serial_port.h"
+#include "system/qt_sockets.h"
 
 namespace {
 
@@ -24,10 +24,10 @@ class QtMachine : public counter::Machine {
     explicit QtMachine(const std::string& programFolder) : catalog_(programFolder), port_(catalog_) {
         pump_.InstallInterruptHandler();
     }
-    counter::Pump& Waits() override { return pump_; }
+    counter::Pump& Pump() override { return pump_; }
     counter::SerialPort& Port() override { return port_; }
     const counter::PortCatalog& Catalog() override { return catalog_; }
-    counter::Sockets Net() override { return sockets_.Both(); }
+    counter::Sockets Sockets() override { return sockets_.Both(); }
 
   private:
     counter::CoreRuntime runtime_;  // before all that lives in its event loop
@@ -68,7 +68,7 @@ bool TakesColors(int descriptor) {
 
 int main(int argc, char** argv) {
     HoldStandardStreams();
-    counter::QtFiles files;
+    counter::DiskFiles files;
     counter::FileOutput written(stdout);
     std::ostream out(&written);
     const counter::CliWorld world{out,

@@ -58,7 +58,7 @@ void CalibrationView::Calib() {
     picCAL2.Text = kWaitText;
     picCAL2.Visible = true;
     Controls.TellChanged();
-    result_ = RunCalibration(Program.Line, std::string(Trimmed(txtFreq.Text)),
+    result_ = RunCalibration(Program.Link, std::string(Trimmed(txtFreq.Text)),
                              [this](CalibrationStage stage, const CalibrationResult& sofar) {
                                  ShowStage(stage, sofar);
                                  Controls.TellChanged();

@@ -42,7 +42,7 @@ std::string LineOf(CalibrationStage stage, const CalibrationResult& sofar) {
 }
 
 CalibrationResult Run(const CommandCall& call, LinkSession& link) {
-    return RunCalibration(link.Program().Line, call.Words[0],
+    return RunCalibration(link.Program().Link, call.Words[0],
                           [&call](CalibrationStage stage, const CalibrationResult& sofar) {
                               const std::string line = LineOf(stage, sofar);
                               if (!call.Json && !line.empty()) call.World.Out << line << std::endl;
@@ -52,7 +52,7 @@ CalibrationResult Run(const CommandCall& call, LinkSession& link) {
 // An interrupt waits for the end of the procedure: until then the meter has a test scale, and would show
 // wrong values for good. The program then ends as after any interrupt.
 CalibrationResult RunUninterrupted(const CommandCall& call, LinkSession& link) {
-    Pump& waits = link.Program().Waits;
+    Pump& waits = link.Program().Pump;
     bool interrupted = false;
     const auto usual = std::exchange(waits.OnInterrupt, [&interrupted] { interrupted = true; });
     const CalibrationResult result = Run(call, link);
@@ -71,7 +71,7 @@ int CalibrateCommand(const CommandCall& call) {
         return RefuseCall(call, "'calibrate' does not exist over Modbus");
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
-    LinkState& state = link.Program().LinkData;
+    LinkState& state = link.Program().LinkState;
     const CalibrationResult result = RunUninterrupted(call, link);
     state.LinkError = result.LinkError;
     ActionEnd end{kDoneText, kDoneText, {{"ppm", result.Applied.Ppm}, {"limited", result.Applied.Limited}}};

@@ -21,10 +21,10 @@ inline constexpr const char* kStandardStream = "-";
 class Machine {
   public:
     virtual ~Machine() = default;
-    virtual Pump& Waits() = 0;
+    virtual counter::Pump& Pump() = 0;
     virtual SerialPort& Port() = 0;
     virtual const PortCatalog& Catalog() = 0;
-    virtual Sockets Net() { return none_.Both(); }
+    virtual counter::Sockets Sockets() { return none_.Both(); }
 
   private:
     NoSockets none_;

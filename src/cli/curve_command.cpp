@@ -51,11 +51,11 @@ int CurveCommand(const CommandCall& call) {
         return RefuseCall(call, "Cannot send the custom curve file when using the Modbus protocol.");
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
-    LinkState& state = link.Program().LinkData;
-    const bool stored = SendCurve(link.Program().Line, items, *board, [&call](const char* text) {
+    LinkState& state = link.Program().LinkState;
+    const bool stored = SendCurve(link.Program().Link, items, *board, [&call](const char* text) {
         if (!call.Json) call.World.Out << text << std::endl;
     });
-    if (stored) LineHolds(link.Program().Line);
+    if (stored) LineHolds(link.Program().Link);
     return link.EndAction(EndOf(stored, state.LinkError));
 }
 

@@ -77,7 +77,7 @@ void TypeValue(const CommandCall& call, CommandsView& view) {
 // usage is told as such also where the port can't be opened. Empty: nothing.
 std::string WhyNot(const CommandCall& call, const ButtonWord& word) {
     OfflineSession offline(call);
-    offline.Program().LinkData.ModbusLink = StoredSettings(call).ModbusLink;
+    offline.Program().LinkState.ModbusLink = StoredSettings(call).ModbusLink;
     CommandsView view(offline.Program());
     view.Load();
     Control& button = *view.Controls.Find(word.Button);
@@ -105,7 +105,7 @@ class Panel {
     }
 
     int EndReading(const ButtonWord& word) {
-        LinkState& state = link_.Program().LinkData;
+        LinkState& state = link_.Program().LinkState;
         // A node's connection that breaks during the wait leaves LinkError at 0.
         if (link_.Program().Node.Lost()) state.LinkError = LinkErrors::kPortFault;
         const bool good = state.LinkError == 0;
@@ -118,13 +118,13 @@ class Panel {
 
     // Nothing answers, so the line itself is the only proof that it went anywhere.
     int EndSending(const ButtonWord&) {
-        LineHolds(link_.Program().Line);
+        LineHolds(link_.Program().Link);
         return End({view_.lblErrText.Caption, view_.lblErrText.Caption});
     }
 
   private:
     int End(ActionEnd end) {
-        const int error = link_.Program().LinkData.LinkError;
+        const int error = link_.Program().LinkState.LinkError;
         if (error != 0) end.Status = WithNumber(CommandsView::kCommunicationsFailure, error);
         return link_.EndAction(end);
     }

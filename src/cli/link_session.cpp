@@ -20,12 +20,12 @@ auto LineTo(std::ostream& err) {
 
 std::unique_ptr<TracePort> MakeTrace(const CommandCall& call, Machine& machine) {
     if (!call.Trace) return nullptr;
-    return std::make_unique<TracePort>(machine.Port(), machine.Waits(), LineTo(call.World.Err));
+    return std::make_unique<TracePort>(machine.Port(), machine.Pump(), LineTo(call.World.Err));
 }
 
 std::unique_ptr<TraceSockets> MakeNetTrace(const CommandCall& call, Machine& machine) {
     if (!call.Trace) return nullptr;
-    return std::make_unique<TraceSockets>(machine.Net(), machine.Waits(), LineTo(call.World.Err));
+    return std::make_unique<TraceSockets>(machine.Sockets(), machine.Pump(), LineTo(call.World.Err));
 }
 
 SerialPort& PortOf(TracePort* trace, Machine& machine) {
@@ -59,22 +59,22 @@ LinkSession::LinkSession(const CommandCall& call)
       dialogs_(call.World.Err),
       trace_(MakeTrace(call, *machine_)),
       netTrace_(MakeNetTrace(call, *machine_)),
-      session_(machine_->Waits(), PortOf(trace_.get(), *machine_), dialogs_, {call.World.Store, call.Folder},
-               netTrace_ ? netTrace_->Both() : machine_->Net()) {
-    machine_->Waits().OnInterrupt = [this] { OnInterrupt(); };
+      session_(machine_->Pump(), PortOf(trace_.get(), *machine_), dialogs_, {call.World.Store, call.Folder},
+               netTrace_ ? netTrace_->Both() : machine_->Sockets()) {
+    machine_->Pump().OnInterrupt = [this] { OnInterrupt(); };
     dialogs_.BeforeLine = [this] { EndBar(); };
     if (call.World.ErrIsTerminal && !call.Trace) session_.Home.Changed = [this] { ShowProgress(); };
 }
 
 LinkSession::~LinkSession() {
-    machine_->Waits().OnInterrupt = nullptr;
+    machine_->Pump().OnInterrupt = nullptr;
 }
 
 int LinkSession::Begin() {
     const Status status = Start(session_);
     if (!status.Ok()) return RefuseStatus(call_, status);
-    if (session_.LinkData.EthernetMode == 1) return LogIn();
-    if (session_.Stored.CommsEnabled > 0) return kDone;
+    if (session_.LinkState.EthernetMode == 1) return LogIn();
+    if (session_.Settings.CommsEnabled > 0) return kDone;
     return RefuseStatus(
         call_, {StatusKind::Illegal, session_.Folder.At(kSettingsFile),
                 "there is no serial link (CommsEnabled is 0); counterctl settings set CommsEnabled=1"});
@@ -99,7 +99,7 @@ int LinkSession::LogIn() {
 
 int LinkSession::Get() {
     GetSetup(session_);
-    if (session_.LinkData.LinkError != 0) return kLinkFailed;
+    if (session_.LinkState.LinkError != 0) return kLinkFailed;
     const Status& kept = session_.Home.Backup;
     if (!kept.Ok()) {
         EndBar();
@@ -119,7 +119,7 @@ void LinkSession::EndBar() {
 
 void LinkSession::Finish() {
     if (std::exchange(finished_, true)) return;
-    ClosePort(session_.Line);
+    ClosePort(session_.Link);
     session_.Node.Close();
     session_.Home.Changed = nullptr;
     EndBar();
@@ -131,7 +131,7 @@ int LinkSession::End(const Json& more) {
 }
 
 int LinkSession::EndAction(const ActionEnd& end) {
-    const int error = session_.LinkData.LinkError;
+    const int error = session_.LinkState.LinkError;
     const bool failed = end.Failed || error != 0;
     Finish();
     if (call_.Json) {
@@ -163,7 +163,7 @@ void LinkSession::OnInterrupt() {
     EndBar();
     Complain(call_.World) << "interrupted" << SentSoFar() << "\n" << std::flush;
     call_.World.Out << std::flush;
-    machine_->Waits().EndProcess(kInterrupted);
+    machine_->Pump().EndProcess(kInterrupted);
 }
 
 void LinkSession::TellSent() {
@@ -173,9 +173,9 @@ void LinkSession::TellSent() {
 
 std::string LinkSession::SentSoFar() const {
     if (!putting_) return {};
-    if (session_.LinkData.FramesWritten.empty()) return "; nothing was written";
+    if (session_.LinkState.FramesWritten.empty()) return "; nothing was written";
     std::string text = "; sent so far:";
-    for (const std::string& frame : session_.LinkData.FramesWritten) text += " " + frame;
+    for (const std::string& frame : session_.LinkState.FramesWritten) text += " " + frame;
     return text;
 }
 

@@ -19,7 +19,7 @@ Json ReadAndCompare(LinkSession& link, const SetupImage& wanted) {
     const int version = session.Identity.FirmwareVersion;
     if (link.Get() != kDone) return nullptr;
     return DifferencesJson(wanted, session.Image,
-                           CompareSetups(wanted, session.Image, RoadOf(session.LinkData), version));
+                           CompareSetups(wanted, session.Image, RoadOf(session.LinkState), version));
 }
 
 int TellDifferences(const CommandCall& call, const Json& list, const std::string& name) {
@@ -73,8 +73,8 @@ int PutCommand(const CommandCall& call) {
     Session& session = link.Program();
     session.Image = image;
     if (Status settled = link.Put(); !settled.Ok()) return RefuseSettled(call, link, settled);
-    if (session.LinkData.LinkError != 0) link.TellSent();
-    if (session.LinkData.LinkError != 0 || !call.Has("--verify")) return link.End(Json::object());
+    if (session.LinkState.LinkError != 0) link.TellSent();
+    if (session.LinkState.LinkError != 0 || !call.Has("--verify")) return link.End(Json::object());
     return PutVerified(call, link);
 }
 

@@ -28,7 +28,7 @@ void OfflineSession::Begin(const SetupImage& image) {
     std::string text;
     if (session_.Folder.Store.Read(session_.Folder.At(kSettingsFile), text).Ok()) {
         // Whether the port could be opened, and at what speed, is of no concern: none is meant.
-        ReadSettings(session_.Settled);
+        ReadSettings(session_.BringUp);
     } else {
         TakeIdentityOfImage();
         if (session_.Identity.MeterType == 7) session_.Identity.NoPanelModel = 1;

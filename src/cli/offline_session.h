@@ -65,7 +65,7 @@ class OfflineSession {
     Status WriteHeld() { return files_.Flush(); }
 
     Session& Program() { return session_; }
-    JumpingPump& Waits() { return pump_; }
+    JumpingPump& Pump() { return pump_; }
     Json Messages() const { return dialogs_.Messages(); }
 
   private:

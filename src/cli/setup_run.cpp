@@ -89,7 +89,7 @@ SetupRun::SetupRun(const CommandCall& call, Player& player, Finish finish)
       offline_(call),
       view_(offline_.Program()),
       entry_({offline_.Program().Views, offline_.Program().Image, offline_.Program().Derived,
-              offline_.Program().Line}) {
+              offline_.Program().Link}) {
     view_.Controls.OnlyPageOnShow = false;
     view_.OpenDigitEntry = [this] {
         entry_.OpenDigitEntry();
@@ -97,8 +97,8 @@ SetupRun::SetupRun(const CommandCall& call, Player& player, Finish finish)
     };
     view_.ShowMainMenu = [this] { left_ = true; };
     readButton_ = view_.Controls.Find("cmdRead");
-    offline_.Waits().OnTurn = [this] { RunDuringReadLoop(); };
-    offline_.Waits().OnEnd = [this] { End(); };
+    offline_.Pump().OnTurn = [this] { RunDuringReadLoop(); };
+    offline_.Pump().OnEnd = [this] { End(); };
 }
 
 int SetupRun::Execute(const SetupImage& image, bool fromMeter) {
@@ -132,7 +132,7 @@ void SetupRun::RunDuringReadLoop() {
     actsInLoop_ = false;
     if (more) return;
     playerDone_ = true;
-    offline_.Waits().EndProcess(kDone);
+    offline_.Pump().EndProcess(kDone);
 }
 
 void SetupRun::Restore(const SetupImage& image) {

@@ -105,10 +105,10 @@ int StreamRun::Run() {
     const bool fresh = !store.Exists(limits_.Csv);
     if (!limits_.Csv.empty()) written_ = store.Append(limits_.Csv, "");  // refused before anything is sent
     if (written_.Ok()) {
-        program_.Waits.OnInterrupt = [this] { interrupted_ = true; };
-        program_.LinkData.LinkError =
-            PrepareReadings(program_.Line, program_.Identity.FirmwareVersion, program_.Frames);
-        if (program_.LinkData.LinkError == LinkErrors::kGood && !interrupted_)
+        program_.Pump.OnInterrupt = [this] { interrupted_ = true; };
+        program_.LinkState.LinkError =
+            PrepareReadings(program_.Link, program_.Identity.FirmwareVersion, program_.Frames);
+        if (program_.LinkState.LinkError == LinkErrors::kGood && !interrupted_)
             Stream();
         else if (fresh && !limits_.Csv.empty())
             store.Remove(limits_.Csv);
@@ -121,18 +121,18 @@ int StreamRun::Run() {
 // stop.
 void StreamRun::Stream() {
     if (!limits_.Csv.empty()) written_ = call_.World.Store.Write(limits_.Csv, "time,reading\n");
-    ReadingStream stream(program_.Line, std::make_unique<ListCutter>(program_.Frames));
+    ReadingStream stream(program_.Link, std::make_unique<ListCutter>(program_.Frames));
     stream.TakeFrame = [this](const Frame& frame) {
         if (!frame.OnlySizes && !Over()) Take(Stripped(frame.Text));
     };
-    const double deadline = program_.Waits.NowMs() + limits_.Ms;
-    StreamStart(program_.Line);
+    const double deadline = program_.Pump.NowMs() + limits_.Ms;
+    StreamStart(program_.Link);
     stream.Attach();
-    program_.Waits.WaitUntil(
+    program_.Pump.WaitUntil(
         deadline, [this] { return Over(); }, "readings");
-    SerialLineHolds(program_.Line);
+    SerialLineHolds(program_.Link);
     stream.Detach();
-    StreamStop(program_.Line);
+    StreamStop(program_.Link);
 }
 
 bool StreamRun::Over() const {
@@ -143,7 +143,7 @@ bool StreamRun::Over() const {
 void StreamRun::Take(const std::string& text) {
     if (text.empty()) return;
     ++taken_;
-    const std::string time = IsoTime(program_.Waits.LocalTime());
+    const std::string time = IsoTime(program_.Pump.LocalTime());
     if (!limits_.Csv.empty())
         written_ = call_.World.Store.Append(limits_.Csv, time + "," + NumberText(text) + "\n");
     if (call_.Json) {
@@ -161,7 +161,7 @@ void StreamRun::WriteLine(const std::string& text) {
 int StreamRun::Report() {
     if (call_.Json && written_.Ok()) WriteLine(list_.dump(2));
     if (!written_.Ok()) return RefuseStatus(call_, written_);
-    const int error = program_.LinkData.LinkError;
+    const int error = program_.LinkState.LinkError;
     if (error == LinkErrors::kGood || (interrupted_ && error != LinkErrors::kPortFault)) return kDone;
     Complain(call_.World) << LinkErrorMeaning(error)
                           << "\nFailed to read the stream, check connections, then try again.      ( "

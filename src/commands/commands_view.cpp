@@ -65,17 +65,17 @@ void CommandsView::WireReading(Control& button, ReadingKind kind, Control& field
 void CommandsView::WireReset(Control& button, Request reset, const char* status) {
     Controls.On(button, [this, reset, status](Control&) {
         ShowStatus(status, ColorGreen);
-        if (Program.LinkData.ModbusLink == 0) {
-            SendAscii(Program.Line, reset.Ascii);
+        if (Program.LinkState.ModbusLink == 0) {
+            SendAscii(Program.Link, reset.Ascii);
             return;
         }
-        Program.LinkData.ModbusPayload = std::string(reset.Modbus);
-        SendCommand(Program.Line);
+        Program.LinkState.ModbusPayload = std::string(reset.Modbus);
+        SendCommand(Program.Link);
     });
 }
 
 void CommandsView::Load() {
-    const bool modbus = Program.LinkData.ModbusLink == 1;
+    const bool modbus = Program.LinkState.ModbusLink == 1;
     ClearFields();
     txtRmtDspy.Text.clear();
     rmtClearOnFocus_ = 0;
@@ -88,7 +88,7 @@ void CommandsView::Load() {
 }
 
 void CommandsView::Activate() {
-    cmdSendPRM.Enabled = Program.LinkData.ModbusLink != 1;
+    cmdSendPRM.Enabled = Program.LinkState.ModbusLink != 1;
     Controls.TellChanged();
 }
 
@@ -111,7 +111,7 @@ void CommandsView::ReadInto(Control& field, ReadingKind kind, const char* status
     field.Text.clear();
     ShowStatus(status, ColorGreen);
     if (!Ask(kind)) return;
-    field.Text = Program.LinkData.RawReply;
+    field.Text = Program.LinkState.RawReply;
     Controls.TellChanged();
 }
 
@@ -128,16 +128,16 @@ void CommandsView::ReadActive(bool withPeakValley, const char* status) {
 // not answer is no failure here: required, so the last good reply of any command is shown again.
 bool CommandsView::Ask(ReadingKind kind) {
     const int opening = opening_;
-    ReadSingle(Program.Line, kind);
+    ReadSingle(Program.Link, kind);
     if (opening != opening_) return false;
-    if (Program.LinkData.PortFault != 1) return true;
+    if (Program.LinkState.PortFault != 1) return true;
     ShowStatus(kCommunicationsFailure, ColorRed);
     return false;
 }
 
 void CommandsView::ShowValues(bool withPeakValley) {
-    SplitLine split = SplitActiveItems(Program.LinkData.RawReply, withPeakValley);
-    Program.LinkData.RawReply = split.Rest;
+    SplitLine split = SplitActiveItems(Program.LinkState.RawReply, withPeakValley);
+    Program.LinkState.RawReply = split.Rest;
     picItem1.Text = split.Values[1];
     picItem2.Text = split.Values[2];
     picItem3.Text = split.Values[3];
@@ -153,8 +153,8 @@ void CommandsView::ClearFields() {
 }
 
 void CommandsView::OpenCurve() {
-    if (Program.LinkData.SerialProtocol != 0) {
-        Program.Boxes.Show({"", "Cannot send the custom curve file when using the Modbus protocol."});
+    if (Program.LinkState.SerialProtocol != 0) {
+        Program.Dialogs.Show({"", "Cannot send the custom curve file when using the Modbus protocol."});
     } else if (OpenSendCurve) {
         OpenSendCurve();
     }

@@ -13,7 +13,7 @@ void CommandsView::WireRemote(Control& button, Request target, const char* statu
 // The line helps with Display Mode C, which is a matter of Custom ASCII alone.
 void CommandsView::WireHelpLine() {
     const auto showHelp = [this] {
-        if (Program.LinkData.ModbusLink == 0) lblModeC.Visible = true;
+        if (Program.LinkState.ModbusLink == 0) lblModeC.Visible = true;
     };
     Controls.On(txtRmtDspy, [showHelp](Control&) { showHelp(); });
     Controls.OnGotFocus(txtRmtDspy, [this, showHelp](Control& entry) {
@@ -28,7 +28,7 @@ void CommandsView::WireHelpLine() {
 // In Custom ASCII the text goes out exactly as typed. Over Modbus a number that its 32 bits can't hold is
 // refused and stays in the field.
 void CommandsView::SendRemote(const Request& target, const char* status) {
-    LinkState& link = Program.LinkData;
+    LinkState& link = Program.LinkState;
     if (link.ModbusLink == 0) {
         ReportSending(status);
         link.CommandText = target.WithoutHead
@@ -43,7 +43,7 @@ void CommandsView::SendRemote(const Request& target, const char* status) {
         ReportSending(status);
         link.ModbusPayload = std::string(target.Modbus) + *digits;
     }
-    SendCommand(Program.Line);
+    SendCommand(Program.Link);
 }
 
 void CommandsView::ReportSending(const char* status) {

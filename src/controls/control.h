@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "meter/colors.h"
+#include "controls/colors.h"
 
 namespace counter {
 

@@ -103,7 +103,7 @@ void SendCurveView::Send(const CurveItems& items) {
     const auto write = [this, opening](const char* text) {
         if (opening == opening_) Write(text);
     };
-    if (!SendCurve(Program.Line, items, Target(), write)) {
+    if (!SendCurve(Program.Link, items, Target(), write)) {
         write(kVerifyFailedText);
         write(kCheckCablingText);
         return;
@@ -141,7 +141,7 @@ void SendCurveView::Write(const char* text) {
 }
 
 void SendCurveView::Tell(const char* title, const char* text) {
-    Program.Boxes.Show({title, text});
+    Program.Dialogs.Show({title, text});
 }
 
 }  // namespace counter

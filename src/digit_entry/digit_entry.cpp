@@ -5,9 +5,9 @@
 #include <charconv>
 #include <utility>
 
+#include "controls/colors.h"
 #include "digit_entry/digit_text.h"
 #include "link/waits.h"
-#include "meter/colors.h"
 #include "meter/value_codec.h"
 
 namespace counter {

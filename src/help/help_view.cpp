@@ -3,9 +3,9 @@
 #include <optional>
 #include <utility>
 
+#include "controls/colors.h"
 #include "help/help_text.h"
 #include "link/waits.h"
-#include "meter/colors.h"
 
 namespace counter {
 
@@ -69,7 +69,7 @@ void HelpView::Ok() {
     shown_ = false;
     if (from_ == HelpFrom::Menu && ClearMenuMark) ClearMenuMark();
     if (Unload) Unload();
-    LinkDelay(session_.Line, kBehindWindowMs);
+    LinkDelay(session_.Link, kBehindWindowMs);
     PutPageBack();
 }
 

@@ -41,8 +41,8 @@ void BuildFrame(LinkState& link) {
 }
 
 bool WaitForFirstCharacter(Link& link) {
-    link.Waits.WaitUntil(
-        link.Waits.NowMs() + kFirstCharacterMs,
+    link.Pump.WaitUntil(
+        link.Pump.NowMs() + kFirstCharacterMs,
         [&] { return link.Port.Faulted() || link.Port.InBufferCount() > 0; }, "first character of a reply");
     if (link.Port.Faulted()) {
         link.State.LinkError = LinkErrors::kPortFault;
@@ -56,10 +56,10 @@ bool WaitForFirstCharacter(Link& link) {
 std::string TakeUntilSilence(Link& link) {
     const double gapMs = static_cast<double>(link.State.CharTimeMs * 10 + 50);
     std::string reply;
-    const double lastMs = link.Waits.NowMs() + kLongestReplyMs;
+    const double lastMs = link.Pump.NowMs() + kLongestReplyMs;
     const auto input = [&] { return link.Port.Faulted() || link.Port.InBufferCount() > 0; };
-    while (link.Waits.NowMs() < lastMs &&
-           link.Waits.WaitUntil(link.Waits.NowMs() + gapMs, input, "end of a reply")) {
+    while (link.Pump.NowMs() < lastMs &&
+           link.Pump.WaitUntil(link.Pump.NowMs() + gapMs, input, "end of a reply")) {
         if (link.Port.Faulted()) {
             link.State.LinkError = LinkErrors::kPortFault;
             break;

@@ -10,7 +10,7 @@ namespace counter {
 
 struct Link {
     LinkState& State;
-    Pump& Waits;
+    counter::Pump& Pump;
     SerialPort& Port;
     NodeClient* Node = nullptr;  // in Ethernet mode takes the port's place; not null then
 };

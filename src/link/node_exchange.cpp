@@ -26,8 +26,8 @@ void SendThroughNode(Link& link) {
 void ReceiveThroughNode(Link& link) {
     LinkState& state = link.State;
     state.LinkError = LinkErrors::kGood;
-    link.Waits.WaitUntil(
-        link.Waits.NowMs() + ReplyMs(state.BaudIndex),
+    link.Pump.WaitUntil(
+        link.Pump.NowMs() + ReplyMs(state.BaudIndex),
         [&] { return !state.NodeReply.empty() || !link.Node->Connected(); }, "reply through the node");
     if (state.NodeReply.empty()) {
         if (link.Node->CheckConnected()) state.LinkError = LinkErrors::kNodeNoReply;

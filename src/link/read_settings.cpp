@@ -44,13 +44,13 @@ void RefuseOtherPrograms(const Settings& settings, Dialogs& dialogs, Pump& pump)
 }  // namespace
 
 Status ReadSettings(const BringUp& bringUp) {
-    Settings& settings = bringUp.Stored;
-    Link& link = bringUp.Line;
+    Settings& settings = bringUp.Settings;
+    Link& link = bringUp.Link;
     const std::string path = bringUp.Folder.At(kSettingsFile);
     std::string text;
     if (Status status = bringUp.Folder.Store.Read(path, text); !status.Ok()) return status;
     ParseSettings(SplitSettings(text), settings);
-    RefuseOtherPrograms(settings, bringUp.Boxes, link.Waits);
+    RefuseOtherPrograms(settings, bringUp.Dialogs, link.Pump);
     TakeLinkState(settings, link.State);
     TakeIdentity(settings, bringUp.Identity);
     if (settings.EthernetMode == 1) return {};

@@ -16,10 +16,10 @@ inline constexpr int kWrongProgramExit = 2;
 // What bringing the link up works on.
 struct BringUp {
     const ProgramFolder& Folder;
-    Dialogs& Boxes;
-    Settings& Stored;
+    counter::Dialogs& Dialogs;
+    counter::Settings& Settings;
     MeterIdentity& Identity;
-    Link& Line;
+    counter::Link& Link;
 };
 
 // Reads the file, sets the link's state and opens the port. Through a node, or without a link, no port is

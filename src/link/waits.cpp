@@ -10,8 +10,8 @@ namespace {
 constexpr double kNodeExtraMs = 1000;
 
 void Pause(Link& link, double ms, const char* reason) {
-    link.Waits.WaitUntil(
-        link.Waits.NowMs() + ms, [] { return false; }, reason);
+    link.Pump.WaitUntil(
+        link.Pump.NowMs() + ms, [] { return false; }, reason);
 }
 
 }  // namespace
@@ -27,14 +27,14 @@ void Delay(Link& link, float seconds) {
 
 void WaitForInput(Link& link) {
     link.State.PortFault = 0;
-    const double deadline = link.Waits.NowMs() + 1000;
-    link.Waits.WaitUntil(
+    const double deadline = link.Pump.NowMs() + 1000;
+    link.Pump.WaitUntil(
         deadline, [&] { return link.Port.Faulted() || link.Port.InBufferCount() != 0; }, "wait for input");
     if (link.Port.Faulted()) link.State.PortFault = 1;
 }
 
 void WaitForOutput(Link& link) {
-    link.Waits.WaitUntil(
+    link.Pump.WaitUntil(
         Pump::kForever, [&] { return link.Port.Faulted() || link.Port.OutBufferCount() == 0; }, "send");
 }
 

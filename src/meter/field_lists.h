@@ -101,7 +101,8 @@ inline constexpr Text kControlInputs[] = {
 };
 
 // What stands at some codes of the control inputs instead: before version 78, and on a remote display.
-inline constexpr std::string_view kControlInputs8Before78 = "Hold              External Gate       Function Reset";
+inline constexpr std::string_view kControlInputs8Before78 =
+    "Hold              External Gate       Function Reset";
 inline constexpr std::string_view kControlInputs9Before78 = "Peak or Valley    External Gate       No Action";
 inline constexpr std::string_view kControlInputs15Remote = "Enable Tare       Tare if enabled     Tare";
 

@@ -15,7 +15,7 @@ struct Message {
 
 struct FileQuestion {
     std::string Title;
-    std::string Filter;  // "Setup files (*.CT2)|*.CT2": what the user reads, then the pattern
+    std::string Filter;         // "Setup files (*.CT2)|*.CT2": what the user reads, then the pattern
     bool AskToReplace = false;  // saving: an existing file is only replaced when the user says so
 };
 

@@ -83,7 +83,7 @@ void ChartView::PressOK() {
 }
 
 void ChartView::PressSave() {
-    const std::string path = Program.Boxes.AskSaveFile({"Save Graph As", ".BMP files (*.BMP)|*.BMP"});
+    const std::string path = Program.Dialogs.AskSaveFile({"Save Graph As", ".BMP files (*.BMP)|*.BMP"});
     if (path.empty() || !SaveBitmap) return;
     const Status status = SaveBitmap(path);
     TellStatus(status.Ok() ? "" : status.Text());

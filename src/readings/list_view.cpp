@@ -38,7 +38,7 @@ void ListView::Activate() {
     ComeUp();
     const int run = StartRun();
     if (!Holds(run)) return;
-    LinkDelay(Program.Line, kBehindStartMs);
+    LinkDelay(Program.Link, kBehindStartMs);
     if (!Holds(run)) return;
     Program.Port.SetRtsEnable(true);
     ListRow = ListCol = 0;
@@ -83,9 +83,9 @@ void ListView::StepOn() {
 
 // The thirteen stars go without the address, which is required.
 void ListView::SendEnd() {
-    Program.LinkData.CommandText = "*************";
-    SendCommand(Program.Line);
-    StreamStop(Program.Line);
+    Program.LinkState.CommandText = "*************";
+    SendCommand(Program.Link);
+    StreamStop(Program.Link);
     Program.Port.SetRtsEnable(false);
 }
 

@@ -40,7 +40,7 @@ class ListView : public ReadingView {
     int ListCol = 0;
 
     // The table accepts no input: a click on it, or a press on the view's background, is a beep.
-    void PressTable() { Program.Boxes.Beep(); }
+    void PressTable() { Program.Dialogs.Beep(); }
 
     // clang-format off
     Control& grdList   = Build.Add(ControlKind::Picture, nullptr, "grdList");

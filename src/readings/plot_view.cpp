@@ -91,7 +91,7 @@ double PlotView::PlaceOf(float now) const {
 }
 
 float PlotView::SecondsSinceMidnight() const {
-    const WallTime time = Program.Waits.LocalTime();
+    const WallTime time = Program.Pump.LocalTime();
     const int whole = time.Hour * 3600 + time.Minute * 60 + time.Second;
     return static_cast<float>(whole + time.Millisecond / 1000.0);
 }

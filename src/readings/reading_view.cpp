@@ -13,7 +13,7 @@ int NoHelp(std::string_view) {
 }  // namespace
 
 ReadingView::ReadingView(Session& session, std::unique_ptr<FrameCutter> cutter)
-    : Program(session), Stream(session.Line, std::move(cutter)), Build(Controls, kEveryTab, NoHelp) {
+    : Program(session), Stream(session.Link, std::move(cutter)), Build(Controls, kEveryTab, NoHelp) {
     Stream.TakeFrame = [this](const Frame& frame) { TakeReading(frame.Text, frame.OnlySizes); };
     Stream.PassDone = [this] {
         if (Drawn) Drawn();
@@ -42,7 +42,7 @@ int ReadingView::StartRun() {
     const int number = ++run_;
     Stream.Detach();
     Stream.ReadingPaused = 0;
-    StreamStart(Program.Line);
+    StreamStart(Program.Link);
     return number;
 }
 
@@ -53,7 +53,7 @@ bool ReadingView::Holds(int number) {
         // and what the meter now sends is thrown away.
         Stream.Attach();
     } else if (!Program.Port.Arrived) {
-        StreamStop(Program.Line);
+        StreamStop(Program.Link);
     }
     return false;
 }
@@ -100,14 +100,14 @@ void ReadingView::LeaveByEnd() {
 }
 
 void ReadingView::SendEnd() {
-    StreamStop(Program.Line);
+    StreamStop(Program.Link);
 }
 
 // One turn of a wait, a millisecond at most.
 void ReadingView::LetEventsRun() {
     int turns = 0;
-    Program.Waits.WaitUntil(
-        Program.Waits.NowMs() + 1, [&] { return turns++ > 0; }, "events run");
+    Program.Pump.WaitUntil(
+        Program.Pump.NowMs() + 1, [&] { return turns++ > 0; }, "events run");
 }
 
 }  // namespace counter

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "meter/colors.h"
+#include "controls/colors.h"
 #include "platform/status.h"
 
 namespace counter {

@@ -26,35 +26,35 @@ namespace counter {
 struct Session {
     NoSockets None;  // for those who reach no node
     // The world, made by main() or by a test.
-    Pump& Waits;
+    counter::Pump& Pump;
     SerialPort& Port;
-    Dialogs& Boxes;
+    counter::Dialogs& Dialogs;
     ProgramFolder Folder;
-    Sockets Net;
+    counter::Sockets Sockets;
 
     SetupImage Image;
-    Settings Stored;
+    counter::Settings Settings;
     MeterIdentity Identity;
-    LinkState LinkData;
+    counter::LinkState LinkState;
     FrameRules Frames;  // of the reading stream
     DerivedValues Derived;
     HomeState Home;
     ViewState Views;
 
-    NodeClient Node{LinkData, Waits, Boxes, Net};
-    Link Line{LinkData, Waits, Port, &Node};
-    BringUp Settled{Folder, Boxes, Stored, Identity, Line};
+    NodeClient Node{LinkState, Pump, Dialogs, Sockets};
+    counter::Link Link{LinkState, Pump, Port, &Node};
+    counter::BringUp BringUp{Folder, Dialogs, Settings, Identity, Link};
 
-    Session(Pump& pump, SerialPort& port, Dialogs& dialogs, ProgramFolder folder,
-            std::optional<Sockets> sockets = {})
-        : Waits(pump),
+    Session(counter::Pump& pump, SerialPort& port, counter::Dialogs& dialogs, ProgramFolder folder,
+            std::optional<counter::Sockets> sockets = {})
+        : Pump(pump),
           Port(port),
-          Boxes(dialogs),
+          Dialogs(dialogs),
           Folder(std::move(folder)),
-          Net(sockets.value_or(None.Both())) {
+          Sockets(sockets.value_or(None.Both())) {
         Node.HideStatus = [this] { Home.HideStatus(); };
     }
-    Session(const Session&) = delete;  // Line and Settled refer into it
+    Session(const Session&) = delete;  // Link and BringUp refer into it
     Session& operator=(const Session&) = delete;
 };
 

@@ -88,7 +88,7 @@ void CommunicationPage::Wire() {
 
 void CommunicationPage::NameTheRoad() {
     fraSerComm.Caption =
-        Program.LinkData.EthernetMode == 1 ? "Serial Communications via Ethernet" : "Serial Communications";
+        Program.LinkState.EthernetMode == 1 ? "Serial Communications via Ethernet" : "Serial Communications";
 }
 
 void CommunicationPage::FillLists() {
@@ -148,14 +148,14 @@ void CommunicationPage::PickProtocol() {
     int protocol = Protocol.Inner.ListIndex;
     Put(Field::SerialProtocol, protocol);
     if (protocol != 0 && View.Input.DType.Inner.ListIndex == kRemoteC) View.Input.LeaveRemoteC();
-    if (protocol == 0) Program.LinkData.ParityIndex = 0;
+    if (protocol == 0) Program.LinkState.ParityIndex = 0;
     Values().ProtocolCode = protocol;
     View.MBRules(protocol);
 }
 
 void CommunicationPage::PickParity() {
     Put(Field::Parity, Parity.Inner.ListIndex);
-    Program.LinkData.ParityIndex = Parity.Inner.ListIndex;
+    Program.LinkState.ParityIndex = Parity.Inner.ListIndex;
 }
 
 void CommunicationPage::EntryClosed(const Control& entered) {

@@ -39,7 +39,7 @@ void ScalingPage::RefreshCurve() {
 void ScalingPage::FillCurves() {
     if (Level() > 1) return;
     const DerivedValues& values = Values();
-    int comms = Program.Stored.CommsEnabled;
+    int comms = Program.Settings.CommsEnabled;
     bool phaseCurve = comms == 0 || (comms == 1 && PhaseCurveOffered(Meter().FirmwareVersion));
     bool powerFactor = values.ModeIndex == 6 && values.FunctionIndex == 2 && phaseCurve;
     const std::string_view entries[] = {

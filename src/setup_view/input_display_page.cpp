@@ -65,7 +65,7 @@ void InputDisplayPage::FillDisplayTypes() {
                   list.Entries.begin() + kFirstRemote);
     // Without an input board the meter is a remote display only.
     if (Values().InputOption == 0) std::fill_n(list.Entries.begin(), kFirstRemote, " ");
-    if (Program.LinkData.ModbusLink != 0) {
+    if (Program.LinkState.ModbusLink != 0) {
         list.Entries.pop_back();
         if (Stored(Field::DisplayType) == kRemoteC) Put(Field::DisplayType, kInsteadOfRemoteC);
     }
@@ -214,7 +214,7 @@ void InputDisplayPage::PickPowerOnTotal() {
     Put(Field::PowerOnTotal, PwrOnTot.Inner.ListIndex);
     bool onShow = Pulses.Frame.Visible && Pulses.Inner.Visible;
     if (PwrOnTot.Inner.ListIndex == 1 && onShow && IsNotZero(Pulses.Inner.Text))
-        Program.Boxes.Show({"", "Set Pulses per Revolution = 0", BoxIcon::None});
+        Program.Dialogs.Show({"", "Set Pulses per Revolution = 0", BoxIcon::None});
 }
 
 }  // namespace counter

@@ -57,19 +57,19 @@ void MeterClass::WriteClass(int extended) {
     View.Buttons.picText.Text = extended ? "Writing EXTENDED meter" : "Writing BASIC meter";
     View.Controls.TellChanged();
     SendClass(extended);
-    LinkDelay(Program.Line, kBetweenFramesMs);
+    LinkDelay(Program.Link, kBetweenFramesMs);
     View.Buttons.picText.Text.clear();
     Program.Home.ShowHourglass(false);
 }
 
 void MeterClass::SendClass(int extended) {
-    LinkState& link = Program.LinkData;
-    bool connected = Program.Stored.CommsEnabled != 0 || link.EthernetMode == 1;
+    LinkState& link = Program.LinkState;
+    bool connected = Program.Settings.CommsEnabled != 0 || link.EthernetMode == 1;
     if (!connected || link.ModbusLink != 0) return;
-    AskAscii(Program.Line, "X11FZ");
+    AskAscii(Program.Link, "X11FZ");
     if (link.LinkError != 0 || link.ReplyText.size() != kWordDigits) return;
-    LinkDelay(Program.Line, kBetweenFramesMs);
-    SendAscii(Program.Line, "W11F" + WithClass(link.ReplyText, extended) + "Z");
+    LinkDelay(Program.Link, kBetweenFramesMs);
+    SendAscii(Program.Link, "W11F" + WithClass(link.ReplyText, extended) + "Z");
 }
 
 // The file and the open port change; the BaudIndex in memory stays until the settings are read again. A file
@@ -78,7 +78,7 @@ void MeterClass::SetBaud9600() {
     const std::string path = Program.Folder.At(kSettingsFile);
     std::string text;
     Status status = Program.Folder.Store.Read(path, text);
-    if (const std::string reason = IllegalLine(At9600(Program.Stored)); status.Ok() && !reason.empty())
+    if (const std::string reason = IllegalLine(At9600(Program.Settings)); status.Ok() && !reason.empty())
         status = {StatusKind::Illegal, path, reason};
     if (status.Ok()) {
         SettingsLines lines = SplitSettings(text);
@@ -86,13 +86,13 @@ void MeterClass::SetBaud9600() {
         SettingsPut(lines.SettingsLine1, 2, std::to_string(kBaud9600));
         if (lines.SettingsLine2.size() == kOldNodeLine) lines.SettingsLine2 += "0";
         status = Program.Folder.Store.Write(path, FormatSettings(lines));
-        if (status.Ok()) Program.Stored.Lines = lines;
+        if (status.Ok()) Program.Settings.Lines = lines;
     }
     if (!status.Ok()) {
         Program.Home.ShowStatus(status.Text(), ColorRed);
         return;
     }
-    LinkState at9600 = Program.LinkData;
+    LinkState at9600 = Program.LinkState;
     at9600.BaudIndex = kBaud9600;
     if (Status set = Program.Port.SetSettings(PortSettingsText(at9600)); !set.Ok())
         Program.Home.ShowStatus(set.Text(), ColorRed);

@@ -64,7 +64,7 @@ void OptionBoards::FillComm() {
 
 void OptionBoards::FillAnalog() {
     int version = Meter().FirmwareVersion;
-    bool noLink = Program.Stored.CommsEnabled == 0;
+    bool noLink = Program.Settings.CommsEnabled == 0;
     std::size_t entries = 2;
     if (!HasOnly12BitAnalog(version) || noLink) entries = 3;
     if (BipolarAnalogOffered(version) || noLink) entries = 5;
@@ -91,9 +91,9 @@ void OptionBoards::RefuseIncompatibleBoard(int storedBoard) {
     bool sixteenBits = storedBoard >= 2 && HasOnly12BitAnalog(version);
     bool dual = storedBoard == 4 && !BipolarAnalogOffered(version);
     if (!sixteenBits && !dual) return;
-    Program.Boxes.Show(
+    Program.Dialogs.Show(
         {"Error", "The Analog Output module is not compatible with this instrument", BoxIcon::None});
-    Program.Waits.EndProcess(kIncompatibleBoardExit);
+    Program.Pump.EndProcess(kIncompatibleBoardExit);
 }
 
 void OptionBoards::FollowRelays() {

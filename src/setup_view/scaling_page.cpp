@@ -122,7 +122,7 @@ void ScalingPage::RefreshScaling() {
     }
 
     FillMultipliers(Group1.Mult.Inner[Level()]);
-    LinkDelay(Program.Line, kBetweenListsMs);
+    LinkDelay(Program.Link, kBetweenListsMs);
     Program.Views.SetupRefreshOn = 0;  // what the user did meanwhile has ended with live handlers
     FillMultipliers(Group2.Mult.Inner[Level()]);
     Show(Group1.Mult.Inner[Level()], Field::Multiplier1);

@@ -63,7 +63,7 @@ void ViewButtons::PressRead() {
     Controls().TellChanged();
     while (readRunning_) {
         ReadOnce();
-        Delay(Program.Line, kBetweenReadingsS);
+        Delay(Program.Link, kBetweenReadingsS);
     }
 }
 
@@ -77,13 +77,13 @@ void ViewButtons::ReadOnce() {
 }
 
 bool ViewButtons::AskMeter(double& reading, int point) {
-    LinkState& link = Program.LinkData;
+    LinkState& link = Program.LinkState;
     if (link.ModbusLink != 1) {
-        AskAscii(Program.Line, "B1");
+        AskAscii(Program.Link, "B1");
         reading = LeadingNumber(link.ReplyText);
         return link.LinkError == 0;
     }
-    AskModbus(Program.Line, "0400030002");
+    AskModbus(Program.Link, "0400030002");
     if (link.LinkError != 0 || link.ReplyText.size() < kNumberAt + kNumberDigits) return false;
     int number =
         static_cast<int>(ParseHex(std::string_view(link.ReplyText).substr(kNumberAt, kNumberDigits)));

@@ -22,7 +22,7 @@ constexpr int kRemoteA = 6;  // Display Type
 void BeginGet(Session& session) {
     session.Home.ShowHourglass(true);
     session.Home.ShowStatus("Getting data from the Counter.", ColorGreen);
-    LinkDelay(session.Line, 5);
+    LinkDelay(session.Link, 5);
     session.Home.ProgressPercent = 0;
     session.Home.ShowProgress(true);
 }
@@ -30,7 +30,7 @@ void BeginGet(Session& session) {
 void Fail(Session& session) {
     session.Identity.SetupFromMeter = 0;
     session.Home.ShowStatus("Failed to Get data, check connections, then try again.      ( " +
-                                std::to_string(session.LinkData.LinkError) + ")",
+                                std::to_string(session.LinkState.LinkError) + ")",
                             ColorRed);
 }
 
@@ -50,14 +50,14 @@ void WriteServiceFile(Session& session) {
 }
 
 void Transfer(Session& session) {
-    SetupTransfer transfer{session.Line, session.Image, session.Identity, session.Derived,
+    SetupTransfer transfer{session.Link, session.Image, session.Identity, session.Derived,
                            [&](int percent) { session.Home.ProgressTo(percent); }};
-    if (session.LinkData.ModbusLink == 0) {
+    if (session.LinkState.ModbusLink == 0) {
         GetSetupAscii(transfer);
         return;
     }
     GetSetupModbus(transfer);
-    if (session.LinkData.LinkError == 0) WriteServiceFile(session);
+    if (session.LinkState.LinkError == 0) WriteServiceFile(session);
 }
 
 }  // namespace
@@ -65,13 +65,13 @@ void Transfer(Session& session) {
 void GetSetup(Session& session) {
     BeginGet(session);
     Transfer(session);
-    if (session.LinkData.LinkError != 0) {
+    if (session.LinkState.LinkError != 0) {
         Fail(session);
     } else {
         Succeed(session);
     }
     if (BitsGet(session.Image, 7, 4, 185) == kRemoteA)
-        session.Boxes.Show({"Note:", kRemoteNote, BoxIcon::None});
+        session.Dialogs.Show({"Note:", kRemoteNote, BoxIcon::None});
     session.Home.ShowHourglass(false);
 }
 

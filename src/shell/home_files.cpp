@@ -17,9 +17,9 @@ constexpr const char* kBoxTitle = "Continue";
 // A line that went away may be there again: an adaptor that was plugged back in. One that can't be opened
 // shows in the transfer's own number.
 void ReopenLine(Session& session) {
-    const bool serial = session.Stored.CommsEnabled > 0 && session.LinkData.EthernetMode == 0;
-    if (serial && session.Port.Faulted() && IllegalLine(session.Stored).empty())
-        OpenPort(session.Line, session.Stored);
+    const bool serial = session.Settings.CommsEnabled > 0 && session.LinkState.EthernetMode == 0;
+    if (serial && session.Port.Faulted() && IllegalLine(session.Settings).empty())
+        OpenPort(session.Link, session.Settings);
 }
 
 }  // namespace
@@ -38,7 +38,7 @@ void HomeView::DefaultSetup() {
 }
 
 void HomeView::OpenSetup() {
-    const std::string path = session_.Boxes.AskOpenFile({"Open Setup File", std::string(kSetupFilter)});
+    const std::string path = session_.Dialogs.AskOpenFile({"Open Setup File", std::string(kSetupFilter)});
     if (path.empty()) return;
     if (Status status = LoadSetupFile(session_.Folder.Store, path, session_.Image); !status.Ok()) {
         session_.Home.ShowStatus(status.Text(), ColorRed);
@@ -51,21 +51,21 @@ void HomeView::OpenSetup() {
 
 void HomeView::SaveSetup() {
     if (session_.Home.CurrentFileName.empty()) {
-        session_.Boxes.Beep();
-        session_.Boxes.Show({kBoxTitle, kNoFileName});
+        session_.Dialogs.Beep();
+        session_.Dialogs.Show({kBoxTitle, kNoFileName});
         return;
     }
-    if (session_.Boxes.Confirm({"", "Current data will be replaced."})) WriteSetup();
+    if (session_.Dialogs.Confirm({"", "Current data will be replaced."})) WriteSetup();
 }
 
 void HomeView::SaveSetupAs() {
     if (session_.Image.SetupData.empty()) {
-        session_.Boxes.Beep();
-        session_.Boxes.Show({kBoxTitle, kNoSetup});
+        session_.Dialogs.Beep();
+        session_.Dialogs.Show({kBoxTitle, kNoSetup});
         return;
     }
     const std::string path =
-        session_.Boxes.AskSaveFile({"Save Setup File As", std::string(kSetupFilter), true});
+        session_.Dialogs.AskSaveFile({"Save Setup File As", std::string(kSetupFilter), true});
     if (path.empty()) return;
     session_.Home.CurrentFileName = path;
     WriteSetup();

@@ -72,13 +72,13 @@ void HomeView::Load() {
 void HomeView::Activate() {
     if (CloseViews) CloseViews();
     session_.Home.Hourglass = false;
-    const bool comms = session_.Stored.CommsEnabled != 0;
+    const bool comms = session_.Settings.CommsEnabled != 0;
     Menu("mnuCounter").Enabled = comms;
     if (!comms) session_.Identity.SetupFromMeter = 0;
-    const LinkState& link = session_.LinkData;
+    const LinkState& link = session_.LinkState;
     session_.Home.CalibrationEnabled = link.ModbusLink != 1;
     Menu("mnuMRdgs").Enabled = link.ModbusLink != 1 && link.EthernetMode != 1;
-    if (session_.Stored.ProgramKind == 7) Menu("mnuCalib").Visible = false;
+    if (session_.Settings.ProgramKind == 7) Menu("mnuCalib").Visible = false;
     Menu("mnuMenu").Visible = session_.Identity.MeterType != 7;
     ShowState();
 }
@@ -90,7 +90,7 @@ void HomeView::ShowState() {
     lblPGText.Visible = home.StatusVisible;
     pbBar.Value = home.ProgressPercent;
     pbBar.Visible = home.ProgressVisible;
-    lblTest2.Caption = session_.LinkData.ReplyText;
+    lblTest2.Caption = session_.LinkState.ReplyText;
     Menu("mnuView").Enabled = home.ViewEnabled;
     Menu("mnuPut").Enabled = home.PutEnabled;
     Menu("mnuCmds").Enabled = home.CommandsEnabled;
@@ -161,14 +161,14 @@ void HomeView::OpenView(const HomeMenuRow& row) {
 
 void HomeView::Exit() {
     if (HoldExit && HoldExit()) return;
-    SettingsLines lines = session_.Stored.Lines;
+    SettingsLines lines = session_.Settings.Lines;
     if (lines.SettingsLine2.size() == kOldNodeLine) lines.SettingsLine2 += "0";
     SettingsPut(lines.SettingsLine2, kEndedAt, "1");
     // A folder that takes no file leaves the settings as they were, which are good as well.
     session_.Folder.Store.Write(session_.Folder.At(kSettingsFile), FormatSettings(lines));
-    ClosePort(session_.Line);
+    ClosePort(session_.Link);
     if (CloseSockets) CloseSockets();
-    session_.Waits.EndProcess(0);
+    session_.Pump.EndProcess(0);
 }
 
 }  // namespace counter

@@ -195,7 +195,7 @@ void LinkSetup::Test() {
     cmdFind.Enabled = false;
     ShowResult("Asking the meter.", ColorGreen);
     world_.Tried.Device = txtDevice.Text;
-    const LinkTrial trial = TryLink({world_.Waits, world_.Port, world_.Folder.Path, world_.Net}, lines);
+    const LinkTrial trial = TryLink({world_.Pump, world_.Port, world_.Folder.Path, world_.Sockets}, lines);
     Busy(false);
     ShowResult(trial.Words, trial.Answered ? ColorGreen : ColorRed);
 }
@@ -224,7 +224,7 @@ void LinkSetup::Find() {
     cmdFind.Caption = kStopCaption;
     pbFind.Visible = true;
     const SearchResult found = FindMeter(
-        {world_.Waits, world_.Port, world_.Folder.Path, {}}, world_.Tried, lines, DevicesToTry(),
+        {world_.Pump, world_.Port, world_.Folder.Path, {}}, world_.Tried, lines, DevicesToTry(),
         [this](int number, int all, const SearchStep& step) { return TellProgress(number, all, step); });
     searching_ = false;
     Busy(false);

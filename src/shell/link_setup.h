@@ -22,12 +22,12 @@ class LinkSetup {
 
     // What it works with. `Port` opens the device that `Tried` names; `Catalog` lists the machine's own.
     struct World {
-        Pump& Waits;
+        counter::Pump& Pump;
         SerialPort& Port;
         TriedDevice& Tried;
         const PortCatalog& Catalog;
         ProgramFolder Folder;
-        std::optional<Sockets> Net = {};  // for a meter behind a node
+        std::optional<counter::Sockets> Sockets = {};  // for a meter behind a node
     };
 
     explicit LinkSetup(const World& world);

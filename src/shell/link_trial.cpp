@@ -49,16 +49,16 @@ std::string MeterName(int meterType) {
 // The version is the meter's own; over Modbus a Get leaves the identity of the settings, but the image has
 // it.
 std::string AnswerInWords(const Session& session) {
-    const Settings& stored = session.Stored;
-    const bool modbus = session.LinkData.ModbusLink == 1;
+    const Settings& stored = session.Settings;
+    const bool modbus = session.LinkState.ModbusLink == 1;
     const std::string_view protocol = lists::kProtocol[static_cast<std::size_t>(stored.SerialProtocol)];
     std::string words =
         MeterName(ValueOfField(session.Image, Field::MeterType).Number) + " answered: firmware version " +
         std::to_string(ValueOfField(session.Image, Field::FirmwareVersion).Number) + ", address " +
         (modbus ? std::to_string(stored.ModbusAddress) : stored.MeterAddressLabel) + ", ";
     words += std::string(protocol);
-    if (session.LinkData.EthernetMode == 1) return words + " through the node at " + stored.NodeIp + ".";
-    return words + " at " + std::string(BaudTable[static_cast<std::size_t>(session.LinkData.BaudIndex)]) +
+    if (session.LinkState.EthernetMode == 1) return words + " through the node at " + stored.NodeIp + ".";
+    return words + " at " + std::string(BaudTable[static_cast<std::size_t>(session.LinkState.BaudIndex)]) +
            " baud.";
 }
 
@@ -68,7 +68,7 @@ std::string CallNode(Session& session) {
     if (session.Node.Connected()) return {};
     return "The node did not call back within 40 seconds. Check its address and its IP address, that it is "
            "on the network, and that it can reach TCP port " +
-           std::to_string(session.Stored.TcpPort) + " of this computer.";
+           std::to_string(session.Settings.TcpPort) + " of this computer.";
 }
 
 std::string WhatToLookAt(int linkError) {
@@ -85,20 +85,20 @@ std::string WhatToLookAt(int linkError) {
 LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines) {
     TriedSettings store(FormatSettings(lines));
     NoBoxes boxes;
-    Session session(world.Waits, world.Port, boxes, {store, world.Folder}, world.Net);
+    Session session(world.Pump, world.Port, boxes, {store, world.Folder}, world.Sockets);
     LinkTrial trial;
     if (const Status status = Start(session); !status.Ok()) {
         trial.Words = status.Text();
         trial.PortOpened = false;
         return trial;
     }
-    if (session.LinkData.EthernetMode == 1) {
+    if (session.LinkState.EthernetMode == 1) {
         trial.Words = CallNode(session);
         if (!trial.Words.empty()) return trial;
     }
     GetSetup(session);
-    ClosePort(session.Line);
-    trial.LinkError = session.LinkData.LinkError;
+    ClosePort(session.Link);
+    trial.LinkError = session.LinkState.LinkError;
     trial.Answered = trial.LinkError == 0;
     trial.FirmwareVersion = ValueOfField(session.Image, Field::FirmwareVersion).Number;
     trial.MeterType = ValueOfField(session.Image, Field::MeterType).Number;

@@ -13,10 +13,10 @@
 namespace counter {
 
 struct TrialWorld {
-    Pump& Waits;
+    counter::Pump& Pump;
     SerialPort& Port;
-    std::string Folder;               // named in messages; nothing is read from it
-    std::optional<Sockets> Net = {};  // without them no node can be tried
+    std::string Folder;                            // named in messages; nothing is read from it
+    std::optional<counter::Sockets> Sockets = {};  // without them no node can be tried
 };
 
 struct LinkTrial {

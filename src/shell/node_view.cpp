@@ -30,11 +30,11 @@ NodeView::~NodeView() {
 void NodeView::Load() {
     std::string text;
     if (session_.Folder.Store.Read(session_.Folder.At(kSettingsFile), text).Ok())
-        ParseSettings(SplitSettings(text), session_.Stored);
+        ParseSettings(SplitSettings(text), session_.Settings);
 }
 
 void NodeView::Activate() {
-    if (begun_ || session_.LinkData.NodeFirstRun == 0) return;
+    if (begun_ || session_.LinkState.NodeFirstRun == 0) return;
     begun_ = true;
     Title(kLoginDisconnected);
     if (const Status status = LogIntoNode(session_); !status.Ok()) return GiveUp(status.Text());
@@ -48,8 +48,8 @@ void NodeView::Title(std::string_view title) {
 }
 
 void NodeView::TryBegins(int tryNumber) {
-    text_ = "Asking the node at " + session_.Stored.NodeIp + " to call TCP port " +
-            std::to_string(session_.Stored.TcpPort) + ": try " + std::to_string(tryNumber) + " of " +
+    text_ = "Asking the node at " + session_.Settings.NodeIp + " to call TCP port " +
+            std::to_string(session_.Settings.TcpPort) + ": try " + std::to_string(tryNumber) + " of " +
             std::to_string(NodeClient::kLoginTries) + ".";
     if (Changed) Changed();
 }
@@ -60,12 +60,12 @@ void NodeView::Tick() {
 }
 
 void NodeView::GiveUp(const std::string& reason) {
-    session_.Boxes.Show({"", reason, BoxIcon::None});
+    session_.Dialogs.Show({"", reason, BoxIcon::None});
     // A folder that takes no file leaves the settings as they were, which is what is wanted.
-    session_.Folder.Store.Write(session_.Folder.At(kSettingsFile), FormatSettings(session_.Stored.Lines));
-    ClosePort(session_.Line);
+    session_.Folder.Store.Write(session_.Folder.At(kSettingsFile), FormatSettings(session_.Settings.Lines));
+    ClosePort(session_.Link);
     session_.Node.Close();
-    session_.Waits.EndProcess(kNoNodeExit);
+    session_.Pump.EndProcess(kNoNodeExit);
 }
 
 }  // namespace counter

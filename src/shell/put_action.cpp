@@ -21,7 +21,7 @@ const char* BoardName(int board) {
 }
 
 SetupTransfer TransferOf(Session& session) {
-    return {session.Line, session.Image, session.Identity, session.Derived,
+    return {session.Link, session.Image, session.Identity, session.Derived,
             [&session](int percent) { session.Home.ProgressTo(percent); }};
 }
 
@@ -42,35 +42,35 @@ void CheckBoard(Session& session) {
     }
     session.Home.StatusVisible = false;
     session.Home.ShowProgress(false);
-    session.Boxes.Show({"Put Data",
-                        std::string("You cannot write ") + BoardName(check.ImageBoard) + " data\rto a " +
-                            BoardName(check.MeterBoard) + ".",
-                        BoxIcon::Stop});
+    session.Dialogs.Show({"Put Data",
+                          std::string("You cannot write ") + BoardName(check.ImageBoard) + " data\rto a " +
+                              BoardName(check.MeterBoard) + ".",
+                          BoxIcon::Stop});
 }
 
 Status Transfer(Session& session) {
     SetupTransfer transfer = TransferOf(session);
-    if (session.LinkData.ModbusLink == 1) return PutSetupModbus(transfer, session.Settled);
+    if (session.LinkState.ModbusLink == 1) return PutSetupModbus(transfer, session.BringUp);
     PutSetupAscii(transfer);
-    if (session.LinkData.LinkError != 0) return {};
+    if (session.LinkState.LinkError != 0) return {};
     session.Home.ShowStatus(kAppearsDone, ColorGreen);
     session.Home.ShowProgress(false);
-    LinkDelay(session.Line, 1000);
-    LineHolds(session.Line);
+    LinkDelay(session.Link, 1000);
+    LineHolds(session.Link);
     return {};
 }
 
 Status Finish(Session& session, Status settled) {
     session.Home.ShowHourglass(false);
-    if (session.LinkData.LinkError != 0) {
+    if (session.LinkState.LinkError != 0) {
         session.Home.ShowStatus("Data transfer unsuccessful. Check connections and try again. (" +
-                                    std::to_string(session.LinkData.LinkError) + ")",
+                                    std::to_string(session.LinkState.LinkError) + ")",
                                 ColorRed);
         return settled;
     }
     session.Home.ShowStatus(kAppearsDone, ColorGreen);
     // Over Modbus the settings have been saved already; then this finds nothing changed.
-    if (settled.Ok()) settled = SaveLinkSettings(session.Image, session.Settled);
+    if (settled.Ok()) settled = SaveLinkSettings(session.Image, session.BringUp);
     session.Home.ProgressPercent = 0;
     session.Home.ShowProgress(false);
     return settled;
@@ -79,8 +79,8 @@ Status Finish(Session& session, Status settled) {
 }  // namespace
 
 Status PutSetup(Session& session) {
-    session.LinkData.FramesWritten.clear();
-    if (Status status = ReadSettings(session.Settled); !status.Ok()) return status;
+    session.LinkState.FramesWritten.clear();
+    if (Status status = ReadSettings(session.BringUp); !status.Ok()) return status;
     BeginPut(session.Home);
     CheckBoard(session);
     return Finish(session, Transfer(session));

@@ -17,19 +17,19 @@ int FreshVariant() {
 }  // namespace
 
 Status Start(Session& session) {
-    Status status = ReadSettings(session.Settled);
-    session.LinkData.NodeFirstRun = session.LinkData.EthernetMode;
-    session.LinkData.CrcTableFixed = HasPublishedCrc(session.Stored.FirmwareVersion);
+    Status status = ReadSettings(session.BringUp);
+    session.LinkState.NodeFirstRun = session.LinkState.EthernetMode;
+    session.LinkState.CrcTableFixed = HasPublishedCrc(session.Settings.FirmwareVersion);
     session.Image = SetupImage{};
     return status;
 }
 
 Status LogIntoNode(Session& session) {
-    const Settings& stored = session.Stored;
+    const Settings& stored = session.Settings;
     Status status = session.Node.Login({stored.NodeAddress, stored.NodeIp, stored.TcpPort}, FreshVariant());
     if (session.Node.Connected()) {
-        session.LinkData.NodeFirstRun = 0;
-        session.LinkData.EthernetMode = 1;
+        session.LinkState.NodeFirstRun = 0;
+        session.LinkState.EthernetMode = 1;
     }
     return status;
 }

@@ -32,9 +32,9 @@ std::string LinkSettingsLine(const std::string& settingsLine1, const SetupImage&
 }
 
 Status SaveLinkSettings(const SetupImage& image, const BringUp& bringUp) {
-    SettingsLines& lines = bringUp.Stored.Lines;
+    SettingsLines& lines = bringUp.Settings.Lines;
     const std::string line = LinkSettingsLine(lines.SettingsLine1, image);
-    bringUp.Line.State.ModbusLink = BitsGet(image, 3, 2, 109) == 0 ? 0 : 1;
+    bringUp.Link.State.ModbusLink = BitsGet(image, 3, 2, 109) == 0 ? 0 : 1;
     if (line == lines.SettingsLine1) return {};
     Status written = bringUp.Folder.Store.Write(bringUp.Folder.At(kSettingsFile),
                                                 FormatSettings({line, lines.SettingsLine2}));

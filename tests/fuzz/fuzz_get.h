@@ -21,11 +21,11 @@ inline std::string SettingsOfByte(std::uint8_t byte, std::vector<std::string> se
 // With a number or with a whole image, within the sum of all its waits; and the next one is possible.
 inline void GetTwice(Session& session, double mostMs) {
     for (int get = 0; get < 2; ++get) {
-        const double begin = session.Waits.NowMs();
+        const double begin = session.Pump.NowMs();
         GetSetup(session);
-        Require(session.Waits.NowMs() - begin < mostMs);
+        Require(session.Pump.NowMs() - begin < mostMs);
         Require(!session.Home.Hourglass);
-        const bool good = session.LinkData.LinkError == 0;
+        const bool good = session.LinkState.LinkError == 0;
         Require(good == (session.Identity.SetupFromMeter == 1));
         Require(!good || session.Image.SetupData.size() >= kImageDigits);
     }

@@ -1,5 +1,5 @@
 // Widgets bound to a form: what the user does reaches it, what it refuses goes back, and no echo arises.
-#include "platform/qt/widgets/binder.h"
+#include "desktop/kit/binder.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <array>
 
 #include "controls/page_builder.h"
-#include "platform/qt/widgets/control_widget.h"
+#include "desktop/kit/control_widget.h"
 
 namespace counter {
 namespace {

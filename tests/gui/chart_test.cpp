@@ -3,7 +3,7 @@
 
 #include <QImage>
 
-#include "platform/qt/widgets/chart_widget.h"
+#include "desktop/kit/chart_widget.h"
 #include "readings/graph_view.h"
 #include "readings/plot_view.h"
 #include "readings/readings_bench.h"

@@ -1,5 +1,5 @@
 // The help window: what it shows, where it stands, and the ways to close it.
-#include "platform/qt/widgets/help_dialog.h"
+#include "desktop/pages/help_dialog.h"
 
 #include <gtest/gtest.h>
 

@@ -9,8 +9,8 @@
 #include <QTest>
 #include <array>
 
+#include "desktop/pages/menu_page.h"
 #include "meter/default_setup.h"
-#include "platform/qt/widgets/menu_page.h"
 #include "support/bench_meter.h"
 #include "support/gui_pump.h"
 

@@ -4,7 +4,7 @@
 
 #include <QAction>
 
-#include "platform/qt/widgets/desktop.h"
+#include "desktop/desktop.h"
 #include "support/gui_pump.h"
 #include "support/node_net.h"
 

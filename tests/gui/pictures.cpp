@@ -5,11 +5,11 @@
 #include <QStyleFactory>
 #include <cstdio>
 
-#include "platform/qt/core/core_runtime.h"
-#include "platform/qt/widgets/desktop.h"
-#include "platform/qt/widgets/link_window.h"
+#include "desktop/desktop.h"
+#include "desktop/pages/link_window.h"
 #include "support/bench_meter.h"
 #include "support/gui_pump.h"
+#include "system/core_runtime.h"
 #include "tour.h"
 
 namespace {

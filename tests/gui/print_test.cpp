@@ -9,7 +9,7 @@
 #include <QPrinter>
 #include <QTemporaryDir>
 
-#include "platform/qt/widgets/qt_printer.h"
+#include "desktop/kit/qt_printer.h"
 #include "support/gui_pump.h"
 
 namespace counter::test {

@@ -1,5 +1,5 @@
 // The display: every character of the menu has a pattern, and the painter lights the segments that it names.
-#include "platform/qt/widgets/segments.h"
+#include "desktop/kit/segments.h"
 
 #include <gtest/gtest.h>
 
@@ -8,9 +8,9 @@
 #include <set>
 #include <string>
 
+#include "desktop/pages/face_widget.h"
 #include "menu_view/menu_items.h"
 #include "menu_view/menu_mnemonics.h"
-#include "platform/qt/widgets/face_widget.h"
 
 namespace counter {
 namespace {

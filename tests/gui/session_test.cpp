@@ -104,7 +104,7 @@ TEST(DesktopSession, PressesInTheMiddleOfAGet) {
                 bench.Pump.Pass(2000);
             }
             bench.Choose("mnuGet");
-            EXPECT_EQ(bench.Program.LinkData.LinkError, 0) << bench.StatusLine().toStdString();
+            EXPECT_EQ(bench.Program.LinkState.LinkError, 0) << bench.StatusLine().toStdString();
             EXPECT_FALSE(bench.Program.Home.Hourglass);
         }
     }
@@ -142,7 +142,7 @@ TEST(DesktopSession, FaultsAreToldAndEverythingIsUsableAfterwards) {
     ASSERT_TRUE(bench.Choose("mnuSetup"));
     bench.Click("cmdMainMenu");
     bench.Choose("mnuGet");
-    EXPECT_EQ(bench.Program.LinkData.LinkError, 0);
+    EXPECT_EQ(bench.Program.LinkState.LinkError, 0);
 }
 
 TEST(DesktopSession, HelpKeepsThePageAndVanishesWithoutFiles) {
@@ -278,7 +278,7 @@ TEST(DesktopSession, AReadingStreamEndsWithItsView) {
         EXPECT_EQ(bench.Line.Sent().size(), sent);
     }
     bench.Choose("mnuGet");
-    EXPECT_EQ(bench.Program.LinkData.LinkError, 0);
+    EXPECT_EQ(bench.Program.LinkState.LinkError, 0);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <QScrollArea>
 #include <set>
 
-#include "platform/qt/widgets/column_list.h"
+#include "desktop/kit/column_list.h"
 #include "support/setup_window.h"
 #include "support/whole.h"
 

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/qt/widgets/link_window.h"
+#include "desktop/pages/link_window.h"
 #include "support/gui_bench.h"
 
 namespace counter::test {

@@ -15,7 +15,6 @@
 
 #include "cli/run_line.h"
 #include "meter/default_setup.h"
-#include "platform/qt/core/qt_files.h"
 #include "shell/home_view.h"
 #include "shell/link_setup.h"
 #include "shell/node_view.h"
@@ -23,6 +22,7 @@
 #include "support/bench_meter.h"
 #include "support/meter_kinds.h"
 #include "support/temp_folder.h"
+#include "system/disk_files.h"
 #include "transfer/put_setup.h"
 
 namespace counter::test {
@@ -72,7 +72,7 @@ struct KillBench {
     }
 
     TempFolder Folder;
-    QtFiles Store;
+    DiskFiles Store;
     VirtualPump Clock;
     RecordedDialogs Boxes;
     TriedDevice Tried;
@@ -98,7 +98,7 @@ bool LeaveHome(KillBench& bench, bool newer) {
 
 bool GiveUpNode(KillBench& bench, bool newer) {
     NodeView view(bench.Program);
-    bench.Program.LinkData.NodeFirstRun = 1;
+    bench.Program.LinkState.NodeFirstRun = 1;
     return newer ? KillBench::EndsProcess([&] { view.Activate(); }) : bench.Lay({"BaudIndex=6"});
 }
 
@@ -133,7 +133,7 @@ const char* const kBackup = "backups/2026-03-04_05-06-07-089_address-01.CT2";
 
 // clang-format off
 const std::vector<Row> kRows = {
-    {"Put follows the meter", kSettings, [](KillBench& b, bool n) { return SaveLinkSettings(n ? b.Other : b.Program.Image, b.Program.Settled).Ok(); }},
+    {"Put follows the meter", kSettings, [](KillBench& b, bool n) { return SaveLinkSettings(n ? b.Other : b.Program.Image, b.Program.BringUp).Ok(); }},
     {"Exit",                  kSettings, LeaveHome},
     {"node gives up",         kSettings, GiveUpNode},
     {"counter-link's Save",   kSettings, SaveLink},

@@ -10,7 +10,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "platform/qt/widgets/desktop.h"
+#include "desktop/desktop.h"
 #include "support/bench_meter.h"
 #include "support/gui_pump.h"
 

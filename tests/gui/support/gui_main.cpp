@@ -6,7 +6,7 @@
 #include <QFont>
 #include <QStyleFactory>
 
-#include "platform/qt/core/core_runtime.h"
+#include "system/core_runtime.h"
 
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

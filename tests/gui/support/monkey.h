@@ -12,7 +12,7 @@
 #include <QWindow>
 #include <deque>
 
-#include "platform/qt/widgets/qt_dialogs.h"
+#include "desktop/kit/qt_dialogs.h"
 #include "support/dice.h"
 #include "support/gui_bench.h"
 

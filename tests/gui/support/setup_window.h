@@ -6,9 +6,9 @@
 #include <QTest>
 #include <string>
 
+#include "desktop/main_window.h"
+#include "desktop/pages/setup_page.h"
 #include "meter/default_setup.h"
-#include "platform/qt/widgets/main_window.h"
-#include "platform/qt/widgets/setup_page.h"
 #include "support/bench_meter.h"
 #include "support/gui_pump.h"
 

@@ -11,7 +11,7 @@ namespace counter::test {
 namespace {
 
 CalibrationResult RunOn(CalibrationBench& bench, const std::string& frequency = "1000") {
-    return RunCalibration(bench.Program.Line, frequency, [](CalibrationStage, const CalibrationResult&) {});
+    return RunCalibration(bench.Program.Link, frequency, [](CalibrationStage, const CalibrationResult&) {});
 }
 
 // Three roundings stand between the error and the factor: the mantissa, half of one of its 100,000 to 999,999

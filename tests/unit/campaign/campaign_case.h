@@ -80,7 +80,7 @@ struct CaseBench {
     int Run(const Words& words) {
         struct NetMachine : BorrowedMachine {
             explicit NetMachine(CaseBench& bench) : BorrowedMachine(bench.Clock, bench.Line), Bench(bench) {}
-            Sockets Net() override { return Bench.Net.Both(); }
+            counter::Sockets Sockets() override { return Bench.Net.Both(); }
             CaseBench& Bench;
         };
         const LineEnd end = RunOn(

@@ -34,7 +34,7 @@ class FixedCatalog : public PortCatalog {
 // The machine of a command: a line to a simulated meter on the virtual clock.
 struct BenchMachine : Machine {
     explicit BenchMachine(const sim::MeterOptions& options) : Line(Clock, options) {}
-    Pump& Waits() override { return Clock; }
+    counter::Pump& Pump() override { return Clock; }
     SerialPort& Port() override { return Line; }
     const PortCatalog& Catalog() override { return Known; }
     VirtualPump Clock;

@@ -27,13 +27,13 @@ struct LeakyOutput : std::stringbuf {
 
 // A machine without ports, whose clock and line outlive the command.
 struct BorrowedMachine : Machine, PortCatalog {
-    BorrowedMachine(Pump& clock, SerialPort& line) : Clock(clock), Line(line) {}
-    Pump& Waits() override { return Clock; }
+    BorrowedMachine(counter::Pump& clock, SerialPort& line) : Clock(clock), Line(line) {}
+    counter::Pump& Pump() override { return Clock; }
     SerialPort& Port() override { return Line; }
     const PortCatalog& Catalog() override { return *this; }
     std::vector<PortDescription> Ports() const override { return {}; }
     std::string DeviceOf(int) const override { return "port"; }
-    Pump& Clock;
+    counter::Pump& Clock;
     SerialPort& Line;
 };
 

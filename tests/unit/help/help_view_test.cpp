@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "meter/colors.h"
+#include "controls/colors.h"
 #include "support/bench_meter.h"
 
 namespace counter {

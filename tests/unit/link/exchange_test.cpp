@@ -16,8 +16,8 @@ struct QuietBench : BenchMeter {
         Line.Unplug();
         SwitchOn();
     }
-    Link& L() { return Program.Line; }
-    LinkState& State() { return Program.LinkData; }
+    Link& L() { return Program.Link; }
+    LinkState& State() { return Program.LinkState; }
 };
 
 TEST(Send, WaitsThrowsStaleInputAwayAndFrames) {

@@ -17,7 +17,7 @@ using Words = std::vector<std::string>;
 // A node whose meter says nothing: the test itself plays it.
 struct QuietNode : NodeBench {
     explicit QuietNode(const Words& settings = {}) : NodeBench(settings, {"*:noreply"}) { LogIn(); }
-    Link& L() { return Program.Line; }
+    Link& L() { return Program.Link; }
     void ArriveAfter(double ms, const std::string& bytes) {
         Pump.After(ms, [this, bytes] { Net.Arrive(bytes); });
     }

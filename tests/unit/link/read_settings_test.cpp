@@ -44,7 +44,7 @@ TEST(BringUp, CharacterTimeAlsoWithoutALink) {
     bench.Program.Identity.SetupFromMeter = 1;
     EXPECT_TRUE(bench.SwitchOn().Ok());
     EXPECT_TRUE(bench.Line.Calls().empty());
-    EXPECT_FLOAT_EQ(bench.Program.LinkData.CharTimeMs, 1.1458334F);
+    EXPECT_FLOAT_EQ(bench.Program.LinkState.CharTimeMs, 1.1458334F);
     EXPECT_EQ(bench.Program.Identity.SetupFromMeter, 0);
 }
 
@@ -52,15 +52,15 @@ TEST(BringUp, ANodeLeavesThePortAlone) {
     BenchMeter bench({}, {"NodeAddress=0080A3010203"});
     EXPECT_TRUE(bench.SwitchOn().Ok());
     EXPECT_TRUE(bench.Line.Calls().empty());
-    EXPECT_EQ(bench.Program.LinkData.EthernetMode, 1);
-    EXPECT_EQ(bench.Program.LinkData.CharTimeMs, 0);
+    EXPECT_EQ(bench.Program.LinkState.EthernetMode, 1);
+    EXPECT_EQ(bench.Program.LinkState.CharTimeMs, 0);
 }
 
 TEST(BringUp, TheModbusCheckIsDecidedByTheVersionInTheFile) {
     for (const auto& [version, fixed] : {std::pair{"80", false}, {"81", true}}) {
         BenchMeter bench({}, {std::string("FirmwareVersion=") + version});
         bench.SwitchOn();
-        EXPECT_EQ(bench.Program.LinkData.CrcTableFixed, fixed) << version;
+        EXPECT_EQ(bench.Program.LinkState.CrcTableFixed, fixed) << version;
     }
 }
 

@@ -39,7 +39,7 @@ TEST(ReadSingle, LeavesTheTextInRawReply) {
         bench.State().RawReply = "before";
         bench.State().ReplyText = "04C1";
         bench.Port.Answer = [&](const std::string&) { return c.Answer; };
-        ReadSingle(bench.Program.Line, c.Kind);
+        ReadSingle(bench.Program.Link, c.Kind);
         EXPECT_EQ(bench.State().RawReply, c.RawReply) << c.Name;
         EXPECT_EQ(bench.State().LinkError, c.LinkError) << c.Name;
     }

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "meter/colors.h"
-
 namespace counter {
 namespace {
 
@@ -19,13 +17,6 @@ TEST(CrcTables, ArePublishedExceptForOneEntry) {
         EXPECT_EQ(SecondCrcTable[i], BitwiseCrc(i) >> 8) << "entry " << i;
     }
     EXPECT_EQ(BitwiseCrc(233) & 0xFF, kCrcEntryPublished);
-}
-
-TEST(Colors, AreFoundByRole) {
-    EXPECT_EQ(ColorName(Color{255, 0, 0}), "ColorRed");
-    EXPECT_EQ(ColorName(Color{128, 0, 0}), "ColorDarkRed");
-    EXPECT_EQ(ColorName(Color{192, 255, 192}), "ColorLightGreen");
-    EXPECT_EQ(ColorName(Color{1, 2, 3}), "");
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ struct ReadingsBench {
     ReadingsBench() {
         Line.Unplug();
         Line.Open();
-        Program.LinkData.MeterAddressChar = '1';
+        Program.LinkState.MeterAddressChar = '1';
         Pump.SetTimeOfDay(36'000);
     }
     // A reading, `ms` after the last thing that happened.

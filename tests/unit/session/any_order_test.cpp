@@ -148,7 +148,7 @@ class AnyOrderDesk : BenchMeter {
     Dice& dice_;
     HomeView home_{Program};
     SetupView setup_{Program};
-    DigitEntry entry_{{Program.Views, Program.Image, Program.Derived, Program.Line}};
+    DigitEntry entry_{{Program.Views, Program.Image, Program.Derived, Program.Link}};
     CommandsView commands_{Program};
     SendCurveView curve_{Program};
     CalibrationView calibration_{Program};

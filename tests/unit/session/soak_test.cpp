@@ -17,9 +17,9 @@ TEST(Soak, TenThousandGetsAndPutsLeaveTheHeapAsItWas) {
         std::size_t warm = 0;
         for (int round = 0; round < kRounds; ++round) {
             GetSetup(bench.Program);
-            ASSERT_EQ(bench.Program.LinkData.LinkError, 0) << round;
+            ASSERT_EQ(bench.Program.LinkState.LinkError, 0) << round;
             PutSetup(bench.Program);
-            ASSERT_EQ(bench.Program.LinkData.LinkError, 0) << round;
+            ASSERT_EQ(bench.Program.LinkState.LinkError, 0) << round;
             bench.Line.Forget();
             if (round == kWarm) warm = HeapInUse();  // a hundred backups are kept by now
         }

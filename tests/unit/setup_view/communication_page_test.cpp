@@ -57,11 +57,11 @@ TEST(CommunicationPage, KeepsACopyOfTheParity) {
     SetupBench bench("109=08");
     bench.Open();
     bench.Do("cboParity #2");
-    EXPECT_EQ(bench.Bench.Program.LinkData.ParityIndex, 2);
+    EXPECT_EQ(bench.Bench.Program.LinkState.ParityIndex, 2);
     bench.Do("cboProtocol #1");
-    EXPECT_EQ(bench.Bench.Program.LinkData.ParityIndex, 2);
+    EXPECT_EQ(bench.Bench.Program.LinkState.ParityIndex, 2);
     bench.Do("cboProtocol #0");
-    EXPECT_EQ(bench.Bench.Program.LinkData.ParityIndex, 0);
+    EXPECT_EQ(bench.Bench.Program.LinkState.ParityIndex, 0);
     EXPECT_EQ(bench.Seen("@109"), "02") << "the meter's stays";
 }
 

@@ -9,15 +9,15 @@ constexpr const char* kFile = "home/Settings.SSS";
 TEST(MeterClass, Baud9600GoesIntoFileAndPort) {
     SetupBench bench;
     bench.Bench.SwitchOn();
-    bench.Bench.Program.LinkData.BaudIndex = 2;
+    bench.Bench.Program.LinkState.BaudIndex = 2;
     bench.Bench.Store.Contents[kFile] = "32010001001083018\r\n0000000000000000000000000000\r\n";
     bench.Open();
     bench.Do("cmd9600");
     EXPECT_EQ(bench.Bench.Store.Contents[kFile],
               "3501000100108301810000\r\n00000000000000000000000000000\r\n");
     EXPECT_EQ(bench.Bench.Line.Calls().back(), "Settings 9600,n,8,1");
-    EXPECT_EQ(bench.Bench.Program.LinkData.BaudIndex, 2) << "as it was, until the settings are read again";
-    EXPECT_EQ(bench.Bench.Program.Stored.Lines.SettingsLine1, "3501000100108301810000");
+    EXPECT_EQ(bench.Bench.Program.LinkState.BaudIndex, 2) << "as it was, until the settings are read again";
+    EXPECT_EQ(bench.Bench.Program.Settings.Lines.SettingsLine1, "3501000100108301810000");
 }
 
 TEST(MeterClass, AFileThatTakesNothingLeavesThePort) {

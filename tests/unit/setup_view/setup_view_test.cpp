@@ -44,8 +44,8 @@ TEST(SetupView, HandlersAreDeadWhileARuleWaits) {
     EXPECT_EQ(bench.Seen("@191"), "60");
 }
 
-// Coming to the analog page within the wait refreshes the whole view and ends with live handlers; the lists that
-// the outer rule still fills must not write what they pass through.
+// Coming to the analog page within the wait refreshes the whole view and ends with live handlers; the lists
+// that the outer rule still fills must not write what they pass through.
 TEST(SetupView, ARefreshWithinAWaitLeavesTheMultipliers) {
     SetupBench bench;
     DigitsPut(bench.Image(), 165, "95");

@@ -67,9 +67,9 @@ void SetupBench::Give(const std::string& fact) {
     Session& session = Bench.Program;
     if (Number(name) > 0) DigitsPut(Image(), Number(name), value);
     if (name == "type") session.Identity.MeterType = Number(value);
-    if (name == "comms") session.Stored.CommsEnabled = Number(value);
-    if (name == "modbus") session.LinkData.ModbusLink = Number(value);
-    if (name == "ether") session.LinkData.EthernetMode = Number(value);
+    if (name == "comms") session.Settings.CommsEnabled = Number(value);
+    if (name == "modbus") session.LinkState.ModbusLink = Number(value);
+    if (name == "ether") session.LinkState.EthernetMode = Number(value);
     if (name == "nopanel") session.Identity.NoPanelModel = Number(value);
     if (name == "frommeter") session.Identity.SetupFromMeter = Number(value);
 }

@@ -13,8 +13,8 @@ struct ReadBench : SetupBench {
         BuildDefaultSetup(Image());
         DigitsPut(Image(), 151, points);
         Bench.Program.Identity.MeterType = 7;
-        Bench.Program.LinkData.ModbusLink = modbusAscii ? 1 : 0;
-        Bench.Program.LinkData.SerialProtocol = modbusAscii ? 2 : 0;
+        Bench.Program.LinkState.ModbusLink = modbusAscii ? 1 : 0;
+        Bench.Program.LinkState.SerialProtocol = modbusAscii ? 2 : 0;
         Open();
     }
     void ClickAfter(double ms, const char* button) {
@@ -58,7 +58,7 @@ TEST(ReadLoop, AFailureLeavesTheNumberAndGoesOn) {
     bench.View.ShowMainMenu = [&] { left = true; };
     bench.Do("cmdRead");
     EXPECT_EQ(bench.Seen("lblValue"), "123.");
-    EXPECT_EQ(bench.Bench.Program.LinkData.LinkError, 21);
+    EXPECT_EQ(bench.Bench.Program.LinkState.LinkError, 21);
     EXPECT_EQ(bench.Bench.Line.Sent().size(), 4U);
     EXPECT_TRUE(left);
     EXPECT_EQ(bench.Seen("cmdRead"), "Read");

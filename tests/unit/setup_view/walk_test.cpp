@@ -106,8 +106,8 @@ class Walk {
         constexpr const char* kBoards[] = {"49", "49", "4C", "4A", "48", "69", "2C"};
         session.Identity.MeterType = kTypes[Below(6)];
         session.Identity.SetupFromMeter = Below(4) == 0;
-        session.Stored.CommsEnabled = Below(3) == 0;
-        session.LinkData.ModbusLink = Below(4) == 0;
+        session.Settings.CommsEnabled = Below(3) == 0;
+        session.LinkState.ModbusLink = Below(4) == 0;
         for (char& digit : bench_.Image().SetupData) digit = Digit();
         if (Below(4) == 0) return;
         DigitsPut(bench_.Image(), 193, kBoards[Below(7)]);  // otherwise half of all boards don't exist
@@ -172,8 +172,8 @@ class Walk {
     void CompareWithRebuilt() {
         const std::string walked = bench_.Image().SetupData;
         bench_.View.ViewRefresh();
-        rebuilt_.Bench.Program.Stored.CommsEnabled = bench_.Bench.Program.Stored.CommsEnabled;
-        rebuilt_.Bench.Program.LinkData.ModbusLink = bench_.Bench.Program.LinkData.ModbusLink;
+        rebuilt_.Bench.Program.Settings.CommsEnabled = bench_.Bench.Program.Settings.CommsEnabled;
+        rebuilt_.Bench.Program.LinkState.ModbusLink = bench_.Bench.Program.LinkState.ModbusLink;
         rebuilt_.Bench.Program.Identity = bench_.Bench.Program.Identity;
         rebuilt_.Image() = bench_.Image();
         rebuilt_.Ended = false;

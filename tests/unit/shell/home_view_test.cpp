@@ -102,7 +102,7 @@ TEST(HomeView, ALineThatCameBackIsOpenedAgain) {
     HomeBench bench;
     bench.Program.Port.Close();
     bench.Press("mnuGet");
-    EXPECT_EQ(bench.Program.LinkData.LinkError, 0);
+    EXPECT_EQ(bench.Program.LinkState.LinkError, 0);
 }
 
 TEST(HomeView, APressInTheMiddleOfAGetRunsToItsEnd) {
@@ -113,7 +113,7 @@ TEST(HomeView, APressInTheMiddleOfAGetRunsToItsEnd) {
     EXPECT_EQ(inner, Refusal::None);
     EXPECT_FALSE(bench.Program.Home.Hourglass);
     bench.Press("mnuGet");
-    EXPECT_EQ(bench.Program.LinkData.LinkError, 0) << "everything is usable afterwards";
+    EXPECT_EQ(bench.Program.LinkState.LinkError, 0) << "everything is usable afterwards";
 }
 
 TEST(HomeView, ExitDuringAGetEndsTheProgramAndWritesNoFurtherFrame) {

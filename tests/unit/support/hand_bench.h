@@ -52,7 +52,7 @@ struct HandBench {
     Session Program{Pump, Port, Boxes, {Store, "home"}};
 
     HandBench() { State().MeterAddressChar = '1'; }
-    LinkState& State() { return Program.LinkData; }
+    LinkState& State() { return Program.LinkState; }
     void UseModbusAscii() { State().ModbusLink = 1, State().SerialProtocol = 2; }
 };
 

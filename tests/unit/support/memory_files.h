@@ -14,8 +14,8 @@ class MemoryFiles : public Files {
     std::map<std::string, std::string> Contents;
     std::map<std::string, std::string> Links;
     std::set<std::string> Folders;
-    std::set<std::string> Refused;   // paths that can be neither read nor written
-    std::set<std::string> ReadOnly;  // paths that can't be written
+    std::set<std::string> Refused;      // paths that can be neither read nor written
+    std::set<std::string> ReadOnly;     // paths that can't be written
     std::size_t AppendRoom = 1U << 30;  // characters that can still be added before the disk is full
 
     Status Read(const std::string& path, std::string& content) const override;

@@ -120,7 +120,7 @@ struct NodeBenchOf {
         Start(Program);
         return LogIntoNode(Program).Ok() && Program.Node.Connected();
     }
-    LinkState& State() { return Program.LinkData; }
+    LinkState& State() { return Program.LinkState; }
     sim::Meter& Meter() { return Net.TheNode().Behind(); }
 
     PumpType Pump;

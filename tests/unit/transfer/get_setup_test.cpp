@@ -30,7 +30,7 @@ struct GetBench : BenchMeter {
     }
     int Get() {
         TookMs = Pump.Took([this] { GetSetup(Program); });
-        return Program.LinkData.LinkError;
+        return Program.LinkState.LinkError;
     }
     double TookMs = 0;
 };

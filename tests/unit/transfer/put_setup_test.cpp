@@ -29,7 +29,7 @@ struct PutBench : BenchMeter {
     }
     int Put() {
         Settled = PutSetup(Program);
-        return Program.LinkData.LinkError;
+        return Program.LinkState.LinkError;
     }
     std::string SettingsText() { return Store.Contents["home/Settings.SSS"]; }
     Status Settled;
@@ -99,7 +99,7 @@ TEST(Put, AModbusAddressOf0BecomesOneBeforeItReachesTheMeter) {
     DigitsPut(bench.Program.Image, 111, "00");
     EXPECT_EQ(bench.Put(), 0);
     EXPECT_EQ(bench.Line.Meter().ImageText().substr(110, 2), "01");
-    EXPECT_EQ(bench.Program.LinkData.ModbusAddressHex, "01");
+    EXPECT_EQ(bench.Program.LinkState.ModbusAddressHex, "01");
 }
 
 TEST(Put, OldMetersTakeNoCutoffValueOverModbus) {
@@ -157,7 +157,7 @@ TEST(Put, ALineThatGoesAwayMeanwhileIs27) {
     for (const auto& c : cases) {
         PutBench bench(WithFaults({}, {c.Fault}));
         EXPECT_EQ(bench.Put(), 27) << c.Fault;
-        EXPECT_EQ(bench.Program.LinkData.FramesWritten, c.Written) << c.Fault;
+        EXPECT_EQ(bench.Program.LinkState.FramesWritten, c.Written) << c.Fault;
         EXPECT_EQ(bench.Line.Meter().Commands().size(), 2 + c.Written.size())
             << c.Fault << ": nothing more arrives";
     }
@@ -168,7 +168,7 @@ TEST(BoardCheck, AnAnswerOfAnotherLengthIsNoComparison) {
     bench.Line.Unplug();
     bench.Line.InjectAfter(300 + 300 + 310, "0000\r");
     EXPECT_EQ(bench.Put(), 0);
-    EXPECT_EQ(bench.Program.LinkData.PortFault, 1);
+    EXPECT_EQ(bench.Program.LinkState.PortFault, 1);
     EXPECT_EQ(bench.Line.Sent().size(), 7U) << "the Put goes on";
 }
 
@@ -244,7 +244,7 @@ TEST(LinkSettings, ThePortFollowsTheMeterToANewRate) {
     EXPECT_EQ(bench.SettingsText(), "3601000A00100831010000\r\n2711000000000000F6CB00000000\r\n");
     EXPECT_EQ(bench.Line.Calls()[bench.Line.Calls().size() - 3], "Settings 19200,n,8,1");
     EXPECT_EQ(bench.Line.Meter().ActiveLine().Baud, 19200);
-    EXPECT_EQ(bench.Program.LinkData.MeterAddressChar, 'A');
+    EXPECT_EQ(bench.Program.LinkState.MeterAddressChar, 'A');
 }
 
 TEST(LinkSettings, AFileThatCannotBeWrittenIsTold) {
@@ -253,7 +253,7 @@ TEST(LinkSettings, AFileThatCannotBeWrittenIsTold) {
     bench.Store.ReadOnly.insert("home/Settings.SSS");
     bench.Put();
     EXPECT_EQ(bench.Settled.Text(), "home/Settings.SSS: Permission denied");
-    EXPECT_EQ(bench.Program.Stored.Lines.SettingsLine1, "3501000100100831010000")
+    EXPECT_EQ(bench.Program.Settings.Lines.SettingsLine1, "3501000100100831010000")
         << "memory says what the file says";
 }
 

@@ -98,7 +98,7 @@ std::vector<std::pair<int, int>> KeptStretches(const LinkKind& kind, int version
 // differently: such a transfer fails and says so.
 bool FailedByItsCheck(const BenchMeter& bench) {
     const std::string& last = bench.Line.Sent().back();
-    const int error = bench.Program.LinkData.LinkError;
+    const int error = bench.Program.LinkState.LinkError;
     return error == 26 || (error == 21 && last.find("G0\r\n") != std::string::npos);
 }
 
@@ -122,7 +122,7 @@ void RunOne(RandomImages& images, const LinkKind& kind, int version, Tally& tall
     bench.Program.Image = wanted;
 
     ASSERT_TRUE(PutSetup(bench.Program).Ok());
-    if (bench.Program.LinkData.LinkError != 0) {
+    if (bench.Program.LinkState.LinkError != 0) {
         ASSERT_TRUE(FailedByItsCheck(bench)) << kind.Name << " put " << wanted.SetupData;
         ++tally.Skipped;
         return;
@@ -136,7 +136,7 @@ void RunOne(RandomImages& images, const LinkKind& kind, int version, Tally& tall
     const PutRoad road =
         kind.Protocol == sim::LineProtocol::CustomAscii ? PutRoad::AsciiSerial : PutRoad::Modbus;
     GetSetup(bench.Program);
-    if (bench.Program.LinkData.LinkError != 0) {
+    if (bench.Program.LinkState.LinkError != 0) {
         ASSERT_TRUE(FailedByItsCheck(bench)) << kind.Name << " get " << wanted.SetupData;
         ++tally.Skipped;
         return;

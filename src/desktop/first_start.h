@@ -1,0 +1,15 @@
+// First start: what the desktop tool does where there are no settings yet, which it never makes itself.
+#pragma once
+
+#include "desktop/kit/qt_dialogs.h"
+#include "platform/status.h"
+#include "session/session.h"
+
+namespace counter {
+
+// Starts the session. Where the settings can't be read the user is told so and offered counter-link, which
+// lays them down; a user who wants neither ends the process. The status is of the settings and the port,
+// which may still be unusable: the program goes on without a link.
+Status StartWithSettings(Session& session, QtDialogs& dialogs);
+
+}  // namespace counter

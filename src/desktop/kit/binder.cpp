@@ -1,0 +1,259 @@
+#include "desktop/kit/binder.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <algorithm>
+
+#include "desktop/kit/colors.h"
+#include "desktop/kit/control_widget.h"
+#include "desktop/kit/qt_text.h"
+#include "desktop/kit/value_box.h"
+
+namespace counter {
+
+namespace {
+
+void ShowEntries(const Control& control, QComboBox& list) {
+    bool same = list.count() == static_cast<int>(control.Entries.size());
+    for (int i = 0; same && i < list.count(); ++i)
+        same = list.itemText(i) == QtText(control.Entries[static_cast<std::size_t>(i)]);
+    if (!same) {
+        list.clear();
+        for (std::string_view entry : control.Entries) list.addItem(QtText(entry));
+    }
+    if (list.currentIndex() != control.ListIndex) list.setCurrentIndex(control.ListIndex);
+}
+
+// Widgets of a caption share a property of that name but no class.
+void ShowCaption(const Control& control, QWidget& widget) {
+    const bool hasKey = control.Kind == ControlKind::Button && control.Caption.find('&') != std::string::npos;
+    const QString caption = hasKey ? QtText(control.Caption) : PlainCaption(control.Caption);
+    const char* name = control.Kind == ControlKind::Frame ? "title" : "text";
+    if (widget.property(name).toString() != caption) widget.setProperty(name, caption);
+}
+
+void ShowLine(const std::string& text, QLineEdit& line) {
+    if (line.text() == QtText(text)) return;
+    line.setText(QtText(text));
+    line.setCursorPosition(0);
+}
+
+void ShowLabel(const std::string& text, QLabel& label) {
+    if (label.text() != QtText(text)) label.setText(QtText(text));
+}
+
+void ShowValue(const Control& control, QWidget* widget) {
+    switch (control.Kind) {
+        case ControlKind::List:
+            return ShowEntries(control, *static_cast<QComboBox*>(widget));
+        case ControlKind::Check:
+        case ControlKind::Option:
+            static_cast<QAbstractButton*>(widget)->setChecked(control.Value == 1);
+            return ShowCaption(control, *widget);
+        case ControlKind::Value:
+        case ControlKind::Entry:
+            return ShowLine(control.Text, *static_cast<QLineEdit*>(widget));
+        case ControlKind::Picture:
+            return ShowLabel(control.Text, *static_cast<QLabel*>(widget));
+        case ControlKind::Label:
+            return ShowLabel(control.Caption, *static_cast<QLabel*>(widget));
+        case ControlKind::Progress:
+            return static_cast<QProgressBar*>(widget)->setValue(control.Value);
+        default:
+            if (auto* row = dynamic_cast<CaptionRow*>(widget))
+                return ShowLabel(control.Caption, row->Caption());
+            return ShowCaption(control, *widget);
+    }
+}
+
+// A colour that no rule has set, or the one at rest, is the system's own.
+void ShowColors(const Control& control, QWidget* widget) {
+    const QPalette& whole = widget->parentWidget() ? widget->parentWidget()->palette() : widget->palette();
+    QPalette palette;
+    const bool text =
+        control.TextColor && *control.TextColor != ColorBlack && *control.TextColor != ColorGray;
+    if (text) {
+        const QColor color = TextColorOf(*control.TextColor, whole);
+        for (auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+            palette.setColor(role, color);
+    }
+    const bool back =
+        control.BackColor && *control.BackColor != ColorWhite && *control.BackColor != ColorGray;
+    if (back) {
+        const QColor color = BackColorOf(*control.BackColor, whole);
+        for (auto role : {QPalette::Base, QPalette::Button, QPalette::Window}) palette.setColor(role, color);
+    }
+    if (palette == widget->palette() && palette.resolveMask() == widget->palette().resolveMask()) return;
+    const bool label = control.Kind == ControlKind::Label || control.Kind == ControlKind::Picture;
+    if (label) widget->setAutoFillBackground(back);
+    widget->setPalette(palette);
+}
+
+// What a reader of the screen says: the control's own caption, or that of the frame around it. A label is
+// read by the text that it shows at the time.
+void NameForAccess(const Control& control, QWidget* widget) {
+    if (control.Kind == ControlKind::Label || control.Kind == ControlKind::Picture) return;
+    std::string name = control.Caption;
+    for (const Control* around = control.Container; name.empty() && around; around = around->Container)
+        name = around->Caption;
+    if (name.empty()) name = control.FullName();
+    std::erase(name, '&');
+    widget->setAccessibleName(QtText(name).trimmed());
+}
+
+}  // namespace
+
+Binder::Binder(Form& form) : form_(form) {
+    form_.Changed = [this] { Refresh(); };
+    form_.FocusMoved = [this](const Control& control) { MoveFocus(control); };
+}
+
+Binder::~Binder() {
+    form_.Changed = nullptr;
+    form_.FocusMoved = nullptr;
+}
+
+QWidget* Binder::Make(Control& control, QWidget* parent) {
+    QWidget* widget = MakeWidget(control, parent);
+    Bind(control, widget);
+    return widget;
+}
+
+CaptionRow* Binder::MakeRow(Control& frame, Control& inner, QWidget* parent) {
+    auto* row = new CaptionRow(parent, frame.Caption);
+    row->setObjectName(ObjectName(frame));
+    BindSpecial(frame, row, [] {});
+    row->AddField(Make(inner, row), 1);
+    for (Control& other : form_) {
+        if (other.Container == &frame && &other != &inner) row->AddField(Make(other, row));
+    }
+    return row;
+}
+
+void Binder::Bind(Control& control, QWidget* widget) {
+    BindSpecial(control, widget, nullptr);
+    Listen(control, widget);
+}
+
+void Binder::BindSpecial(Control& control, QWidget* widget, std::function<void()> show) {
+    bound_.push_back({&control, widget, std::move(show)});
+    byWidget_[widget] = &control;
+    byControl_[&control] = widget;
+    NameForAccess(control, widget);
+    widget->installEventFilter(this);
+}
+
+void Binder::BindAction(Control& control, QAction* action) {
+    action->setObjectName(ObjectName(control));
+    byWidget_[action] = &control;
+    bound_.push_back({&control, nullptr, [&control, action] {
+                          action->setEnabled(control.Enabled);
+                          action->setVisible(control.Visible);
+                      }});
+}
+
+void Binder::Listen(Control& control, QWidget* widget) {
+    Control* const of = &control;
+    if (auto* list = qobject_cast<QComboBox*>(widget)) {
+        connect(list, &QComboBox::activated, this,
+                [this, of](int index) { Done(*of, form_.Select(*of, index)); });
+    } else if (auto* box = qobject_cast<QCheckBox*>(widget)) {
+        connect(box, &QCheckBox::clicked, this,
+                [this, of](bool on) { Done(*of, form_.Check(*of, on ? 1 : 0)); });
+    } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+        connect(button, &QAbstractButton::clicked, this, [this, of] { Done(*of, form_.Click(*of)); });
+    } else if (auto* value = dynamic_cast<ValueBox*>(widget)) {
+        value->Opened = [this, of] { Done(*of, form_.Click(*of)); };
+    } else if (auto* entry = qobject_cast<QLineEdit*>(widget)) {
+        connect(entry, &QLineEdit::textEdited, this, [this, of](const QString& text) {
+            Done(*of, form_.Type(*of, text.toLatin1().toStdString()));
+        });
+        connect(entry, &QLineEdit::returnPressed, this, [this, of] { Done(*of, form_.Enter(*of)); });
+    }
+}
+
+void Binder::Done(const Control& control, Refusal refusal) {
+    if (refusal == Refusal::None) return;  // the form has told what changed
+    if (Refused) Refused(control, refusal);
+    Refresh();
+}
+
+// A widget that is hidden or disabled while it has the focus passes it on, which no user did.
+void Binder::Refresh() {
+    const bool before = movingFocus_;
+    movingFocus_ = true;
+    for (const Bound& bound : bound_) ShowOne(bound);
+    movingFocus_ = before;
+}
+
+void Binder::ShowOne(const Bound& bound) {
+    const Control& control = *bound.Of;
+    QWidget* widget = bound.Shown;
+    if (bound.Show) {
+        bound.Show();
+        if (!widget) return;
+    } else {
+        ShowValue(control, widget);
+        ShowColors(control, widget);
+    }
+    if (auto* row = dynamic_cast<CaptionRow*>(widget)) ShowValue(control, row);
+    const bool hidden = widget->testAttribute(Qt::WA_WState_ExplicitShowHide) && widget->isHidden();
+    if (hidden == control.Visible) widget->setVisible(control.Visible);
+    const bool disabled = widget->testAttribute(Qt::WA_ForceDisabled);
+    if (disabled == control.Enabled) widget->setEnabled(control.Enabled);
+}
+
+QWidget* Binder::WidgetOf(const Control& control) const {
+    auto found = byControl_.find(&control);
+    return found == byControl_.end() ? nullptr : found->second;
+}
+
+Control* Binder::ControlOf(const QObject* widget) const {
+    auto found = byWidget_.find(widget);
+    return found == byWidget_.end() ? nullptr : found->second;
+}
+
+std::vector<const Control*> Binder::Unbound() const {
+    std::vector<const Control*> list;
+    for (const Control& control : form_) {
+        const bool shown = std::any_of(bound_.begin(), bound_.end(),
+                                       [&control](const Bound& bound) { return bound.Of == &control; });
+        if (!shown) list.push_back(&control);
+    }
+    return list;
+}
+
+void Binder::MoveFocus(const Control& control) {
+    QWidget* widget = WidgetOf(control);
+    if (!widget) return;
+    const bool before = movingFocus_;
+    movingFocus_ = true;
+    Refresh();  // a widget that was hidden or disabled takes no focus
+    widget->setFocus(Qt::OtherFocusReason);
+    movingFocus_ = before;
+}
+
+bool Binder::eventFilter(QObject* object, QEvent* event) {
+    Control* control = ControlOf(object);
+    if (!control) return false;
+    if (event->type() == QEvent::FocusIn && !movingFocus_) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        const bool byUser = reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+                            reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+        if (byUser) form_.Focus(*control);
+    }
+    const bool label = control->Kind == ControlKind::Label || control->Kind == ControlKind::Picture;
+    if (event->type() == QEvent::MouseButtonPress && label) form_.Click(*control);
+    return false;
+}
+
+}  // namespace counter

@@ -1,0 +1,130 @@
+#include "desktop/kit/control_widget.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QWheelEvent>
+
+#include "desktop/kit/qt_text.h"
+#include "desktop/kit/value_box.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kGrid = 8;  // the pixel grid of all views
+
+// A list that a turning wheel leaves alone: scrolling past it must not change a setup.
+class PickList : public QComboBox {
+  public:
+    using QComboBox::QComboBox;
+    // Its entries are read whole, however narrow the column.
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
+// Enter presses the button that has the focus, on a page as in a dialog.
+QPushButton* MakeButton(QWidget* parent) {
+    auto* button = new QPushButton(parent);
+    button->setAutoDefault(true);
+    return button;
+}
+
+QWidget* MakeList(QWidget* parent) {
+    auto* list = new PickList(parent);
+    list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    list->setFocusPolicy(Qt::StrongFocus);
+    return list;
+}
+
+QWidget* MakeLabel(QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QWidget* MakeProgress(QWidget* parent) {
+    auto* bar = new QProgressBar(parent);
+    bar->setRange(0, 100);
+    return bar;
+}
+
+QWidget* MakeOption(QWidget* parent) {
+    auto* option = new QRadioButton(parent);
+    option->setAutoExclusive(false);  // the form decides which of them is set
+    return option;
+}
+
+QWidget* MakeOfKind(ControlKind kind, QWidget* parent) {
+    switch (kind) {
+        case ControlKind::Frame:
+            return new QGroupBox(parent);
+        case ControlKind::List:
+            return MakeList(parent);
+        case ControlKind::Check:
+            return new QCheckBox(parent);
+        case ControlKind::Option:
+            return MakeOption(parent);
+        case ControlKind::Button:
+            return MakeButton(parent);
+        case ControlKind::Value:
+            return new ValueBox(parent);
+        case ControlKind::Entry:
+            return new QLineEdit(parent);
+        case ControlKind::Progress:
+            return MakeProgress(parent);
+        default:
+            return MakeLabel(parent);
+    }
+}
+
+}  // namespace
+
+CaptionRow::CaptionRow(QWidget* parent, const std::string& caption)
+    : QWidget(parent), caption_(new QLabel(QtText(caption), this)) {
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(kGrid);
+    caption_->setTextFormat(Qt::PlainText);
+    row->addWidget(caption_);
+}
+
+void CaptionRow::AddField(QWidget* field, int stretch) {
+    (field_ ? behind_ : field_) = field;
+    caption_->setBuddy(field_);
+    static_cast<QHBoxLayout*>(layout())->addWidget(field, stretch);
+}
+
+void CaptionRow::SetWidths(int caption, int field) {
+    if (caption > 0) caption_->setFixedWidth(caption);
+    if (field > 0 && field_) field_->setFixedWidth(field);
+}
+
+void CaptionRow::FollowField() {
+    const bool hidden = field_->testAttribute(Qt::WA_WState_ExplicitShowHide) && field_->isHidden();
+    if (caption_->isHidden() != hidden) caption_->setVisible(!hidden);
+    const QString name = caption_->text().trimmed();
+    if (field_->accessibleName() != name) field_->setAccessibleName(name);
+    if (!behind_) return;
+    const int room = fontMetrics().horizontalAdvance(QLatin1String("WWW"));
+    if (behind_->minimumWidth() != room) behind_->setMinimumWidth(room);
+}
+
+QWidget* MakeWidget(const Control& control, QWidget* parent) {
+    QWidget* widget = MakeOfKind(control.Kind, parent);
+    widget->setObjectName(ObjectName(control));
+    return widget;
+}
+
+QString ObjectName(const Control& control) {
+    return QtText(control.FullName());
+}
+
+}  // namespace counter

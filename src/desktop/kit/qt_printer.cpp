@@ -1,0 +1,157 @@
+#include "desktop/kit/qt_printer.h"
+
+#include <QFile>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QTemporaryDir>
+#include <QWidget>
+
+#include "desktop/kit/fixed_font.h"
+#include "desktop/kit/qt_text.h"
+#include "system/disk_files.h"
+
+namespace counter {
+
+namespace {
+
+// A widget reaches a printer as a picture in the printer's resolution: enough for small letters, and a page
+// of it is 35 megabytes, not half a gigabyte as with the best that a PDF can hold.
+constexpr int kViewDpi = 300;
+constexpr double kTextPoints = 10;     // size of a printed text
+constexpr double kSmallestPoints = 6;  // down to which long lines are made to fit
+
+void AskUser(QPrinter& printer, QWidget* over, const std::function<void(bool)>& done) {
+    auto* dialog = new QPrintDialog(&printer, over);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setOption(QAbstractPrintDialog::PrintToFile);
+    QObject::connect(dialog, &QDialog::finished, dialog,
+                     [done](int result) { done(result == QDialog::Accepted); });
+    dialog->open();
+}
+
+bool IsFile(const QPrinter& printer) {
+    return printer.outputFormat() == QPrinter::PdfFormat || !printer.outputFileName().isEmpty();
+}
+
+Status PrintOn(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
+    const std::string name = printer.printerName().toStdString();
+    QPainter painter;
+    if (!painter.begin(&printer)) {
+        return {printer.isValid() ? StatusKind::Other : StatusKind::NotFound, name,
+                "the printer doesn't answer"};
+    }
+    draw(painter);
+    painter.end();
+    if (printer.printerState() != QPrinter::Error) return {};
+    return {StatusKind::Other, name, "was not printed to its end"};
+}
+
+// Printed aside first: a full disk or a kill in the middle must not leave half of it where an older one
+// stood. A full disk is no error to the one who draws; the file then lacks its end.
+Status PrintInto(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
+    const std::string path = QFile::encodeName(printer.outputFileName()).toStdString();
+    const QTemporaryDir aside;
+    if (!aside.isValid()) return {StatusKind::Other, path, aside.errorString().toStdString()};
+    printer.setOutputFileName(aside.filePath(QStringLiteral("printed.pdf")));
+    DiskFiles files;
+    std::string content;
+    if (PrintOn(printer, draw).Ok())
+        files.Read(QFile::encodeName(printer.outputFileName()).toStdString(), content);
+    if (content.find("%%EOF", content.size() - std::min<std::size_t>(content.size(), 16)) ==
+        std::string::npos)
+        return {StatusKind::Other, path, "was not printed to its end"};
+    return files.Write(path, content);
+}
+
+// As large as the page lets it be, in the middle of its upper edge.
+void DrawWidget(QPainter& painter, const QRectF& page, QWidget& widget) {
+    const double scale = std::min(page.width() / widget.width(), page.height() / widget.height());
+    painter.translate((page.width() - widget.width() * scale) / 2, 0);
+    painter.scale(scale, scale);
+    widget.render(&painter, QPoint(), QRegion(), QWidget::DrawWindowBackground | QWidget::DrawChildren);
+}
+
+QStringList LinesOf(const std::string& text) {
+    QString lines = QtText(text);
+    lines.remove(QLatin1Char('\r'));
+    while (lines.endsWith(QLatin1Char('\n'))) lines.chop(1);
+    return lines.split(QLatin1Char('\n'));
+}
+
+qsizetype Longest(const QStringList& lines) {
+    qsizetype longest = 1;
+    for (const QString& line : lines) longest = std::max(longest, line.size());
+    return longest;
+}
+
+QFont TextFont(QPainter& painter, double width, qsizetype characters) {
+    QFont font = FixedPitchFont(kTextPoints);
+    const QFontMetricsF metrics(font, painter.device());
+    const double needed = metrics.horizontalAdvance(QLatin1Char('0')) * static_cast<double>(characters);
+    if (needed > width) font.setPointSizeF(std::max(kSmallestPoints, kTextPoints * width / needed));
+    return font;
+}
+
+void DrawText(QPainter& painter, QPrinter& printer, const QRectF& page, const std::string& text) {
+    const QStringList lines = LinesOf(text);
+    painter.setFont(TextFont(painter, page.width(), Longest(lines)));
+    const QFontMetricsF metrics(painter.font(), &printer);
+    double top = 0;
+    for (const QString& line : lines) {
+        if (top + metrics.height() > page.height()) {
+            printer.newPage();
+            top = 0;
+        }
+        painter.drawText(QPointF(0, top + metrics.ascent()), line);
+        top += metrics.lineSpacing();
+    }
+}
+
+QRectF PageOf(const QPrinter& printer) {
+    return {QPointF(), printer.pageRect(QPrinter::DevicePixel).size()};
+}
+
+}  // namespace
+
+QtPrinter::QtPrinter(Pump& pump, View view) : QtPrinter(pump, std::move(view), nullptr) {
+    choose_ = [this](QPrinter& printer, const std::function<void(bool)>& done) {
+        AskUser(printer, view_(), done);
+    };
+}
+
+QtPrinter::QtPrinter(Pump& pump, View view, Choose choose)
+    : pump_(pump), view_(std::move(view)), choose_(std::move(choose)) {}
+
+Status QtPrinter::PrintView() {
+    QWidget* widget = view_();
+    if (widget == nullptr) return {};
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setResolution(kViewDpi);
+    printer.setDocName(widget->window()->windowTitle());
+    const bool wide = widget->width() > widget->height();
+    printer.setPageOrientation(wide ? QPageLayout::Landscape : QPageLayout::Portrait);
+    return Run(printer, [&](QPainter& painter) { DrawWidget(painter, PageOf(printer), *widget); });
+}
+
+Status QtPrinter::PrintText(const std::string& title, const std::string& text) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(QtText(title));
+    return Run(printer, [&](QPainter& painter) { DrawText(painter, printer, PageOf(printer), text); });
+}
+
+Status QtPrinter::Run(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
+    bool answered = false;
+    bool chosen = false;
+    choose_(printer, [&](bool print) {
+        answered = true;
+        chosen = print;
+    });
+    pump_.WaitUntil(
+        Pump::kForever, [&] { return answered; }, "the print dialog");
+    if (!chosen) return {};
+    return IsFile(printer) ? PrintInto(printer, draw) : PrintOn(printer, draw);
+}
+
+}  // namespace counter

@@ -1,0 +1,54 @@
+#include "desktop/kit/status_strip.h"
+
+#include <QHBoxLayout>
+
+#include "desktop/kit/colors.h"
+#include "desktop/kit/qt_text.h"
+
+namespace counter {
+
+namespace {
+
+constexpr QRgb kStripGround = 0xFF1C2126;
+constexpr int kGrid = 8;
+constexpr int kBarCharacters = 24;  // width of the bar, in digits of the font
+
+}  // namespace
+
+StatusStrip::StatusStrip(QWidget* parent)
+    : QWidget(parent), line_(new QLabel(this)), bar_(new QProgressBar(this)) {
+    QPalette dark = palette();
+    dark.setColor(QPalette::Window, QColor(kStripGround));
+    setPalette(dark);
+    setAutoFillBackground(true);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(kGrid, kGrid / 2, kGrid, kGrid / 2);
+    row->addWidget(line_, 1);
+    row->addWidget(bar_);
+    line_->setTextFormat(Qt::PlainText);
+    line_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    line_->setWordWrap(true);
+    line_->setMinimumHeight(line_->fontMetrics().lineSpacing() + kGrid);
+    bar_->setRange(0, 100);
+    bar_->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kBarCharacters);
+    for (QWidget* part : {static_cast<QWidget*>(line_), static_cast<QWidget*>(bar_)}) {
+        QSizePolicy keeps = part->sizePolicy();
+        keeps.setRetainSizeWhenHidden(true);
+        part->setSizePolicy(keeps);
+    }
+}
+
+void StatusStrip::LeaveOutBar() {
+    layout()->removeWidget(bar_);
+    bar_->hide();
+}
+
+void StatusStrip::ShowLine(const Control& line) {
+    const QString text = line.Visible ? QtText(line.Caption) : QString();
+    if (line_->text() != text) line_->setText(text);
+    QPalette colors = palette();
+    colors.setColor(QPalette::WindowText, StripColorOf(line.TextColor.value_or(ColorWhite)));
+    if (colors != line_->palette()) line_->setPalette(colors);
+}
+
+}  // namespace counter

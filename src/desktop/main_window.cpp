@@ -1,0 +1,52 @@
+#include "desktop/main_window.h"
+
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QScreen>
+#include <QShortcut>
+#include <QTimer>
+
+namespace counter {
+
+namespace {
+
+// Whole on a screen of 1366 x 768 with its frame.
+constexpr QSize kWindowSize(1000, 700);
+
+}  // namespace
+
+MainWindow::MainWindow() : stack_(new QStackedWidget(this)) {
+    setCentralWidget(stack_);
+    const QSize room = screen() ? screen()->availableSize() : kWindowSize;
+    resize(kWindowSize.boundedTo(room));
+    auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    QObject::connect(help, &QShortcut::activated, this, [this] {
+        if (current_) current_->HelpKey();
+    });
+}
+
+void MainWindow::ShowPage(ViewPage* page, bool withMenu) {
+    current_ = page;
+    menuBar()->setVisible(withMenu);
+    stack_->setCurrentWidget(page);
+    ShowTitle();
+}
+
+void MainWindow::FocusFirst() {
+    QWidget* first = current_ ? current_->FirstFocus() : nullptr;
+    if (first) first->setFocus(Qt::OtherFocusReason);
+}
+
+// Leaving may take some exchanges with the meter, so it runs as an event of its own. A second click meanwhile
+// changes nothing.
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (leaving_ || !current_) return;
+    leaving_ = true;
+    QTimer::singleShot(0, this, [this] {
+        leaving_ = false;
+        current_->Leave();
+    });
+}
+
+}  // namespace counter

@@ -1,0 +1,89 @@
+#include "desktop/pages/chart_page.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "desktop/kit/button_row.h"
+#include "desktop/kit/qt_text.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kGrid = 8;
+constexpr int kEntryCharacters = 14;
+
+}  // namespace
+
+ChartPage::ChartPage(ChartView& view, std::string_view title, QWidget* parent)
+    : ViewPage(parent),
+      view_(view),
+      title_(QtText(title)),
+      bound_(view.Controls),
+      chart_(new ChartWidget(view.Chart, this)),
+      strip_(new StatusStrip(this)) {
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSpacing(0);
+    auto* column = new QVBoxLayout;
+    column->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
+    column->setSpacing(kGrid);
+    whole->addLayout(column, 1);
+    whole->addWidget(strip_);
+    strip_->LeaveOutBar();
+    AddScaleEntry(*column);
+    column->addWidget(chart_, 1);
+    column->addLayout(ButtonRow(
+        bound_, this,
+        {&view.cmdNewScale, &view.cmdPause, &view.cmdContinue, &view.cmdSave, &view.cmdPrint, &view.cmdEnd}));
+    bound_.BindSpecial(view.Picture1, chart_, [this] { chart_->Follow(); });
+    bound_.BindSpecial(view.lblStatus, &strip_->Line(), [this] { strip_->ShowLine(view_.lblStatus); });
+    view_.Drawn = [this] { chart_->Follow(); };
+    view_.SaveBitmap = [this](const std::string& path) {
+        return SaveChartBitmap(view_.Chart, chart_->size() * chart_->devicePixelRatioF(), path);
+    };
+    bound_.Refresh();
+}
+
+ChartPage::~ChartPage() {
+    view_.Drawn = nullptr;
+    view_.SaveBitmap = nullptr;
+}
+
+QString ChartPage::Title() const {
+    return title_;
+}
+
+// The place of the entry stays when it closes, so that the chart keeps its size.
+void ChartPage::AddScaleEntry(QVBoxLayout& column) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(kGrid);
+    Control* const pairs[][2] = {{&view_.lblMidVal, &view_.txtMidVal},
+                                 {&view_.lblSmallVal, &view_.txtSmallVal},
+                                 {&view_.lblThird, &view_.txtThird}};
+    for (const auto& [label, entry] : pairs) {
+        QWidget* caption = bound_.Make(*label, this);
+        QWidget* field = bound_.Make(*entry, this);
+        field->setAccessibleName(QtText(label->Caption));
+        field->setFixedWidth(field->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kEntryCharacters);
+        row->addWidget(caption);
+        row->addWidget(field);
+    }
+    row->addWidget(bound_.Make(view_.cmdOK, this));
+    row->addStretch(1);
+    for (int i = 0; i < row->count(); ++i) {
+        QWidget* widget = row->itemAt(i)->widget();
+        if (!widget) continue;
+        QSizePolicy keeps = widget->sizePolicy();
+        keeps.setRetainSizeWhenHidden(true);
+        widget->setSizePolicy(keeps);
+    }
+    column.addLayout(row);
+}
+
+void ChartPage::ComeToFront() {
+    view_.Load();
+    view_.Activate();
+}
+
+}  // namespace counter

@@ -1,0 +1,33 @@
+// ChartPage: the strip chart or the histogram, with its scale entry.
+#pragma once
+
+#include "desktop/kit/binder.h"
+#include "desktop/kit/chart_widget.h"
+#include "desktop/kit/status_strip.h"
+#include "desktop/kit/view_page.h"
+#include "readings/chart_view.h"
+
+namespace counter {
+
+class ChartPage : public ViewPage {
+  public:
+    ChartPage(ChartView& view, std::string_view title, QWidget* parent);
+    ~ChartPage() override;
+
+    QString Title() const override;
+    void HelpKey() override { AskHelp(3105); }
+    void ComeToFront() override;
+    void PutAway() override { view_.Unload(); }
+    void Leave() override { view_.Controls.Click(view_.cmdEnd); }
+
+  private:
+    void AddScaleEntry(class QVBoxLayout& column);
+
+    ChartView& view_;
+    const QString title_;
+    Binder bound_;
+    ChartWidget* chart_;
+    StatusStrip* strip_;
+};
+
+}  // namespace counter

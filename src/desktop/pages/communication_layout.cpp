@@ -1,0 +1,75 @@
+// The communication page: the line, what is sent, and the characters around it. Fields of which the protocol
+// has one share a place.
+#include "desktop/kit/link_label.h"
+#include "desktop/pages/setup_layout.h"
+
+namespace counter {
+
+namespace {
+
+QWidget* LineBox(SetupLayout& layout, QWidget* frame) {
+    const CommunicationPage& comm = layout.View.Communication;
+    QGroupBox* box = layout.PlainBox(QStringLiteral("Line"), frame);
+    BoxColumn column(layout, box, layout.NewCaptions());
+    column.Add(comm.Protocol);
+    column.Add(comm.BaudRate);
+    column.AddAlternatives({&comm.Address, &comm.MBAddr});
+    for (const Framed* pair : {&comm.Duplex, &comm.Parity, &comm.MBTimeout}) column.Add(*pair);
+    column.End();
+    return box;
+}
+
+QWidget* OutputBox(SetupLayout& layout, QWidget* frame) {
+    const CommunicationPage& comm = layout.View.Communication;
+    QGroupBox* box = layout.PlainBox(QStringLiteral("Output"), frame);
+    BoxColumn column(layout, box, layout.NewCaptions());
+    for (const Framed* pair : {&comm.OutItems, &comm.OutVal, &comm.OutRate, &comm.SerMode}) column.Add(*pair);
+    column.Add(comm.chkAlmData);
+    column.Add(comm.chkLF);
+    column.Add(comm.CR);
+    column.Add(comm.RTS);
+    column.End();
+    return box;
+}
+
+QWidget* RemoteDisplayBox(SetupLayout& layout, QWidget* frame) {
+    const CommunicationPage& comm = layout.View.Communication;
+    QWidget* box = layout.Bound.MakeGroup(comm.fraRmtDspyC, frame);
+    BoxColumn column(layout, box, layout.NewCaptions());
+    for (const Framed* pair : {&comm.StartChr, &comm.StopChr, &comm.Skip, &comm.ShowNo}) column.Add(*pair);
+    KeepPlace(box);
+    return box;
+}
+
+QWidget* CharactersBox(SetupLayout& layout, QWidget* frame) {
+    const CommunicationPage& comm = layout.View.Communication;
+    QGroupBox* box = layout.PlainBox(QStringLiteral("Characters"), frame);
+    BoxColumn column(layout, box, layout.NewCaptions());
+    for (const Framed* pair :
+         {&comm.RecogChr, &comm.CusRecog, &comm.TranChars, &comm.TranStart, &comm.TranStop})
+        column.Add(*pair);
+    column.AddWidget(RemoteDisplayBox(layout, box));
+    auto* table = new LinkLabel(box);
+    table->setObjectName(ObjectName(comm.lblAscTbl));
+    table->Followed = [&layout, &comm] { layout.View.Controls.Click(comm.lblAscTbl); };
+    KeepPlace(table);
+    layout.Bound.Bind(comm.lblAscTbl, table);
+    column.AddWidget(table);
+    column.End();
+    return box;
+}
+
+}  // namespace
+
+void LayOutCommunication(SetupLayout& layout, QWidget* page) {
+    QGridLayout* grid = MakePageGrid(page, 1);
+    QWidget* frame = layout.Bound.MakeGroup(layout.View.Communication.fraSerComm, page);
+    grid->addWidget(frame, 0, 0);
+    grid->setRowStretch(1, 1);
+    QGridLayout* columns = MakePageGrid(frame, 3);
+    columns->addWidget(LineBox(layout, frame), 0, 0);
+    columns->addWidget(OutputBox(layout, frame), 0, 1);
+    columns->addWidget(CharactersBox(layout, frame), 0, 2);
+}
+
+}  // namespace counter

@@ -1,0 +1,118 @@
+#include "desktop/pages/digit_entry_dialog.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/kit/control_widget.h"
+#include "desktop/kit/qt_text.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kGrid = 8;
+
+}  // namespace
+
+DigitEntryDialog::DigitEntryDialog(DigitEntry& entry, QWidget* parent)
+    : QDialog(parent), entry_(entry), bound_(entry.Controls), front_(new DigitFront(entry, this)) {
+    setObjectName(QStringLiteral("frmEntVal"));
+    setWindowTitle(QLatin1String(DigitEntry::kTitle));
+    setWindowModality(Qt::WindowModal);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(2 * kGrid, 2 * kGrid, 2 * kGrid, kGrid);
+    column->setSpacing(2 * kGrid);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    column->addWidget(front_);
+    auto* buttons = new QHBoxLayout;
+    column->addLayout(buttons);
+    AddButtons(*buttons);
+    front_->Acted = [this] { Follow(); };
+    entry_.Controls.Changed = [this] { Follow(); };
+    entry_.OpenHelp = [this](int helpNumber) {
+        hide();
+        if (OpenHelp) OpenHelp(helpNumber);
+    };
+}
+
+// During the pause behind OK nothing more is taken.
+void DigitEntryDialog::AddButtons(QHBoxLayout& layout) {
+    layout.addStretch(1);
+    for (const char* name : {"cmdOK", "cmdCancel"}) {
+        Control& control = *entry_.Controls.Find(name);
+        auto* button = new QPushButton(QtText(control.Caption), this);
+        button->setObjectName(ObjectName(control));
+        bound_.BindSpecial(control, button, [] {});
+        QObject::connect(button, &QPushButton::clicked, this, [this, &control] {
+            if (entry_.Shown()) entry_.Controls.Click(control);
+        });
+        layout.addWidget(button);
+    }
+    findChild<QPushButton*>(QStringLiteral("cmdOK"))->installEventFilter(this);
+}
+
+void DigitEntryDialog::Present(const QWidget* field, bool lowPlace) {
+    beepsHeard_ = entry_.Beeps();
+    front_->Refresh();
+    adjustSize();
+    if (field) {
+        const QRect place(field->mapToGlobal(QPoint()), field->size());
+        move(PlaceBeside(place, size(), field->screen()->availableGeometry(), lowPlace));
+    }
+    open();
+    front_->setFocus(Qt::OtherFocusReason);
+}
+
+void DigitEntryDialog::Drop() {
+    entry_.Unload();
+    hide();
+}
+
+void DigitEntryDialog::Follow() {
+    if (isHidden()) return;
+    front_->Refresh();
+    if (Beep && entry_.Beeps() > beepsHeard_) Beep();
+    beepsHeard_ = entry_.Beeps();
+    if (Followed) Followed();
+    if (entry_.Shown()) return;
+    hide();
+    if (Closed) Closed();
+}
+
+void DigitEntryDialog::reject() {
+    if (!entry_.Shown()) return;
+    entry_.Cancel();
+    Follow();
+}
+
+void DigitEntryDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_F1) return QDialog::keyPressEvent(event);
+    event->accept();
+    if (entry_.Shown()) entry_.HelpKey();
+}
+
+bool DigitEntryDialog::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(object, event);
+    const QByteArray typed = TypedBy(*static_cast<QKeyEvent*>(event));
+    if (typed != "." || !entry_.Shown()) return QDialog::eventFilter(object, event);
+    entry_.KeyOnOk('.');
+    Follow();
+    return true;
+}
+
+QPoint PlaceBeside(const QRect& field, const QSize& dialog, const QRect& screen, bool lowPlace) {
+    // The window's frame stands above the given place, so a row of the page is left free for it.
+    const int frame = field.height() + kGrid;
+    const int below = field.bottom() + frame + (lowPlace ? field.height() : 0);
+    const int above = field.top() - dialog.height() - kGrid;
+    const bool fits = below + dialog.height() <= screen.bottom();
+    const int right = screen.right() - dialog.width();
+    const int left = std::max(screen.left(), std::min(field.left(), right));
+    return {left, fits ? below : std::max(screen.top() + frame, above)};
+}
+
+}  // namespace counter

@@ -1,0 +1,78 @@
+#include "desktop/pages/help_dialog.h"
+
+#include <QPushButton>
+#include <QScreen>
+#include <QTextCursor>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+#include "desktop/kit/fixed_font.h"
+#include "desktop/kit/qt_text.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kGrid = 8;
+constexpr int kTwipsPerInch = 1440;
+constexpr int kStandardWidth = 7200;  // twips
+constexpr int kLines = 18;            // of text in sight; longer ones scroll
+constexpr int kTableColumns = 82;     // a text that is a table shows its whole width
+
+}  // namespace
+
+HelpDialog::HelpDialog(const HelpContent& content, QWidget* parent) : QDialog(parent), place_(content.Place) {
+    setWindowTitle(QtText(content.Title));
+    setWindowModality(Qt::WindowModal);
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
+    column->setSpacing(kGrid);
+    auto* text = MakeText(content);
+    column->addWidget(text);
+    auto* ok = new QPushButton(QStringLiteral("OK"), this);
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    ok->setDefault(true);
+    column->addWidget(ok, 0, Qt::AlignHCenter);
+    QObject::connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    QObject::connect(this, &QDialog::finished, this, [this] {
+        if (Closed) Closed();
+    });
+    const int twips = content.Width > 0 ? content.Width : kStandardWidth;
+    const int columns = content.FixedPitch ? text->fontMetrics().horizontalAdvance('0') * kTableColumns : 0;
+    resize(std::max(twips * logicalDpiX() / kTwipsPerInch, columns), sizeHint().height());
+    ok->setFocus();
+}
+
+QTextEdit* HelpDialog::MakeText(const HelpContent& content) {
+    auto* text = new QTextEdit(this);
+    text->setObjectName(QStringLiteral("lblText"));
+    text->setAccessibleName(QtText(content.Title));
+    text->setReadOnly(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    text->setTabChangesFocus(true);
+    if (content.FixedPitch) {
+        text->setFont(FixedPitchFont(font().pointSizeF()));
+        text->setLineWrapMode(QTextEdit::NoWrap);
+    }
+    QTextCursor cursor(text->document());
+    for (const HelpPiece& piece : content.Pieces) {
+        QTextCharFormat format;
+        if (piece.Emphasised) format.setFontWeight(QFont::Bold);
+        cursor.insertText(QtText(piece.Text).remove(QLatin1Char('\r')), format);
+    }
+    text->setMinimumHeight(text->fontMetrics().lineSpacing() * kLines);
+    return text;
+}
+
+// Placed once its frame is known; where the system places windows itself, it stays where that puts it.
+void HelpDialog::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (place_ == HelpPlace::Middle || parentWidget() == nullptr) return;
+    const QRect over = parentWidget()->window()->frameGeometry();
+    const QRect own = frameGeometry();
+    const int left = place_ == HelpPlace::LeftEdge ? over.left() : over.right() - own.width();
+    move(left, over.center().y() - own.height() / 2);
+}
+
+}  // namespace counter

@@ -1,0 +1,137 @@
+#include "desktop/pages/home_page.h"
+
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "desktop/kit/control_widget.h"
+#include "desktop/kit/qt_text.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kGrid = 8;
+constexpr int kTallLines = 20;  // of the text area, and at rest
+constexpr int kShortLines = 9;
+
+}  // namespace
+
+HomePage::HomePage(HomeView& view, QWidget* parent)
+    : ViewPage(parent),
+      view_(view),
+      bound_(view.Controls),
+      menu_(new QMenuBar(parent)),
+      strip_(new StatusStrip(this)) {
+    AddMenu();
+    AddText();
+    bound_.Refresh();
+}
+
+HomePage::~HomePage() = default;
+
+QString HomePage::Title() const {
+    return QtText(view_.Title);
+}
+
+void HomePage::ComeToFront() {
+    view_.Activate();
+}
+
+QWidget* HomePage::FirstFocus() {
+    return bound_.WidgetOf(view_.cmdOK.Visible ? view_.cmdOK : view_.cmdMenuHelp);
+}
+
+void HomePage::AddMenu() {
+    QMenu* under = nullptr;
+    for (const HomeMenuRow& row : HomeMenu()) {
+        Control& control = *view_.Controls.Find(row.Name);
+        if (row.Heading) {
+            AddHeading(control);
+            under = menu_->findChild<QMenu*>(ObjectName(control));
+        } else {
+            AddEntry(control, *under, row.Opens.has_value());
+        }
+    }
+}
+
+// The entries drop down when the view says that they can be used, which for the readings is some exchanges
+// with the meter later; so the heading is an action of its own and its menu pops up below it.
+void HomePage::AddHeading(Control& heading) {
+    auto* menu = new QMenu(menu_);
+    menu->setObjectName(ObjectName(heading));
+    QAction* action = menu_->addAction(QtText(heading.Caption));
+    if (&heading != view_.Controls.Find("mnuMRdgs")) {
+        action->setMenu(menu);
+        QObject::connect(menu, &QMenu::aboutToShow, this,
+                         [this, &heading] { view_.Controls.Click(heading); });
+    } else {
+        QObject::connect(action, &QAction::triggered, this, [this, &heading, menu, action] {
+            if (view_.Controls.Click(heading) != Refusal::None || !isVisible()) return;
+            menu->popup(menu_->mapToGlobal(menu_->actionGeometry(action).bottomLeft()));
+        });
+    }
+    bound_.BindAction(heading, action);
+}
+
+// A view opens once the menu has gone: a menu that was worked by keys gives the focus back to where it was,
+// and must not take it from the view.
+void HomePage::AddEntry(Control& entry, QMenu& under, bool opensView) {
+    QAction* action = under.addAction(QtText(entry.Caption));
+    QObject::connect(action, &QAction::triggered, this, [this, &entry, opensView] {
+        const auto click = [this, &entry] { view_.Controls.Click(entry); };
+        if (opensView) {
+            QTimer::singleShot(0, this, click);
+        } else {
+            click();
+        }
+    });
+    bound_.BindAction(entry, action);
+}
+
+void HomePage::AddText() {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(kGrid);
+    auto* buttons = new QHBoxLayout;
+    buttons->setContentsMargins(kGrid, kGrid, kGrid, 0);
+    auto* text = new QLabel(this);
+    textArea_ = text;
+    text->setObjectName(ObjectName(view_.picText));
+    text->setTextFormat(Qt::PlainText);
+    text->setWordWrap(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    text->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    text->setAutoFillBackground(true);
+    text->setBackgroundRole(QPalette::Base);
+    text->setForegroundRole(QPalette::Text);
+    text->setMargin(kGrid);
+    for (Control* control : {&view_.cmdMenuHelp, &view_.cmdOK, &view_.lblWait})
+        buttons->addWidget(bound_.Make(*control, this));
+    buttons->addStretch(1);
+    for (Control* control : {&view_.lblTest, &view_.lblTest1, &view_.lblTest2})
+        buttons->addWidget(bound_.Make(*control, this));
+    auto* inset = new QVBoxLayout;
+    inset->setContentsMargins(kGrid, 0, kGrid, 0);
+    inset->addWidget(textArea_);
+    column->addLayout(buttons);
+    column->addLayout(inset);
+    column->addStretch(1);
+    column->addWidget(strip_);
+    bound_.BindSpecial(view_.lblPGText, &strip_->Line(), [this] { strip_->ShowLine(view_.lblPGText); });
+    bound_.Bind(view_.pbBar, &strip_->Bar());
+    bound_.BindSpecial(view_.picText, textArea_, [this] { ShowText(); });
+}
+
+void HomePage::ShowText() {
+    auto* text = static_cast<QLabel*>(textArea_);
+    if (const QString shown = QtText(view_.picText.Text); text->text() != shown) text->setText(shown);
+    const int lines = view_.TallText() ? kTallLines : kShortLines;
+    const int height = text->fontMetrics().lineSpacing() * lines + 2 * kGrid;
+    if (text->minimumHeight() != height) text->setFixedHeight(height);
+}
+
+}  // namespace counter

@@ -1,0 +1,197 @@
+#include "desktop/pages/setup_page.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include "desktop/kit/qt_text.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kReadingCharacters = 8;  // "-.00001" is the longest reading
+
+// Why a page can't be come to.
+QString WhyNotOffered(int tab, const DerivedValues& values) {
+    switch (tab) {
+        case kScalingTab:
+            return QStringLiteral("A remote display has no scaling of its own.");
+        case kFilterTab:
+            return values.DisplayType < 6 ? QStringLiteral("This Mode and Function filter no item.")
+                                          : QStringLiteral("A remote display has no filter of its own.");
+        case kAlarmsTab:
+            return QStringLiteral("There is no relay board.");
+        case kCommunicationTab:
+            return QStringLiteral("There is no communication board.");
+        case kAnalogTab:
+            return QStringLiteral("There is no analog output board.");
+        default:
+            return QStringLiteral("A transmitter has no panel to lock.");
+    }
+}
+
+}  // namespace
+
+SetupPage::SetupPage(SetupView& view, QWidget* parent)
+    : ViewPage(parent),
+      view_(view),
+      bound_(view.Controls),
+      layout_(view, bound_),
+      entry_({view.Program.Views, view.Program.Image, view.Program.Derived, view.Program.Link}),
+      tabs_(new QTabWidget(this)),
+      dialog_(new DigitEntryDialog(entry_, this)) {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(kSetupGrid, kSetupGrid, kSetupGrid, kSetupGrid);
+    column->setSpacing(kSetupGrid);
+    column->addWidget(tabs_, 1);
+    AddPages();
+    column->addWidget(MakeFoot());
+    Connect();
+    view_.Load();
+    ShowAll();
+}
+
+// The dialog goes first: closing, it still asks the entry that it shows.
+SetupPage::~SetupPage() {
+    delete dialog_;
+    view_.OpenDigitEntry = nullptr;
+    view_.OpenHelp = nullptr;
+    view_.ShowMainMenu = nullptr;
+    view_.TakeFocus = nullptr;
+}
+
+void SetupPage::AddPages() {
+    tabs_->tabBar()->setObjectName(ObjectName(view_.Buttons.tabSetup));
+    tabs_->setElideMode(Qt::ElideNone);
+    constexpr void (*kLayOuts[])(SetupLayout&, QWidget*) = {
+        LayOutInputDisplay,  LayOutScaling, LayOutFilter,   LayOutAlarms,
+        LayOutCommunication, LayOutAnalog,  LayOutLockouts,
+    };
+    for (std::size_t i = 0; i < kTabCaptions.size(); ++i) AddPage(kLayOuts[i], kTabCaptions[i]);
+    bound_.BindSpecial(view_.Buttons.tabSetup, tabs_->tabBar(), [this] { ShowTabs(); });
+    QObject::connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
+        if (showingTabs_) return;
+        if (view_.Controls.ComeToTab(tab) != Refusal::None) ShowAll();
+    });
+}
+
+// Only where font or scale are too large for the window does a page scroll.
+void SetupPage::AddPage(void (*layOut)(SetupLayout&, QWidget*), std::string_view caption) {
+    auto* scroll = new QScrollArea(tabs_);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    auto* page = new QWidget(scroll);
+    layOut(layout_, page);
+    scroll->setWidget(page);
+    scroll->viewport()->setAutoFillBackground(false);
+    page->setAutoFillBackground(false);
+    tabs_->addTab(scroll, PlainCaption(caption));
+}
+
+QWidget* SetupPage::MakeFoot() {
+    ViewButtons& buttons = view_.Buttons;
+    auto* foot = new QWidget(this);
+    auto* row = new QHBoxLayout(foot);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(kSetupGrid);
+    row->addWidget(bound_.Make(buttons.cmdRead, foot));
+    auto* reading = static_cast<QLabel*>(bound_.Make(buttons.lblValue, foot));
+    reading->setFont(FixedPitchFont());
+    reading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    reading->setMargin(kSetupGrid / 2);
+    reading->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    reading->setMinimumWidth(reading->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kReadingCharacters +
+                             2 * kSetupGrid);
+    row->addWidget(reading);
+    row->addWidget(bound_.Make(buttons.picText, foot), 1);
+    row->addWidget(bound_.Make(buttons.cmdMainMenu, foot));
+    return foot;
+}
+
+void SetupPage::Connect() {
+    view_.Controls.Changed = [this] { ShowAll(); };
+    view_.OpenDigitEntry = [this] {
+        entry_.OpenDigitEntry();
+        ShowAll();  // the field that is edited is marked
+        dialog_->Present(bound_.WidgetOf(*view_.Program.Views.EntryTarget), view_.Program.Views.LowPlace);
+    };
+    view_.OpenHelp = [this](int helpNumber) {
+        if (OpenHelp) OpenHelp(helpNumber);
+    };
+    view_.ShowMainMenu = [this] {
+        if (ShowMainMenu) ShowMainMenu();
+    };
+    view_.TakeFocus = [this](const Control& control) { MoveFocus(control); };
+    dialog_->Closed = [this] { view_.EntryClosed(); };
+    dialog_->OpenHelp = view_.OpenHelp;
+    dialog_->Followed = [this] { bound_.Refresh(); };
+    dialog_->Beep = [this] { view_.Program.Dialogs.Beep(); };
+}
+
+void SetupPage::ComeToFront() {
+    DropEntry();
+    view_.Activate();
+    view_.Controls.Focus(view_.Buttons.tabSetup);
+}
+
+void SetupPage::PutAway() {
+    DropEntry();
+    view_.Buttons.StopReading();
+}
+
+void SetupPage::Leave() {
+    view_.Controls.Click(view_.Buttons.cmdMainMenu);
+}
+
+void SetupPage::HelpClosed() {
+    DropEntry();
+    view_.Activate();
+    view_.RestorePage();
+}
+
+// What comes next builds the view in full, and no field looks edited.
+void SetupPage::DropEntry() {
+    if (entry_.Shown()) view_.Program.Views.EntryTarget->BackColor = ColorWhite;
+    dialog_->Drop();
+    view_.Program.Views.EntryReturn = 0;
+}
+
+void SetupPage::MoveFocus(const Control& control) {
+    ShowAll();  // a widget that was hidden or disabled takes no focus
+    if (QWidget* widget = bound_.WidgetOf(control)) widget->setFocus(Qt::OtherFocusReason);
+}
+
+void SetupPage::ShowAll() {
+    bound_.Refresh();
+    layout_.Follow();
+}
+
+// A tab that isn't offered stays where it is and says why. The one on show is never disabled, or the strip
+// would go to another by itself.
+void SetupPage::ShowTabs() {
+    const Control& strip = view_.Buttons.tabSetup;
+    showingTabs_ = true;
+    tabs_->setCurrentIndex(strip.ListIndex);
+    for (int i = 0; i < tabs_->count(); ++i) {
+        const bool offered = strip.Offered[static_cast<std::size_t>(i)];
+        const bool enabled = offered || i == strip.ListIndex;
+        if (tabs_->tabBar()->isTabEnabled(i) != enabled) tabs_->tabBar()->setTabEnabled(i, enabled);
+        const QString why = offered ? QString() : WhyNotOffered(i, view_.Program.Derived);
+        if (tabs_->tabToolTip(i) != why) tabs_->setTabToolTip(i, why);
+    }
+    showingTabs_ = false;
+}
+
+// The widths of captions follow once all of them have the new font.
+void SetupPage::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        QMetaObject::invokeMethod(
+            this, [this] { layout_.Follow(); }, Qt::QueuedConnection);
+    ViewPage::changeEvent(event);
+}
+
+}  // namespace counter

@@ -1,0 +1,60 @@
+// SetupPage: the Setup view in the program's window, its seven pages under tabs, and its digit entry.
+#pragma once
+
+#include <QTabBar>
+#include <QTabWidget>
+#include <functional>
+
+#include "desktop/kit/binder.h"
+#include "desktop/kit/view_page.h"
+#include "desktop/pages/digit_entry_dialog.h"
+#include "desktop/pages/setup_layout.h"
+
+namespace counter {
+
+class SetupPage : public ViewPage {
+  public:
+    // Loads the view.
+    SetupPage(SetupView& view, QWidget* parent);
+    ~SetupPage() override;
+
+    // The home view, for which this page is put away; may be empty. Help over this page ends in HelpClosed.
+    std::function<void()> ShowMainMenu;
+
+    QString Title() const override { return QStringLiteral("Setup"); }
+    // Builds the view anew from the image.
+    void ComeToFront() override;
+    // Ends the Read loop, and an open digit entry without a trace.
+    void PutAway() override;
+    void Leave() override;
+    void HelpKey() override { view_.HelpKey(); }
+    QWidget* FirstFocus() override { return tabs_->tabBar(); }
+    // The view is built anew and comes back to the page on which help was asked for.
+    void HelpClosed();
+
+    const Binder& Bound() const { return bound_; }
+    DigitEntryDialog& Entry() { return *dialog_; }
+
+  protected:
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void AddPages();
+    void AddPage(void (*layOut)(SetupLayout&, QWidget*), std::string_view caption);
+    QWidget* MakeFoot();
+    void Connect();
+    void ShowAll();
+    void ShowTabs();
+    void MoveFocus(const Control& control);
+    void DropEntry();
+
+    SetupView& view_;
+    Binder bound_;
+    SetupLayout layout_;
+    DigitEntry entry_;
+    QTabWidget* tabs_;
+    DigitEntryDialog* dialog_;
+    bool showingTabs_ = false;
+};
+
+}  // namespace counter

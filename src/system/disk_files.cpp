@@ -1,0 +1,175 @@
+#include "system/disk_files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include "system/links.h"
+#include "system/system_status.h"
+#include "system/unfinished_file.h"
+
+namespace counter {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+Status StatusOf(const std::string& path, int error) {
+    return error == 0 ? Status{} : SystemStatus(path, error);
+}
+
+// No file of this program is longer than some lines; a device such as /dev/zero has no end.
+constexpr std::size_t kLargestFile = 64U << 20;
+
+// 0, or the system's error; EFBIG for a file that is too large to be one of ours.
+int ReadAll(int descriptor, std::string& content) {
+    char block[16384];
+    for (;;) {
+        const ssize_t size = read(descriptor, block, sizeof block);
+        if (size == 0) return 0;
+        if (content.size() > kLargestFile) return EFBIG;
+        if (size > 0) content.append(block, static_cast<std::size_t>(size));
+        if (size < 0 && errno != EINTR) return errno;
+    }
+}
+
+int WriteAll(int descriptor, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t size = write(descriptor, content.data(), content.size());
+        if (size > 0) content.remove_prefix(static_cast<std::size_t>(size));
+        if (size < 0 && errno != EINTR) return errno;
+    }
+    return 0;
+}
+
+// A device or pipe, or what the shell has put in the place of one: /dev/stdout may be a file that is being
+// written already and must not be replaced under the writer.
+bool IsStream(const std::string& path) {
+    struct stat there = {};
+    if (stat(path.c_str(), &there) != 0) return false;
+    if (!S_ISREG(there.st_mode)) return !S_ISDIR(there.st_mode);
+    return path.rfind("/dev/", 0) == 0 && lstat(path.c_str(), &there) == 0 && S_ISLNK(there.st_mode);
+}
+
+int WriteStream(const std::string& path, std::string_view content) {
+    const int descriptor = open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NOCTTY);
+    if (descriptor < 0) return errno;
+    const int error = WriteAll(descriptor, content);
+    return close(descriptor) != 0 && error == 0 ? errno : error;
+}
+
+std::string FolderOf(const std::string& path) {
+    const std::string folder = fs::path(path).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+// What the system would say to writing over `path`, or to a temporary beside it; 0 where it would allow both.
+int WhyNotReplace(const std::string& path) {
+    std::error_code ignored;
+    if (fs::is_directory(path, ignored)) return EISDIR;
+    if (faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 && errno != ENOENT) return errno;
+    return faccessat(AT_FDCWD, FolderOf(path).c_str(), W_OK | X_OK, AT_EACCESS) == 0 ? 0 : errno;
+}
+
+// The rename too must have reached the disk before anybody relies on the file: a backup is written before the
+// meter is. A file system that can't do this still has the old or the new file whole.
+void SyncFolderOf(const std::string& path) {
+    const int folder = open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0) return;
+    fsync(folder);
+    close(folder);
+}
+
+// Who may use the file does not change with it.
+void TakeOverMode(int handle, const std::string& path) {
+    struct stat there = {};
+    if (stat(path.c_str(), &there) == 0) fchmod(handle, there.st_mode & 0777);
+}
+
+int WriteWhole(const std::string& path, std::string_view content) {
+    if (const int error = WhyNotReplace(path)) return error;
+    UnfinishedFile file;
+    if (const int error = file.Open(FolderOf(path))) return error;
+    TakeOverMode(file.Handle(), path);
+    if (const int error = WriteAll(file.Handle(), content)) return error;
+    if (fsync(file.Handle()) != 0) return errno;
+    if (const int error = file.RenameTo(path)) return error;
+    SyncFolderOf(path);
+    return 0;
+}
+
+}  // namespace
+
+Status DiskFiles::Read(const std::string& path, std::string& content) const {
+    content.clear();
+    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    if (descriptor < 0) return SystemStatus(path, errno);
+    const int error = ReadAll(descriptor, content);
+    close(descriptor);
+    return StatusOf(path, error);
+}
+
+Status DiskFiles::Write(const std::string& path, std::string_view content) {
+    if (IsStream(path)) return StatusOf(path, WriteStream(path, content));
+    return StatusOf(path, WriteWhole(FollowLinks(path), content));
+}
+
+Status DiskFiles::Append(const std::string& path, std::string_view content) {
+    const int descriptor = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666);
+    if (descriptor < 0) return SystemStatus(path, errno);
+    struct stat before = {};
+    const bool regular = fstat(descriptor, &before) == 0 && S_ISREG(before.st_mode);
+    int error = WriteAll(descriptor, content);
+    // A disk that was full in the middle must not leave half a line.
+    if (error != 0 && regular && ftruncate(descriptor, before.st_size) != 0) error = errno;
+    if (close(descriptor) != 0 && error == 0) error = errno;
+    return StatusOf(path, error);
+}
+
+bool DiskFiles::Exists(const std::string& path) const {
+    return access(path.c_str(), F_OK) == 0;
+}
+
+Status DiskFiles::Remove(const std::string& path) {
+    return StatusOf(path, unlink(path.c_str()) == 0 ? 0 : errno);
+}
+
+Status DiskFiles::MakeFolder(const std::string& path) {
+    std::error_code error;
+    fs::create_directories(path, error);
+    return StatusOf(path, error.value());
+}
+
+Status DiskFiles::List(const std::string& path, std::vector<std::string>& names) const {
+    names.clear();
+    std::error_code error;
+    for (fs::directory_iterator entry(path, error), end; !error && entry != end; entry.increment(error)) {
+        names.push_back(entry->path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return StatusOf(path, error.value());
+}
+
+Status DiskFiles::MakeLink(const std::string& path, const std::string& target) {
+    struct stat there = {};
+    if (lstat(path.c_str(), &there) == 0 && !S_ISLNK(there.st_mode)) return SystemStatus(path, EEXIST);
+    const std::string beside = path + ".new";
+    unlink(beside.c_str());  // left by a run that was killed here
+    if (symlink(target.c_str(), beside.c_str()) != 0) return SystemStatus(path, errno);
+    if (rename(beside.c_str(), path.c_str()) == 0) return {};
+    const int error = errno;
+    unlink(beside.c_str());
+    return SystemStatus(path, error);
+}
+
+std::string DiskFiles::LinkTarget(const std::string& path) const {
+    std::error_code error;
+    return fs::read_symlink(path, error).string();
+}
+
+}  // namespace counter

@@ -1,0 +1,31 @@
+// DiskFiles: files of the system, written whole or not at all.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace counter {
+
+// Reasons are the system's bare texts, such as "No such file or directory"; the path stands beside them.
+class DiskFiles : public Files {
+  public:
+    Status Read(const std::string& path, std::string& content) const override;
+    // A temporary beside the file, flushed to disk and renamed over it. A symbolic link stays: what it names
+    // is replaced. A device or pipe (/dev/stdout) has no old content to keep and is written directly, at its
+    // end.
+    Status Write(const std::string& path, std::string_view content) override;
+    Status Append(const std::string& path, std::string_view content) override;
+    bool Exists(const std::string& path) const override;
+    // A link goes, not what it names; a folder is refused.
+    Status Remove(const std::string& path) override;
+    Status MakeFolder(const std::string& path) override;
+    Status List(const std::string& path, std::vector<std::string>& names) const override;
+    // At any moment the old or the new link stands there. Anything but a link is left and refused.
+    Status MakeLink(const std::string& path, const std::string& target) override;
+    std::string LinkTarget(const std::string& path) const override;
+};
+
+}  // namespace counter
