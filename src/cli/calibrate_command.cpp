@@ -67,8 +67,7 @@ int CalibrateCommand(const CommandCall& call) {
     if (!IsFrequency(call.Words[0])) {
         return RefuseCall(call, "HERTZ is a positive number without commas, such as 1000 or 59.94");
     }
-    if (StoredSettings(call).ModbusLink == 1)
-        return RefuseCall(call, "'calibrate' does not exist over Modbus");
+    if (StoredSettings(call).ModbusLink) return RefuseCall(call, "'calibrate' does not exist over Modbus");
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
     LinkState& state = link.Program().LinkState;

@@ -47,7 +47,7 @@ int CurveCommand(const CommandCall& call) {
     if (!board) return RefuseCall(call, "--board is 1 (main board) or 2 (V-F board)");
     CurveItems items;
     if (Status status = LoadPrm(call, items); !status.Ok()) return RefuseStatus(call, status);
-    if (StoredSettings(call).ModbusLink == 1)
+    if (StoredSettings(call).ModbusLink)
         return RefuseCall(call, "Cannot send the custom curve file when using the Modbus protocol.");
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;

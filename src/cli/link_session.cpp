@@ -73,7 +73,7 @@ LinkSession::~LinkSession() {
 int LinkSession::Begin() {
     const Status status = Start(session_);
     if (!status.Ok()) return RefuseStatus(call_, status);
-    if (session_.LinkState.EthernetMode == 1) return LogIn();
+    if (session_.LinkState.EthernetMode) return LogIn();
     if (session_.Settings.CommsEnabled > 0) return kDone;
     return RefuseStatus(
         call_, {StatusKind::Illegal, session_.Folder.At(kSettingsFile),

@@ -31,12 +31,12 @@ void OfflineSession::Begin(const SetupImage& image) {
         ReadSettings(session_.BringUp);
     } else {
         TakeIdentityOfImage();
-        if (session_.Identity.MeterType == 7) session_.Identity.NoPanelModel = 1;
+        if (!HasPanel(session_.Identity.MeterType)) session_.Identity.NoPanelModel = true;
     }
 }
 
 void OfflineSession::ImageIsFromMeter() {
-    session_.Identity.SetupFromMeter = 1;
+    session_.Identity.SetupFromMeter = true;
     TakeIdentityOfImage();
 }
 

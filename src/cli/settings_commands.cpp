@@ -26,7 +26,7 @@ Json SettingsJson(const Settings& settings) {
     }
     document["SettingsLine1"] = Utf8(settings.FileLines.SettingsLine1);
     document["SettingsLine2"] = Utf8(settings.FileLines.SettingsLine2);
-    document["EthernetMode"] = settings.EthernetMode;
+    document["EthernetMode"] = settings.EthernetMode ? 1 : 0;
     return document;
 }
 
@@ -51,7 +51,7 @@ int PrintSettings(const CommandCall& call) {
     } else {
         call.World.Out << SettingsTable(settings);
     }
-    if (settings.BaudIndex >= 0 || settings.EthernetMode == 1) return kDone;
+    if (settings.BaudIndex >= 0 || settings.EthernetMode) return kDone;
     return RefuseStatus(call, {StatusKind::Illegal, SettingsPath(call), kBaudDigitReason});
 }
 

@@ -72,7 +72,7 @@ Json ValuesJson(const DerivedValues& values) {
     return {{"InputOption", values.InputOption},
             {"ModeIndex", values.ModeIndex},
             {"FunctionIndex", values.FunctionIndex},
-            {"ExtendedMeter", values.ExtendedMeter},
+            {"ExtendedMeter", values.ExtendedMeter ? 1 : 0},
             {"DisplayType", values.DisplayType},
             {"ClockMode", values.ClockMode},
             {"DecPt1", values.DecPt1},
@@ -88,8 +88,8 @@ Json ValuesJson(const DerivedValues& values) {
             {"CommOption", values.CommOption},
             {"AnalogOption", values.AnalogOption},
             {"ProtocolCode", values.ProtocolCode},
-            {"PresetActive", values.PresetActive},
-            {"CutoffActive", values.CutoffActive}};
+            {"PresetActive", values.PresetActive ? 1 : 0},
+            {"CutoffActive", values.CutoffActive ? 1 : 0}};
 }
 
 // --- text ---

@@ -73,7 +73,7 @@ std::string NumberText(std::string reading) {
 
 bool HasStream(const CommandCall& call) {
     const Settings settings = StoredSettings(call);
-    return settings.ModbusLink == 0 && settings.EthernetMode == 0;
+    return !settings.ModbusLink && !settings.EthernetMode;
 }
 
 class StreamRun {

@@ -2,18 +2,17 @@
 #include "commands/commands_view.h"
 
 #include "link/exchange.h"
-#include "meter/setup_image.h"
+#include "meter/field_code.h"
+#include "meter/meter_words.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kTerminationPos = 187;  // bit 3: a line end behind each item
-constexpr int kModePos = 199;         // Mode in the high half, Function in the low one
-
-// Functions that need Item 3: Batch, the four that combine A and B, and the last one in Mode 0 alone.
+// Functions that need Item 3: Batch and those that combine A and B.
 bool TakesItem3(int mode, int function) {
-    return function == 2 || (function >= 11 && function <= 14) || (function == 15 && mode == 0);
+    return function == Function::Batch || (function >= Function::Sum && function <= Function::Ratio) ||
+           (mode == Mode::Rate && function == Function::RatioLessOne);
 }
 
 }  // namespace
@@ -65,7 +64,7 @@ void CommandsView::WireReading(Control& button, ReadingKind kind, Control& field
 void CommandsView::WireReset(Control& button, Request reset, const char* status) {
     Controls.On(button, [this, reset, status](Control&) {
         ShowStatus(status, ColorGreen);
-        if (Program.LinkState.ModbusLink == 0) {
+        if (!Program.LinkState.ModbusLink) {
             SendAscii(Program.Link, reset.Ascii);
             return;
         }
@@ -75,20 +74,20 @@ void CommandsView::WireReset(Control& button, Request reset, const char* status)
 }
 
 void CommandsView::Load() {
-    const bool modbus = Program.LinkState.ModbusLink == 1;
+    const bool modbus = Program.LinkState.ModbusLink;
     ClearFields();
     txtRmtDspy.Text.clear();
     rmtClearOnFocus_ = 0;
     lblErrText.Visible = lblModeC.Visible = false;
     cmdItm3Only.Enabled = cmdBoth.Enabled = true;
-    termEachItem_ = BitsGet(Program.Image, 3, 3, kTerminationPos);
+    termEachItem_ = CodeOf(Program.Image, Field::Cr);
     DisableTakenItem3();
     cmdC.Enabled = cmdActive.Enabled = cmdActiveP.Enabled = !modbus;
     Controls.TellChanged();
 }
 
 void CommandsView::Activate() {
-    cmdSendPRM.Enabled = Program.LinkState.ModbusLink != 1;
+    cmdSendPRM.Enabled = !Program.LinkState.ModbusLink;
     Controls.TellChanged();
 }
 
@@ -99,7 +98,7 @@ void CommandsView::Unload() {
 }
 
 void CommandsView::DisableTakenItem3() {
-    if (!TakesItem3(BitsGet(Program.Image, 7, 4, kModePos), BitsGet(Program.Image, 3, 0, kModePos))) return;
+    if (!TakesItem3(CodeOf(Program.Image, Field::Mode), CodeOf(Program.Image, Field::Function))) return;
     cmdItm3Only.Enabled = cmdBoth.Enabled = false;
     ShowStatus(
         "Remote display is unavailable for Item 3 because it is being used by the selected Mode/Function.",
@@ -130,7 +129,7 @@ bool CommandsView::Ask(ReadingKind kind) {
     const int opening = opening_;
     ReadSingle(Program.Link, kind);
     if (opening != opening_) return false;
-    if (Program.LinkState.PortFault != 1) return true;
+    if (!Program.LinkState.PortFault) return true;
     ShowStatus(kCommunicationsFailure, ColorRed);
     return false;
 }
@@ -153,7 +152,7 @@ void CommandsView::ClearFields() {
 }
 
 void CommandsView::OpenCurve() {
-    if (Program.LinkState.SerialProtocol != 0) {
+    if (Program.LinkState.SerialProtocol != Protocol::CustomAscii) {
         Program.Dialogs.Show({"", "Cannot send the custom curve file when using the Modbus protocol."});
     } else if (OpenSendCurve) {
         OpenSendCurve();

@@ -13,7 +13,7 @@ void CommandsView::WireRemote(Control& button, Request target, const char* statu
 // The line helps with Display Mode C, which is a matter of Custom ASCII alone.
 void CommandsView::WireHelpLine() {
     const auto showHelp = [this] {
-        if (Program.LinkState.ModbusLink == 0) lblModeC.Visible = true;
+        if (!Program.LinkState.ModbusLink) lblModeC.Visible = true;
     };
     Controls.On(txtRmtDspy, [showHelp](Control&) { showHelp(); });
     Controls.OnGotFocus(txtRmtDspy, [this, showHelp](Control& entry) {
@@ -29,7 +29,7 @@ void CommandsView::WireHelpLine() {
 // refused and stays in the field.
 void CommandsView::SendRemote(const Request& target, const char* status) {
     LinkState& link = Program.LinkState;
-    if (link.ModbusLink == 0) {
+    if (!link.ModbusLink) {
         ReportSending(status);
         link.CommandText = target.WithoutHead
                                ? txtRmtDspy.Text

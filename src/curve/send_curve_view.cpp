@@ -1,13 +1,13 @@
 #include "curve/send_curve_view.h"
 
-#include "meter/setup_image.h"
+#include "meter/field_code.h"
+#include "meter/mode_tables.h"
 #include "meter/text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kModePos = 199;  // the Mode, in bits 7..4: 8 to 10 are those of the V-F board
 constexpr std::size_t kMostNameLength = 8;
 
 constexpr const char* kCounterText =
@@ -39,14 +39,13 @@ constexpr const char* kOtherMeterText =
     "                    = 1   CUSTOM CURVE (EXTENDED METER ONLY)\n"
     "\n";
 
-// The Counter kinds, which alone have a second curve.
+// Counters alone have a second curve.
 bool HasTwoCurves(int meterType) {
-    return meterType == 3 || meterType == 7;
+    return IsCounterKind(meterType);
 }
 
 bool HasVFBoard(const SetupImage& image) {
-    const int mode = BitsGet(image, 7, 4, kModePos);
-    return mode >= 8 && mode <= 10;
+    return IsVfMode(CodeOf(image, Field::Mode));
 }
 
 }  // namespace

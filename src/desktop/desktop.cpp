@@ -76,7 +76,7 @@ bool Desktop::HoldExit() {
 }
 
 void Desktop::ShowFirst() {
-    if (session_.LinkState.NodeFirstRun == 0) return GoHome();
+    if (!session_.LinkState.NodeFirstRun) return GoHome();
     MakeNode();
     window_->ShowPage(nodePage_, false);
     window_->FocusFirst();

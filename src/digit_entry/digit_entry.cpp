@@ -17,8 +17,6 @@ namespace {
 // Between hiding the dialog and the refresh behind it, so that the screen is drawn first.
 constexpr double kBehindDialogMs = 10;
 
-constexpr int kVfConverter = 2;
-constexpr int kPulsesPerRevPos = 161;
 constexpr int kMostByte = 255;
 
 Control* AddControl(Form& form, ControlKind kind, const char* name, int index, const char* caption = "") {
@@ -62,7 +60,7 @@ DigitEntry::DigitEntry(const EntryWork& work) : Controls(work.State.SetupRefresh
 DigitLimits DigitEntry::Limits() const {
     const EntryState& state = work_.State;
     return {state.FieldType, state.FieldPos, work_.Derived.TimeEntry,
-            state.FieldType == kFreePointType && work_.Derived.InputOption != kVfConverter};
+            state.FieldType == kFreePointType && work_.Derived.InputOption != InputBoard::VfConverter};
 }
 
 void DigitEntry::OpenDigitEntry() {
@@ -101,14 +99,15 @@ int DigitEntry::OpeningDecimal(int pointPlace, int pointCode) const {
     switch (work_.State.FieldType) {
         case 0:
         case 1:
-            if (derived.CutoffActive == 1) return derived.DecPt1;
-            return work_.State.FieldType == 0 && work_.State.FieldPos == kPulsesPerRevPos ? 1 : 3;
+            if (derived.CutoffActive) return derived.DecPt1;
+            return work_.State.FieldType == 0 && work_.State.FieldPos == RowOf(Field::PulsesPerRev).Pos ? 1
+                                                                                                        : 3;
         case 2:
-            return derived.PresetActive == 1 ? derived.DecPt1 : pointCode;
+            return derived.PresetActive ? derived.DecPt1 : pointCode;
         case 3:
             return 6;
         case kFreePointType:
-            if (derived.InputOption == kVfConverter) return derived.ModeIndex == 9 ? 6 : 5;
+            if (derived.InputOption == InputBoard::VfConverter) return VfPointCode(derived.ModeIndex);
             return pointPlace == 0 ? 1 : 9 - pointPlace;
         case kByteType:
             return 1;
@@ -133,8 +132,8 @@ bool DigitEntry::StoreDigits() {
     EntryState& state = work_.State;
     state.FieldText.clear();
     for (int i = FirstBox(state.FieldType); i <= kLastBox; ++i) state.FieldText += Box(i).Text;
-    state.FieldText =
-        work_.Derived.TimeEntry > 0 ? StripBlanks(state.FieldText) : FirstPointOnly(state.FieldText);
+    state.FieldText = work_.Derived.TimeEntry > 0 ? WithoutBlanksAndPoints(state.FieldText)
+                                                  : FirstPointOnly(state.FieldText);
     if (state.FieldType == kByteType) {
         if (!StoreByte()) return false;
     } else {

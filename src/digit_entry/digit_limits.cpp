@@ -1,5 +1,7 @@
 #include "digit_entry/digit_limits.h"
 
+#include "meter/field_table.h"
+
 namespace counter {
 
 namespace {
@@ -12,10 +14,11 @@ bool IsDigitUpTo(char character, char highest) {
     return character >= '0' && character <= highest;
 }
 
-// The highest first digit of five: the meter's display stops at 19999, but positions 25 and 145 (the Cutoff
-// Value) reach 59999.
+// The highest first digit of five: the meter's display stops at 19999, but the Preset and the Cutoff Value
+// reach 59999.
 char HighestFirstDigit(int fieldPos) {
-    return fieldPos == 25 || fieldPos == 145 ? '5' : '1';
+    const bool high = fieldPos == RowOf(Field::Preset).Pos || fieldPos == RowOf(Field::CutoffValue).Pos;
+    return high ? '5' : '1';
 }
 
 char HighestDigit(const DigitLimits& limits, int box) {

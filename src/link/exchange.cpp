@@ -5,6 +5,7 @@
 #include "link/modbus_frame.h"
 #include "link/node_exchange.h"
 #include "link/waits.h"
+#include "meter/meter_words.h"
 
 namespace counter {
 
@@ -17,8 +18,6 @@ constexpr double kFirstPartMs = 200;
 // output may never fall silent; what came is then judged as it is, and found to have the wrong length.
 constexpr double kLongestReplyMs = 30'000;
 
-constexpr int kModbusRtu = 1;
-
 std::string TrimBlanks(const std::string& text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string::npos) return {};
@@ -26,18 +25,19 @@ std::string TrimBlanks(const std::string& text) {
 }
 
 void BuildFrame(LinkState& link) {
-    if (link.ModbusLink == 0) {
+    if (!link.ModbusLink) {
         link.CommandText = FrameAscii(link.CommandText);
         return;
     }
     link.ModbusPayload = link.ModbusAddressHex + link.ModbusPayload;
-    if (link.EthernetMode == 1) {
+    if (link.EthernetMode) {
         link.TransactionId = NextTransaction(link.TransactionId);
         link.CommandText = FrameModbusTcp(link.ModbusPayload, link.TransactionId);
         return;
     }
-    link.CommandText = link.SerialProtocol == kModbusRtu ? FrameRtu(link.ModbusPayload, link.CrcTableFixed)
-                                                         : FrameModbusAscii(link.ModbusPayload);
+    link.CommandText = link.SerialProtocol == Protocol::ModbusRtu
+                           ? FrameRtu(link.ModbusPayload, link.CrcTableFixed)
+                           : FrameModbusAscii(link.ModbusPayload);
 }
 
 bool WaitForFirstCharacter(Link& link) {
@@ -71,7 +71,7 @@ std::string TakeUntilSilence(Link& link) {
 
 // Half duplex adapters send back what was sent, check fields and line end included.
 bool RemoveEcho(LinkState& link, std::string& reply) {
-    if (link.EchoMode != 1) return true;
+    if (!link.EchoMode) return true;
     if (reply.compare(0, link.CommandText.size(), link.CommandText) != 0) {
         link.LinkError = LinkErrors::kNoEcho;
         return false;
@@ -81,11 +81,11 @@ bool RemoveEcho(LinkState& link, std::string& reply) {
 }
 
 bool Judge(LinkState& link, const std::string& reply) {
-    if (link.ModbusLink == 0) {
+    if (!link.ModbusLink) {
         JudgeAscii(link, reply);
         return link.LinkError == LinkErrors::kGood;
     }
-    return link.SerialProtocol == kModbusRtu ? JudgeRtu(link, reply) : JudgeModbusAscii(link, reply);
+    return link.SerialProtocol == Protocol::ModbusRtu ? JudgeRtu(link, reply) : JudgeModbusAscii(link, reply);
 }
 
 }  // namespace
@@ -100,7 +100,7 @@ void SendCommand(Link& link) {
     state.CommandText = command;
     state.ModbusPayload = payload;
     BuildFrame(state);
-    if (state.EthernetMode == 1) return SendThroughNode(link);
+    if (state.EthernetMode) return SendThroughNode(link);
     if (link.Port.InBufferCount() != 0) state.RawReply = link.Port.Input();
     link.Port.SetRtsEnable(true);
     link.Port.Input();
@@ -113,7 +113,7 @@ void SendCommand(Link& link) {
 void ReceiveReply(Link& link) {
     LinkState& state = link.State;
     const std::string sent = state.CommandText;
-    if (state.EthernetMode == 1) {
+    if (state.EthernetMode) {
         ReceiveThroughNode(link);
         if (state.LinkError == LinkErrors::kGood) state.ReplyText = TrimBlanks(state.ReplyText);
         return;
@@ -145,8 +145,8 @@ void AskModbus(Link& link, std::string_view payload) {
 }
 
 int ModbusExtraDigits(const LinkState& link) {
-    if (link.EthernetMode == 1) return 0;
-    return link.SerialProtocol == kModbusRtu ? 4 : 2;
+    if (link.EthernetMode) return 0;
+    return link.SerialProtocol == Protocol::ModbusRtu ? 4 : 2;
 }
 
 }  // namespace counter

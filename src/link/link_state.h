@@ -16,25 +16,25 @@ struct LinkState {
     std::string RawReply;   // the reply before trimming
     bool ReplyHadEnd = false;  // Custom ASCII: a CR or LF stood behind it
     int LinkError = 0;         // 0 good, see link_error.h
-    int PortFault = 0;         // 1: WaitForInput met a port error
+    bool PortFault = false;    // WaitForInput met a port error
 
     // Through the node.
-    std::string NodeReply;  // what arrived last; empty: nothing yet
-    int TransactionId = 0;  // of the last Modbus request, 1..65535
-    int NodeFirstRun = 0;   // 1: the login of this run is still to come
+    std::string NodeReply;      // what arrived last; empty: nothing yet
+    int TransactionId = 0;      // of the last Modbus request, 1..65535
+    bool NodeFirstRun = false;  // the login of this run is still to come
 
     // Write frames of the last Put that have gone out, by command ("WR1A") or by function and first register.
     std::vector<std::string> FramesWritten;
 
     // How the meter is reached; from the settings.
-    int ModbusLink = 0;      // 0 Custom ASCII, 1 Modbus of either kind
-    int SerialProtocol = 0;  // 0 Custom ASCII, 1 Modbus RTU, 2 Modbus ASCII
-    int ParityIndex = 0;     // 0 none, 1 odd, 2 even
-    int EthernetMode = 0;    // 1: through the node
-    int EchoMode = 0;        // 1: the line echoes every character sent
-    int BaudIndex = 0;       // index into BaudTable
-    int LongWakeUp = 0;      // 1: the long wake-up string
-    float CharTimeMs = 0;    // eleven bit times; 0 in Ethernet mode
+    bool ModbusLink = false;    // Modbus of either kind; else Custom ASCII
+    int SerialProtocol = 0;     // Protocol
+    int ParityIndex = 0;        // Parity
+    bool EthernetMode = false;  // through the node
+    bool EchoMode = false;      // the line echoes every character sent
+    int BaudIndex = 0;          // index into BaudTable
+    bool LongWakeUp = false;    // the long wake-up string
+    float CharTimeMs = 0;       // eleven bit times; 0 in Ethernet mode
     char MeterAddressChar = '0';
     std::string ModbusAddressHex = "01";
 

@@ -50,7 +50,7 @@ bool NodeClient::CheckConnected() {
 
 void NodeClient::SendFrame(std::string_view frame) {
     state_.NodeReply.clear();
-    state_.NodeFirstRun = 0;
+    state_.NodeFirstRun = false;
     sockets_.Tcp.Send(frame);
 }
 

@@ -33,7 +33,7 @@ void ReceiveThroughNode(Link& link) {
         if (link.Node->CheckConnected()) state.LinkError = LinkErrors::kNodeNoReply;
         return;
     }
-    if (state.ModbusLink == 0) {
+    if (!state.ModbusLink) {
         JudgeNodeAscii(state, std::exchange(state.NodeReply, {}));
     } else {
         JudgeModbusTcp(state, state.NodeReply);

@@ -1,23 +1,23 @@
 #include "link/port_setup.h"
 
 #include "link/waits.h"
-#include "meter/baud_table.h"
+#include "meter/meter_words.h"
 
 namespace counter {
 
 std::string PortSettingsText(const LinkState& link) {
     std::string text(BaudTable[static_cast<std::size_t>(link.BaudIndex)]);
-    if (link.ModbusLink == 0) return text + ",n,8,1";
+    if (!link.ModbusLink) return text + ",n,8,1";
     constexpr std::string_view kParities = "noe";
     text += ",";
     text += kParities.substr(static_cast<std::size_t>(link.ParityIndex), 1);
-    text += "," + std::to_string(9 - link.SerialProtocol);
-    text += "," + std::to_string(link.ParityIndex > 0 ? 1 : 2);
+    text += link.SerialProtocol == Protocol::ModbusAscii ? ",7" : ",8";
+    text += "," + std::to_string(link.ParityIndex == Parity::None ? 2 : 1);
     return text;
 }
 
 Status OpenPort(Link& link, const Settings& settings) {
-    link.State.EchoMode = settings.CommsEnabled - 1;
+    link.State.EchoMode = settings.CommsEnabled == Comms::EchoingLink;
     if (link.Port.PortOpen()) link.Port.Close();
     link.Port.SetCommPort(settings.CommPortNumber);
     if (Status status = link.Port.SetSettings(PortSettingsText(link.State)); !status.Ok()) return status;

@@ -3,7 +3,7 @@
 #include <charconv>
 
 #include "link/port_setup.h"
-#include "meter/baud_table.h"
+#include "meter/meter_words.h"
 
 namespace counter {
 
@@ -23,7 +23,7 @@ void TakeLinkState(const Settings& settings, LinkState& state) {
     state.ParityIndex = settings.ParityIndex;
     state.EthernetMode = settings.EthernetMode;
     state.BaudIndex = settings.BaudIndex;
-    state.LongWakeUp = settings.LongWakeUp;
+    state.LongWakeUp = settings.LongWakeUp == 1;
     state.MeterAddressChar = settings.MeterAddressChar;
     state.ModbusAddressHex = settings.ModbusAddressHex;
 }
@@ -31,11 +31,11 @@ void TakeLinkState(const Settings& settings, LinkState& state) {
 void TakeIdentity(const Settings& settings, MeterIdentity& identity) {
     identity.MeterType = settings.MeterType;
     identity.FirmwareVersion = settings.FirmwareVersion;
-    if (settings.MeterType == 7) identity.NoPanelModel = 1;
+    if (!HasPanel(settings.MeterType)) identity.NoPanelModel = true;
 }
 
 void RefuseOtherPrograms(const Settings& settings, Dialogs& dialogs, Pump& pump) {
-    if (settings.ProgramKind != kWrongProgram) return;
+    if (settings.ProgramKind != ProgramKind::OtherProgram) return;
     dialogs.Show(
         {"Program Error", "Wrong Tolvane program for this meter.  Please terminate program.", BoxIcon::None});
     pump.EndProcess(kWrongProgramExit);
@@ -53,13 +53,13 @@ Status ReadSettings(const BringUp& bringUp) {
     RefuseOtherPrograms(settings, bringUp.Dialogs, link.Pump);
     TakeLinkState(settings, link.State);
     TakeIdentity(settings, bringUp.Identity);
-    if (settings.EthernetMode == 1) return {};
+    if (settings.EthernetMode) return {};
     if (const std::string reason = IllegalLine(settings); !reason.empty())
         return {StatusKind::Illegal, path, reason};
-    if (settings.CommsEnabled > 0) {
+    if (settings.CommsEnabled != Comms::NoLink) {
         if (Status status = OpenPort(link, settings); !status.Ok()) return status;
     } else {
-        bringUp.Identity.SetupFromMeter = 0;
+        bringUp.Identity.SetupFromMeter = false;
     }
     link.State.CharTimeMs = CharacterTime(settings.BaudIndex);
     return {};

@@ -50,7 +50,7 @@ void AskValue(Link& link, std::string_view command) {
 void ReadSingle(Link& link, ReadingKind kind) {
     const SingleReading& reading = kSingleReadings[static_cast<std::size_t>(kind)];
     LinkState& state = link.State;
-    if (state.ModbusLink == 0) {
+    if (!state.ModbusLink) {
         AskValue(link, reading.AsciiCommand);
         if (!IsLine(kind)) state.RawReply = state.ReplyText;
     } else if (!reading.ModbusPayload.empty()) {

@@ -17,7 +17,7 @@ void Pause(Link& link, double ms, const char* reason) {
 }  // namespace
 
 void LinkDelay(Link& link, double ms) {
-    Pause(link, link.State.EthernetMode == 1 ? ms + kNodeExtraMs : ms, "link delay");
+    Pause(link, link.State.EthernetMode ? ms + kNodeExtraMs : ms, "link delay");
 }
 
 void Delay(Link& link, float seconds) {
@@ -26,11 +26,11 @@ void Delay(Link& link, float seconds) {
 }
 
 void WaitForInput(Link& link) {
-    link.State.PortFault = 0;
+    link.State.PortFault = false;
     const double deadline = link.Pump.NowMs() + 1000;
     link.Pump.WaitUntil(
         deadline, [&] { return link.Port.Faulted() || link.Port.InBufferCount() != 0; }, "wait for input");
-    if (link.Port.Faulted()) link.State.PortFault = 1;
+    link.State.PortFault = link.Port.Faulted();
 }
 
 void WaitForOutput(Link& link) {
@@ -39,13 +39,13 @@ void WaitForOutput(Link& link) {
 }
 
 bool SerialLineHolds(Link& link) {
-    if (link.State.EthernetMode == 1 || !link.Port.Faulted()) return true;
+    if (link.State.EthernetMode || !link.Port.Faulted()) return true;
     link.State.LinkError = LinkErrors::kPortFault;
     return false;
 }
 
 bool LineHolds(Link& link) {
-    if (link.State.EthernetMode != 1) return SerialLineHolds(link);
+    if (!link.State.EthernetMode) return SerialLineHolds(link);
     if (link.Node->Connected() && !link.Node->Lost()) return true;
     link.State.LinkError = LinkErrors::kPortFault;
     return false;

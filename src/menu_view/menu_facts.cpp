@@ -1,64 +1,40 @@
 #include "menu_view/menu_facts.h"
 
-#include "meter/firmware_rules.h"
+#include "meter/boards.h"
+#include "meter/field_code.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kNoPanelMeter = 7;
-
-int RelayOptionOf(const SetupImage& image) {
-    constexpr std::array<int, 4> kOptions = {0, 2, 1, 1};
-    return kOptions[static_cast<std::size_t>(BitsGet(image, 6, 5, 193))];
-}
-
-// A meter without a panel has the best board of its version, whatever its setup says.
-int AnalogOptionOf(const SetupImage& image, const MeterIdentity& meter) {
-    if (meter.MeterType != kNoPanelMeter) return ByteGet(image, 143);
-    if (HasOnly12BitAnalog(meter.FirmwareVersion)) return 1;
-    return BipolarAnalogOffered(meter.FirmwareVersion) ? 3 : 2;
-}
-
-bool HasPreset(const MenuFacts& facts) {
-    return facts.IsPair(2, 4) || facts.IsPair(2, 9) || facts.IsPair(12, 0);
-}
+constexpr int kFirstCurve = 2;  // of Meter Class and Custom Curve
 
 bool HidesCoordinates(const MenuFacts& facts, const SetupImage& image) {
-    bool curve = BitsGet(image, 3, 3, 185) == 1;
-    int mode = facts.Mode();
+    if (CodeOf(image, Field::ClassAndCurve) < kFirstCurve) return false;
     int function = facts.Function();
-    return curve && (facts.IsPair(0, 3) || (mode < 3 && function == 1) ||
-                     (mode >= 8 && function != 0 && function != 2));
+    if (facts.IsPair(Mode::Rate, Function::RateAndTotal)) return true;
+    if (facts.Mode() <= Mode::Total) return function == Function::AOnly;
+    return facts.Mode() >= Mode::Vf4To20mA && function != Function::AandB && function != Function::Batch;
 }
 
 bool ReadsAtZero(const MenuFacts& facts, const SetupImage& image) {
-    int mode = facts.Mode();
-    bool never = mode == 2 || mode == 4 || mode == 5 || mode == 6 || mode == 12 ||
-                 (facts.IsVfMode() && facts.Function() == 2);
-    return BitsGet(image, 1, 1, 185) == 1 && !never;
+    bool vfBatch = facts.IsVfMode() && facts.Function() == Function::Batch;
+    bool never = (facts.NeverTakesRoot() && facts.Mode() != Mode::DutyCycle) || vfBatch;
+    return CodeOf(image, Field::SquareRoot) == 1 && !never;
 }
 
 // The panel has no point code 0.
-void RepairPoint(SetupImage& image, int hiBit, int loBit, int& decPt) {
+void RepairPoint(SetupImage& image, Field field, int& decPt) {
     if (decPt != 0) return;
     decPt = 1;
-    BitsPut(image, hiBit, loBit, 151, decPt);
+    PutCode(image, field, decPt);
 }
 
 void ReadPoints(MenuFacts& facts, SetupImage& image) {
     DerivedValues& values = facts.Values;
-    if (facts.ShowsPoint1()) RepairPoint(image, 2, 0, values.DecPt1);
-    if (facts.ShowsPoint2()) RepairPoint(image, 6, 4, values.DecPt2);
+    if (facts.ShowsPoint1()) RepairPoint(image, Field::DecimalPoint1, values.DecPt1);
+    if (facts.ShowsPoint2()) RepairPoint(image, Field::DecimalPoint2, values.DecPt2);
     ItemDecPtMap(values);
-    bool oneResult = facts.Combines() || facts.IsPair(0, 15) || facts.IsPair(12, 1);
-    facts.Item2Dp = oneResult ? values.DecPt1 : values.DecPt2;
-    auto pointOfSource = [&](int hiBit, int pos) {
-        return values.ItemDecPts[static_cast<std::size_t>(BitsGet(image, hiBit, hiBit - 1, pos))];
-    };
-    facts.AlarmPoints = {pointOfSource(7, 169), pointOfSource(5, 169), pointOfSource(3, 169),
-                         pointOfSource(1, 169)};
-    facts.AnalogPoints = {pointOfSource(1, 167), pointOfSource(5, 167)};
 }
 
 }  // namespace
@@ -67,19 +43,19 @@ MenuFacts ReadMenuFacts(SetupImage& image, const MeterIdentity& meter, const Der
     MenuFacts facts;
     facts.FirmwareVersion = meter.FirmwareVersion;
     facts.Values = DeriveFromImage(image, meter.FirmwareVersion, meter.MeterType);
-    facts.Values.RelayOption = RelayOptionOf(image);
-    facts.Values.CommOption = BitsGet(image, 4, 3, 193);
-    facts.Values.AnalogOption = AnalogOptionOf(image, meter);
-    facts.Values.PresetActive = HasPreset(facts) ? 1 : 0;
+    facts.Values.RelayOption = MenuRelayBoard(image);
+    facts.Values.CommOption = MenuCommBoard(image);
+    facts.Values.AnalogOption = MenuAnalogBoard(image, meter.FirmwareVersion, meter.MeterType);
+    facts.Values.PresetActive = CountsBothWays(facts.Mode(), facts.Function());
     facts.Values.ClockMode = shared.ClockMode;
     facts.Values.ItemDecPts[3] = shared.ItemDecPts[3];
 
-    facts.Coordinates1 = BitsGet(image, 5, 5, 197) == 1;
-    facts.Coordinates2 = BitsGet(image, 4, 4, 197) == 1;
-    facts.CutoffDisabled = BitsGet(image, 0, 0, 185) == 1;
+    facts.Coordinates1 = CodeOf(image, Field::Group1Form) == 1;
+    facts.Coordinates2 = CodeOf(image, Field::Group2Form) == 1;
+    facts.CutoffDisabled = CodeOf(image, Field::CutoffEnable) == 1;
     facts.CoordHidden = HidesCoordinates(facts, image);
     facts.Rd0Flag = ReadsAtZero(facts, image);
-    facts.DeviationCode = BitsGet(image, 5, 3, 201);
+    facts.DeviationCode = CodeOf(image, Field::DeviationCode);
     ReadPoints(facts, image);
     return facts;
 }

@@ -1,8 +1,6 @@
 // MenuFacts: what the menu takes from the image as a whole before it builds its rows.
 #pragma once
 
-#include <array>
-
 #include "meter/derived_values.h"
 #include "meter/meter_identity.h"
 #include "meter/mode_tables.h"
@@ -11,9 +9,8 @@
 namespace counter {
 
 struct MenuFacts {
-    // As the Setup view has them, apart from these. RelayOption is byte 193 alone, whatever the meter's kind;
-    // CommOption is the stored code 0..3; AnalogOption is the board that the panel of a meter of this kind
-    // and version knows; PresetActive asks for neither Time Out nor Display Type.
+    // As the Setup view has them, apart from the boards, which are those of the menu (boards.h), and
+    // PresetActive, which asks for neither Time Out nor Display Type.
     DerivedValues Values;
     int FirmwareVersion = 0;
 
@@ -24,19 +21,19 @@ struct MenuFacts {
     bool Rd0Flag = false;         // a square root, with its reading at zero input
     int DeviationCode = 0;        // 0..7, of alarms 1 and 2
 
-    // Point codes, 1..6 once decoded.
-    int Item2Dp = 0;                    // of the values of group 2
-    std::array<int, 4> AlarmPoints{};   // of alarms 1 to 4
-    std::array<int, 2> AnalogPoints{};  // of both outputs
-
     int Mode() const { return Values.ModeIndex; }
     int Function() const { return Values.FunctionIndex; }
     bool IsPair(int mode, int function) const { return Mode() == mode && Function() == function; }
     bool IsVfMode() const { return counter::IsVfMode(Mode()); }
-    bool Combines() const { return Function() >= 11 && Function() <= 14; }  // A with B: + - . /
+    // One result of both scaling groups: A with B, CW with CCW.
+    bool HasOneResult() const { return Values.ItemLevel == 2; }
+    bool NeverTakesRoot() const {
+        return Mode() == Mode::Total || Mode() == Mode::Quadrature ||
+               (Mode() >= Mode::TimeInterval && Mode() <= Mode::DutyCycle);
+    }
 
     // The meter shows points at all: a clock has colons in their place.
-    bool ShowsPoint1() const { return Values.DisplayType != 5; }
+    bool ShowsPoint1() const { return Values.DisplayType != DisplayType::Clock; }
     bool ShowsPoint2() const { return ShowsPoint1() && Values.ItemCount >= 2; }
 };
 

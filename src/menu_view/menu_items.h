@@ -9,24 +9,10 @@
 
 #include "menu_view/menu_cells.h"
 #include "menu_view/menu_facts.h"
+#include "meter/field_table.h"
 #include "meter/setup_image.h"
 
 namespace counter {
-
-// Where the decimal point of a value comes from.
-enum class MenuPoint {
-    Code1,
-    Code3,
-    Code6,  // also of what ignores it
-    DecPt1,
-    Item2,  // of scaling group 2
-    Alarm1,
-    Alarm2,
-    Alarm3,
-    Alarm4,
-    Analog1,
-    Analog2,
-};
 
 enum class ValueForm {
     Plain,
@@ -35,11 +21,9 @@ enum class ValueForm {
     Clock,          // hours, minutes, seconds where the meter shows a clock
 };
 
-// A value of the image: type code of the menu's form (10 and above), position, point.
+// A value of the image; its type code, position and point are those of the field table.
 struct MenuValue {
-    int Type = 0;
-    int Pos = 0;
-    MenuPoint Point = MenuPoint::Code1;
+    Field Of = Field::Count;
     ValueForm Form = ValueForm::Plain;
 };
 
@@ -74,9 +58,8 @@ std::span<const MenuItem> MenuItems();
 struct SetpointItem {
     std::string_view Name;
     MenuValue Value;
-    int StatePos;          // byte with the alarm's state
-    int DisabledBit;       // its bit that says that the alarm is disabled
-    int LeastRelayOption;  // boards that have the alarm: 1 any, 2 the one with four relays
+    Field AlarmState;
+    int LeastRelayOption;  // RelayBoard that has the alarm: any, or the one with four relays
 };
 
 std::span<const SetpointItem> SetpointItems();

@@ -5,6 +5,8 @@
 #include <array>
 #include <string_view>
 
+#include "meter/meter_words.h"
+
 namespace counter {
 
 // By Mode; six characters, empty where there is no such Mode.
@@ -24,21 +26,25 @@ struct MnemonicOfMode {
 };
 
 // Functions that a Mode spells in its own way.
-inline constexpr auto kOwnMnemonics = std::to_array<MnemonicOfMode>({{4, 1, "A to b"},
-                                                                     {4, 2, " 1/Ab "},
-                                                                     {5, 0, "A to A"},
-                                                                     {5, 1, "A to b"},
-                                                                     {5, 2, " 1/AA "},
-                                                                     {5, 3, " 1/Ab "},
-                                                                     {6, 1, " 0-360"},
-                                                                     {6, 2, " -180+"},
-                                                                     {7, 1, "A to b"},
-                                                                     {7, 2, " 1/Ab "},
-                                                                     {8, 15, "  1/A "},
-                                                                     {9, 15, "  1/A "},
-                                                                     {10, 15, "  1/A "},
-                                                                     {12, 0, " totAL"},
-                                                                     {12, 1, "  rAtE"}});
+// clang-format off
+inline constexpr auto kOwnMnemonics = std::to_array<MnemonicOfMode>({
+    {Mode::TimeInterval,Function::TimeAToB,              "A to b"},
+    {Mode::TimeInterval,Function::TimeInverse,           " 1/Ab "},
+    {Mode::Stopwatch,   Function::StopwatchAToA,         "A to A"},
+    {Mode::Stopwatch,   Function::StopwatchAToB,         "A to b"},
+    {Mode::Stopwatch,   Function::StopwatchInverseAToA,  " 1/AA "},
+    {Mode::Stopwatch,   Function::StopwatchInverseAToB,  " 1/Ab "},
+    {Mode::Phase,       Function::Phase0To360,           " 0-360"},
+    {Mode::Phase,       Function::PhasePlusMinus180,     " -180+"},
+    {Mode::DutyCycle,   Function::DutyCycleAToB,         "A to b"},
+    {Mode::DutyCycle,   Function::DutyCycleInverse,      " 1/Ab "},
+    {Mode::Vf4To20mA,   Function::VfInverseRate,         "  1/A "},
+    {Mode::Vf0To1mA,    Function::VfInverseRate,         "  1/A "},
+    {Mode::Vf0To10V,    Function::VfInverseRate,         "  1/A "},
+    {Mode::Quadrature,  Function::QuadratureTotal,       " totAL"},
+    {Mode::Quadrature,  Function::QuadratureRate,        "  rAtE"},
+});
+// clang-format on
 
 // By the code of a multiplier; seven characters.
 inline constexpr std::array<std::string_view, 11> kMultipliers = {"0.00001", " 0.0001", "  0.001", "   0.01",

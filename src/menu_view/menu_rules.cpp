@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "menu_view/menu_mnemonics.h"
-#include "meter/deviation_code.h"
+#include "meter/field_code.h"
 
 namespace counter {
 
@@ -17,16 +17,14 @@ std::string BlankAnd(std::string_view text) {
 bool OffersCurve(const MenuFacts& facts) {
     int mode = facts.Mode();
     int function = facts.Function();
-    if (mode == 0) return function == 1 || function == 3;
-    if (mode == 1 || mode == 2 || facts.IsVfMode()) {
-        return function == 1 || function == 3 || function == 4 || (function >= 8 && function <= 10) ||
-               function == 15;
+    if (mode == Mode::Rate) return function == Function::AOnly || function == Function::RateAndTotal;
+    if (mode == Mode::Period || mode == Mode::Total || facts.IsVfMode()) {
+        return function == Function::AOnly || function == Function::RateAndTotal ||
+               function == Function::AMinusBUpDown ||
+               (function >= Function::VfBurst && function <= Function::InhibitControl) ||
+               function == Function::VfInverseRate;
     }
-    return facts.IsPair(6, 2);
-}
-
-bool NeverTakesRoot(int mode) {
-    return mode == 2 || (mode >= 4 && mode <= 7) || mode == 12;
+    return IsPhasePlusMinus180(mode, function);
 }
 
 std::string_view MarkOf(int deviationType) {
@@ -49,7 +47,7 @@ std::string Point2Text(const SetupImage&, const MenuFacts& facts) {
 }
 
 std::string ResolutionText(const SetupImage& image, const MenuFacts&) {
-    return std::string(EntryOrBlank(kMultipliers, BitsGet(image, 3, 0, 155)));
+    return std::string(EntryOrBlank(kMultipliers, CodeOf(image, Field::Resolution)));
 }
 
 void CorrectSetup(const MenuFacts& facts, MenuDigits& digits) {
@@ -59,9 +57,10 @@ void CorrectSetup(const MenuFacts& facts, MenuDigits& digits) {
 void CorrectConfig(const MenuFacts& facts, MenuDigits& digits) {
     int& curve = digits[3];
     int& root = digits[4];
-    if (curve >= 3 && facts.Values.InputOption != 2) curve = 2;  // curve 2 is one of the V-F board
-    if (curve >= 2 && !OffersCurve(facts)) curve = 1;
-    if (curve > 1 || NeverTakesRoot(facts.Mode())) root = 0;
+    constexpr int kNoCurve = 1, kCurve1 = 2;
+    if (curve > kCurve1 && facts.Values.InputOption != InputBoard::VfConverter) curve = kCurve1;
+    if (curve > kNoCurve && !OffersCurve(facts)) curve = kNoCurve;
+    if (curve > kNoCurve || facts.NeverTakesRoot()) root = 0;
 }
 
 void CorrectDisplayItem(const MenuFacts& facts, MenuDigits& digits) {
@@ -69,7 +68,7 @@ void CorrectDisplayItem(const MenuFacts& facts, MenuDigits& digits) {
 }
 
 void CorrectSources(const MenuFacts& facts, MenuDigits& digits) {
-    if (facts.Values.RelayOption != 2) digits[4] = digits[5] = kBlankDigit;
+    if (facts.Values.RelayOption != RelayBoard::FourRelays) digits[4] = digits[5] = kBlankDigit;
 }
 
 // The four bits are two states of two bits each, 0 to 2, and the panel counts them as one digit 0 to 8:
@@ -81,7 +80,7 @@ void CorrectAlarmStates(const MenuFacts&, MenuDigits& digits) {
 }
 
 void CorrectAnalog(const MenuFacts& facts, MenuDigits& digits) {
-    if (facts.Values.AnalogOption != 4) digits[2] = digits[3] = kBlankDigit;
+    if (facts.Values.AnalogOption != AnalogBoard::Dual16Bit) digits[2] = digits[3] = kBlankDigit;
 }
 
 std::string_view Deviation1Mark(const SetupImage&, const MenuFacts& facts) {
@@ -93,15 +92,15 @@ std::string_view Deviation2Mark(const SetupImage&, const MenuFacts& facts) {
 }
 
 std::string_view Deviation3Mark(const SetupImage& image, const MenuFacts&) {
-    return MarkOf(BitsGet(image, 3, 3, 229));
+    return MarkOf(CodeOf(image, Field::Deviation3Type));
 }
 
 std::string_view Deviation4Mark(const SetupImage& image, const MenuFacts&) {
-    return MarkOf(BitsGet(image, 4, 4, 229));
+    return MarkOf(CodeOf(image, Field::Deviation4Type));
 }
 
 std::string_view FirstOutput(const SetupImage&, const MenuFacts& facts) {
-    return facts.Values.AnalogOption == 4 ? " 1" : "";
+    return facts.Values.AnalogOption == AnalogBoard::Dual16Bit ? " 1" : "";
 }
 
 }  // namespace counter

@@ -5,6 +5,7 @@
 #include "menu_view/menu_facts.h"
 #include "menu_view/menu_items.h"
 #include "menu_view/menu_mnemonics.h"
+#include "meter/field_code.h"
 #include "meter/value_codec.h"
 
 namespace counter {
@@ -31,41 +32,18 @@ MenuRow HeaderRow(std::string_view name) {
     return {name, {"S", "1", "2", "3", "4", "5", "6"}};
 }
 
-int PointOf(const MenuFacts& facts, MenuPoint point) {
-    switch (point) {
-        case MenuPoint::Code1:
-            return 1;
-        case MenuPoint::Code3:
-            return 3;
-        case MenuPoint::Code6:
-            return 6;
-        case MenuPoint::DecPt1:
-            return facts.Values.DecPt1;
-        case MenuPoint::Item2:
-            return facts.Item2Dp;
-        case MenuPoint::Alarm1:
-            return facts.AlarmPoints[0];
-        case MenuPoint::Alarm2:
-            return facts.AlarmPoints[1];
-        case MenuPoint::Alarm3:
-            return facts.AlarmPoints[2];
-        case MenuPoint::Alarm4:
-            return facts.AlarmPoints[3];
-        case MenuPoint::Analog1:
-            return facts.AnalogPoints[0];
-        case MenuPoint::Analog2:
-            return facts.AnalogPoints[1];
-    }
-    return 1;
-}
-
+// In the menu's form of the value, whose type codes are those of the field table and ten more.
 std::string TextOf(const SetupImage& image, const MenuFacts& facts, const MenuValue& value, bool clock) {
-    ValueContext context{facts.Values.InputOption, facts.Values.ModeIndex, clock ? 2 : 0};
-    return ValueText(image, context, value.Type, value.Pos, PointOf(facts, value.Point));
+    constexpr int kMenuForm = 10;
+    const FieldRow& row = RowOf(value.Of);
+    ValueContext context{facts.Values.InputOption, facts.Values.ModeIndex,
+                         clock ? TimeEntry::Seconds : TimeEntry::None};
+    return ValueText(image, context, row.ValueCode + kMenuForm, row.Pos,
+                     PointCode(image, facts.Values, row, PointOfSource::AsStored));
 }
 
 bool ShowsClock(const MenuFacts& facts) {
-    return facts.Values.ClockMode == 5;
+    return facts.Values.ClockMode == DisplayType::Clock;
 }
 
 MenuCells ValueCells(const SetupImage& image, const MenuFacts& facts, const MenuValue& value) {
@@ -74,7 +52,7 @@ MenuCells ValueCells(const SetupImage& image, const MenuFacts& facts, const Menu
     if (value.Form == ValueForm::BlanksInFront) text.insert(0, "  ");
     if (value.Form == ValueForm::BlanksBehind) text.append("  ");
     // Any Mode with a clock display has its points, not only a stopwatch whose value is one.
-    bool clockPoints = clock && facts.Values.DisplayType == 5;
+    bool clockPoints = clock && facts.Values.DisplayType == DisplayType::Clock;
     return CellsOfValue(text, clockPoints ? CellPoints::Clock : CellPoints::Inside);
 }
 
@@ -104,8 +82,8 @@ MenuCells CellsOf(const SetupImage& image, const MenuFacts& facts, const MenuIte
     return {};
 }
 
-DigitCells MultiplierCells(const SetupImage& image, int hiBit, int loBit) {
-    return DigitCellsOfMultiplier(EntryOrBlank(kMultipliers, BitsGet(image, hiBit, loBit, 165)));
+DigitCells MultiplierCells(const SetupImage& image, Field multiplier) {
+    return DigitCellsOfMultiplier(EntryOrBlank(kMultipliers, CodeOf(image, multiplier)));
 }
 
 // What stands beside a row that has just been added.
@@ -116,10 +94,10 @@ void PlaceBeside(MenuView& view, int code, const SetupImage& image, const MenuFa
         view.grdInput = DigitCellsOfText(FunctionMnemonic(facts.Mode(), facts.Function()));
     } else if (code == kScale1Code) {
         view.Scale1Place.Row = row;
-        view.grdScale1 = MultiplierCells(image, 3, 0);
+        view.grdScale1 = MultiplierCells(image, Field::Multiplier1);
     } else if (code == kScale2Code) {
         view.Scale2Place.Row = row;
-        view.grdScale2 = MultiplierCells(image, 7, 4);
+        view.grdScale2 = MultiplierCells(image, Field::Multiplier2);
     } else if (code == kCalibrationCode) {
         view.NoChangePlace.Row = row;
     }
@@ -135,12 +113,12 @@ void AddMenuRow(MenuView& view, const SetupImage& image, const MenuFacts& facts,
 
 // A disabled alarm has no setpoint behind the alarm key. State 3, which no list offers, counts as disabled.
 bool HasSetpoint(const SetupImage& image, const MenuFacts& facts, const SetpointItem& item) {
-    return facts.Values.RelayOption >= item.LeastRelayOption &&
-           BitsGet(image, item.DisabledBit, item.DisabledBit, item.StatePos) == 0;
+    constexpr int kDisabled = 2;
+    return facts.Values.RelayOption >= item.LeastRelayOption && CodeOf(image, item.AlarmState) < kDisabled;
 }
 
 void AddSetpoints(MenuView& view, const SetupImage& image, const MenuFacts& facts) {
-    view.SetPtHeight = facts.Values.RelayOption == 2 ? 4 : 2;
+    view.SetPtHeight = facts.Values.RelayOption == RelayBoard::FourRelays ? 4 : 2;
     for (const SetpointItem& item : SetpointItems()) {
         if (!HasSetpoint(image, facts, item)) continue;
         auto row = static_cast<std::size_t>(++view.SetPtRowCount);
@@ -190,13 +168,14 @@ int MenuHelpId(int code, PointerEvent event, int analogOption, int protocolCode)
     // Codes 49 to 52 belong to no row today; their help would stand apart, on the primary event alone.
     bool apart = event == PointerEvent::Primary && code >= 49 && code <= 52;
     int number = code + (apart ? 2093 : 2200);
-    if (analogOption == 4 && code >= 37) number -= 2;  // the second output has the help of the first
-    if (protocolCode == 0 && code >= 43) number += 1;
+    if (analogOption == AnalogBoard::Dual16Bit && code >= 37)
+        number -= 2;  // the second output has the help of the first
+    if (protocolCode == Protocol::CustomAscii && code >= 43) number += 1;
     return number;
 }
 
 MenuRow Row41(const SetupImage& image) {
-    std::string number = "00" + std::to_string(ByteGet(image, 111));
+    std::string number = "00" + std::to_string(CodeOf(image, Field::ModbusAddress));
     return {NameOf("Addr"), CellsOfValue("    " + number.substr(number.size() - 3), CellPoints::Inside)};
 }
 

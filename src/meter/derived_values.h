@@ -3,18 +3,21 @@
 
 #include <array>
 
+#include "meter/field_table.h"
+#include "meter/firmware.h"
+#include "meter/meter_words.h"
 #include "meter/setup_image.h"
 
 namespace counter {
 
 struct DerivedValues {
-    int InputOption = 0;    // 0 none, 1 two signal conditioners, 2 V-F converter, 3 quadrature
-    int ModeIndex = 0;      // 0..12, made legal; without a board as stored, 0..15
-    int FunctionIndex = 0;  // 0..15, made legal
-    int ExtendedMeter = 0;  // 1 on an Extended meter
-    int DisplayType = 0;    // 0..15; from 6 on a remote display
-    int ClockMode = 0;      // 4 or 5, the Display Type, where a stopwatch shows time; else 0
-    int DecPt1 = 0;         // decimal point codes as stored, 0..7
+    int InputOption = 0;    // InputBoard
+    int ModeIndex = 0;      // Mode, made legal; without a board as stored, 0..15
+    int FunctionIndex = 0;  // Function, made legal
+    bool ExtendedMeter = false;
+    int DisplayType = 0;  // 0..15
+    int ClockMode = 0;    // Seconds or Clock, the Display Type, where a stopwatch shows time; else 0
+    int DecPt1 = 0;       // decimal point codes as stored, 0..7
     int DecPt2 = 0;
     int TimeEntry = 0;  // set by callers for the length of a conversion
 
@@ -27,14 +30,29 @@ struct DerivedValues {
     // Point code of each source: 0 the filtered item, 1 to 3 the items.
     std::array<int, 4> ItemDecPts{};
 
-    int RelayOption = 0;   // 0 none, 1 two relays, 2 four
-    int CommOption = 0;    // 0 none, 1 RS232, 2 RS485 and the others
-    int AnalogOption = 0;  // 0 none, 1 to 4 as the list of boards
-    int ProtocolCode = 0;  // 0 Custom ASCII, 1 Modbus RTU, 2 Modbus ASCII
+    int RelayOption = 0;   // RelayBoard
+    int CommOption = 0;    // CommBoard
+    int AnalogOption = 0;  // AnalogBoard
+    int ProtocolCode = 0;  // Protocol
 
-    int PresetActive = 0;  // 1: the Time Out box shows the Preset
-    int CutoffActive = 0;  // 1: the Pulses box shows the Cutoff Value
+    bool PresetActive = false;  // the Time Out box shows the Preset
+    bool CutoffActive = false;  // the Pulses box shows the Cutoff Value
 };
+
+// What the three bits mean that hold how alarms 1 and 2 deviate.
+struct DeviationCode {
+    int Type1 = 0;           // alarm 1: 0 band, 1 hysteresis (split, where span exists), 2 span hysteresis
+    int Type2 = 0;           // alarm 2, the same
+    bool NotInMenu = false;  // the meter's menu has no deviations
+};
+
+// Of a code 0..7. Where the meter knows span hysteresis, 5 to 7 are span for alarm 1 and 0 to 2 for alarm 2;
+// otherwise, and for 0 to 4, the low two bits are the two types.
+constexpr DeviationCode DeviationFromCode(int code, int firmwareVersion) {
+    bool span = SpanHysteresisOffered(firmwareVersion);
+    if (span && code >= 5) return {2, code - 5, false};
+    return {code & 1, (code >> 1) & 1, span ? code == 4 : code > 3};
+}
 
 // Makes the pair of Mode and Function legal for board and class, and takes its ModeWord and ItemRow. The
 // image keeps what it has, so an illegal pair stays stored until the user picks another.
@@ -50,6 +68,15 @@ void SrcUpdate(DerivedValues& values);
 // three items.
 void ItemDecPtMap(DerivedValues& values);
 
+// Whether the meter waits a Time Out for input: by ModeWord, or on a remote display.
+bool TimesOut(const DerivedValues& values);
+
+// Up and down counts, which begin at a Preset.
+bool CountsBothWays(int mode, int function);
+
+// ClockMode from Mode and Display Type.
+void ClockModeUpdate(DerivedValues& values);
+
 // PresetActive and CutoffActive from ModeWord, Mode, Function and Display Type.
 void ActiveBoxesUpdate(DerivedValues& values);
 
@@ -59,6 +86,24 @@ int SourceInForce(const DerivedValues& values, int storedCode);
 
 // The point code of the second scaling group: that of the first where both scale inputs of one result.
 int Group2DecPt(const DerivedValues& values);
+
+// Whose point the values of an alarm or analog output have.
+enum class PointOfSource {
+    InForce,   // of the source in force, as the Setup view has it
+    AsStored,  // of the source as stored, offered or not, as the meter's menu has it
+};
+
+// The point code of a value field by its row of the field table.
+int PointCode(const SetupImage& image, const DerivedValues& values, const FieldRow& row,
+              PointOfSource source = PointOfSource::InForce);
+
+// A code that is stored but no point has, 0 or 7, as values show it: 1..6.
+constexpr int ShownPoint(int code) {
+    return code < 1 ? 1 : code > 6 ? 6 : code;
+}
+
+// The point of a source 0..3 becomes the one that its values are shown with.
+void SettlePointOfSource(DerivedValues& values, int source);
 
 // Everything that the image decides for a meter of this version; its kind is byte 235 of the image.
 DerivedValues DeriveFromImage(const SetupImage& image, int firmwareVersion);

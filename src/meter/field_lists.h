@@ -108,7 +108,7 @@ inline constexpr std::string_view kControlInputs15Remote = "Enable Tare       Ta
 
 // Of a meter that knows no span hysteresis.
 inline constexpr std::string_view kPlainHysteresis = " Hysteresis";
-// Span hysteresis has no code of its own in the one bit of an alarm: deviation_code.h.
+// Span hysteresis has no code of its own in the one bit of an alarm: DeviationFromCode.
 inline constexpr Text kDeviationType[] = {" Band Deviation", " Split Hysteresis", " Span Hysteresis"};
 inline constexpr Text kNumRdgs[] = {"  1 Reading",  "  2 Readings", "  4 Readings", "  8 Readings",
                                     " 16 Readings", " 32 Readings", " 64 Readings", " 128 Readings"};

@@ -61,9 +61,15 @@ enum Code : int {
 
     StopwatchAToA = 0,
     StopwatchAToB = 1,
+    StopwatchInverseAToA = 2,  // " 1/AA "
+    StopwatchInverseAToB = 3,  // " 1/AB "
+    TimeAToB = 1,
+    TimeInverse = 2,  // " 1/AB "
     Phase0To360 = 1,
     PhasePlusMinus180 = 2,
     VfInverseRate = 15,  // "1/(A Rate)"
+    DutyCycleAToB = 1,
+    DutyCycleInverse = 2,  // known to the menu, offered by no list
     QuadratureTotal = 0,
     QuadratureRate = 1,
 };
@@ -106,6 +112,11 @@ enum Code : int { None = 0, Odd = 1, Even = 2 };
 
 namespace MeterKind {
 enum Code : int { Unknown = 0, Dpm = 1, WeightMeter = 2, Counter = 3, FirstTransmitter = 5, NoPanel = 7 };
+}
+
+// What a value of seconds is on its way in and out.
+namespace TimeEntry {
+enum Code : int { None = 0, PlainNumber = 1, Seconds = 2 };  // Seconds: stored so, shown as hhmmss
 }
 
 // A front panel with a menu of its own.

@@ -4,11 +4,12 @@
 #include <array>
 #include <string_view>
 
-#include "meter/firmware_rules.h"
+#include "meter/firmware.h"
+#include "meter/meter_words.h"
 
 namespace counter {
 
-inline constexpr int kModes = 13;      // 0..12; Modes 3 and 11 are offered by no list
+inline constexpr int kModes = 13;      // 0..12
 inline constexpr int kFunctions = 16;  // 0..15 in each Mode
 
 inline constexpr std::array<std::string_view, kModes> ModeNames = {
@@ -35,7 +36,7 @@ constexpr int ItemRowOfWord(int modeWord) {
 
 // What alarms and analog outputs may take as their source.
 struct SourceCode {
-    int Rule = 0;          // 2 and 3: some Display Types offer more items
+    int Rule = 0;          // 2: a second item on some Display Types; 3: all three on one
     int FilteredItem = 0;  // the item that is offered in its filtered form too, 0 none
     int Items = 0;         // how many items are offered
 };
@@ -53,60 +54,60 @@ struct Assignment {
 // can't be selected.
 // clang-format off
 inline constexpr auto Assignments = std::to_array<Assignment>({
-    { 0,  0, "A, B",            0x4144, {0, 1, 2}},
-    { 0,  1, "A Only",          0x4294, {0, 1, 1}},
-    { 0,  2, " Batch",          0x030F, {0, 3, 3}},
-    { 0,  3, "A, A Total",      0x4494, {3, 1, 2}},
-    { 0,  5, "A, B Total",      0x4544, {0, 1, 2}},
-    { 0, 11, "A + B",           0x4606, {0, 1, 3}},
-    { 0, 12, "A - B",           0x4706, {0, 1, 3}},
-    { 0, 13, "A X B",           0x4806, {0, 1, 3}},
-    { 0, 14, "A / B",           0x4906, {0, 1, 3}},
-    { 0, 15, "(A / B) -1",      0x4A06, {0, 1, 3}},
-    { 1,  0, "A, B",            0x4B44, {0, 1, 2}},
-    { 1,  1, "A Only",          0x4C94, {0, 1, 1}},
-    { 1, 11, "A + B",           0x4D06, {0, 1, 3}},
-    { 1, 12, "A - B",           0x4E06, {0, 1, 3}},
-    { 1, 13, "A X B",           0x4F06, {0, 1, 3}},
-    { 1, 14, "A / B",           0x5006, {0, 1, 3}},
-    { 2,  0, "A, B",            0x1140, {0, 0, 2}},
-    { 2,  1, "A Only",          0x1210, {2, 0, 1}},
-    { 2,  4, "A -B  UpDn",      0x1330, {0, 0, 1}},
-    { 2,  6, " Burst",          0x5409, {0, 2, 2}},
-    { 2,  7, "B, A Rate",       0x5509, {0, 2, 2}},
-    { 2,  9, "A, B UpDnCtl",    0x1610, {0, 0, 1}},
-    { 2, 10, "A, B InhibitCtl", 0x1710, {2, 0, 1}},
-    { 2, 11, "A + B",           0x1802, {0, 0, 3}},
-    { 2, 12, "A - B",           0x1902, {0, 0, 3}},
-    { 2, 13, "A X B",           0x1A02, {0, 0, 3}},
-    { 2, 14, "A / B",           0x1B02, {0, 0, 3}},
-    { 3,  0, "None",            0x0000, {0, 0, 0}},
-    { 4,  1, "A to B",          0x5C24, {0, 1, 1}},
-    { 4,  2, " 1/AB ",          0x0000, {0, 1, 1}},
-    { 5,  0, "A to A",          0x1D00, {3, 0, 2}},
-    { 5,  1, "A to B",          0x1E20, {3, 0, 2}},
-    { 5,  2, " 1/AA ",          0x0000, {3, 0, 2}},
-    { 5,  3, " 1/AB ",          0x0000, {3, 0, 2}},
-    { 6,  1, "A to B (0-360)",  0x5F24, {0, 1, 1}},
-    { 6,  2, "A to B (+-180)",  0x6024, {0, 1, 1}},
-    { 7,  1, "(A to B)/A",      0x6124, {0, 1, 1}},
-    { 8,  1, "A Only",          0x2294, {0, 1, 1}},
-    { 8,  2, " Batch",          0x630F, {0, 3, 3}},
-    { 8,  3, "A, A Total",      0x2494, {3, 1, 2}},
-    { 8,  8, "",                0x2519, {0, 0, 0}},
-    { 8, 15, "1/(A Rate)",      0x2694, {0, 1, 1}},
-    { 9,  1, "A Only",          0x2794, {0, 1, 1}},
-    { 9,  2, " Batch",          0x680F, {0, 3, 3}},
-    { 9,  3, "A, A Total",      0x2994, {3, 1, 2}},
-    { 9,  8, "",                0x2A19, {0, 0, 0}},
-    { 9, 15, "1/(A Rate)",      0x2B94, {0, 1, 1}},
-    {10,  1, "A Only",          0x2C94, {0, 1, 1}},
-    {10,  2, " Batch",          0x6D0F, {0, 3, 3}},
-    {10,  3, "A, A Total",      0x2E94, {3, 1, 2}},
-    {10,  8, "",                0x2F19, {0, 0, 0}},
-    {10, 15, "1/(A Rate)",      0x3094, {0, 1, 1}},
-    {12,  0, "Total",           0x3100, {0, 0, 1}},
-    {12,  1, "Rate",            0x7206, {0, 1, 1}},
+    {Mode::Rate,          Function::AandB,                "A, B",            0x4144, {0, 1, 2}},
+    {Mode::Rate,          Function::AOnly,                "A Only",          0x4294, {0, 1, 1}},
+    {Mode::Rate,          Function::Batch,                " Batch",          0x030F, {0, 3, 3}},
+    {Mode::Rate,          Function::RateAndTotal,         "A, A Total",      0x4494, {3, 1, 2}},
+    {Mode::Rate,          Function::ARateBTotal,          "A, B Total",      0x4544, {0, 1, 2}},
+    {Mode::Rate,          Function::Sum,                  "A + B",           0x4606, {0, 1, 3}},
+    {Mode::Rate,          Function::Difference,           "A - B",           0x4706, {0, 1, 3}},
+    {Mode::Rate,          Function::Product,              "A X B",           0x4806, {0, 1, 3}},
+    {Mode::Rate,          Function::Ratio,                "A / B",           0x4906, {0, 1, 3}},
+    {Mode::Rate,          Function::RatioLessOne,         "(A / B) -1",      0x4A06, {0, 1, 3}},
+    {Mode::Period,        Function::AandB,                "A, B",            0x4B44, {0, 1, 2}},
+    {Mode::Period,        Function::AOnly,                "A Only",          0x4C94, {0, 1, 1}},
+    {Mode::Period,        Function::Sum,                  "A + B",           0x4D06, {0, 1, 3}},
+    {Mode::Period,        Function::Difference,           "A - B",           0x4E06, {0, 1, 3}},
+    {Mode::Period,        Function::Product,              "A X B",           0x4F06, {0, 1, 3}},
+    {Mode::Period,        Function::Ratio,                "A / B",           0x5006, {0, 1, 3}},
+    {Mode::Total,         Function::AandB,                "A, B",            0x1140, {0, 0, 2}},
+    {Mode::Total,         Function::AOnly,                "A Only",          0x1210, {2, 0, 1}},
+    {Mode::Total,         Function::AMinusBUpDown,        "A -B  UpDn",      0x1330, {0, 0, 1}},
+    {Mode::Total,         Function::Burst,                " Burst",          0x5409, {0, 2, 2}},
+    {Mode::Total,         Function::BTotalARate,          "B, A Rate",       0x5509, {0, 2, 2}},
+    {Mode::Total,         Function::UpDownControl,        "A, B UpDnCtl",    0x1610, {0, 0, 1}},
+    {Mode::Total,         Function::InhibitControl,       "A, B InhibitCtl", 0x1710, {2, 0, 1}},
+    {Mode::Total,         Function::Sum,                  "A + B",           0x1802, {0, 0, 3}},
+    {Mode::Total,         Function::Difference,           "A - B",           0x1902, {0, 0, 3}},
+    {Mode::Total,         Function::Product,              "A X B",           0x1A02, {0, 0, 3}},
+    {Mode::Total,         Function::Ratio,                "A / B",           0x1B02, {0, 0, 3}},
+    {Mode::None,          Function::AandB,                "None",            0x0000, {0, 0, 0}},
+    {Mode::TimeInterval,  Function::TimeAToB,             "A to B",          0x5C24, {0, 1, 1}},
+    {Mode::TimeInterval,  Function::TimeInverse,          " 1/AB ",          0x0000, {0, 1, 1}},
+    {Mode::Stopwatch,     Function::StopwatchAToA,        "A to A",          0x1D00, {3, 0, 2}},
+    {Mode::Stopwatch,     Function::StopwatchAToB,        "A to B",          0x1E20, {3, 0, 2}},
+    {Mode::Stopwatch,     Function::StopwatchInverseAToA, " 1/AA ",          0x0000, {3, 0, 2}},
+    {Mode::Stopwatch,     Function::StopwatchInverseAToB, " 1/AB ",          0x0000, {3, 0, 2}},
+    {Mode::Phase,         Function::Phase0To360,          "A to B (0-360)",  0x5F24, {0, 1, 1}},
+    {Mode::Phase,         Function::PhasePlusMinus180,    "A to B (+-180)",  0x6024, {0, 1, 1}},
+    {Mode::DutyCycle,     Function::DutyCycleAToB,        "(A to B)/A",      0x6124, {0, 1, 1}},
+    {Mode::Vf4To20mA,     Function::AOnly,                "A Only",          0x2294, {0, 1, 1}},
+    {Mode::Vf4To20mA,     Function::Batch,                " Batch",          0x630F, {0, 3, 3}},
+    {Mode::Vf4To20mA,     Function::RateAndTotal,         "A, A Total",      0x2494, {3, 1, 2}},
+    {Mode::Vf4To20mA,     Function::VfBurst,              "",                0x2519, {0, 0, 0}},
+    {Mode::Vf4To20mA,     Function::VfInverseRate,        "1/(A Rate)",      0x2694, {0, 1, 1}},
+    {Mode::Vf0To1mA,      Function::AOnly,                "A Only",          0x2794, {0, 1, 1}},
+    {Mode::Vf0To1mA,      Function::Batch,                " Batch",          0x680F, {0, 3, 3}},
+    {Mode::Vf0To1mA,      Function::RateAndTotal,         "A, A Total",      0x2994, {3, 1, 2}},
+    {Mode::Vf0To1mA,      Function::VfBurst,              "",                0x2A19, {0, 0, 0}},
+    {Mode::Vf0To1mA,      Function::VfInverseRate,        "1/(A Rate)",      0x2B94, {0, 1, 1}},
+    {Mode::Vf0To10V,      Function::AOnly,                "A Only",          0x2C94, {0, 1, 1}},
+    {Mode::Vf0To10V,      Function::Batch,                " Batch",          0x6D0F, {0, 3, 3}},
+    {Mode::Vf0To10V,      Function::RateAndTotal,         "A, A Total",      0x2E94, {3, 1, 2}},
+    {Mode::Vf0To10V,      Function::VfBurst,              "",                0x2F19, {0, 0, 0}},
+    {Mode::Vf0To10V,      Function::VfInverseRate,        "1/(A Rate)",      0x3094, {0, 1, 1}},
+    {Mode::Quadrature,    Function::QuadratureTotal,      "Total",           0x3100, {0, 0, 1}},
+    {Mode::Quadrature,    Function::QuadratureRate,       "Rate",            0x7206, {0, 1, 1}},
 });
 
 // Captions of items; the spelling, "Inteval" included, is required. In the V-F Modes the name after that of a
@@ -205,7 +206,7 @@ constexpr Entry EntryOf(const ModeGrid<Entry>& grid, int mode, int function) {
 
 // The three Modes of the V-F converter: 4-20 mA, 0-1 mA, 0-10 V.
 constexpr bool IsVfMode(int mode) {
-    return mode >= 8 && mode <= 10;
+    return mode >= Mode::Vf4To20mA && mode <= Mode::Vf0To10V;
 }
 
 // The name of a pair; empty where the pair doesn't exist.
@@ -213,12 +214,17 @@ constexpr std::string_view FunctionName(int mode, int function) {
     return EntryOf(FunctionNames, mode, function);
 }
 
+// Phase from -180 to +180, which has a curve of its own, "Power Factor".
+constexpr bool IsPhasePlusMinus180(int mode, int function) {
+    return mode == Mode::Phase && function == Function::PhasePlusMinus180;
+}
+
 // The word of a pair, 0 where it has none. One word depends on the meter's version: with the curve of phase
 // its flag is set.
 constexpr int ModeWordOf(int mode, int function, int firmwareVersion) {
     int word = EntryOf(ModeTable, mode, function);
-    bool phaseCurve = mode == 6 && function == 2 && PhaseCurveOffered(firmwareVersion);
-    return phaseCurve ? word | kWordCurve : word;
+    return PhaseCurveOffered(firmwareVersion) && IsPhasePlusMinus180(mode, function) ? word | kWordCurve
+                                                                                     : word;
 }
 
 }  // namespace counter

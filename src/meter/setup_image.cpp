@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "meter/field_code.h"
 #include "meter/hex_text.h"
 
 namespace counter {
@@ -68,21 +69,8 @@ int HexDigitGet(const SetupImage& image, int pos) {
     return static_cast<int>(ParseHex(DigitsAt(image, pos, 1)));
 }
 
-int InputOptionFromSetup(const SetupImage& image) {
-    int code = BitsGet(image, 2, 0, 193);
-    if (code == 2) return 3;
-    if (code == 4) return 2;
-    return code;
-}
-
-int InputOptionCode(int inputOption) {
-    if (inputOption == 2) return 4;
-    if (inputOption == 3) return 2;
-    return inputOption;
-}
-
-int ExtendedMeterFromSetup(const SetupImage& image) {
-    return BitsGet(image, 3, 2, 185) == 0 ? 0 : 1;
+bool ExtendedMeterFromSetup(const SetupImage& image) {
+    return CodeOf(image, Field::ClassAndCurve) != 0;
 }
 
 }  // namespace counter

@@ -42,14 +42,7 @@ void DigitsPut(SetupImage& image, int pos, std::string_view digits);
 // One digit, 0..15; 0 where it isn't hexadecimal or isn't there.
 int HexDigitGet(const SetupImage& image, int pos);
 
-// The board that feeds the meter: 0 none, 1 two signal conditioners, 2 V-F converter, 3 quadrature; a code
-// that no board has stands for itself.
-int InputOptionFromSetup(const SetupImage& image);
-
-// The code that stands for such a board in bits 2..0 of byte 193.
-int InputOptionCode(int inputOption);
-
-// 0 on a Basic meter, 1 on an Extended one, whichever curve that has.
-int ExtendedMeterFromSetup(const SetupImage& image);
+// False on a Basic meter, true on an Extended one, whichever curve that has.
+bool ExtendedMeterFromSetup(const SetupImage& image);
 
 }  // namespace counter

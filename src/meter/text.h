@@ -21,6 +21,20 @@ inline std::string SmallLetters(std::string_view text) {
     return small;
 }
 
+// The name of a character code, for a label beside the field that holds it: three characters for the control
+// codes 0..32, trailing blanks included ("cr ", "sp "); from 33 to 255 the character itself, one byte; an
+// empty text for any other number.
+inline std::string AsciiName(int code) {
+    constexpr int kNames = 33;
+    constexpr std::string_view kControlNames =
+        "nulsohstxetxeotenqackbelbs ht lf vt ff cr so si dle"
+        "dc1dc2dc3dc4naksynetbcanem subescfs gs rs us sp ";
+    static_assert(kControlNames.size() == 3 * kNames);
+    if (code < 0 || code > 255) return {};
+    if (code < kNames) return std::string(kControlNames.substr(3 * static_cast<std::size_t>(code), 3));
+    return std::string(1, static_cast<char>(code));
+}
+
 // Text of the meter or of an entry, one byte a character, as UTF-8, which screens and file names take.
 inline std::string Utf8(std::string_view text) {
     std::string characters;

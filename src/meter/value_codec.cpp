@@ -43,7 +43,7 @@ unsigned MagnitudeOf(std::string digits, int code, int timeEntry) {
     }
     if (code == 2) {
         int number = SignedOf24Bits(ParseHex(digits));
-        if (timeEntry == 2) number = ClockNumber(number);
+        if (timeEntry == TimeEntry::Seconds) number = ClockNumber(number);
         return static_cast<unsigned>(number < 0 ? -number : number);
     }
     return ParseHex(digits.substr(digits.size() > 5 ? digits.size() - 5 : 0));
@@ -104,7 +104,7 @@ std::string ValueDecode(const SetupImage& image, const ValueContext& context, in
     int first = HexDigitGet(image, pos);
     if (code == 4) {
         decPt = first & 7;
-        if (context.InputOption == 2) decPt = context.ModeIndex == 9 ? 6 : 5;
+        if (context.InputOption == InputBoard::VfConverter) decPt = VfPointCode(context.ModeIndex);
     }
     if (code == 1) decPt = 1;
     decPt = std::clamp(decPt, 1, 6);
@@ -139,7 +139,7 @@ void ValueEncode(SetupImage& image, const ValueContext& context, int typeCode, i
         DigitsPut(image, pos, HexNumber(number + (negative ? 0x8000 : 0), 4));
         return;
     }
-    if (context.TimeEntry == 2) number = SecondsOf(digits);
+    if (context.TimeEntry == TimeEntry::Seconds) number = SecondsOf(digits);
     if (typeCode == 2) {
         DigitsPut(image, pos, HexNumber(negative ? 0 - number : number, 6));
         return;
@@ -149,7 +149,7 @@ void ValueEncode(SetupImage& image, const ValueContext& context, int typeCode, i
     DigitsPut(image, pos, HexNumber(decPt + (negative ? 8 : 0), 1) + HexNumber(number, 5));
 }
 
-std::string StripBlanks(std::string_view text) {
+std::string WithoutBlanksAndPoints(std::string_view text) {
     std::string rest(text);
     std::erase_if(rest, [](char character) { return character == ' ' || character == '.'; });
     return rest;

@@ -14,15 +14,21 @@
 #include <string>
 #include <string_view>
 
+#include "meter/meter_words.h"
 #include "meter/setup_image.h"
 
 namespace counter {
 
+// The point code of values over the V-F converter, by Mode.
+constexpr int VfPointCode(int mode) {
+    return mode == Mode::Vf0To1mA ? 6 : 5;
+}
+
 // What a conversion depends on beside the digits.
 struct ValueContext {
-    int InputOption = 0;  // with 2, the V-F converter, the board rules the point of code 4
+    int InputOption = 0;  // with the V-F converter, the board rules the point of code 4
     int ModeIndex = 0;
-    int TimeEntry = 0;  // 2: a code 2 field holds seconds and is shown as hhmmss; 0 and 1: a plain number
+    int TimeEntry = 0;  // Seconds: a code 2 field holds seconds and is shown as hhmmss
 };
 
 // The text of the field at `pos`. `decPt` is the point where the code says that the caller gives it, and
@@ -40,8 +46,7 @@ std::string ValueText(const SetupImage& image, const ValueContext& context, int 
 void ValueEncode(SetupImage& image, const ValueContext& context, int typeCode, int pos,
                  std::string_view text);
 
-// The text without any blank or point.
-std::string StripBlanks(std::string_view text);
+std::string WithoutBlanksAndPoints(std::string_view text);
 
 // A clock value of sign and six digits as "+12. 34. 56"; six characters get the "+" that they lack.
 std::string AddClkDP(std::string_view text);

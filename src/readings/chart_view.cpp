@@ -6,7 +6,7 @@ namespace counter {
 
 ChartView::ChartView(Session& session, const ThirdNumber& third)
     : ReadingView(session, std::make_unique<LatestCutter>(session.Frames)), third_(third) {
-    Status_ = &lblStatus;
+    StatusLine = &lblStatus;
     Wire();
 }
 

@@ -17,7 +17,7 @@ constexpr int kBetweenLines = 90;  // twips that a row is higher than its text
 }  // namespace
 
 ListView::ListView(Session& session) : ReadingView(session, std::make_unique<ListCutter>(session.Frames)) {
-    Status_ = &lblStatus;
+    StatusLine = &lblStatus;
     Wire();
     Load();
 }

@@ -64,9 +64,9 @@ void ReadingView::StopRun() {
 }
 
 void ReadingView::TellStatus(const std::string& text) {
-    Status_->Caption = text;
-    Status_->Visible = !text.empty();
-    Status_->TextColor = ColorRed;
+    StatusLine->Caption = text;
+    StatusLine->Visible = !text.empty();
+    StatusLine->TextColor = ColorRed;
 }
 
 void ReadingView::PressPrint() {

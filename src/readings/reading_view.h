@@ -71,7 +71,7 @@ class ReadingView {
     virtual void TakeReading(const std::string& text, bool onlySizes) = 0;
 
     PageBuilder Build;
-    Control* Status_ = nullptr;  // where TellStatus shows
+    Control* StatusLine = nullptr;  // where TellStatus shows
 
   private:
     void LetEventsRun();

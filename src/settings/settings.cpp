@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "meter/meter_words.h"
+
 namespace counter {
 
 namespace {
@@ -77,10 +79,9 @@ void ParseLine1(const std::string& line, Settings& settings) {
     settings.FirmwareVersion = Field(line, 13, 3);
     settings.CommsEnabled = Field(line, 16);
     settings.ProgramKind = Field(line, 17);
-    settings.ModbusLink = settings.SerialProtocol > 0 ? 1 : 0;
+    settings.ModbusLink = settings.SerialProtocol != Protocol::CustomAscii;
     settings.ModbusAddressHex = HexAddress(settings.ModbusAddress);
-    const bool transmitter = settings.MeterType >= 5 && settings.MeterType <= 7;
-    settings.MeterNameSuffix = transmitter ? " Counter Transmitter" : " Counter";
+    settings.MeterNameSuffix = IsTransmitter(settings.MeterType) ? " Counter Transmitter" : " Counter";
     TakeAddress(settings);
 }
 
@@ -89,7 +90,7 @@ void ParseLine2(const std::string& line, Settings& settings) {
     settings.NodeAddress = Part(line, 5, 12);
     settings.NodeUdpPort = Number(Part(line, 17, 4), 16);
     settings.NodeIp = DottedIp(Part(line, 21, 8));
-    settings.EthernetMode = AllAre(settings.NodeAddress, '0') || AllAre(settings.NodeAddress, 'F') ? 0 : 1;
+    settings.EthernetMode = !AllAre(settings.NodeAddress, '0') && !AllAre(settings.NodeAddress, 'F');
 }
 
 }  // namespace
@@ -123,8 +124,9 @@ void ParseSettings(const SettingsLines& fileLines, Settings& settings) {
 
 std::string IllegalLine(const Settings& settings) {
     if (settings.BaudIndex < 0) return kBaudDigitReason;
-    if (settings.SerialProtocol > 2) return "the protocol digit, position 5 of line 1, is none of 0 to 2";
-    if (settings.ModbusLink == 1 && settings.ParityIndex > 2) {
+    if (settings.SerialProtocol > Protocol::ModbusAscii)
+        return "the protocol digit, position 5 of line 1, is none of 0 to 2";
+    if (settings.ModbusLink && settings.ParityIndex > Parity::Even) {
         return "the parity digit, position 6 of line 1, is none of 0 to 2";
     }
     return {};

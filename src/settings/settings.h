@@ -10,6 +10,7 @@
 // This room parses and formats text; it opens nothing.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -19,7 +20,18 @@ inline constexpr const char* kSettingsFile = "Settings.SSS";
 inline constexpr int kSettingsLine1Length = 22;
 // Why a file with another baud digit can't be used.
 inline constexpr const char* kBaudDigitReason = "the baud digit, position 2 of line 1, is none of 0 to 6";
-inline constexpr int kWrongProgram = 8;  // ProgramKind of a file that belongs to another program
+
+// The line speeds by their index. Index 7 fits the three bits that the meter has for it but names no speed.
+inline constexpr std::array<std::string_view, 8> BaudTable = {"300",  "600",  "1200",  "2400",
+                                                              "4800", "9600", "19200", ""};
+
+namespace Comms {
+enum Code : int { NoLink = 0, Link = 1, EchoingLink = 2 };  // of a serial line
+}
+
+namespace ProgramKind {
+enum Code : int { NoCalibration = 7, OtherProgram = 8 };  // any other: the whole program
+}
 
 struct SettingsLines {
     std::string SettingsLine1;
@@ -30,17 +42,17 @@ struct Settings {
     SettingsLines Lines;      // line 1 normalised to 22 characters
     SettingsLines FileLines;  // as they stand in the file
 
-    int MeterType = 0;          // 0..3, 5..8
+    int MeterType = 0;          // MeterKind: 0..3, 5..8
     int BaudIndex = -1;         // 0..6 into BaudTable; -1 where the digit is none of them
     int CommPortNumber = 0;     // 0..99
-    int SerialProtocol = 0;     // 0 Custom ASCII, 1 Modbus RTU, 2 Modbus ASCII
-    int ParityIndex = 0;        // 0 none, 1 odd, 2 even
+    int SerialProtocol = 0;     // Protocol
+    int ParityIndex = 0;        // Parity
     int MeterAddressValue = 0;  // 0..31
     int ModbusAddress = 1;      // 1..999
-    int LongWakeUp = 0;         // 1: the long wake-up string
+    int LongWakeUp = 0;         // 1: the long wake-up string; any other digit: the short one
     int FirmwareVersion = 0;    // 0..999
-    int CommsEnabled = 0;       // 0 no serial link, 1 link, 2 link whose line echoes
-    int ProgramKind = 0;        // 7 no calibration, 8 another program
+    int CommsEnabled = 0;       // Comms; a digit above those is a link too
+    int ProgramKind = 0;        // 0..9
 
     int TcpPort = 0;          // this program's, for the node's call
     int NodeUdpPort = 0;      //
@@ -52,8 +64,8 @@ struct Settings {
     std::string MeterAddressLabel;  // as the meter shows it: "0." for 16 and so on
     std::string ModbusAddressHex;   // two digits
     std::string MeterNameSuffix;    // " Counter" or " Counter Transmitter"
-    int EthernetMode = 0;           // 1: the meter sits behind a node
-    int ModbusLink = 0;             // 1: Modbus of either kind
+    bool EthernetMode = false;      // the meter sits behind a node
+    bool ModbusLink = false;        // Modbus of either kind
 };
 
 // Splits the file's text into its two lines. A comma ends a line as well; what is missing is empty.

@@ -1,6 +1,5 @@
 #include "setup_view/alarms_page.h"
 
-#include "meter/deviation_code.h"
 #include "meter/field_lists.h"
 #include "setup_view/setup_view.h"
 #include "setup_view/source_list.h"
@@ -118,9 +117,9 @@ void AlarmsPage::ShowDeviationStatus() {
 void AlarmsPage::RefreshSourcesAndValues() {
     for (int i = 1; i <= kAlarms; ++i) {
         int source = RefreshSources(*this, AlmSource.Inner[i], FieldsOf(i).Source);
-        int& point = Values().ItemDecPts[static_cast<std::size_t>(source)];
-        Setpt.Inner[i].Text = TextOf(FieldsOf(i).Setpoint, point);
-        Dev.Inner[i].Text = TextOf(FieldsOf(i).Deviation, point);
+        SettlePointOfSource(Values(), source);
+        Setpt.Inner[i].Text = TextOf(FieldsOf(i).Setpoint);
+        Dev.Inner[i].Text = TextOf(FieldsOf(i).Deviation);
     }
 }
 

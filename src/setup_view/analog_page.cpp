@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "meter/field_lists.h"
-#include "meter/firmware_rules.h"
+#include "meter/firmware.h"
 #include "setup_view/setup_view.h"
 #include "setup_view/source_list.h"
 
@@ -72,14 +72,12 @@ void AnalogPage::ShowRanges() {
 }
 
 void AnalogPage::RefreshReadings() {
-    auto point = [this](Field source) -> int& {
-        int code = SourceInForce(Values(), Stored(source));
-        return Values().ItemDecPts[static_cast<std::size_t>(code)];
-    };
-    AnaLo.Inner.Text = TextOf(Field::AnalogLo, point(Field::AnalogSource));
-    AnaHi.Inner.Text = TextOf(Field::AnalogHi, point(Field::AnalogSource));
-    AnaLo2.Inner.Text = TextOf(Field::Analog2Lo, point(Field::AnalogSource2));
-    AnaHi2.Inner.Text = TextOf(Field::Analog2Hi, point(Field::AnalogSource2));
+    for (Field source : {Field::AnalogSource, Field::AnalogSource2})
+        SettlePointOfSource(Values(), SourceInForce(Values(), Stored(source)));
+    AnaLo.Inner.Text = TextOf(Field::AnalogLo);
+    AnaHi.Inner.Text = TextOf(Field::AnalogHi);
+    AnaLo2.Inner.Text = TextOf(Field::Analog2Lo);
+    AnaHi2.Inner.Text = TextOf(Field::Analog2Hi);
 }
 
 }  // namespace counter

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "meter/ascii_name.h"
+#include "meter/text.h"
 #include "setup_view/setup_view.h"
 
 namespace counter {

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "meter/field_lists.h"
-#include "meter/firmware_rules.h"
+#include "meter/firmware.h"
 #include "meter/mode_tables.h"
 #include "setup_view/setup_view.h"
 

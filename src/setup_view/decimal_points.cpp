@@ -60,8 +60,8 @@ void ScalingPage::PickDecimalPoint1(int index) {
     Put(Field::DecimalPoint1, values.DecPt1);
     ItemDecPtMap(values);
     View.DecPtAlign();
-    if (values.PresetActive == 1) View.Input.TimeOut.Inner.Text = TextOf(Field::Preset, values.DecPt1);
-    if (values.CutoffActive == 1) View.Input.Pulses.Inner.Text = TextOf(Field::CutoffValue, values.DecPt1);
+    if (values.PresetActive) View.Input.TimeOut.Inner.Text = TextOf(Field::Preset);
+    if (values.CutoffActive) View.Input.Pulses.Inner.Text = TextOf(Field::CutoffValue);
 }
 
 void ScalingPage::PickDecimalPoint2(int index) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "meter/field_lists.h"
-#include "meter/firmware_rules.h"
+#include "meter/firmware.h"
 #include "meter/mode_tables.h"
 #include "setup_view/setup_view.h"
 
@@ -75,10 +75,9 @@ void InputDisplayPage::FillDisplayTypes() {
 }
 
 void InputDisplayPage::ShowOpeningTexts() {
-    int point = 3;
-    GateTime.Inner.Text = TextOf(Field::GateTime, point);
-    if (Values().PresetActive == 0) TimeOut.Inner.Text = TextOf(Field::TimeOut, point);
-    txtCal.Text = TextOf(Field::Calibration, point);
+    GateTime.Inner.Text = TextOf(Field::GateTime);
+    if (!Values().PresetActive) TimeOut.Inner.Text = TextOf(Field::TimeOut);
+    txtCal.Text = TextOf(Field::Calibration);
 }
 
 void InputDisplayPage::ShowByMeterKind() {
@@ -109,14 +108,13 @@ void InputDisplayPage::RefreshGateTime() {
 void InputDisplayPage::RefreshTimeOut() {
     DerivedValues& values = Values();
     ActiveBoxesUpdate(values);
-    bool timeOut = (values.ModeWord & kWordTimeOut) != 0 || values.DisplayType > kLastOwnDisplay;
-    bool shown = timeOut || values.PresetActive == 1;
+    bool timeOut = TimesOut(values);
+    bool shown = timeOut || values.PresetActive;
     TimeOut.Frame.Enabled = TimeOut.Inner.Enabled = shown;
     lblTSecs.Enabled = timeOut;
     if (!shown) return;
     TimeOut.Frame.Caption = timeOut ? "Time Out" : "Preset";
-    int point = 3;
-    TimeOut.Inner.Text = timeOut ? TextOf(Field::TimeOut, point) : TextOf(Field::Preset, values.DecPt1);
+    TimeOut.Inner.Text = TextOf(timeOut ? Field::TimeOut : Field::Preset);
 }
 
 void InputDisplayPage::RefreshDisplayType() {
@@ -187,7 +185,7 @@ void InputDisplayPage::RefreshAction() {
 
 void InputDisplayPage::ShowCutoffValue() {
     if (Values().CutoffActive != 1) return;
-    Pulses.Inner.Text = TextOf(Field::CutoffValue, Values().DecPt1);
+    Pulses.Inner.Text = TextOf(Field::CutoffValue);
     Pulses.Frame.Enabled = Pulses.Inner.Enabled = CutoffEnable.Inner.ListIndex != 1;
 }
 

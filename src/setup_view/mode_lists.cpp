@@ -1,5 +1,6 @@
 #include "setup_view/mode_lists.h"
 
+#include "meter/boards.h"
 #include "meter/mode_tables.h"
 #include "setup_view/setup_view.h"
 
@@ -102,8 +103,7 @@ void ModeLists::FillModes() {
     Form::Fill(Mode.Inner, ModesOf(values));
     if (values.InputOption == 3) {
         View.Input.Pulses.Frame.Visible = true;
-        int point = 1;
-        View.Input.Pulses.Inner.Text = TextOf(Field::PulsesPerRev, point);
+        View.Input.Pulses.Inner.Text = TextOf(Field::PulsesPerRev);
     }
     Controls().SetIndex(Mode.Inner, ModeEntry(values));
 }

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "meter/boards.h"
 #include "meter/field_lists.h"
 #include "meter/firmware.h"
-#include "meter/firmware_rules.h"
 #include "setup_view/setup_view.h"
 
 namespace counter {
@@ -13,8 +13,8 @@ namespace {
 
 using Entries = std::span<const std::string_view>;
 
-// From this kind on a meter has two relays and no choice of boards.
-constexpr int kFirstTransmitter = 5;
+// Entries of the list without and with the 16 bit board, and with the boards of the last generation.
+constexpr std::size_t kOld = 2, kWith16Bits = 3, kAll = 5;
 
 }  // namespace
 
@@ -31,9 +31,9 @@ void OptionBoards::Refill() {
     FillComm();
     FillAnalog();
     // The boards of a meter that was read are fixed.
-    bool changeable = Meter().SetupFromMeter != 1;
+    bool changeable = !Meter().SetupFromMeter;
     InOpt.Inner.Enabled = RlyOpt.Inner.Enabled = ComOpt.Inner.Enabled = changeable;
-    RlyOpt.Frame.Visible = ComOpt.Frame.Visible = AnaOpt.Frame.Visible = Meter().MeterType != 7;
+    RlyOpt.Frame.Visible = ComOpt.Frame.Visible = AnaOpt.Frame.Visible = HasPanel(Meter().MeterType);
 }
 
 void OptionBoards::FillInput() {
@@ -43,53 +43,49 @@ void OptionBoards::FillInput() {
 }
 
 void OptionBoards::FillRelays() {
-    if (Meter().MeterType >= kFirstTransmitter) {
-        Form::Fill(RlyOpt.Inner, Entries(lists::kRelayOption).subspan(1, 1));
-        Values().RelayOption = 1;
-        Controls().SetIndex(RlyOpt.Inner, 0);
-    } else {
-        Form::Fill(RlyOpt.Inner, lists::kRelayOption);
-        Values().RelayOption = EntryOfStored(RowOf(Field::RelayOption), Stored(Field::RelayOption));
-        Controls().SetIndex(RlyOpt.Inner, Values().RelayOption);
-    }
+    bool twoOnly = HasTwoRelaysOnly(Meter().MeterType);
+    Entries all = lists::kRelayOption;
+    Form::Fill(RlyOpt.Inner, twoOnly ? all.subspan(RelayBoard::TwoRelays, 1) : all);
+    Values().RelayOption = RelayBoardOf(Image(), Meter().MeterType);
+    Controls().SetIndex(RlyOpt.Inner, twoOnly ? 0 : Values().RelayOption);
     FollowRelays();
 }
 
 void OptionBoards::FillComm() {
     Form::Fill(ComOpt.Inner, lists::kCommOption);
-    Show(ComOpt.Inner, Field::CommOption);
-    Values().CommOption = ComOpt.Inner.ListIndex;
+    Values().CommOption = CommBoardOf(Image());
+    Controls().SetIndex(ComOpt.Inner, Values().CommOption);
     FollowComm();
 }
 
 void OptionBoards::FillAnalog() {
     int version = Meter().FirmwareVersion;
-    bool noLink = Program.Settings.CommsEnabled == 0;
-    std::size_t entries = 2;
-    if (!HasOnly12BitAnalog(version) || noLink) entries = 3;
-    if (BipolarAnalogOffered(version) || noLink) entries = 5;
+    bool noLink = Program.Settings.CommsEnabled == Comms::NoLink;
+    std::size_t entries = kOld;
+    if (!HasOnly12BitAnalog(version) || noLink) entries = kWith16Bits;
+    if (BipolarAnalogOffered(version) || noLink) entries = kAll;
     Form::Fill(AnaOpt.Inner, Entries(lists::kAnalogOption).first(entries));
-    AnaOpt.Inner.Enabled = noLink || Meter().SetupFromMeter != 1 || !AnalogBoardCanBeRead();
+    AnaOpt.Inner.Enabled = noLink || !Meter().SetupFromMeter || !AnalogBoardCanBeRead();
 
-    int board = Stored(Field::AnalogOption);
-    if (!noLink) RefuseIncompatibleBoard(board);
-    if (HasOnly12BitAnalog(version)) board = 1;
-    if (BipolarAnalogOffered(version) && Meter().MeterType == 7) board = 3;
+    if (!noLink) RefuseIncompatibleBoard(Stored(Field::AnalogOption));
+    int board = AnalogBoardOf(Image(), version, Meter().MeterType);
     Values().AnalogOption = board;
-    View.Analog.fraAnaOut.Visible = board != 0;
-    Controls().SetIndex(AnaOpt.Inner, BipolarAnalogOffered(version) ? board : std::min(board, 2));
+    View.Analog.fraAnaOut.Visible = board != AnalogBoard::None;
+    if (!BipolarAnalogOffered(version)) board = std::min<int>(board, AnalogBoard::Unipolar16Bit);
+    Controls().SetIndex(AnaOpt.Inner, board);
     FollowAnalog();
 }
 
 bool OptionBoards::AnalogBoardCanBeRead() const {
     int version = Meter().FirmwareVersion;
-    return Values().ProtocolCode == 0 ? !HasOnly12BitAnalog(version) : ModbusTellsAnalogOption(version);
+    return Values().ProtocolCode == Protocol::CustomAscii ? !HasOnly12BitAnalog(version)
+                                                          : ModbusTellsAnalogOption(version);
 }
 
 void OptionBoards::RefuseIncompatibleBoard(int storedBoard) {
     int version = Meter().FirmwareVersion;
-    bool sixteenBits = storedBoard >= 2 && HasOnly12BitAnalog(version);
-    bool dual = storedBoard == 4 && !BipolarAnalogOffered(version);
+    bool sixteenBits = storedBoard >= AnalogBoard::Unipolar16Bit && HasOnly12BitAnalog(version);
+    bool dual = storedBoard == AnalogBoard::Dual16Bit && !BipolarAnalogOffered(version);
     if (!sixteenBits && !dual) return;
     Program.Dialogs.Show(
         {"Error", "The Analog Output module is not compatible with this instrument", BoxIcon::None});
@@ -97,18 +93,18 @@ void OptionBoards::RefuseIncompatibleBoard(int storedBoard) {
 }
 
 void OptionBoards::FollowRelays() {
-    View.Offer(kAlarmsTab, Values().RelayOption != 0);
-    bool four = Values().RelayOption == 2;
+    View.Offer(kAlarmsTab, Values().RelayOption != RelayBoard::None);
+    bool four = Values().RelayOption == RelayBoard::FourRelays;
     View.Alarms.fraAlarm[3].Visible = View.Alarms.fraAlarm[4].Visible = four;
     View.Alarms.NumRdgsAlms.Frame[1].Visible = four;
 }
 
 void OptionBoards::FollowComm() {
-    View.Offer(kCommunicationTab, Values().CommOption == 1 || Values().CommOption == 2);
+    View.Offer(kCommunicationTab, Values().CommOption != CommBoard::None);
 }
 
 void OptionBoards::FollowAnalog() {
-    View.Offer(kAnalogTab, Values().AnalogOption > 0 || Meter().MeterType == 7);
+    View.Offer(kAnalogTab, Values().AnalogOption != AnalogBoard::None || !HasPanel(Meter().MeterType));
 }
 
 // Where a meter has the two-relay board alone, picking that one entry stores "none": required.
@@ -127,7 +123,7 @@ void OptionBoards::PickComm(Control& list) {
 void OptionBoards::PickAnalog(Control& list) {
     Values().AnalogOption = list.ListIndex;
     Put(Field::AnalogOption, list.ListIndex);
-    if (Meter().MeterType == 7) Values().AnalogOption = 3;
+    if (!HasPanel(Meter().MeterType)) Values().AnalogOption = AnalogBoard::Bipolar16Bit;
     FollowAnalog();
 }
 

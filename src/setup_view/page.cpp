@@ -52,11 +52,11 @@ void Page::Show(Control& control, Field field) const {
     if (control.Kind == ControlKind::Check) Controls().SetCheck(control, Stored(field));
 }
 
-std::string Page::TextOf(Field field, int& point) const {
+std::string Page::TextOf(Field field) const {
     const DerivedValues& values = Values();
     const FieldRow& row = RowOf(field);
-    return ValueDecode(Image(), {values.InputOption, values.ModeIndex, values.TimeEntry}, row.ValueCode,
-                       row.Pos, point);
+    return ValueText(Image(), {values.InputOption, values.ModeIndex, values.TimeEntry}, row.ValueCode,
+                     row.Pos, PointCode(Image(), values, row));
 }
 
 std::string Page::TextOfByte(Field field) const {

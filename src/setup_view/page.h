@@ -45,9 +45,8 @@ struct Page {
     void Show(std::span<const Binding> bindings) const;
     void Show(Control& control, Field field) const;
 
-    // The text of a value field. The point is the caller's where the field has none of its own, and comes
-    // back as the point that was used, 1..6.
-    std::string TextOf(Field field, int& point) const;
+    // The text of a value field, with the point that its row of the field table names.
+    std::string TextOf(Field field) const;
     std::string TextOfByte(Field field) const;
     // Stores the request for digit entry and has it opened. `lowPlace`: the dialog stands lower.
     void OpenEntry(Control& target, Field field, bool lowPlace = false) const;

@@ -113,9 +113,9 @@ void ScalingPage::RefreshScaling() {
     bool scale2 = ShowForm(Group2);
     if (IsVfMode(Values().ModeIndex) && scale2) Group2.optCoord[Level()].Enabled = false;
 
-    ShowTexts(Group1, Values().DecPt1);
-    int point = Group2DecPt(Values());
-    ShowTexts(Group2, point);
+    Values().DecPt1 = ShownPoint(Values().DecPt1);
+    ShowTexts(Group1);
+    ShowTexts(Group2);
     for (ScalingGroup* group : {&Group1, &Group2}) {
         MarkImpossible(*group);
         ShowClockOffset(*group);
@@ -145,19 +145,17 @@ bool ScalingPage::ShowForm(ScalingGroup& group) {
     return scale;
 }
 
-void ScalingPage::ShowTexts(ScalingGroup& group, int& point) {
+void ScalingPage::ShowTexts(ScalingGroup& group) {
     int level = Level();
     const GroupFields& fields = group.Fields;
-    int scalePoint = 6;
-    group.Scale.Inner[level].Text = TextOf(fields.Scale, scalePoint);
+    group.Scale.Inner[level].Text = TextOf(fields.Scale);
     Values().TimeEntry = Values().ClockMode == kClockDisplay ? kSeconds : 0;
-    group.Offset.Inner[level].Text = TextOf(fields.Offset, point);
+    group.Offset.Inner[level].Text = TextOf(fields.Offset);
     Values().TimeEntry = 0;
-    int stored = 0;
-    group.LoIn.Inner[level].Text = TextOf(fields.LoIn, stored);
-    group.LoRd.Inner[level].Text = TextOf(fields.LoRd, point);
-    group.HiIn.Inner[level].Text = TextOf(fields.HiIn, stored);
-    group.HiRd.Inner[level].Text = TextOf(fields.HiRd, point);
+    group.LoIn.Inner[level].Text = TextOf(fields.LoIn);
+    group.LoRd.Inner[level].Text = TextOf(fields.LoRd);
+    group.HiIn.Inner[level].Text = TextOf(fields.HiIn);
+    group.HiRd.Inner[level].Text = TextOf(fields.HiRd);
 }
 
 // Coordinates can't make a clock value; they are marked and nothing is prevented.
@@ -171,7 +169,7 @@ void ScalingPage::MarkImpossible(ScalingGroup& group) {
 void ScalingPage::ShowClockOffset(ScalingGroup& group) {
     if (Values().DisplayType != kClockDisplay) return;
     std::string& text = group.Offset.Inner[Level()].Text;
-    text = AddClkDP(StripBlanks(text));
+    text = AddClkDP(WithoutBlanksAndPoints(text));
 }
 
 // The Resolution is selected whichever list this is; the multipliers get their own selection afterwards.
@@ -210,8 +208,7 @@ void ScalingPage::RefreshRead0In() {
     Control& frame = Rd0In.Frame[Level()];
     frame.Visible = (Values().ModeWord & 0xFF) != 0;
     if (!frame.Visible) return;
-    int point = 5;
-    Rd0In.Inner[Level()].Text = TextOf(Field::Read0In, point);
+    Rd0In.Inner[Level()].Text = TextOf(Field::Read0In);
     bool used = Stored(Field::SquareRoot) == 1 || BitsGet(Image(), 3, 3, 185) == 1;
     frame.Enabled = Rd0In.Inner[Level()].Enabled = used;
 }

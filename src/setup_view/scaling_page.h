@@ -113,7 +113,7 @@ struct ScalingPage : Page {
     void WireCurve();
     void WireBatch();
     bool ShowForm(ScalingGroup& group);
-    void ShowTexts(ScalingGroup& group, int& point);
+    void ShowTexts(ScalingGroup& group);
     void MarkImpossible(ScalingGroup& group);
     void ShowClockOffset(ScalingGroup& group);
     void PickForm(ScalingGroup& group, int form);

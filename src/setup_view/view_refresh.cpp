@@ -1,4 +1,5 @@
 // The two refreshes of the Setup view, in the order in which their steps depend on one another.
+#include "meter/boards.h"
 #include "meter/field_lists.h"
 #include "meter/mode_tables.h"
 #include "setup_view/setup_view.h"
@@ -33,8 +34,7 @@ void SetupView::InputRefresh() {
 void SetupView::ViewRefresh() {
     SetHandlers(0);
     DerivedValues& values = Program.Derived;
-    bool showsTime = values.DisplayType == 4 || values.DisplayType == 5;
-    values.ClockMode = values.ModeIndex == 5 && showsTime ? values.DisplayType : 0;
+    ClockModeUpdate(values);
     if (values.ItemLevel >= 2) MultiplierFill(Scaling.Resoln.Inner[values.ItemLevel]);
     DecPtFill();
     SetFrameActive(Scaling.DecPt1.Frame[0], Scaling.DecPt1.Inner[0], values.DisplayType != 5);

@@ -39,8 +39,8 @@ void RemoveOldest(Files& files, const std::string& folder) {
 
 std::string BackupName(const Session& session) {
     const WallTime now = session.Pump.LocalTime();
-    const int address = session.LinkState.ModbusLink == 1 ? session.Settings.ModbusAddress
-                                                          : session.Settings.MeterAddressValue;
+    const int address =
+        session.LinkState.ModbusLink ? session.Settings.ModbusAddress : session.Settings.MeterAddressValue;
     char name[96];
     std::snprintf(name, sizeof name, "%04d-%02d-%02d_%02d-%02d-%02d-%03d_address-%02d.CT2", now.Year,
                   now.Month, now.Day, now.Hour, now.Minute, now.Second, now.Millisecond, address);

@@ -1,6 +1,8 @@
 #include "shell/get_action.h"
 
 #include "link/waits.h"
+#include "meter/field_code.h"
+#include "meter/meter_words.h"
 #include "shell/backups.h"
 #include "transfer/get_setup.h"
 
@@ -17,8 +19,6 @@ constexpr const char* kRemoteNote =
     "'Remote C' "
     "mode.";
 
-constexpr int kRemoteA = 6;  // Display Type
-
 void BeginGet(Session& session) {
     session.Home.ShowHourglass(true);
     session.Home.ShowStatus("Getting data from the Counter.", ColorGreen);
@@ -28,7 +28,7 @@ void BeginGet(Session& session) {
 }
 
 void Fail(Session& session) {
-    session.Identity.SetupFromMeter = 0;
+    session.Identity.SetupFromMeter = false;
     session.Home.ShowStatus("Failed to Get data, check connections, then try again.      ( " +
                                 std::to_string(session.LinkState.LinkError) + ")",
                             ColorRed);
@@ -36,7 +36,7 @@ void Fail(Session& session) {
 
 void Succeed(Session& session) {
     HomeState& home = session.Home;
-    session.Identity.SetupFromMeter = 1;
+    session.Identity.SetupFromMeter = true;
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
     home.ShowProgress(false);
     home.ShowStatus("Getting data from the Counter.  Data received OK.", ColorGreen);
@@ -52,7 +52,7 @@ void WriteServiceFile(Session& session) {
 void Transfer(Session& session) {
     SetupTransfer transfer{session.Link, session.Image, session.Identity, session.Derived,
                            [&](int percent) { session.Home.ProgressTo(percent); }};
-    if (session.LinkState.ModbusLink == 0) {
+    if (!session.LinkState.ModbusLink) {
         GetSetupAscii(transfer);
         return;
     }
@@ -70,7 +70,7 @@ void GetSetup(Session& session) {
     } else {
         Succeed(session);
     }
-    if (BitsGet(session.Image, 7, 4, 185) == kRemoteA)
+    if (CodeOf(session.Image, Field::DisplayType) == DisplayType::RemoteA)
         session.Dialogs.Show({"Note:", kRemoteNote, BoxIcon::None});
     session.Home.ShowHourglass(false);
 }

@@ -5,8 +5,8 @@
 
 namespace counter {
 
-// Ends with LinkError 0, SetupFromMeter 1 and the entries that need a setup enabled; or with the failure and
-// its number on the status line. A meter that is a "Remote A" display gets a note shown.
+// Ends with LinkError 0, SetupFromMeter true and the entries that need a setup enabled; or with the failure
+// and its number on the status line. A meter that is a "Remote A" display gets a note shown.
 void GetSetup(Session& session);
 
 }  // namespace counter

@@ -17,7 +17,7 @@ constexpr const char* kBoxTitle = "Continue";
 // A line that went away may be there again: an adaptor that was plugged back in. One that can't be opened
 // shows in the transfer's own number.
 void ReopenLine(Session& session) {
-    const bool serial = session.Settings.CommsEnabled > 0 && session.LinkState.EthernetMode == 0;
+    const bool serial = session.Settings.CommsEnabled != Comms::NoLink && !session.LinkState.EthernetMode;
     if (serial && session.Port.Faulted() && IllegalLine(session.Settings).empty())
         OpenPort(session.Link, session.Settings);
 }
@@ -26,7 +26,7 @@ void ReopenLine(Session& session) {
 
 // What was loaded did not come from the meter.
 void HomeView::TakeLoaded() {
-    session_.Identity.SetupFromMeter = 0;
+    session_.Identity.SetupFromMeter = false;
     session_.Home.ViewEnabled = session_.Home.PutEnabled = true;
 }
 

@@ -1,6 +1,7 @@
 #include "shell/home_view.h"
 
 #include "link/port_setup.h"
+#include "meter/meter_words.h"
 
 namespace counter {
 
@@ -65,21 +66,21 @@ void HomeView::On(std::string_view name, void (HomeView::*action)()) {
 void HomeView::Load() {
     for (Control* hidden : {&lblPGText, &pbBar, &lblWait, &lblTest, &lblTest1, &lblTest2})
         hidden->Visible = false;
-    session_.Identity.SetupFromMeter = 0;
+    session_.Identity.SetupFromMeter = false;
     MenuHelp();
 }
 
 void HomeView::Activate() {
     if (CloseViews) CloseViews();
     session_.Home.Hourglass = false;
-    const bool comms = session_.Settings.CommsEnabled != 0;
+    const bool comms = session_.Settings.CommsEnabled != Comms::NoLink;
     Menu("mnuCounter").Enabled = comms;
-    if (!comms) session_.Identity.SetupFromMeter = 0;
+    if (!comms) session_.Identity.SetupFromMeter = false;
     const LinkState& link = session_.LinkState;
-    session_.Home.CalibrationEnabled = link.ModbusLink != 1;
-    Menu("mnuMRdgs").Enabled = link.ModbusLink != 1 && link.EthernetMode != 1;
-    if (session_.Settings.ProgramKind == 7) Menu("mnuCalib").Visible = false;
-    Menu("mnuMenu").Visible = session_.Identity.MeterType != 7;
+    session_.Home.CalibrationEnabled = !link.ModbusLink;
+    Menu("mnuMRdgs").Enabled = !link.ModbusLink && !link.EthernetMode;
+    if (session_.Settings.ProgramKind == ProgramKind::NoCalibration) Menu("mnuCalib").Visible = false;
+    Menu("mnuMenu").Visible = HasPanel(session_.Identity.MeterType);
     ShowState();
 }
 

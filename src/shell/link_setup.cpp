@@ -4,7 +4,6 @@
 #include <array>
 
 #include "link/port_setup.h"
-#include "meter/baud_table.h"
 #include "meter/field_lists.h"
 #include "meter/text.h"
 #include "session/session.h"
@@ -94,9 +93,9 @@ void LinkSetup::ShowSettings(const Settings& settings) {
     txtModbus.Text = std::to_string(settings.ModbusAddress);
     txtVersion.Text = std::to_string(settings.FirmwareVersion);
     chkWakeUp.Value = settings.LongWakeUp;
-    chkEcho.Value = settings.CommsEnabled == 2 ? 1 : 0;
-    chkNode.Value = settings.EthernetMode;
-    chkWork.Value = settings.CommsEnabled == 0 && settings.EthernetMode == 0 ? 1 : 0;
+    chkEcho.Value = settings.CommsEnabled == Comms::EchoingLink ? 1 : 0;
+    chkNode.Value = settings.EthernetMode ? 1 : 0;
+    chkWork.Value = settings.CommsEnabled == Comms::NoLink && !settings.EthernetMode ? 1 : 0;
     txtNode.Text = settings.NodeAddress;
     txtNodeIp.Text = settings.NodeIp;
     txtNodeUdp.Text = std::to_string(settings.NodeUdpPort);
@@ -142,7 +141,8 @@ void LinkSetup::ShowNode() {
 
 std::string LinkSetup::TakeLines(SettingsLines& lines) const {
     const bool node = chkNode.Value == 1;
-    const int comms = chkWork.Value == 1 && !node ? 0 : 1 + (chkEcho.Value == 1 && !node ? 1 : 0);
+    Comms::Code comms = !node && chkEcho.Value == 1 ? Comms::EchoingLink : Comms::Link;
+    if (!node && chkWork.Value == 1) comms = Comms::NoLink;
     const int meter = kMeterTypes[static_cast<std::size_t>(std::max(cboMeter.ListIndex, 0))];
     const std::pair<const char*, std::string> values[] = {
         {"MeterType", std::to_string(meter)},

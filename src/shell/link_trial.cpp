@@ -2,9 +2,9 @@
 
 #include "link/link_error.h"
 #include "link/port_setup.h"
-#include "meter/baud_table.h"
 #include "meter/field_lists.h"
 #include "meter/field_value.h"
+#include "meter/meter_words.h"
 #include "session/session.h"
 #include "shell/get_action.h"
 #include "shell/start.h"
@@ -41,23 +41,23 @@ class NoBoxes : public Dialogs {
 };
 
 std::string MeterName(int meterType) {
-    if (meterType == 1) return "A DPM";
-    if (meterType == 2) return "A Weight Meter";
-    return meterType >= 5 && meterType <= 7 ? "A Counter Transmitter" : "A Counter";
+    if (meterType == MeterKind::Dpm) return "A DPM";
+    if (meterType == MeterKind::WeightMeter) return "A Weight Meter";
+    return IsTransmitter(meterType) ? "A Counter Transmitter" : "A Counter";
 }
 
 // The version is the meter's own; over Modbus a Get leaves the identity of the settings, but the image has
 // it.
 std::string AnswerInWords(const Session& session) {
     const Settings& stored = session.Settings;
-    const bool modbus = session.LinkState.ModbusLink == 1;
+    const bool modbus = session.LinkState.ModbusLink;
     const std::string_view protocol = lists::kProtocol[static_cast<std::size_t>(stored.SerialProtocol)];
     std::string words =
         MeterName(ValueOfField(session.Image, Field::MeterType).Number) + " answered: firmware version " +
         std::to_string(ValueOfField(session.Image, Field::FirmwareVersion).Number) + ", address " +
         (modbus ? std::to_string(stored.ModbusAddress) : stored.MeterAddressLabel) + ", ";
     words += std::string(protocol);
-    if (session.LinkState.EthernetMode == 1) return words + " through the node at " + stored.NodeIp + ".";
+    if (session.LinkState.EthernetMode) return words + " through the node at " + stored.NodeIp + ".";
     return words + " at " + std::string(BaudTable[static_cast<std::size_t>(session.LinkState.BaudIndex)]) +
            " baud.";
 }
@@ -92,7 +92,7 @@ LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines) {
         trial.PortOpened = false;
         return trial;
     }
-    if (session.LinkState.EthernetMode == 1) {
+    if (session.LinkState.EthernetMode) {
         trial.Words = CallNode(session);
         if (!trial.Words.empty()) return trial;
     }

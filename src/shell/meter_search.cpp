@@ -4,8 +4,8 @@
 #include <map>
 
 #include "link/link_error.h"
-#include "meter/baud_table.h"
 #include "meter/field_lists.h"
+#include "meter/meter_words.h"
 #include "settings/settings_keys.h"
 
 namespace counter {
@@ -13,10 +13,9 @@ namespace counter {
 namespace {
 
 constexpr std::array<int, 7> kUsualRates = {5, 6, 4, 3, 2, 1, 0};  // 9600 baud is what a meter comes with
-constexpr std::array<int, 2> kParities = {2, 1};                   // even, then odd
-constexpr int kOldCheckVersion = 80;                               // the last with that check
+constexpr std::array<int, 2> kParities = {Parity::Even, Parity::Odd};
+constexpr int kOldCheckVersion = 80;                          // the last with that check
 constexpr int kPublishedCheckVersion = kOldCheckVersion + 1;  // any above: trials ask for the meter's own
-constexpr int kEchoes = 2;                                    // value of CommsEnabled
 
 void Put(SettingsLines& lines, std::string_view key, int value) {
     SetSettingsKey(lines, *FindSettingsKey(key), std::to_string(value));
@@ -34,7 +33,7 @@ SettingsLines LinesOf(const SettingsLines& base, const SearchStep& step) {
     Put(lines, "BaudIndex", step.BaudIndex);
     Put(lines, "ParityIndex", step.ParityIndex);
     Put(lines, "FirmwareVersion", step.OldCheck ? kOldCheckVersion : kPublishedCheckVersion);
-    if (NumberOf(lines, "CommsEnabled") == 0) Put(lines, "CommsEnabled", 1);
+    if (NumberOf(lines, "CommsEnabled") == Comms::NoLink) Put(lines, "CommsEnabled", Comms::Link);
     return lines;
 }
 
@@ -47,8 +46,8 @@ bool MadeNoSense(const LinkTrial& trial) {
 // tried.
 LinkTrial Try(const TrialWorld& world, SettingsLines& lines) {
     LinkTrial trial = TryLink(world, lines);
-    if (!MadeNoSense(trial) || NumberOf(lines, "CommsEnabled") == kEchoes) return trial;
-    Put(lines, "CommsEnabled", kEchoes);
+    if (!MadeNoSense(trial) || NumberOf(lines, "CommsEnabled") == Comms::EchoingLink) return trial;
+    Put(lines, "CommsEnabled", Comms::EchoingLink);
     return TryLink(world, lines);
 }
 
@@ -76,18 +75,21 @@ std::string NobodyInWords(const SettingsLines& lines, const std::vector<std::str
 }  // namespace
 
 std::vector<SearchStep> SearchSteps(const std::vector<std::string>& devices) {
+    using enum Protocol::Code;
     std::vector<SearchStep> steps;
     for (int baud : kUsualRates) {
         for (const std::string& device : devices) {
-            for (int protocol : {0, 1, 2}) steps.push_back({device, protocol, baud});
-            steps.push_back({device, 1, baud, 0, true});
+            for (int protocol : {CustomAscii, ModbusRtu, ModbusAscii})
+                steps.push_back({device, protocol, baud});
+            steps.push_back({device, ModbusRtu, baud, Parity::None, true});
         }
     }
     for (int baud : kUsualRates) {
         for (const std::string& device : devices) {
             for (int parity : kParities) {
-                for (int protocol : {1, 2}) steps.push_back({device, protocol, baud, parity});
-                steps.push_back({device, 1, baud, parity, true});
+                for (int protocol : {ModbusRtu, ModbusAscii})
+                    steps.push_back({device, protocol, baud, parity});
+                steps.push_back({device, ModbusRtu, baud, parity, true});
             }
         }
     }

@@ -23,7 +23,7 @@ class TriedDevice : public PortCatalog {
 
 struct SearchStep {
     std::string Device;
-    int SerialProtocol = 0;  // 0 Custom ASCII, 1 Modbus RTU, 2 Modbus ASCII
+    int SerialProtocol = 0;  // Protocol
     int BaudIndex = 0;
     int ParityIndex = 0;
     bool OldCheck = false;  // Modbus RTU as meters below version 81 have it

@@ -34,7 +34,7 @@ void NodeView::Load() {
 }
 
 void NodeView::Activate() {
-    if (begun_ || session_.LinkState.NodeFirstRun == 0) return;
+    if (begun_ || !session_.LinkState.NodeFirstRun) return;
     begun_ = true;
     Title(kLoginDisconnected);
     if (const Status status = LogIntoNode(session_); !status.Ok()) return GiveUp(status.Text());

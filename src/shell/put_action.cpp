@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* kAppearsDone = "Putting data to the Counter.  Data appears to have Transferred O.K.";
 
-// By board code 1 to 3.
+// By InputBoard.
 constexpr std::array<const char*, 4> kBoardNames = {"", "Dual Signal Conditioner", "V-F Converter",
                                                     "Quadrature Meter"};
 
@@ -50,7 +50,7 @@ void CheckBoard(Session& session) {
 
 Status Transfer(Session& session) {
     SetupTransfer transfer = TransferOf(session);
-    if (session.LinkState.ModbusLink == 1) return PutSetupModbus(transfer, session.BringUp);
+    if (session.LinkState.ModbusLink) return PutSetupModbus(transfer, session.BringUp);
     PutSetupAscii(transfer);
     if (session.LinkState.LinkError != 0) return {};
     session.Home.ShowStatus(kAppearsDone, ColorGreen);

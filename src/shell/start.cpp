@@ -28,8 +28,8 @@ Status LogIntoNode(Session& session) {
     const Settings& stored = session.Settings;
     Status status = session.Node.Login({stored.NodeAddress, stored.NodeIp, stored.TcpPort}, FreshVariant());
     if (session.Node.Connected()) {
-        session.LinkState.NodeFirstRun = 0;
-        session.LinkState.EthernetMode = 1;
+        session.LinkState.NodeFirstRun = false;
+        session.LinkState.EthernetMode = true;
     }
     return status;
 }

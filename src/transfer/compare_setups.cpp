@@ -52,8 +52,8 @@ bool OtherClass(const SetupImage& a, const SetupImage& b) {
 }  // namespace
 
 PutRoad RoadOf(const LinkState& link) {
-    if (link.ModbusLink == 1) return PutRoad::Modbus;
-    return link.EthernetMode == 1 ? PutRoad::AsciiNode : PutRoad::AsciiSerial;
+    if (link.ModbusLink) return PutRoad::Modbus;
+    return link.EthernetMode ? PutRoad::AsciiNode : PutRoad::AsciiSerial;
 }
 
 Standing StandingOf(Field field, PutRoad road, int firmwareVersion) {

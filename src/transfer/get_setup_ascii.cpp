@@ -3,6 +3,7 @@
 
 #include "link/exchange.h"
 #include "link/waits.h"
+#include "meter/boards.h"
 #include "meter/firmware.h"
 #include "transfer/get_setup.h"
 
@@ -27,8 +28,8 @@ bool Ask(Link& link, const char* command, std::size_t length, int step) {
 }
 
 void WakeUp(Link& link) {
-    if (link.State.EthernetMode == 1) return;
-    link.State.CommandText = link.State.LongWakeUp == 1 ? "|************|" : "|**|";
+    if (link.State.EthernetMode) return;
+    link.State.CommandText = link.State.LongWakeUp ? "|************|" : "|**|";
     SendCommand(link);
 }
 
@@ -59,29 +60,28 @@ bool GetBlocks(SetupTransfer& transfer) {
 
 void TakeIdentity(SetupTransfer& transfer) {
     MeterIdentity& identity = transfer.Identity;
-    if (identity.NoPanelModel == 1 && AlwaysHalfDuplexWithoutPanel(identity.FirmwareVersion)) {
-        BitsPut(transfer.Image, 7, 7, 187, 1);
-    }
+    AmendHalfDuplex(transfer);
     transfer.ProgressTo(90);
-    identity.MeterType = ByteGet(transfer.Image, 235);
-    identity.FirmwareVersion = ByteGet(transfer.Image, 233);
+    identity.MeterType = CodeOf(transfer.Image, Field::MeterType);
+    identity.FirmwareVersion = CodeOf(transfer.Image, Field::FirmwareVersion);
 }
 
 // Version 78 shows a two-relay board as a four-relay one; bit 2 of byte 0x2B tells them apart. A byte that
 // never came leaves the reply before it standing, and that is what is looked at.
 bool GetRelayBoard(SetupTransfer& transfer) {
-    const int relayCode = BitsGet(transfer.Image, 6, 5, 193);
-    if (relayCode == 0 || relayCode == 2 || !AsksRelayByte(transfer.Identity.FirmwareVersion)) return true;
+    constexpr int kTwoRelays = 2;  // stored code
+    const int board = CodeOf(transfer.Image, Field::RelayOption);
+    if (board == 0 || board == kTwoRelays || !AsksRelayByte(transfer.Identity.FirmwareVersion)) return true;
     Link& link = transfer.Line;
     LinkDelay(link, 200);
     AskAscii(link, "G12B");
-    if (link.State.PortFault != 0) return false;
+    if (link.State.PortFault) return false;
     if (link.State.ReplyText.size() != 2) {
         link.State.LinkError = kRelayByte;
         return false;
     }
     const SetupImage reply{link.State.ReplyText};
-    if (BitsGet(reply, 2, 2, 1) == 0) BytePut(transfer.Image, 193, ByteGet(transfer.Image, 193) | 0x40);
+    if (BitsGet(reply, 2, 2, 1) == 0) PutCode(transfer.Image, Field::RelayOption, board | kTwoRelays);
     return true;
 }
 
@@ -91,8 +91,8 @@ bool GetExtendedOption(SetupTransfer& transfer) {
     LinkDelay(link, 200);
     if (!Ask(link, "G128", 2, kExtendedByte)) return false;
     const SetupImage reply{link.State.ReplyText};
-    transfer.Derived.ExtendedMeter = BitsGet(reply, 7, 7, 1);
-    if (transfer.Derived.ExtendedMeter == 0) BitsPut(transfer.Image, 3, 2, 185, 0);
+    transfer.Derived.ExtendedMeter = BitsGet(reply, 7, 7, 1) == 1;
+    if (!transfer.Derived.ExtendedMeter) PutCode(transfer.Image, Field::ClassAndCurve, 0);
     return true;
 }
 
@@ -100,26 +100,31 @@ bool GetAnalogBoard(SetupTransfer& transfer) {
     if (!AsksAnalogByte(transfer.Identity.FirmwareVersion)) return true;
     Link& link = transfer.Line;
     if (!Ask(link, "R141", 2, kAnalogByte)) return false;
-    BitsPut(transfer.Image, 7, 0, 143, std::atoi(link.State.ReplyText.c_str()));
+    PutCode(transfer.Image, Field::AnalogOption, std::atoi(link.State.ReplyText.c_str()));
     return true;
 }
+
+constexpr int kOptionBoardsPos = 193;
 
 // The bytes that the meter keeps apart from its setup words.
 bool GetLiveBytes(SetupTransfer& transfer) {
     if (!Ask(transfer.Line, "G130", 2, kOptionBoards)) return false;
-    DigitsPut(transfer.Image, 193, transfer.Line.State.ReplyText);
+    DigitsPut(transfer.Image, kOptionBoardsPos, transfer.Line.State.ReplyText);
     return GetRelayBoard(transfer) && GetExtendedOption(transfer) && GetAnalogBoard(transfer);
 }
 
 // A meter without an input board is a remote display, and talking to it has made a "Remote C" one "Remote A".
 void SettleRemoteDisplay(SetupImage& image) {
-    if (BitsGet(image, 2, 0, 193) == 0 && HexDigitGet(image, 185) < 6) DigitsPut(image, 185, "6");
+    const int pos = RowOf(Field::DisplayType).Pos;
+    const bool remote = IsRemoteDisplay(HexDigitGet(image, pos));
+    if (InputOptionFromSetup(image) == InputBoard::None && !remote)
+        DigitsPut(image, pos, std::to_string(DisplayType::RemoteA));
 }
 
 }  // namespace
 
 void GetSetupAscii(SetupTransfer& transfer) {
-    transfer.Line.State.PortFault = 0;  // one of an exchange before must not cut this Get short
+    transfer.Line.State.PortFault = false;  // one of an exchange before must not cut this Get short
     transfer.ProgressTo(6);
     WakeUp(transfer.Line);
     LinkDelay(transfer.Line, 300);
@@ -127,7 +132,7 @@ void GetSetupAscii(SetupTransfer& transfer) {
     TakeIdentity(transfer);
     if (!GetLiveBytes(transfer)) return;
     SendAscii(transfer.Line, "C0");
-    BitsPut(transfer.Image, 3, 2, 109, transfer.Line.State.SerialProtocol);
+    PutCode(transfer.Image, Field::SerialProtocol, transfer.Line.State.SerialProtocol);
     SettleRemoteDisplay(transfer.Image);
 }
 

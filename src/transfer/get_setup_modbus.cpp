@@ -32,14 +32,9 @@ struct Range {
     void (*Amend)(SetupTransfer&);  // what some generations of the meter do not tell over Modbus
 };
 
-void AmendHalfDuplex(SetupTransfer& transfer) {
-    const MeterIdentity& identity = transfer.Identity;
-    if (identity.NoPanelModel != 1 || !AlwaysHalfDuplexWithoutPanel(identity.FirmwareVersion)) return;
-    BitsPut(transfer.Image, 7, 7, 187, 1);
-}
-
 void AmendAnalogOption(SetupTransfer& transfer) {
-    if (!ModbusTellsAnalogOption(transfer.Identity.FirmwareVersion)) DigitsPut(transfer.Image, 143, "00");
+    if (!ModbusTellsAnalogOption(transfer.Identity.FirmwareVersion))
+        PutCode(transfer.Image, Field::AnalogOption, 0);
 }
 
 // clang-format off
@@ -105,7 +100,7 @@ void Scatter(const std::string& reply, std::span<const Piece> pieces, SetupImage
 
 // Through the node at 300 baud there is no pause of its own: required.
 double PauseMs(const LinkState& link) {
-    return link.EthernetMode == 1 && link.BaudIndex == 0 ? 0 : 1000;
+    return link.EthernetMode && link.BaudIndex == 0 ? 0 : 1000;
 }
 
 }  // namespace

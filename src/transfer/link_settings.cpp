@@ -21,20 +21,20 @@ void PutDigit(std::string& line, int position, int digit) {
 
 std::string LinkSettingsLine(const std::string& settingsLine1, const SetupImage& image) {
     std::string line = settingsLine1;
-    const int protocol = BitsGet(image, 3, 2, 109);
-    PutDigit(line, 2, BitsGet(image, 6, 4, 191));
+    const int protocol = CodeOf(image, Field::SerialProtocol);
+    PutDigit(line, 2, CodeOf(image, Field::BaudRate));
     PutDigit(line, 5, protocol);
-    PutDigit(line, 6, protocol == 0 ? 0 : BitsGet(image, 1, 0, 109));
-    SettingsPut(line, 8, std::string(1, AddressChar(BitsGet(image, 4, 0, 189))));
-    SettingsPut(line, 9, ThreeDigits(ByteGet(image, 111)));
-    PutDigit(line, 12, BitsGet(image, 7, 7, 187));
+    PutDigit(line, 6, protocol == Protocol::CustomAscii ? 0 : CodeOf(image, Field::Parity));
+    SettingsPut(line, 8, std::string(1, AddressChar(CodeOf(image, Field::Address))));
+    SettingsPut(line, 9, ThreeDigits(CodeOf(image, Field::ModbusAddress)));
+    PutDigit(line, 12, CodeOf(image, Field::Duplex));
     return line;
 }
 
 Status SaveLinkSettings(const SetupImage& image, const BringUp& bringUp) {
     SettingsLines& lines = bringUp.Settings.Lines;
     const std::string line = LinkSettingsLine(lines.SettingsLine1, image);
-    bringUp.Link.State.ModbusLink = BitsGet(image, 3, 2, 109) == 0 ? 0 : 1;
+    bringUp.Link.State.ModbusLink = CodeOf(image, Field::SerialProtocol) != Protocol::CustomAscii;
     if (line == lines.SettingsLine1) return {};
     Status written = bringUp.Folder.Store.Write(bringUp.Folder.At(kSettingsFile),
                                                 FormatSettings({line, lines.SettingsLine2}));

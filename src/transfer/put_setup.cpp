@@ -1,9 +1,11 @@
 #include "transfer/put_setup.h"
 
+#include <algorithm>
 #include <string>
 
 #include "link/exchange.h"
 #include "link/waits.h"
+#include "meter/field_value.h"
 #include "meter/firmware.h"
 #include "transfer/put_frames.h"
 
@@ -14,15 +16,18 @@ namespace {
 constexpr int kBoardLength = 16;   // LinkError of a board answer of a wrong length
 constexpr int kAnswerDigits = 12;  // address, function, first register, count
 constexpr int kBeforeResetMs = 1500;
-constexpr char kRemoteC = 'C';
+// The Display Type and the Mode are the first digits of their bytes.
+const int kDisplayTypePos = RowOf(Field::DisplayType).Pos;
+const int kModePos = RowOf(Field::Mode).Pos;
 
+// The meter itself writes the digit as a capital.
 bool IsRemoteC(const SetupImage& image) {
-    return DigitsGet(image, 185, 1) == std::string(1, kRemoteC);
+    return DigitsGet(image, kDisplayTypePos, 1) == "C";
 }
 
-// The board codes lie four Modes apart; none counts as the dual board.
-int BoardOfMode(int modeDigit) {
-    return modeDigit / 4 == 0 ? 1 : modeDigit / 4;
+// The Modes of a board lie four apart, by the number of the board; none counts as the dual board.
+int BoardOfMode(int mode) {
+    return std::max<int>(mode / 4, InputBoard::DualSigCond);
 }
 
 // Stops the reading stream first. Returns the Mode digit of the meter, -1 where none came.
@@ -33,7 +38,7 @@ int AskBoardAscii(Link& link) {
     AskAscii(link, "G12D");
     if (link.State.LinkError != 0) return -1;
     if (link.State.RawReply.size() == 2) return HexDigitGet({link.State.RawReply}, 1);
-    link.State.PortFault = 1;
+    link.State.PortFault = true;
     return -1;
 }
 
@@ -41,7 +46,7 @@ int AskBoardModbus(Link& link) {
     AskModbus(link, "0300450001");
     if (link.State.LinkError != 0) return -1;
     // The length is that of RTU also over Modbus ASCII, whose answer never has it: required.
-    const std::size_t wanted = link.State.EthernetMode == 1 ? 10 : 14;
+    const std::size_t wanted = link.State.EthernetMode ? 10 : 14;
     if (link.State.ReplyText.size() != wanted) {
         link.State.LinkError = kBoardLength;
         return -1;
@@ -62,7 +67,7 @@ bool WriteBlock(SetupTransfer& transfer, const AsciiWrite& write) {
 }
 
 double PauseMs(const LinkState& link) {
-    if (link.EthernetMode == 1 && link.BaudIndex == 0) return 0;
+    if (link.EthernetMode && link.BaudIndex == 0) return 0;
     return link.BaudIndex == 1 ? 600 : 1000;
 }
 
@@ -84,16 +89,16 @@ bool WriteRow(SetupTransfer& transfer, const ModbusWrite& write) {
 // At 4800 baud and above the node is told before the first write and behind the last.
 void TellNode(Link& link, bool on) {
     constexpr int kFastBaud = 4;
-    if (link.State.EthernetMode == 1 && link.State.BaudIndex >= kFastBaud) link.Node->SendNodeCommand(on);
+    if (link.State.EthernetMode && link.State.BaudIndex >= kFastBaud) link.Node->SendNodeCommand(on);
 }
 
 }  // namespace
 
 BoardCheck CheckMeterBoard(SetupTransfer& transfer) {
     Link& link = transfer.Line;
-    const int mode = link.State.ModbusLink == 0 ? AskBoardAscii(link) : AskBoardModbus(link);
+    const int mode = link.State.ModbusLink ? AskBoardModbus(link) : AskBoardAscii(link);
     if (mode < 0) return {};
-    BoardCheck check{true, BoardOfMode(mode), BoardOfMode(HexDigitGet(transfer.Image, 199))};
+    BoardCheck check{true, BoardOfMode(mode), BoardOfMode(HexDigitGet(transfer.Image, kModePos))};
     if (IsRemoteC(transfer.Image)) check.ImageBoard = check.MeterBoard;
     return check;
 }
@@ -101,9 +106,9 @@ BoardCheck CheckMeterBoard(SetupTransfer& transfer) {
 void PutSetupAscii(SetupTransfer& transfer) {
     Link& link = transfer.Line;
     transfer.Image.SetupData.resize(kImageDigits, '0');
-    if (IsRemoteC(transfer.Image)) DigitsPut(transfer.Image, 199, "00");
+    if (IsRemoteC(transfer.Image)) DigitsPut(transfer.Image, kModePos, "00");
     if (link.State.LinkError != 0) return;
-    for (const AsciiWrite& write : link.State.EthernetMode == 1 ? NodeWrites() : SerialWrites()) {
+    for (const AsciiWrite& write : link.State.EthernetMode ? NodeWrites() : SerialWrites()) {
         if (!WriteBlock(transfer, write)) return;
     }
     LinkDelay(link, kBeforeResetMs);
@@ -116,14 +121,15 @@ Status PutSetupModbus(SetupTransfer& transfer, const BringUp& bringUp) {
     SetupImage& image = transfer.Image;
     transfer.Line.State.ReplyText.clear();
     // A meter that was told the address 0 would never answer again.
-    if (DigitsGet(image, 111, 2) == "00") DigitsPut(image, 111, "01");
+    if (FieldDigits(image, Field::ModbusAddress) == "00") PutCode(image, Field::ModbusAddress, 1);
     TellNode(transfer.Line, true);
     for (const ModbusWrite& write : ModbusWrites()) {
         if (write.NeedsCutoffRegister && !ModbusTakesCutoffValue(transfer.Identity.FirmwareVersion)) continue;
-        if (write.Data.front().Position == 185 && IsRemoteC(image)) DigitsPut(image, 185, "7");
+        if (write.Data.front().Position == kDisplayTypePos && IsRemoteC(image))
+            DigitsPut(image, kDisplayTypePos, std::to_string(DisplayType::RemoteS));
         if (!WriteRow(transfer, write)) return {};
     }
-    transfer.Line.State.ModbusAddressHex = DigitsGet(image, 111, 2);
+    transfer.Line.State.ModbusAddressHex = FieldDigits(image, Field::ModbusAddress);
     Status saved = SaveLinkSettings(image, bringUp);
     TellNode(transfer.Line, false);  // by the baud rate that the settings now name: required
     return saved;

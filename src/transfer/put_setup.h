@@ -12,7 +12,7 @@ namespace counter {
 
 struct BoardCheck {
     bool Compared = false;  // false where the exchange failed or answered in a wrong length
-    int MeterBoard = 0;     // 1 Dual Signal Conditioner, 2 V-F Converter, 3 Quadrature Meter
+    int MeterBoard = 0;     // InputBoard
     int ImageBoard = 0;     // the same, of the setup to be written
 };
 
@@ -33,7 +33,7 @@ BoardCheck CheckMeterBoard(SetupTransfer& transfer);
 void PutSetupAscii(SetupTransfer& transfer);
 
 // Six writes, the fourth only above version 75; LinkError 1, 4, 7, 10, 11 or 14 for an answer of a wrong
-// length. A Modbus address 0 becomes 1 in the image, a "Remote C" display becomes type 7. A good Put ends
+// length. A Modbus address 0 becomes 1 in the image, a "Remote C" display becomes "Remote S". A good Put ends
 // with SaveLinkSettings, whose status is returned. Through the node at 4800 baud and above (BaudIndex 4) the
 // node gets a command before the first write and, unless the Put fails, another at the very end.
 Status PutSetupModbus(SetupTransfer& transfer, const BringUp& bringUp);

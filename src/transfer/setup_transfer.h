@@ -5,6 +5,8 @@
 
 #include "link/link.h"
 #include "meter/derived_values.h"
+#include "meter/field_code.h"
+#include "meter/firmware.h"
 #include "meter/meter_identity.h"
 #include "meter/setup_image.h"
 
@@ -17,5 +19,13 @@ struct SetupTransfer {
     DerivedValues& Derived;
     std::function<void(int percent)> ProgressTo;  // 0..100
 };
+
+// An old meter without a panel answers half duplex, whatever it says.
+inline void AmendHalfDuplex(SetupTransfer& transfer) {
+    constexpr int kHalfDuplex = 1;
+    const MeterIdentity& identity = transfer.Identity;
+    if (identity.NoPanelModel && AlwaysHalfDuplexWithoutPanel(identity.FirmwareVersion))
+        PutCode(transfer.Image, Field::Duplex, kHalfDuplex);
+}
 
 }  // namespace counter

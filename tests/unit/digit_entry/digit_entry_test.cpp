@@ -192,7 +192,7 @@ TEST(RoundTrip, OpeningAndOkChangeNothing) {
         DigitsPut(desk.Image, kind.Pos, digits);
         const ValueContext context{1, 0, kind.TimeEntry};
         std::string text = ValueText(desk.Image, context, kind.Type, kind.Pos, kind.Type == 3 ? 6 : point);
-        if (kind.TimeEntry == 2) text = AddClkDP(StripBlanks(text));
+        if (kind.TimeEntry == 2) text = AddClkDP(WithoutBlanksAndPoints(text));
         desk.Open({kind.Type, kind.Pos, text.c_str(), 1, 0, 0, 1, 0, kind.TimeEntry});
         desk.Dialog.Ok();
         ASSERT_EQ(desk.Digits(kind.Pos, kind.Digits), digits) << "type " << kind.Type << ", " << text;

@@ -12,8 +12,8 @@
 #include "help/help_screens.h"
 #include "menu_view/menu_items.h"
 #include "menu_view/menu_view.h"
-#include "meter/ascii_name.h"
 #include "meter/field_lists.h"
+#include "meter/text.h"
 #include "setup_view/setup_view.h"
 #include "support/bench_meter.h"
 

@@ -1,4 +1,4 @@
-#include "meter/ascii_name.h"
+#include "meter/text.h"
 
 #include <gtest/gtest.h>
 

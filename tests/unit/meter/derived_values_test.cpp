@@ -6,8 +6,6 @@
 #include <tuple>
 #include <utility>
 
-#include "meter/deviation_code.h"
-
 namespace counter {
 namespace {
 
@@ -36,7 +34,7 @@ TEST(NormaliseModeFunction, MakesThePairLegal) {
     };
     // clang-format on
     for (const auto& c : cases) {
-        DerivedValues values{c.InputOption, c.Mode, c.Function, c.Extended};
+        DerivedValues values{c.InputOption, c.Mode, c.Function, c.Extended == 1};
         NormaliseModeFunction(values, 83);
         EXPECT_EQ((std::array{values.ModeIndex, values.FunctionIndex, values.ModeWord}), c.After) << c.Name;
         EXPECT_EQ(values.ItemRow, c.After[2] >> 8 & 63) << c.Name;
@@ -134,7 +132,7 @@ TEST(Boxes, ShowPresetOrCutoffByMode) {
         SetupImage image = Counting(c.ModeAndFunction, c.DisplayType);
         BytePut(image, 193, c.InputCode);
         DerivedValues values = DeriveFromImage(image, 83);
-        EXPECT_EQ((std::array{values.PresetActive, values.CutoffActive, values.ClockMode}), c.Shown)
+        EXPECT_EQ((std::array<int, 3>{values.PresetActive, values.CutoffActive, values.ClockMode}), c.Shown)
             << c.Name;
     }
 }

@@ -4,6 +4,7 @@
 #include <rapidcheck/gtest.h>
 
 #include "image_with.h"
+#include "meter/boards.h"
 
 namespace counter {
 namespace {

@@ -105,7 +105,7 @@ TEST(ValueEncode, WritesNoOtherCodeAndNothingOutside) {
 }
 
 TEST(ClockText, IsMadeOfAnyValueText) {
-    EXPECT_EQ(StripBlanks(" +0101.01 "), "+010101");
+    EXPECT_EQ(WithoutBlanksAndPoints(" +0101.01 "), "+010101");
     EXPECT_EQ(AddClkDP("123456"), "+12. 34. 56");
     EXPECT_EQ(AddClkDP(" -010203 "), "-01. 02. 03");
     EXPECT_EQ(AddClkDP(""), ". . ");
@@ -125,7 +125,7 @@ RC_GTEST_PROP(ValueCodec, SixDigitsSurvive, ()) {
     ValueEncode(image, kPlain, code, kPos, entered);
     SetupImage again = image;
     std::string shown = ValueText(image, kPlain, code, kPos, decPt);
-    ValueEncode(again, kPlain, code, kPos, StripBlanks(shown.substr(0, 2)) + shown.substr(2));
+    ValueEncode(again, kPlain, code, kPos, WithoutBlanksAndPoints(shown.substr(0, 2)) + shown.substr(2));
 
     RC_ASSERT(shown == " " + entered);
     RC_ASSERT(again.SetupData == image.SetupData);
