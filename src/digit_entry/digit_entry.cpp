@@ -8,17 +8,17 @@
 #include "controls/colors.h"
 #include "digit_entry/digit_text.h"
 #include "link/waits.h"
+#include "meter/field_table.h"
+#include "meter/meter_words.h"
 #include "meter/value_codec.h"
 
 namespace counter {
 
 namespace {
 
-// Between hiding the dialog and the refresh behind it, so that the screen is drawn first.
-constexpr double kBehindDialogMs = 10;
+// Between hiding the dialog and the refresh after it, so that the screen is drawn first.
+constexpr double kAfterDialogMs = 10;
 
-constexpr int kVfConverter = 2;
-constexpr int kPulsesPerRevPos = 161;
 constexpr int kMostByte = 255;
 
 Control* AddControl(Form& form, ControlKind kind, const char* name, int index, const char* caption = "") {
@@ -44,7 +44,7 @@ std::string WithSeparateSign(const std::string& text) {
 
 }  // namespace
 
-DigitEntry::DigitEntry(const EntryWork& work) : Controls(work.State.SetupRefreshOn), work_(work) {
+DigitEntry::DigitEntry(const EntryWork& work) : work_(work) {
     for (int i = 0; i < kDigitBoxes; ++i) {
         Control* box = AddControl(Controls, ControlKind::Value, "txtDigit", i);
         boxes_[static_cast<std::size_t>(i)] = box;
@@ -62,7 +62,7 @@ DigitEntry::DigitEntry(const EntryWork& work) : Controls(work.State.SetupRefresh
 DigitLimits DigitEntry::Limits() const {
     const EntryState& state = work_.State;
     return {state.FieldType, state.FieldPos, work_.Derived.TimeEntry,
-            state.FieldType == kFreePointType && work_.Derived.InputOption != kVfConverter};
+            state.FieldType == kFreePointType && work_.Derived.InputOption != InputBoard::VfConverter};
 }
 
 void DigitEntry::OpenDigitEntry() {
@@ -95,20 +95,22 @@ void DigitEntry::LoadDigits() {
 }
 
 // The place of the point that the boxes show, 0 where there is none. A code that the image holds is taken as
-// it stands, 0 and 7 included.
+// it is, 0 and 7 included.
 int DigitEntry::OpeningDecimal(int pointPlace, int pointCode) const {
     const DerivedValues& derived = work_.Derived;
     switch (work_.State.FieldType) {
         case 0:
         case 1:
             if (derived.CutoffActive == 1) return derived.DecPt1;
-            return work_.State.FieldType == 0 && work_.State.FieldPos == kPulsesPerRevPos ? 1 : 3;
+            return work_.State.FieldType == 0 && work_.State.FieldPos == RowOf(Field::PulsesPerRev).Pos ? 1
+                                                                                                        : 3;
         case 2:
             return derived.PresetActive == 1 ? derived.DecPt1 : pointCode;
         case 3:
             return 6;
         case kFreePointType:
-            if (derived.InputOption == kVfConverter) return derived.ModeIndex == 9 ? 6 : 5;
+            if (derived.InputOption == InputBoard::VfConverter)
+                return derived.ModeIndex == Mode::Vf0To1mA ? 6 : 5;
             return pointPlace == 0 ? 1 : 9 - pointPlace;
         case kByteType:
             return 1;
@@ -166,8 +168,8 @@ void DigitEntry::Ok() {
     if (!StoreDigits()) return;
     Close();
     work_.Derived.TimeEntry = 0;
-    LinkDelay(work_.Line, kBehindDialogMs);
-    work_.State.SetupRefreshOn = 1;
+    LinkDelay(work_.Line, kAfterDialogMs);
+    work_.State.SetupRefreshOn = true;
 }
 
 // TimeEntry stays, as required; the refresh that follows clears it.

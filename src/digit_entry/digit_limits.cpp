@@ -1,5 +1,7 @@
 #include "digit_entry/digit_limits.h"
 
+#include "meter/field_table.h"
+
 namespace counter {
 
 namespace {
@@ -12,10 +14,10 @@ bool IsDigitUpTo(char character, char highest) {
     return character >= '0' && character <= highest;
 }
 
-// The highest first digit of five: the meter's display stops at 19999, but positions 25 and 145 (the Cutoff
-// Value) reach 59999.
+// The highest first digit of five: the meter's display stops at 19999, but at the positions of Offset 2 and
+// of the Cutoff Value it reaches 59999.
 char HighestFirstDigit(int fieldPos) {
-    return fieldPos == 25 || fieldPos == 145 ? '5' : '1';
+    return fieldPos == RowOf(Field::Offset2).Pos || fieldPos == RowOf(Field::CutoffValue).Pos ? '5' : '1';
 }
 
 char HighestDigit(const DigitLimits& limits, int box) {

@@ -19,13 +19,14 @@ constexpr int kFirstTransmitter = 5;
 }  // namespace
 
 void OptionBoards::Wire() {
-    Controls().On(InOpt.Inner, [this](Control& list) { View.Modes.PickInputBoard(list.ListIndex); });
-    Controls().On(RlyOpt.Inner, [this](Control& list) { PickRelays(list); });
-    Controls().On(ComOpt.Inner, [this](Control& list) { PickComm(list); });
-    Controls().On(AnaOpt.Inner, [this](Control& list) { PickAnalog(list); });
+    Bind({InOpt.Inner, Field::InputOption},
+         [this](Control& list) { View.Modes.PickInputBoard(list.ListIndex); });
+    Bind({RlyOpt.Inner, Field::RelayOption}, [this](Control& list) { PickRelays(list); });
+    Bind({ComOpt.Inner, Field::CommOption}, [this](Control& list) { PickComm(list); });
+    Bind({AnaOpt.Inner, Field::AnalogOption}, [this](Control& list) { PickAnalog(list); });
 }
 
-void OptionBoards::Refill() {
+void OptionBoards::OptionBoardsFill() {
     FillInput();
     FillRelays();
     FillComm();
@@ -49,7 +50,7 @@ void OptionBoards::FillRelays() {
         Controls().SetIndex(RlyOpt.Inner, 0);
     } else {
         Form::Fill(RlyOpt.Inner, lists::kRelayOption);
-        Values().RelayOption = EntryOfStored(RowOf(Field::RelayOption), Stored(Field::RelayOption));
+        Values().RelayOption = IndexOfCode(RowOf(Field::RelayOption), CodeOf(Image(), Field::RelayOption));
         Controls().SetIndex(RlyOpt.Inner, Values().RelayOption);
     }
     FollowRelays();
@@ -71,7 +72,7 @@ void OptionBoards::FillAnalog() {
     Form::Fill(AnaOpt.Inner, Entries(lists::kAnalogOption).first(entries));
     AnaOpt.Inner.Enabled = noLink || Meter().SetupFromMeter != 1 || !AnalogBoardCanBeRead();
 
-    int board = Stored(Field::AnalogOption);
+    int board = CodeOf(Image(), Field::AnalogOption);
     if (!noLink) RefuseIncompatibleBoard(board);
     if (HasOnly12BitAnalog(version)) board = 1;
     if (BipolarAnalogOffered(version) && Meter().MeterType == 7) board = 3;
@@ -114,19 +115,19 @@ void OptionBoards::FollowAnalog() {
 // Where a meter has the two-relay board alone, picking that one entry stores "none": required.
 void OptionBoards::PickRelays(Control& list) {
     Values().RelayOption = list.ListIndex;
-    Put(Field::RelayOption, CodeOfEntry(RowOf(Field::RelayOption), list.ListIndex));
+    PutCode(Image(), Field::RelayOption, CodeOfEntry(RowOf(Field::RelayOption), list.ListIndex));
     FollowRelays();
 }
 
 void OptionBoards::PickComm(Control& list) {
     Values().CommOption = list.ListIndex;
-    Put(Field::CommOption, list.ListIndex);
+    PutCode(Image(), Field::CommOption, list.ListIndex);
     FollowComm();
 }
 
 void OptionBoards::PickAnalog(Control& list) {
     Values().AnalogOption = list.ListIndex;
-    Put(Field::AnalogOption, list.ListIndex);
+    PutCode(Image(), Field::AnalogOption, list.ListIndex);
     if (Meter().MeterType == 7) Values().AnalogOption = 3;
     FollowAnalog();
 }
