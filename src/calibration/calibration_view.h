@@ -41,12 +41,11 @@ class CalibrationView {
     std::function<void()> ExitProgram;
 
   private:
-    static constexpr int kAlwaysLive = 1;
     static constexpr int kHelpNumber = 1210;
 
   public:
     Session& Program;
-    Form Controls{kAlwaysLive};
+    Form Controls;
     PageBuilder Build{Controls, kEveryTab, [](std::string_view) { return kHelpNumber; }};
 
     // clang-format off

@@ -172,7 +172,7 @@ void EditConsole::Show(SetupRun& run, const std::string& name) {
     std::string text = name + ": " + std::string(acted ? KindName(control->Kind) : "shown only");
     text += " '" + Utf8(CaptionAround(*control)) + "'";
     if (const std::string value = ValueShown(*control); !value.empty()) text += ", " + Utf8(value);
-    if (acted) text += ", " + std::string(RefusalText(form.Reach(*control)));
+    if (acted) text += ", " + run.View().WhyRefused(form.Reach(*control), *control);
     Say(text);
     for (std::size_t i = 0; i < control->Entries.size(); ++i) {
         const std::string entry(Trimmed(control->Entries[i]));

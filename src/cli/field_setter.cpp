@@ -33,16 +33,21 @@ std::string FieldText(const SetupImage& image, Field field) {
     return value.IsNumber ? std::to_string(value.Number) : value.Text;
 }
 
-// Of an array the element that can be reached; where none can, the first.
-Control* ReachableOf(Form& form, const std::string& name) {
-    if (name.find('[') != std::string::npos) return form.FindFull(name);
-    Control* first = nullptr;
+// Those that a name can mean: one, or every element of an array whose index was left out.
+std::vector<Control*> ControlsNamed(Form& form, const std::string& name) {
+    std::vector<Control*> controls;
     for (Control& control : form) {
-        if (control.Name != name) continue;
-        if (form.Reach(control) == Refusal::None) return &control;
-        if (first == nullptr) first = &control;
+        if (control.Name == name || control.FullName() == name) controls.push_back(&control);
     }
-    return first;
+    return controls;
+}
+
+// Of several the one that can be reached; where none can, the first.
+Control& ReachableOf(const Form& form, const std::vector<Control*>& controls) {
+    const auto found = std::find_if(controls.begin(), controls.end(), [&form](const Control* control) {
+        return form.Reach(*control) == Refusal::None;
+    });
+    return found == controls.end() ? *controls.front() : **found;
 }
 
 std::string NoName(SetupRun& run, const std::string& name) {
@@ -53,7 +58,7 @@ std::string NoName(SetupRun& run, const std::string& name) {
 
 std::string SelectEntry(SetupRun& run, Control& list, const std::string& value) {
     Form& form = run.View().Controls;
-    if (const Refusal reach = form.Reach(list); reach != Refusal::None) return RefusalLine(list, reach);
+    if (const Refusal reach = form.Reach(list); reach != Refusal::None) return run.RefusalLine(list, reach);
     const int entry = EntryLike(list.Entries, value);
     if (entry < 0) return NoEntryLine(list, "'" + value + "'");
     form.Select(list, entry);
@@ -64,13 +69,13 @@ std::string SelectEntry(SetupRun& run, Control& list, const std::string& value) 
 
 std::string TickBox(SetupRun& run, Control& box, const std::string& value) {
     if (value != "0" && value != "1") return box.FullName() + " is 0 or 1";
-    return RefusalLine(box, run.View().Controls.Check(box, value == "1" ? 1 : 0));
+    return run.RefusalLine(box, run.View().Controls.Check(box, value == "1" ? 1 : 0));
 }
 
 // An option is set, never cleared: that is done by setting another.
 std::string SetOption(SetupRun& run, Control& option, const std::string& value) {
     if (value != "1") return option.FullName() + " is 1, or another option of its group is set instead";
-    return RefusalLine(option, run.View().Controls.Click(option));
+    return run.RefusalLine(option, run.View().Controls.Click(option));
 }
 
 std::string Quoted(const Assignment& assignment) {
@@ -87,7 +92,7 @@ bool FieldSetter::Step(SetupRun& run) {
         wrong_ = Quoted(assignment) + ": " + wrong_;
         return false;
     }
-    // Some values elsewhere show an old point until the view is refreshed, as behind every digit entry.
+    // Some values elsewhere show an old point until the view is refreshed, as after every digit entry.
     run.View().ViewRefresh();
     if (assignment.Which) assignment.Settled = FieldText(run.Program().Image, *assignment.Which);
     wrong_ = StillSo(run);
@@ -96,25 +101,29 @@ bool FieldSetter::Step(SetupRun& run) {
 
 std::string FieldSetter::Set(SetupRun& run, Assignment& assignment) {
     assignment.Which = FieldNamed(assignment.Name);
-    if (!assignment.Which) return SetNamed(run, assignment, assignment.Name);
+    if (!assignment.Which) {
+        const std::vector<Control*> named = ControlsNamed(run.View().Controls, assignment.Name);
+        return named.empty() ? NoName(run, assignment.Name) : SetOneOf(run, assignment, named);
+    }
     const FieldRow& row = RowOf(*assignment.Which);
     const int entry = EntryLike(row.Entries, assignment.Value);
-    const std::string control(ControlOfField(*assignment.Which, entry));
-    if (control.empty())
+    const std::vector<Control*> controls = run.View().ControlsOf(*assignment.Which, entry);
+    if (controls.empty())
         return "is the meter's own, or decided by several controls; see counterctl help edit";
-    if (!control.starts_with("opt")) return SetNamed(run, assignment, control);
+    if (controls.front()->Kind != ControlKind::Option) return SetOneOf(run, assignment, controls);
     // The two forms of a group are told by its option buttons.
-    if (entry >= 0) return SetOption(run, *ReachableOf(run.View().Controls, control), "1");
+    if (entry >= 0) return SetOption(run, ReachableOf(run.View().Controls, controls), "1");
     return "is '" + std::string(row.Entries[0]) + "' or '" + std::string(row.Entries[1]) + "'";
 }
 
-std::string FieldSetter::SetNamed(SetupRun& run, Assignment& assignment, const std::string& name) {
-    Control* control = ReachableOf(run.View().Controls, name);
-    if (control == nullptr) return NoName(run, name);
+std::string FieldSetter::SetOneOf(SetupRun& run, Assignment& assignment,
+                                  const std::vector<Control*>& controls) {
+    Form& form = run.View().Controls;
     // Some controls show only when their page is come to, and which of an array does may change with it.
-    if (control->Tab != kEveryTab) run.View().Controls.ComeToTab(control->Tab);
-    control = ReachableOf(run.View().Controls, name);
-    const std::vector<Field> fields = FieldsOfControl(control->FullName());
+    const int tab = ReachableOf(form, controls).Tab;
+    if (tab != kEveryTab) form.ComeToTab(tab);
+    Control* control = &ReachableOf(form, controls);
+    const std::vector<Field> fields = run.View().FieldsOf(*control);
     if (!assignment.Which && fields.size() == 1) assignment.Which = fields[0];
     switch (control->Kind) {
         case ControlKind::List:
@@ -134,7 +143,7 @@ std::string FieldSetter::SetNamed(SetupRun& run, Assignment& assignment, const s
 std::string FieldSetter::SetNumber(SetupRun& run, Control& box, Assignment& assignment) {
     if (std::string why = run.OpenEntry(box); !why.empty()) return why;
     const EntryState& state = run.Program().Views;
-    for (const Field field : FieldsOfControl(box.FullName())) {
+    for (const Field field : run.View().FieldsOf(box)) {
         if (!assignment.Which && RowOf(field).Pos == state.FieldPos) assignment.Which = field;
     }
     const bool other = assignment.Which && RowOf(*assignment.Which).Pos != state.FieldPos;
@@ -149,7 +158,7 @@ std::string FieldSetter::SetNumber(SetupRun& run, Control& box, Assignment& assi
     return SameNumber(now, assignment.Value) ? "" : "becomes " + now + " by the rules of the Setup view";
 }
 
-// What was set must stand at the end, decimals included.
+// What was set must be there at the end, decimals included.
 std::string FieldSetter::StillSo(SetupRun& run) const {
     for (std::size_t i = 0; i + 1 < next_; ++i) {
         const Assignment& earlier = assignments_[i];

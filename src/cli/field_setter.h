@@ -32,7 +32,7 @@ class FieldSetter : public Player {
 
   private:
     std::string Set(SetupRun& run, Assignment& assignment);
-    std::string SetNamed(SetupRun& run, Assignment& assignment, const std::string& control);
+    std::string SetOneOf(SetupRun& run, Assignment& assignment, const std::vector<Control*>& controls);
     std::string SetNumber(SetupRun& run, Control& box, Assignment& assignment);
     std::string StillSo(SetupRun& run) const;
 

@@ -3,6 +3,7 @@
 #include "cli/cli_output.h"
 #include "cli/stored_settings.h"
 #include "menu_view/menu_view.h"
+#include "meter/field_code.h"
 #include "meter/text.h"
 
 namespace counter {
@@ -14,8 +15,8 @@ namespace {
 MeterIdentity IdentityFor(const CommandCall& call, const SetupImage& image) {
     MeterIdentity meter;
     const auto settings = ReadStoredSettings(call);
-    meter.MeterType = settings ? settings->MeterType : ByteGet(image, 235);
-    meter.FirmwareVersion = settings ? settings->FirmwareVersion : ByteGet(image, 233);
+    meter.MeterType = settings ? settings->MeterType : CodeOf(image, Field::MeterType);
+    meter.FirmwareVersion = settings ? settings->FirmwareVersion : CodeOf(image, Field::FirmwareVersion);
     return meter;
 }
 

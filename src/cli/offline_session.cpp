@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "link/read_settings.h"
+#include "meter/field_code.h"
 
 namespace counter {
 
@@ -41,8 +42,8 @@ void OfflineSession::ImageIsFromMeter() {
 }
 
 void OfflineSession::TakeIdentityOfImage() {
-    session_.Identity.MeterType = ByteGet(session_.Image, 235);
-    session_.Identity.FirmwareVersion = ByteGet(session_.Image, 233);
+    session_.Identity.MeterType = CodeOf(session_.Image, Field::MeterType);
+    session_.Identity.FirmwareVersion = CodeOf(session_.Image, Field::FirmwareVersion);
 }
 
 }  // namespace counter

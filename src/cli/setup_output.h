@@ -1,4 +1,4 @@
-// The Setup view as it stands, as JSON and as a page of text.
+// The Setup view as it is, as JSON and as a page of text.
 #pragma once
 
 #include <string>

@@ -68,11 +68,6 @@ void TypeKeys(DigitEntry& entry, const std::string& keys) {
 
 }  // namespace
 
-std::string RefusalLine(const Control& control, Refusal refusal) {
-    if (refusal == Refusal::None) return {};
-    return control.FullName() + " " + std::string(RefusalText(refusal));
-}
-
 std::string NoEntryLine(const Control& list, const std::string& wanted) {
     std::string text = list.FullName() + " has no entry " + wanted + "; entries are";
     int index = 0;
@@ -123,7 +118,7 @@ bool SetupRun::Reading() const {
     return readButton_ != nullptr && readButton_->Caption == "Stop";
 }
 
-// The Read loop runs until its button is pressed again, so the actions behind its start run within it, one in
+// The Read loop runs until its button is pressed again, so the actions after its start run within it, one in
 // each turn of its waits. Where the player is at the end first, so is the program.
 void SetupRun::RunDuringReadLoop() {
     if (!Reading() || actsInLoop_) return;
@@ -150,6 +145,11 @@ std::string SetupRun::Run(const ScriptAction& action) {
     const std::string_view wrongKind = WrongKind(*control, action.Verb);
     if (!wrongKind.empty()) return Label(action) + " " + std::string(wrongKind);
     return ActOn(*control, action);
+}
+
+std::string SetupRun::RefusalLine(const Control& control, Refusal refusal) const {
+    if (refusal == Refusal::None) return {};
+    return control.FullName() + " " + view_.WhyRefused(refusal, control);
 }
 
 std::string SetupRun::ComeToTab(int tab) {

@@ -19,7 +19,7 @@ class SetupRun;
 class Player {
   public:
     virtual ~Player() = default;
-    // Does the next thing. False at the end, and behind a thing that ends the run.
+    // Does the next thing. False at the end, and after a thing that ends the run.
     virtual bool Step(SetupRun& run) = 0;
 };
 
@@ -40,6 +40,8 @@ class SetupRun {
     std::string Run(const ScriptAction& action);
     // "no control 'txtSetpt'; there is txtSetpt[1] txtSetpt[2]", or with the names that may be meant.
     std::string NoControl(const std::string& fullName) const;
+    // "txtCal is disabled"; empty for none.
+    std::string RefusalLine(const Control& control, Refusal refusal) const;
     // Full names of all, in the form's order.
     std::vector<std::string> ControlNames() const;
     // Opens digit entry on a value. Returns why not; empty where it is open.
@@ -48,7 +50,7 @@ class SetupRun {
     // Ends digit entry by OK or by Cancel. False for an OK that was refused, as for a byte of 256 or more:
     // then it is cancelled.
     bool CloseEntry(bool ok);
-    // The image and what stands beside it are as they were, and the view is built anew from them.
+    // The image and what is beside it are as they were, and the view is built from them.
     void Restore(const SetupImage& image);
 
     // --- For the end ---
@@ -89,8 +91,6 @@ class SetupRun {
     bool ended_ = false;
 };
 
-// "txtCal is disabled"; empty for none.
-std::string RefusalLine(const Control& control, Refusal refusal);
 // "cboDuplex has no entry 'Full'; entries are #0 'Full Duplex' #1 'Half Duplex'", with what was asked for as
 // `wanted`.
 std::string NoEntryLine(const Control& list, const std::string& wanted);

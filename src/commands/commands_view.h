@@ -37,12 +37,11 @@ class CommandsView {
     std::function<void()> OpenSendCurve;  // as a dialog over this view
 
   private:
-    static constexpr int kAlwaysLive = 1;
     static constexpr int kHelpNumber = 3104;  // of all hand work
 
   public:
     Session& Program;
-    Form Controls{kAlwaysLive};
+    Form Controls;
     PageBuilder Build{Controls, kEveryTab, [](std::string_view) { return kHelpNumber; }};
 
     // clang-format off

@@ -8,9 +8,9 @@ namespace counter {
 struct Control;
 
 struct EntryState {
-    // Handlers of lists and check boxes act only while it is 1, so that a list filled by a rule writes
-    // nothing.
-    int SetupRefreshOn = 0;
+    // Handlers of lists and check boxes act only while it is set, so that a list filled by a rule
+    // writes nothing.
+    bool SetupRefreshOn = false;
 
     // The request, set by the click on a value.
     std::string FieldText;           // its text; the entered text on leaving

@@ -224,7 +224,7 @@ void Form::Run(Control& control) {
 }
 
 void Form::RunLive(Control& control) {
-    if (handlersLive_ == 1) Run(control);
+    if (!live_ || *live_) Run(control);
 }
 
 }  // namespace counter

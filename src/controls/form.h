@@ -7,7 +7,7 @@
 // A handler runs
 //   - for a list whose entry is selected, by a rule or by a user, also one that is selected already,
 //   - for a box whose value changes,
-//     both only while handlers are live;
+//     both only while handlers are live, as they are in a form that is told no flag;
 //   - for an option, button, value, label or menu entry that a user clicks, always;
 //   - for an entry whose text a user changes, always.
 //
@@ -37,15 +37,17 @@ enum class Refusal {
     NoSuchEntry,    // the list has no such entry, the box no such value
 };
 
-// In words, for a line that tells what is wrong: "is hidden".
+// In words, for whoever is told about the control: "is hidden".
 std::string_view RefusalText(Refusal refusal);
 
 class Form {
   public:
     using Handler = std::function<void(Control&)>;
 
-    // Handlers of lists and boxes are live while `handlersLive` is 1.
-    explicit Form(const int& handlersLive) : handlersLive_(handlersLive) {}
+    Form() = default;
+    // Handlers of lists and boxes are live only while the flag is set. It outlives the form.
+    explicit Form(const bool& live) : live_(&live) {}
+    explicit Form(const bool&& live) = delete;
     Form(const Form&) = delete;  // its controls point into it
     Form& operator=(const Form&) = delete;
 
@@ -119,7 +121,7 @@ class Form {
     void RunLive(Control& control);
     Refusal Touch(Control& control, bool rightKind);
 
-    const int& handlersLive_;
+    const bool* live_ = nullptr;  // null: always
     Control* strip_ = nullptr;
     std::deque<Control> controls_;
     Control* focused_ = nullptr;

@@ -8,14 +8,16 @@
 #include "controls/colors.h"
 #include "digit_entry/digit_text.h"
 #include "link/waits.h"
+#include "meter/field_table.h"
+#include "meter/meter_words.h"
 #include "meter/value_codec.h"
 
 namespace counter {
 
 namespace {
 
-// Between hiding the dialog and the refresh behind it, so that the screen is drawn first.
-constexpr double kBehindDialogMs = 10;
+// Between hiding the dialog and the refresh after it, so that the screen is drawn first.
+constexpr double kAfterDialogMs = 10;
 
 constexpr int kMostByte = 255;
 
@@ -42,7 +44,7 @@ std::string WithSeparateSign(const std::string& text) {
 
 }  // namespace
 
-DigitEntry::DigitEntry(const EntryWork& work) : Controls(work.State.SetupRefreshOn), work_(work) {
+DigitEntry::DigitEntry(const EntryWork& work) : work_(work) {
     for (int i = 0; i < kDigitBoxes; ++i) {
         Control* box = AddControl(Controls, ControlKind::Value, "txtDigit", i);
         boxes_[static_cast<std::size_t>(i)] = box;
@@ -93,7 +95,7 @@ void DigitEntry::LoadDigits() {
 }
 
 // The place of the point that the boxes show, 0 where there is none. A code that the image holds is taken as
-// it stands, 0 and 7 included.
+// it is, 0 and 7 included.
 int DigitEntry::OpeningDecimal(int pointPlace, int pointCode) const {
     const DerivedValues& derived = work_.Derived;
     switch (work_.State.FieldType) {
@@ -165,8 +167,8 @@ void DigitEntry::Ok() {
     if (!StoreDigits()) return;
     Close();
     work_.Derived.TimeEntry = 0;
-    LinkDelay(work_.Line, kBehindDialogMs);
-    work_.State.SetupRefreshOn = 1;
+    LinkDelay(work_.Line, kAfterDialogMs);
+    work_.State.SetupRefreshOn = true;
 }
 
 // TimeEntry stays, as required; the refresh that follows clears it.

@@ -54,7 +54,7 @@ class DigitEntry {
     // A byte of 256 or more beeps and keeps the dialog.
     void Ok();
     void Cancel();
-    // F1: closes, stores nothing and asks for help on the field. Its view is then built anew behind the help.
+    // F1: closes, stores nothing and asks for help on the field. Its view is then built again after the help.
     void HelpKey();
     // Closes without a trace, as when its view is opened again.
     void Unload() { shown_ = false; }

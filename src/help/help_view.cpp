@@ -34,10 +34,7 @@ Control OkButton() {
 }  // namespace
 
 HelpView::HelpView(Session& session, std::vector<std::string> folders)
-    : Controls(session.Views.SetupRefreshOn),
-      session_(session),
-      folders_(std::move(folders)),
-      cmdOK_(Controls.Add(OkButton())) {
+    : session_(session), folders_(std::move(folders)), cmdOK_(Controls.Add(OkButton())) {
     Controls.On(cmdOK_, [this](Control&) { Ok(); });
 }
 

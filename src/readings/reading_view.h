@@ -23,7 +23,7 @@ class ReadingView {
 
     Session& Program;
     // All controls, and all that a user can do to them.
-    Form Controls{handlersLive_};
+    Form Controls;
     ReadingStream Stream;
 
     // Hooks into what shows the view; each may be empty.
@@ -77,7 +77,6 @@ class ReadingView {
     void LetEventsRun();
     void LeaveByEnd();
 
-    const int handlersLive_ = 1;
     bool up_ = false;
     bool ending_ = false;
     bool exitWanted_ = false;

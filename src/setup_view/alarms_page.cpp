@@ -1,23 +1,23 @@
 #include "setup_view/alarms_page.h"
 
 #include "meter/field_lists.h"
+#include "meter/meter_words.h"
 #include "setup_view/setup_view.h"
-#include "setup_view/source_list.h"
 
 namespace counter {
 
 namespace {
 
 struct AlarmFields {
-    Field Source, State, Type, RelayState, Setpoint, Deviation;
+    Field Source, State, Type, RelayState, Setpoint, DeviationType, Deviation;
 };
 
 // clang-format off
 constexpr std::array<AlarmFields, AlarmsPage::kAlarms> kFields = {{
-    {Field::Alarm1Source, Field::Alarm1State, Field::Alarm1Type, Field::Relay1State, Field::Setpoint1, Field::Deviation1},
-    {Field::Alarm2Source, Field::Alarm2State, Field::Alarm2Type, Field::Relay2State, Field::Setpoint2, Field::Deviation2},
-    {Field::Alarm3Source, Field::Alarm3State, Field::Alarm3Type, Field::Relay3State, Field::Setpoint3, Field::Deviation3},
-    {Field::Alarm4Source, Field::Alarm4State, Field::Alarm4Type, Field::Relay4State, Field::Setpoint4, Field::Deviation4},
+    {Field::Alarm1Source, Field::Alarm1State, Field::Alarm1Type, Field::Relay1State, Field::Setpoint1, Field::Deviation1Type, Field::Deviation1},
+    {Field::Alarm2Source, Field::Alarm2State, Field::Alarm2Type, Field::Relay2State, Field::Setpoint2, Field::Deviation2Type, Field::Deviation2},
+    {Field::Alarm3Source, Field::Alarm3State, Field::Alarm3Type, Field::Relay3State, Field::Setpoint3, Field::Deviation3Type, Field::Deviation3},
+    {Field::Alarm4Source, Field::Alarm4State, Field::Alarm4Type, Field::Relay4State, Field::Setpoint4, Field::Deviation4Type, Field::Deviation4},
 }};
 // clang-format on
 
@@ -61,11 +61,11 @@ void AlarmsPage::Wire() {
     Bind(Readings(*this));
     for (int i = 1; i <= kAlarms; ++i) {
         Bind(Bound(*this, i));
-        Controls().On(AlmSource.Inner[i], [this, i](Control& list) {
-            Put(FieldsOf(i).Source, SourceOfEntry(Values(), list.ListIndex));
+        Bind({AlmSource.Inner[i], FieldsOf(i).Source}, [this, i](Control& list) {
+            PutCode(Image(), FieldsOf(i).Source, SourceOfEntry(list.ListIndex));
         });
-        Controls().On(DevTyp.Inner[i],
-                      [this, i](Control&) { i <= 2 ? PickDeviationType12() : PickDeviationType34(); });
+        Bind({DevTyp.Inner[i], FieldsOf(i).DeviationType},
+             [this, i](Control&) { i <= 2 ? PickDeviationType12() : PickDeviationType34(); });
     }
     Controls().On(chkDevStatus, [this](Control&) { PickDeviationStatus(); });
 }
@@ -86,7 +86,7 @@ void AlarmsPage::FillDeviationTypes() {
     }
 }
 
-void AlarmsPage::ShowStored() {
+void AlarmsPage::ShowFields() {
     for (int i = 1; i <= kAlarms; ++i) Show(Bound(*this, i));
     Show(Readings(*this));
     ShowDeviationTypes();
@@ -94,7 +94,7 @@ void AlarmsPage::ShowStored() {
 }
 
 void AlarmsPage::ShowDeviationTypes() {
-    DeviationCode code = DeviationFromCode(Stored(Field::DeviationCode), Meter().FirmwareVersion);
+    DeviationCode code = DeviationFromCode(CodeOf(Image(), Field::DeviationCode), Meter().FirmwareVersion);
     Controls().SetIndex(DevTyp.Inner[1], code.Type1);
     Controls().SetIndex(DevTyp.Inner[2], code.Type2);
     Show(DevTyp.Inner[3], Field::Deviation3Type);
@@ -104,11 +104,11 @@ void AlarmsPage::ShowDeviationTypes() {
 // Checking the box runs its handler even while the view is being opened, so an older meter's code 5 to 7 is
 // rewritten as 4: required. A view that is opened again begins with the box unchecked.
 void AlarmsPage::ShowDeviationStatus() {
-    bool panel = Meter().MeterType != 7;
+    bool panel = HasPanel(Meter().MeterType);
     chkDevStatus.Visible = panel;
     chkDevStatus.Value = 0;
     EnableDeviations();
-    DeviationCode code = DeviationFromCode(Stored(Field::DeviationCode), Meter().FirmwareVersion);
+    DeviationCode code = DeviationFromCode(CodeOf(Image(), Field::DeviationCode), Meter().FirmwareVersion);
     if (!panel || !code.NotInMenu) return;
     SetupView::Live live(View);
     Controls().SetCheck(chkDevStatus, 1);
@@ -116,7 +116,7 @@ void AlarmsPage::ShowDeviationStatus() {
 
 void AlarmsPage::RefreshSourcesAndValues() {
     for (int i = 1; i <= kAlarms; ++i) {
-        int source = RefreshSources(*this, AlmSource.Inner[i], FieldsOf(i).Source);
+        int source = RefreshSources(AlmSource.Inner[i], FieldsOf(i).Source);
         SettlePointOfSource(Values(), source);
         Setpt.Inner[i].Text = TextOf(FieldsOf(i).Setpoint);
         Dev.Inner[i].Text = TextOf(FieldsOf(i).Deviation);
@@ -128,17 +128,19 @@ void AlarmsPage::PickDeviationType12() {
     int first = DevTyp.Inner[1].ListIndex;
     if (first < kSpan && DevTyp.Inner[2].ListIndex == kSpan) Controls().SetIndex(DevTyp.Inner[2], 1);
     int second = DevTyp.Inner[2].ListIndex;
-    Put(Field::DeviationCode, first < kSpan ? first + 2 * second : kFirstSpanCode + second);
+    PutCode(Image(), Field::DeviationCode, first < kSpan ? first + 2 * second : kFirstSpanCode + second);
 }
 
 // The bit above the two types ends up 0.
 void AlarmsPage::PickDeviationType34() {
-    BitsPut(Image(), 5, 3, 229, DevTyp.Inner[4].ListIndex * 2 + DevTyp.Inner[3].ListIndex);
+    PutCode(Image(), Field::Spare229, CodeOf(Image(), Field::Spare229) & ~1);
+    PutCode(Image(), Field::Deviation3Type, DevTyp.Inner[3].ListIndex);
+    PutCode(Image(), Field::Deviation4Type, DevTyp.Inner[4].ListIndex);
 }
 
 // Unchecking stores "band" for alarms 1 and 2 whatever their lists show, until one of them is changed.
 void AlarmsPage::PickDeviationStatus() {
-    Put(Field::DeviationCode, chkDevStatus.Value == 1 ? kNotInMenu : 0);
+    PutCode(Image(), Field::DeviationCode, chkDevStatus.Value == 1 ? kNotInMenu : 0);
     EnableDeviations();
 }
 

@@ -27,7 +27,7 @@ struct AlarmsPage : Page {
 
     void Wire();
     void FillLists();
-    void ShowStored();
+    void ShowFields();
     // Sources, setpoints and deviations; sources that aren't offered are repaired in the image.
     void RefreshSourcesAndValues();
 

@@ -4,8 +4,8 @@
 
 #include "meter/field_lists.h"
 #include "meter/firmware.h"
+#include "meter/meter_words.h"
 #include "setup_view/setup_view.h"
-#include "setup_view/source_list.h"
 
 namespace counter {
 
@@ -13,11 +13,7 @@ namespace {
 
 using Entries = std::span<const std::string_view>;
 
-constexpr int kBipolarBoard = 3;
-constexpr int kDualBoard = 4;
 constexpr int kLastUnipolarRange = 2;
-constexpr int kLastOwnDisplay = 5;
-constexpr int kItem3 = 3;
 
 }  // namespace
 
@@ -28,24 +24,26 @@ void AnalogPage::Wire() {
         {AnaLo2.Inner, Field::Analog2Lo},  {AnaHi2.Inner, Field::Analog2Hi},
     };
     Bind(kPlain);
-    Controls().On(Source.Inner, [this](Control& list) {
-        Put(Field::AnalogSource, SourceOfEntry(Values(), list.ListIndex));
+    Bind({Source.Inner, Field::AnalogSource}, [this](Control& list) {
+        PutCode(Image(), Field::AnalogSource, SourceOfEntry(list.ListIndex));
         View.ViewRefresh();
     });
     // The entry's number is stored as it stands, though the list may begin with Item 1; the refresh repairs a
     // 0. So without a filtered item the second output stays on Item 1: required.
-    Controls().On(Source2.Inner, [this](Control& list) {
-        Put(Field::AnalogSource2, Values().DisplayType > kLastOwnDisplay ? kItem3 : list.ListIndex);
+    Bind({Source2.Inner, Field::AnalogSource2}, [this](Control& list) {
+        PutCode(Image(), Field::AnalogSource2,
+                IsRemoteDisplay(Values().DisplayType) ? Source::Item3 : list.ListIndex);
         View.ViewRefresh();
     });
 }
 
 bool AnalogPage::DualBoard() const {
-    return Values().AnalogOption == kDualBoard && BipolarAnalogOffered(Meter().FirmwareVersion);
+    return Values().AnalogOption == AnalogBoard::Dual16Bit && BipolarAnalogOffered(Meter().FirmwareVersion);
 }
 
 void AnalogPage::FillLists() {
-    bool bipolar = Values().AnalogOption == kBipolarBoard && BipolarAnalogOffered(Meter().FirmwareVersion);
+    bool bipolar =
+        Values().AnalogOption == AnalogBoard::Bipolar16Bit && BipolarAnalogOffered(Meter().FirmwareVersion);
     Form::Fill(Range.Inner, Entries(lists::kAnalogRange).first(bipolar ? 4 : 3));
     Form::Fill(Range2.Inner, lists::kAnalogRange2);
     fraAnaOut2.Visible = DualBoard();
@@ -58,22 +56,22 @@ void AnalogPage::FillLists() {
 }
 
 void AnalogPage::RefreshSourcesAndRanges() {
-    RefreshSources(*this, Source.Inner, Field::AnalogSource);
-    RefreshSources(*this, Source2.Inner, Field::AnalogSource2);
+    RefreshSources(Source.Inner, Field::AnalogSource);
+    RefreshSources(Source2.Inner, Field::AnalogSource2);
     ShowRanges();
 }
 
 // What only the bipolar board has is shown as the range below it; stored it stays.
 void AnalogPage::ShowRanges() {
-    int range = Stored(Field::AnalogRange);
-    bool bipolar = Values().AnalogOption == kBipolarBoard;
+    int range = CodeOf(Image(), Field::AnalogRange);
+    bool bipolar = Values().AnalogOption == AnalogBoard::Bipolar16Bit;
     Controls().SetIndex(Range.Inner, bipolar ? range : std::min(range, kLastUnipolarRange));
     Show(Range2.Inner, Field::AnalogRange2);
 }
 
 void AnalogPage::RefreshReadings() {
     for (Field source : {Field::AnalogSource, Field::AnalogSource2})
-        SettlePointOfSource(Values(), SourceInForce(Values(), Stored(source)));
+        SettlePointOfSource(Values(), SourceInForce(Values(), CodeOf(Image(), source)));
     AnaLo.Inner.Text = TextOf(Field::AnalogLo);
     AnaHi.Inner.Text = TextOf(Field::AnalogHi);
     AnaLo2.Inner.Text = TextOf(Field::Analog2Lo);

@@ -5,18 +5,15 @@
 #include <vector>
 
 #include "meter/text.h"
+#include "meter/meter_words.h"
 #include "setup_view/setup_view.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kFirstRemoteDisplay = 6;
-constexpr int kRemoteC = 12;
-constexpr int kCounter = 3;  // MeterType
-constexpr int kModbusRtu = 1;
-
-// Lists and boxes that only show and write their field; those behind the protocol are shown later on opening.
+// Lists and boxes that only show and write their field; on opening, those of ListsAfterProtocol are shown
+// later.
 std::vector<Binding> PlainLists(const CommunicationPage& page) {
     return {
         {page.BaudRate.Inner, Field::BaudRate},
@@ -33,7 +30,7 @@ std::vector<Binding> PlainLists(const CommunicationPage& page) {
     };
 }
 
-std::vector<Binding> ListsBehindProtocol(const CommunicationPage& page) {
+std::vector<Binding> ListsAfterProtocol(const CommunicationPage& page) {
     return {
         {page.Parity.Inner, Field::Parity},
         {page.MBTimeout.Inner, Field::ModbusTimeout},
@@ -45,7 +42,7 @@ std::vector<Binding> ListsBehindProtocol(const CommunicationPage& page) {
 // Bytes, and the label that names the character where there is one.
 struct ByteBox {
     Control& Box;
-    Field Stored;
+    Field Of;
     Control* Name;
 };
 
@@ -66,19 +63,16 @@ std::vector<ByteBox> Bytes(const CommunicationPage& page) {
 
 void CommunicationPage::Wire() {
     Bind(PlainLists(*this));
-    Bind(ListsBehindProtocol(*this));
-    for (const ByteBox& byte : Bytes(*this)) {
-        Field field = byte.Stored;
-        Controls().On(byte.Box, [this, field](Control& box) { OpenEntry(box, field); });
-    }
-    Controls().On(Protocol.Inner, [this](Control&) { PickProtocol(); });
+    Bind(ListsAfterProtocol(*this));
+    for (const ByteBox& byte : Bytes(*this)) Bind({byte.Box, byte.Of});
+    Bind({Protocol.Inner, Field::SerialProtocol}, [this](Control&) { PickProtocol(); });
     Controls().On(Parity.Inner, [this](Control&) { PickParity(); });
     Controls().On(TranChars.Inner, [this](Control& list) {
-        Put(Field::TransmissionChars, list.ListIndex);
-        View.MBRules(Values().ProtocolCode);
+        PutCode(Image(), Field::TransmissionChars, list.ListIndex);
+        MBRules(Values().ProtocolCode);
     });
     Controls().On(RecogChr.Inner, [this](Control& list) {
-        Put(Field::RecognitionChar, list.ListIndex);
+        PutCode(Image(), Field::RecognitionChar, list.ListIndex);
         CusRecog.Frame.Visible = list.ListIndex != 0;
     });
     Controls().On(lblAscTbl, [this](Control& label) {
@@ -86,7 +80,7 @@ void CommunicationPage::Wire() {
     });
 }
 
-void CommunicationPage::NameTheRoad() {
+void CommunicationPage::NameTheWay() {
     fraSerComm.Caption =
         Program.LinkState.EthernetMode == 1 ? "Serial Communications via Ethernet" : "Serial Communications";
 }
@@ -95,37 +89,38 @@ void CommunicationPage::FillLists() {
     const Binding protocol[] = {{Protocol.Inner, Field::SerialProtocol}};
     Fill(protocol);
     Fill(PlainLists(*this));
-    Fill(ListsBehindProtocol(*this));
+    Fill(ListsAfterProtocol(*this));
 }
 
 // The rules of the protocol run before the lists of recognition and transmission characters have a selection,
 // so a freshly opened view shows the custom character and no special ones: required.
-void CommunicationPage::ShowStored() {
+void CommunicationPage::ShowFields() {
     Show(PlainLists(*this));
     Show(Protocol.Inner, Field::SerialProtocol);
-    Values().ProtocolCode = Stored(Field::SerialProtocol);
-    View.MBRules(Values().ProtocolCode);
-    Show(ListsBehindProtocol(*this));
-    if (Stored(Field::ModbusAddress) == 0) Put(Field::ModbusAddress, 1);
+    Values().ProtocolCode = CodeOf(Image(), Field::SerialProtocol);
+    MBRules(Values().ProtocolCode);
+    Show(ListsAfterProtocol(*this));
+    if (CodeOf(Image(), Field::ModbusAddress) == 0) PutCode(Image(), Field::ModbusAddress, 1);
     ShowBytes();
 }
 
 void CommunicationPage::ShowBytes() {
     for (const ByteBox& byte : Bytes(*this)) {
-        byte.Box.Text = TextOfByte(byte.Stored);
-        if (byte.Name) byte.Name->Caption = AsciiName(Stored(byte.Stored));
+        byte.Box.Text = TextOfByte(byte.Of);
+        if (byte.Name) byte.Name->Caption = AsciiName(CodeOf(Image(), byte.Of));
     }
 }
 
-void CommunicationPage::ApplyProtocol(int protocol) {
-    bool ascii = protocol == 0;
+void CommunicationPage::MBRules(int protocol) {
+    SetupView::Quiet quiet(View);
+    bool ascii = protocol == Protocol::CustomAscii;
     for (Control* shown : {&Address.Frame, &OutItems.Frame, &OutVal.Frame, &OutRate.Frame, &SerMode.Frame,
                            &chkAlmData, &chkLF, &CR.Frame, &TranChars.Frame, &RecogChr.Frame})
         shown->Visible = ascii;
     Parity.Frame.Visible = MBAddr.Frame.Visible = !ascii;
-    MBTimeout.Frame.Visible = !ascii && protocol != kModbusRtu;  // RTU has no time-out of its own
-    fraRmtDspyC.Visible = ascii && Values().DisplayType == kRemoteC;
-    RTS.Frame.Visible = ascii && Meter().MeterType == kCounter;
+    MBTimeout.Frame.Visible = !ascii && protocol != Protocol::ModbusRtu;  // RTU has no time-out of its own
+    fraRmtDspyC.Visible = ascii && Values().DisplayType == DisplayType::RemoteC;
+    RTS.Frame.Visible = ascii && Meter().MeterType == MeterKind::Counter;
     Duplex.Frame.Visible = true;
     bool special = ascii && TranChars.Inner.ListIndex == 1;
     TranStart.Frame.Visible = TranStop.Frame.Visible = special;
@@ -136,30 +131,32 @@ void CommunicationPage::ApplyProtocol(int protocol) {
 // A remote display sends nothing of its own. Both special characters show here whatever the list of
 // transmission characters says, until the rules of the protocol run next: required.
 void CommunicationPage::Come() {
-    bool sends = Values().DisplayType < kFirstRemoteDisplay;
+    bool sends = !IsRemoteDisplay(Values().DisplayType);
     for (const Framed* pair : {&OutItems, &OutVal, &OutRate, &SerMode, &CR, &RTS})
         pair->Frame.Enabled = pair->Inner.Enabled = sends;
     chkAlmData.Enabled = chkLF.Enabled = sends;
-    bool special = Protocol.Inner.ListIndex == 0 && View.Input.DType.Inner.ListIndex < kFirstRemoteDisplay;
+    bool special = Protocol.Inner.ListIndex == Protocol::CustomAscii &&
+                   !IsRemoteDisplay(View.Input.DType.Inner.ListIndex);
     TranChars.Frame.Visible = TranStart.Frame.Visible = TranStop.Frame.Visible = special;
 }
 
 void CommunicationPage::PickProtocol() {
     int protocol = Protocol.Inner.ListIndex;
-    Put(Field::SerialProtocol, protocol);
-    if (protocol != 0 && View.Input.DType.Inner.ListIndex == kRemoteC) View.Input.LeaveRemoteC();
-    if (protocol == 0) Program.LinkState.ParityIndex = 0;
+    PutCode(Image(), Field::SerialProtocol, protocol);
+    if (protocol != Protocol::CustomAscii && View.Input.DType.Inner.ListIndex == DisplayType::RemoteC)
+        View.Input.LeaveRemoteC();
+    if (protocol == Protocol::CustomAscii) Program.LinkState.ParityIndex = Parity::None;
     Values().ProtocolCode = protocol;
-    View.MBRules(protocol);
+    MBRules(protocol);
 }
 
 void CommunicationPage::PickParity() {
-    Put(Field::Parity, Parity.Inner.ListIndex);
+    PutCode(Image(), Field::Parity, Parity.Inner.ListIndex);
     Program.LinkState.ParityIndex = Parity.Inner.ListIndex;
 }
 
 void CommunicationPage::EntryClosed(const Control& entered) {
-    // An address 0 stands in the image until the view is opened again or the setup is written.
+    // An address 0 is in the image until the view is opened again or the setup is written.
     if (&entered == &MBAddr.Inner && MBAddr.Inner.Text.find_first_not_of(" 0") == std::string::npos)
         MBAddr.Inner.Text = " 1";
     // The characters of the remote display go by their box; the others by the last byte that was entered in

@@ -47,10 +47,11 @@ struct CommunicationPage : Page {
     // clang-format on
 
     void Wire();
-    void NameTheRoad();
+    void NameTheWay();
     void FillLists();
-    void ShowStored();
-    void ApplyProtocol(int protocol);
+    void ShowFields();
+    // Which fields make sense under protocol 0..3.
+    void MBRules(int protocol);
     // Coming to the page.
     void Come();
     // What an entered byte rules beside its own box.

@@ -3,6 +3,7 @@
 
 #include "meter/field_lists.h"
 #include "meter/firmware.h"
+#include "meter/meter_words.h"
 #include "meter/mode_tables.h"
 #include "setup_view/setup_view.h"
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr int kNoCurve = 1;  // class code of an Extended meter; 2 and 3 are curves 1 and 2
 constexpr int kCurve2 = 3;
-constexpr int kVfConverter = 2;
 
 }  // namespace
 
@@ -20,55 +20,60 @@ void ScalingPage::WireCurve() {
     for (int level = 0; level < kLevels; ++level) {
         if (CusCrv.Inner.Has(level))
             Controls().On(CusCrv.Inner[level], [this](Control& list) { PickCurve(list); });
-        Controls().On(chkSqRt[level], [this](Control& box) { PickSquareRoot(box); });
+        Bind({chkSqRt[level], Field::SquareRoot}, [this](Control& box) { PickSquareRoot(box); });
     }
 }
 
 void ScalingPage::RefreshCurve() {
     curveInForce_ = false;
     if (Level() > 1) return;
-    if (Values().ExtendedMeter == 0) Put(Field::ClassAndCurve, 0);
+    if (Values().ExtendedMeter == 0) PutCode(Image(), Field::ClassAndCurve, 0);
     Control& list = CusCrv.Inner[Level()];
-    View.CurveListFill();
+    CurveListFill();
     bool offered = (Values().ModeWord & kWordCurve) != 0 && Values().ExtendedMeter == 1;
-    View.SetFrameActive(CusCrv.Frame[Level()], list, offered);
-    Controls().SetIndex(list, std::max(Stored(Field::ClassAndCurve) - kNoCurve, 0));
+    Form::SetFrameActive(CusCrv.Frame[Level()], list, offered);
+    Controls().SetIndex(list, std::max(CodeOf(Image(), Field::ClassAndCurve) - kNoCurve, 0));
     curveInForce_ = list.ListIndex >= 1 && offered;
 }
 
-void ScalingPage::FillCurves() {
+void ScalingPage::CurveListFill() {
     if (Level() > 1) return;
     const DerivedValues& values = Values();
     int comms = Program.Settings.CommsEnabled;
     bool phaseCurve = comms == 0 || (comms == 1 && PhaseCurveOffered(Meter().FirmwareVersion));
-    bool powerFactor = values.ModeIndex == 6 && values.FunctionIndex == 2 && phaseCurve;
+    bool powerFactor =
+        values.ModeIndex == Mode::Phase && values.FunctionIndex == Function::PhasePlusMinus180 && phaseCurve;
     const std::string_view entries[] = {
         " Disabled", powerFactor ? " Power Factor" : " Curve #1",
-        values.InputOption == kVfConverter ? " Curve #2" : " #2 Not Available"};
+        values.InputOption == InputBoard::VfConverter ? " Curve #2" : " #2 Not Available"};
     Form::Fill(CusCrv.Inner[Level()], entries);
 }
 
 void ScalingPage::PickCurve(Control& list) {
     int code = list.ListIndex + kNoCurve;
-    Put(Field::ClassAndCurve, code);
-    if (code > kNoCurve) Put(Field::SquareRoot, 0);
-    bool impossible = code == kCurve2 && Values().InputOption != kVfConverter;
+    PutCode(Image(), Field::ClassAndCurve, code);
+    if (code > kNoCurve) PutCode(Image(), Field::SquareRoot, 0);
+    bool impossible = code == kCurve2 && Values().InputOption != InputBoard::VfConverter;
     list.BackColor = impossible ? ColorRed : ColorLightYellow;
-    View.SqRtRefresh();
+    SqRtRefresh();
     View.ViewRefresh();
 }
 
+bool ScalingPage::CurveChosen() const {
+    return CodeOf(Image(), Field::ClassAndCurve) > kNoCurve;
+}
+
 // Where no root can be taken the box is cleared and the image keeps its bit.
-void ScalingPage::RefreshSquareRoot() {
+void ScalingPage::SqRtRefresh() {
     Control& box = chkSqRt[Level()];
-    bool curve = BitsGet(Image(), 3, 3, 185) == 1;
+    bool curve = CurveChosen();
     box.Enabled = (Values().ModeWord & kWordSquareRoot) != 0 && !curve;
-    box.Value = box.Enabled ? Stored(Field::SquareRoot) : 0;
+    box.Value = box.Enabled ? CodeOf(Image(), Field::SquareRoot) : 0;
 }
 
 void ScalingPage::PickSquareRoot(Control& box) {
-    Put(Field::SquareRoot, box.Value);
-    View.SqRtRefresh();
+    PutCode(Image(), Field::SquareRoot, box.Value);
+    SqRtRefresh();
     View.ViewRefresh();
 }
 

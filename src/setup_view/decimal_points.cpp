@@ -2,14 +2,13 @@
 #include <algorithm>
 
 #include "meter/field_lists.h"
+#include "meter/meter_words.h"
 #include "meter/text.h"
 #include "setup_view/setup_view.h"
 
 namespace counter {
 
 namespace {
-
-constexpr int kClockDisplay = 5;
 
 // Moves the point of a box so that code d leaves d - 1 digits behind it. A text that has it there already
 // stays as it is, blanks included.
@@ -29,23 +28,25 @@ void AlignPoint(std::string& text, int code) {
 
 void ScalingPage::WireDecimalPoints() {
     for (int level = 0; level < kLevels; ++level) {
-        Controls().On(DecPt1.Inner[level], [this](Control& list) { PickDecimalPoint1(list.ListIndex); });
-        Controls().On(DecPt2.Inner[level], [this](Control& list) { PickDecimalPoint2(list.ListIndex); });
+        Bind({DecPt1.Inner[level], Field::DecimalPoint1},
+             [this](Control& list) { PickDecimalPoint1(list.ListIndex); });
+        Bind({DecPt2.Inner[level], Field::DecimalPoint2},
+             [this](Control& list) { PickDecimalPoint2(list.ListIndex); });
     }
 }
 
-void ScalingPage::FillDecimalPoints() {
+void ScalingPage::DecPtFill() {
     Form::Fill(DecPt1.Inner[Level()], lists::kDecPt1);
     Form::Fill(DecPt2.Inner[Level()], lists::kDecPt2);
-    Values().DecPt1 = Stored(Field::DecimalPoint1);
-    Values().DecPt2 = Stored(Field::DecimalPoint2);
+    Values().DecPt1 = CodeOf(Image(), Field::DecimalPoint1);
+    Values().DecPt2 = CodeOf(Image(), Field::DecimalPoint2);
     Controls().SetIndex(DecPt1.Inner[Level()], Values().DecPt1 - 1);
     Controls().SetIndex(DecPt2.Inner[Level()], Values().DecPt2 - 1);
 }
 
-void ScalingPage::AlignDecimalPoints() {
+void ScalingPage::DecPtAlign() {
     SetupView::Quiet quiet(View);
-    if (Values().DisplayType == kClockDisplay) return;
+    if (Values().DisplayType == DisplayType::Clock) return;
     auto align = [this](ScalingGroup& group, int code) {
         for (FramedArray<4>* pair : {&group.Offset, &group.LoRd, &group.HiRd})
             AlignPoint(pair->Inner[Level()].Text, code);
@@ -57,18 +58,18 @@ void ScalingPage::AlignDecimalPoints() {
 void ScalingPage::PickDecimalPoint1(int index) {
     DerivedValues& values = Values();
     values.DecPt1 = index + 1;
-    Put(Field::DecimalPoint1, values.DecPt1);
+    PutCode(Image(), Field::DecimalPoint1, values.DecPt1);
     ItemDecPtMap(values);
-    View.DecPtAlign();
+    DecPtAlign();
     if (values.PresetActive) View.Input.TimeOut.Inner.Text = TextOf(Field::Preset);
     if (values.CutoffActive) View.Input.Pulses.Inner.Text = TextOf(Field::CutoffValue);
 }
 
 void ScalingPage::PickDecimalPoint2(int index) {
     Values().DecPt2 = index + 1;
-    Put(Field::DecimalPoint2, Values().DecPt2);
+    PutCode(Image(), Field::DecimalPoint2, Values().DecPt2);
     ItemDecPtMap(Values());
-    View.DecPtAlign();
+    DecPtAlign();
 }
 
 }  // namespace counter

@@ -9,11 +9,11 @@ void FilterPage::Wire() {
     Bind(Bound());
 }
 
-void FilterPage::Update() {
+void FilterPage::FilterUpdate() {
     int item = FilterItemOfWord(Values().ModeWord);
     if (item > 0) fraFilter.Caption = "Filter  Item " + std::to_string(item);
     View.OfferByDisplayType();
-    View.SetFrameActive(View.Input.DVal.Frame, View.Input.DVal.Inner, item > 0);
+    Form::SetFrameActive(View.Input.DVal.Frame, View.Input.DVal.Inner, item > 0);
 }
 
 void FilterPage::Refill() {

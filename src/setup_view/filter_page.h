@@ -19,7 +19,7 @@ struct FilterPage : Page {
 
     void Wire();
     // Whether the Function filters an item, and which.
-    void Update();
+    void FilterUpdate();
     // Leaves the lists without selection.
     void Refill();
     void ShowSelections();

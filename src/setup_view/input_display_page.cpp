@@ -4,6 +4,7 @@
 
 #include "meter/field_lists.h"
 #include "meter/firmware.h"
+#include "meter/meter_words.h"
 #include "meter/mode_tables.h"
 #include "setup_view/setup_view.h"
 
@@ -12,11 +13,6 @@ namespace counter {
 namespace {
 
 using Entries = std::span<const std::string_view>;
-
-constexpr int kLastOwnDisplay = 5;  // from 6 on another device rules the display
-constexpr int kRemoteC = 12;        // one way only: Custom ASCII
-constexpr int kInsteadOfRemoteC = 7;
-constexpr std::size_t kFirstRemote = 6;
 
 // A meter without a panel names the remote types otherwise.
 constexpr std::string_view kRemoteWithoutPanel[] = {" Remote A", " Remote S", " Remote 1", " Remote 2",
@@ -37,39 +33,43 @@ void InputDisplayPage::Wire() {
         {txtCal, Field::Calibration},
     };
     Bind(kPlain);
-    Controls().On(DType.Inner, [this](Control&) { PickDisplayType(); });
-    Controls().On(CutoffEnable.Inner, [this](Control&) { PickCutoffEnable(); });
-    Controls().On(PwrOnTot.Inner, [this](Control&) { PickPowerOnTotal(); });
-    Controls().On(TimeOut.Inner, [this](Control& box) {
+    Bind({DType.Inner, Field::DisplayType}, [this](Control&) { PickDisplayType(); });
+    Bind({CutoffEnable.Inner, Field::CutoffEnable}, [this](Control&) { PickCutoffEnable(); });
+    Bind({PwrOnTot.Inner, Field::PowerOnTotal}, [this](Control&) { PickPowerOnTotal(); });
+    Bind({TimeOut.Inner, Field::TimeOut}, [this](Control& box) {
         OpenEntry(box, Values().PresetActive == 1 ? Field::Preset : Field::TimeOut);
     });
-    Controls().On(Pulses.Inner, [this](Control& box) {
+    BindAlso(TimeOut.Inner, Field::Preset);
+    Bind({Pulses.Inner, Field::PulsesPerRev}, [this](Control& box) {
         OpenEntry(box, Values().CutoffActive == 1 ? Field::CutoffValue : Field::PulsesPerRev, true);
     });
+    BindAlso(Pulses.Inner, Field::CutoffValue);
 }
 
 void InputDisplayPage::FillFixedLists() {
     Form::Fill(DVal.Inner, lists::kFiltered);
     Form::Fill(LeadZ.Inner, lists::kLeadingZeros);
     Form::Fill(PwrOnTot.Inner, lists::kPowerOnTotal);
-    FillDisplayTypes();
+    DisplayTypeFill();
     RefillControlInputs();
     RefillActions();
 }
 
-void InputDisplayPage::FillDisplayTypes() {
+void InputDisplayPage::DisplayTypeFill() {
     Control& list = DType.Inner;
     Form::Fill(list, lists::kDisplayType);
     if (Meter().NoPanelModel == 1)
         std::copy(std::begin(kRemoteWithoutPanel), std::end(kRemoteWithoutPanel),
-                  list.Entries.begin() + kFirstRemote);
+                  list.Entries.begin() + DisplayType::RemoteA);
     // Without an input board the meter is a remote display only.
-    if (Values().InputOption == 0) std::fill_n(list.Entries.begin(), kFirstRemote, " ");
+    if (Values().InputOption == InputBoard::None)
+        std::fill_n(list.Entries.begin(), DisplayType::RemoteA, " ");
     if (Program.LinkState.ModbusLink != 0) {
         list.Entries.pop_back();
-        if (Stored(Field::DisplayType) == kRemoteC) Put(Field::DisplayType, kInsteadOfRemoteC);
+        if (CodeOf(Image(), Field::DisplayType) == DisplayType::RemoteC)
+            PutCode(Image(), Field::DisplayType, DisplayType::RemoteS);
     }
-    Values().DisplayType = Stored(Field::DisplayType);
+    Values().DisplayType = CodeOf(Image(), Field::DisplayType);
     Controls().SetIndex(list, Values().DisplayType);
     View.OfferByDisplayType();
 }
@@ -81,9 +81,9 @@ void InputDisplayPage::ShowOpeningTexts() {
 }
 
 void InputDisplayPage::ShowByMeterKind() {
-    bool panel = Meter().MeterType != 7;
+    bool panel = HasPanel(Meter().MeterType);
     LeadZ.Frame.Visible = panel;
-    DspyN.Frame.Visible = Action.Frame.Visible = panel && Values().InputOption != 0;
+    DspyN.Frame.Visible = Action.Frame.Visible = panel && Values().InputOption != InputBoard::None;
 }
 
 void InputDisplayPage::ShowSelections() {
@@ -92,17 +92,17 @@ void InputDisplayPage::ShowSelections() {
     Show(cboExtAB, Field::ControlInputs);
 }
 
-void InputDisplayPage::RefreshCutoff() {
+void InputDisplayPage::CutoffRefresh() {
     Form::Fill(CutoffEnable.Inner, lists::kCutoffEnable);
     Show(CutoffEnable.Inner, Field::CutoffEnable);
-    int mode = Values().ModeIndex;
     int function = Values().FunctionIndex;
-    View.SetFrameActive(CutoffEnable.Frame, CutoffEnable.Inner,
-                        function == 3 || function == 8 || (function == 2 && mode >= 8));
+    bool known = function == Function::RateAndTotal || function == Function::VfBurst ||
+                 (function == Function::Batch && Values().ModeIndex >= Mode::Vf4To20mA);
+    Form::SetFrameActive(CutoffEnable.Frame, CutoffEnable.Inner, known);
 }
 
 void InputDisplayPage::RefreshGateTime() {
-    GateTime.Frame.Visible = Values().InputOption != 0;
+    GateTime.Frame.Visible = Values().InputOption != InputBoard::None;
 }
 
 void InputDisplayPage::RefreshTimeOut() {
@@ -119,18 +119,18 @@ void InputDisplayPage::RefreshTimeOut() {
 
 void InputDisplayPage::RefreshDisplayType() {
     Show(DType.Inner, Field::DisplayType);
-    bool remoteC = DType.Inner.ListIndex == kRemoteC;
+    bool remoteC = DType.Inner.ListIndex == DisplayType::RemoteC;
     View.Communication.fraRmtDspyC.Visible = View.Communication.lblAscTbl.Visible = remoteC;
 }
 
 void InputDisplayPage::RefreshDisplayFilter() {
-    DVal.Frame.Visible = Values().InputOption != 0;
+    DVal.Frame.Visible = Values().InputOption != InputBoard::None;
     Show(DVal.Inner, Field::DisplayFilter);
 }
 
 void InputDisplayPage::RefreshPulsesAndItem() {
-    bool board = Values().InputOption != 0;
-    if (Values().ModeIndex == 12) {
+    bool board = Values().InputOption != InputBoard::None;
+    if (Values().ModeIndex == Mode::Quadrature) {
         Pulses.Frame.Visible = board;
         if (board) {
             Pulses.Inner.Visible = true;
@@ -150,16 +150,16 @@ void InputDisplayPage::RefreshPulsesAndItem() {
 // An item that the Function doesn't have is repaired in the image.
 void InputDisplayPage::RefreshDisplayItem() {
     int count = Values().ItemCount;
-    int stored = Stored(Field::DisplayItem);
+    int stored = CodeOf(Image(), Field::DisplayItem);
     int legal = stored == 0 ? 1 : std::min(stored, count);
-    if (legal != stored) Put(Field::DisplayItem, legal);
+    if (legal != stored) PutCode(Image(), Field::DisplayItem, legal);
     Form::Fill(DspyN.Inner, Entries(lists::kDisplayItem).first(static_cast<std::size_t>(count)));
     Controls().SetIndex(DspyN.Inner, legal - 1);
-    View.SetFrameActive(DspyN.Frame, DspyN.Inner, count > 1);
+    Form::SetFrameActive(DspyN.Frame, DspyN.Inner, count > 1);
 }
 
 void InputDisplayPage::RefreshPowerOnTotal() {
-    PwrOnTot.Frame.Visible = Values().InputOption != 0;
+    PwrOnTot.Frame.Visible = Values().InputOption != InputBoard::None;
     Show(PwrOnTot.Inner, Field::PowerOnTotal);
 }
 
@@ -170,7 +170,7 @@ void InputDisplayPage::RefillControlInputs() {
         cboExtAB.Entries[8] = lists::kControlInputs8Before78;
         cboExtAB.Entries[9] = lists::kControlInputs9Before78;
     }
-    if (Values().DisplayType > kLastOwnDisplay) cboExtAB.Entries[15] = lists::kControlInputs15Remote;
+    if (IsRemoteDisplay(Values().DisplayType)) cboExtAB.Entries[15] = lists::kControlInputs15Remote;
     cboExtAB.ListIndex = selected;
 }
 
@@ -179,7 +179,7 @@ void InputDisplayPage::RefillActions() {
 }
 
 void InputDisplayPage::RefreshAction() {
-    Action.Frame.Visible = Values().DisplayType <= kLastOwnDisplay;
+    Action.Frame.Visible = !IsRemoteDisplay(Values().DisplayType);
     Show(Action.Inner, Field::PeakKeyAction);
 }
 
@@ -190,26 +190,26 @@ void InputDisplayPage::ShowCutoffValue() {
 }
 
 void InputDisplayPage::LeaveRemoteC() {
-    DType.Inner.ListIndex = kInsteadOfRemoteC;
+    DType.Inner.ListIndex = DisplayType::RemoteS;
     PickDisplayType();
 }
 
 void InputDisplayPage::PickDisplayType() {
-    Put(Field::DisplayType, DType.Inner.ListIndex);
+    PutCode(Image(), Field::DisplayType, DType.Inner.ListIndex);
     Values().DisplayType = DType.Inner.ListIndex;
     View.ViewRefresh();
     View.OfferByDisplayType();
 }
 
 void InputDisplayPage::PickCutoffEnable() {
-    Put(Field::CutoffEnable, CutoffEnable.Inner.ListIndex);
+    PutCode(Image(), Field::CutoffEnable, CutoffEnable.Inner.ListIndex);
     View.ViewRefresh();
     ShowCutoffValue();
 }
 
 // The box may show the Cutoff Value; the message then comes for that value, required.
 void InputDisplayPage::PickPowerOnTotal() {
-    Put(Field::PowerOnTotal, PwrOnTot.Inner.ListIndex);
+    PutCode(Image(), Field::PowerOnTotal, PwrOnTot.Inner.ListIndex);
     bool onShow = Pulses.Frame.Visible && Pulses.Inner.Visible;
     if (PwrOnTot.Inner.ListIndex == 1 && onShow && IsNotZero(Pulses.Inner.Text))
         Program.Dialogs.Show({"", "Set Pulses per Revolution = 0", BoxIcon::None});

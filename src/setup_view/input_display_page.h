@@ -41,13 +41,13 @@ struct InputDisplayPage : Page {
     void FillFixedLists();
     // The list of Display Types, which depends on board and link. Sets DisplayType; a "Remote C" display that
     // a Modbus link can't have becomes type 7 in the image.
-    void FillDisplayTypes();
+    void DisplayTypeFill();
     void ShowOpeningTexts();
     void ShowByMeterKind();
     void ShowSelections();
 
     // Refreshing it.
-    void RefreshCutoff();
+    void CutoffRefresh();
     void RefreshGateTime();
     void RefreshTimeOut();
     void RefreshDisplayType();

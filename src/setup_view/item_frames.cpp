@@ -1,4 +1,8 @@
-// The frames of the items: which layout is on show, with how many items.
+// The frames of the items: which layout is on show, with how many items; and the batch lists, which are in
+// the first item of layout 3.
+#include <array>
+
+#include "meter/meter_words.h"
 #include "meter/mode_tables.h"
 #include "setup_view/setup_view.h"
 
@@ -8,28 +12,39 @@ namespace {
 
 constexpr int kHide = 4;  // a count of items that no layout has
 
+// Functions that have a second item in layout 0, and Modes that have one in each Function.
+bool HasSecondItem(const DerivedValues& values) {
+    const int function = values.FunctionIndex;
+    return function == Function::RateAndTotal || function == Function::ARateBTotal ||
+           values.ModeIndex == Mode::Stopwatch ||
+           (function == Function::AandB && values.ModeIndex != Mode::Quadrature);
+}
+
+std::array<Binding, 4> Bound(const ScalingPage& page) {
+    return {{{page.BatCount.Inner, Field::BatchCount},
+             {page.BatItm2.Inner, Field::BatchItem2},
+             {page.BatStart.Inner, Field::BatchStart},
+             {page.BatReset.Inner, Field::BatchTotalReset}}};
+}
+
 }  // namespace
 
 void ScalingPage::HideAll() {
-    for (int level = 0; level < kLevels; ++level) ShowLevel(level, kHide);
+    for (int level = 0; level < kLevels; ++level) FraItemVisibility(level, kHide);
     previousLevel_ = kNoLevel;
 }
 
-void ScalingPage::ShowFrames(int modeWord) {
+void ScalingPage::FrameUpdate(int modeWord) {
     DerivedValues& values = Values();
     values.ModeWord = modeWord;
     ItemLevelUpdate(values);
-    if (previousLevel_ != kNoLevel) ShowLevel(previousLevel_, kHide);
+    if (previousLevel_ != kNoLevel) FraItemVisibility(previousLevel_, kHide);
     previousLevel_ = values.ItemLevel;
-    ShowLevel(values.ItemLevel, values.ItemCount);
-    if (values.ItemLevel != 0) return;
-    int function = values.FunctionIndex;
-    bool second =
-        function == 3 || function == 5 || values.ModeIndex == 5 || (function == 0 && values.ModeIndex != 12);
-    if (!second) fraItem2[0].Visible = false;
+    FraItemVisibility(values.ItemLevel, values.ItemCount);
+    if (values.ItemLevel == 0 && !HasSecondItem(values)) fraItem2[0].Visible = false;
 }
 
-void ScalingPage::ShowLevel(int level, int count) {
+void ScalingPage::FraItemVisibility(int level, int count) {
     bool show = count != kHide;
     bool second = show && count > 1;
     fraItem1[level].Visible = show;
@@ -47,11 +62,34 @@ void ScalingPage::ShowLevel(int level, int count) {
     if (show) lblItem3[level].Caption = ItemName(3);
 }
 
-// The name of item 1 to 3; `more` takes one further down the names. Behind the last there is none.
+// The name of item 1 to 3; `more` takes one further down the names. After the last there is none.
 std::string ScalingPage::ItemName(int item, int more) const {
     const auto& row = ItemRows[static_cast<std::size_t>(Values().ItemRow)];
     const int index = row[static_cast<std::size_t>(item) - 1] + more;
     return index < std::ssize(ItemNames) ? std::string(ItemNames[static_cast<std::size_t>(index)]) : "";
+}
+
+void ScalingPage::WireBatch() {
+    Bind(Bound(*this));
+    Controls().On(BatItm2.Inner, [this](Control& list) { PickBatchItem2(list); });
+}
+
+void ScalingPage::BatchFill() {
+    Fill(Bound(*this));
+    Show(Bound(*this));
+}
+
+// A V-F batch has no choice of its end; the stored bits stay.
+void ScalingPage::RefreshBatchCount() {
+    if (Level() == 3)
+        Form::SetFrameActive(BatCount.Frame, BatCount.Inner, Values().InputOption == InputBoard::DualSigCond);
+}
+
+// A count of batches has no Resolution.
+void ScalingPage::PickBatchItem2(Control& list) {
+    PutCode(Image(), Field::BatchItem2, list.ListIndex);
+    lblItem2[3].Caption = list.ListIndex == 1 ? " # Batches" : " Grand Total";
+    Resoln.Inner[3].Visible = list.ListIndex == 0;
 }
 
 }  // namespace counter

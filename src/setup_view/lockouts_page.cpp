@@ -30,15 +30,12 @@ LockoutsPage::LockoutsPage(SetupView& view) : Page(view, kLockoutsTab) {
 }
 
 void LockoutsPage::Wire() {
-    for (int i = 0; i < kLocks; ++i) {
-        const Binding box[] = {{chkLock[i], FieldOf(i)}};
-        Bind(box);
-    }
+    for (int i = 0; i < kLocks; ++i) Bind({chkLock[i], FieldOf(i)});
 }
 
-void LockoutsPage::ShowStored() {
+void LockoutsPage::ShowFields() {
     for (int i = 0; i < kLocks; ++i) Show(chkLock[i], FieldOf(i));
-    lblFPLock.Caption = lists::kLockoutJumper[Stored(Field::LockoutJumper)];
+    lblFPLock.Caption = lists::kLockoutJumper[CodeOf(Image(), Field::LockoutJumper)];
 }
 
 }  // namespace counter

@@ -18,7 +18,7 @@ struct LockoutsPage : Page {
     // clang-format on
 
     void Wire();
-    void ShowStored();
+    void ShowFields();
 };
 
 }  // namespace counter

@@ -37,7 +37,7 @@ void MeterClass::Wire() {
     Controls().On(cmd9600, [this](Control&) { SetBaud9600(); });
 }
 
-void MeterClass::PaintButtons() {
+void MeterClass::ColorCommands() {
     cmdQBasic.BackColor = cmdQExtended.BackColor = ColorGray;
 }
 
@@ -47,12 +47,12 @@ void MeterClass::MarkClass() {
 
 void MeterClass::PressClass(Control& button, int extended) {
     button.BackColor = ColorWhite;
-    View.BasicExtend(extended);
+    BasicExtend(extended);
     button.BackColor = ColorLightGray;
     View.Focus(extended ? View.Modes.optExtended : View.Modes.optBasic);
 }
 
-void MeterClass::WriteClass(int extended) {
+void MeterClass::BasicExtend(int extended) {
     Program.Home.ShowHourglass(true);
     View.Buttons.picText.Text = extended ? "Writing EXTENDED meter" : "Writing BASIC meter";
     View.Controls.TellChanged();

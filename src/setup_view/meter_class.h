@@ -19,16 +19,16 @@ struct MeterClass : Page {
 
     void Wire();
     // Both class buttons at rest.
-    void PaintButtons();
+    void ColorCommands();
     // The button of the meter's class.
     void MarkClass();
-    // Writes the class 0 or 1 into a connected meter, over Custom ASCII:
+    // Writes the class, 0 Basic or 1 Extended, into a connected meter, over Custom ASCII:
     //
     //   X11FZ                     the word that holds it, four digits come back
     //   W11F, four digits and Z   100 ms later: bits 3..2 of the first byte changed and no other
     //
     // Nothing is written without a link, over Modbus, or when the answer has another length. The image stays.
-    void WriteClass(int extended);
+    void BasicExtend(int extended);
 
   private:
     void PressClass(Control& button, int extended);

@@ -1,6 +1,7 @@
 #include "setup_view/mode_lists.h"
 
 #include "meter/boards.h"
+#include "meter/meter_words.h"
 #include "meter/mode_tables.h"
 #include "setup_view/setup_view.h"
 
@@ -18,19 +19,18 @@ constexpr std::size_t kBasicSigCondModes = 5;
 constexpr std::string_view kVfModes[] = {"VF 4-20 mA", "VF  0-1 mA", "VF 0-10 V"};
 constexpr std::string_view kQuadratureModes[] = {"Quadrature"};
 
-constexpr int kFirstVfMode = 8;
-constexpr int kQuadratureMode = 12;
+constexpr int kExtendedBit = 1;  // of the class code; beside it is the curve
 
 Entries ModesOf(const DerivedValues& values) {
     switch (values.InputOption) {
-        case 0:
+        case InputBoard::None:
             return kNoMode;
-        case 1:
+        case InputBoard::DualSigCond:
             return values.ExtendedMeter ? Entries(kSigCondModes)
                                         : Entries(kSigCondModes).first(kBasicSigCondModes);
-        case 2:
+        case InputBoard::VfConverter:
             return kVfModes;
-        case 3:
+        case InputBoard::Quadrature:
             return kQuadratureModes;
         default:
             return {};  // a code that no board has
@@ -39,16 +39,17 @@ Entries ModesOf(const DerivedValues& values) {
 
 // Mode 3 is not in the list, so those above it stand one place lower.
 int ModeEntry(const DerivedValues& values) {
-    if (values.InputOption == 1) return values.ModeIndex > 2 ? values.ModeIndex - 1 : values.ModeIndex;
-    if (values.InputOption == 2) return values.ModeIndex - kFirstVfMode;
+    if (values.InputOption == InputBoard::DualSigCond)
+        return values.ModeIndex > Mode::Total ? values.ModeIndex - 1 : values.ModeIndex;
+    if (values.InputOption == InputBoard::VfConverter) return values.ModeIndex - Mode::Vf4To20mA;
     return 0;
 }
 
 }  // namespace
 
 void ModeLists::Wire() {
-    Controls().On(Mode.Inner, [this](Control&) { PickMode(); });
-    Controls().On(Function.Inner, [this](Control&) { PickFunction(); });
+    Bind({Mode.Inner, Field::Mode}, [this](Control&) { PickMode(); });
+    Bind({Function.Inner, Field::Function}, [this](Control&) { PickFunction(); });
     Controls().On(optBasic, [this](Control&) { PickBasic(); });
     Controls().On(optExtended, [this](Control&) { PickExtended(); });
 }
@@ -59,23 +60,23 @@ void ModeLists::Normalise() {
 
 void ModeLists::PickInputBoard(int inputOption) {
     Values().InputOption = inputOption;
-    Put(Field::InputOption, InputOptionCode(inputOption));
+    PutCode(Image(), Field::InputOption, InputOptionCode(inputOption));
     Normalise();
-    FillModes();
+    ModeListFill();
 }
 
 void ModeLists::PickMode() {
     int before = Values().ModeIndex;
     ModeFromList();
-    if (Values().ModeIndex != before) Values().FunctionIndex = 0;
-    Put(Field::Mode, Values().ModeIndex);
+    if (Values().ModeIndex != before) Values().FunctionIndex = Function::AandB;
+    PutCode(Image(), Field::Mode, Values().ModeIndex);
     Normalise();
-    FillFunctions();
+    FunctionListFill();
 }
 
 void ModeLists::PickFunction() {
     FunctionFromList();
-    Put(Field::Function, Values().FunctionIndex);
+    PutCode(Image(), Field::Function, Values().FunctionIndex);
     View.InputRefresh();
 }
 
@@ -83,25 +84,26 @@ void ModeLists::PickFunction() {
 // that Mode would.
 void ModeLists::PickBasic() {
     Values().ExtendedMeter = 0;
-    Put(Field::ClassAndCurve, 0);
+    PutCode(Image(), Field::ClassAndCurve, 0);
     int before = Values().ModeIndex;
     Normalise();
-    if (Values().ModeIndex != before) Values().FunctionIndex = 0;
-    FillModes();
+    if (Values().ModeIndex != before) Values().FunctionIndex = Function::AandB;
+    ModeListFill();
 }
 
 void ModeLists::PickExtended() {
     Values().ExtendedMeter = 1;
-    BitsPut(Image(), 2, 2, 185, 1);
-    FillModes();
+    PutCode(Image(), Field::ClassAndCurve, CodeOf(Image(), Field::ClassAndCurve) | kExtendedBit);
+    ModeListFill();
 }
 
-void ModeLists::FillModes() {
+void ModeLists::ModeListFill() {
     const DerivedValues& values = Values();
     View.Input.Pulses.Frame.Visible = false;
-    if (values.ItemLevel < 2) View.Scaling.Rd0In.Frame[values.ItemLevel].Visible = values.InputOption == 2;
+    if (values.ItemLevel < 2)
+        View.Scaling.Rd0In.Frame[values.ItemLevel].Visible = values.InputOption == InputBoard::VfConverter;
     Form::Fill(Mode.Inner, ModesOf(values));
-    if (values.InputOption == 3) {
+    if (values.InputOption == InputBoard::Quadrature) {
         View.Input.Pulses.Frame.Visible = true;
         View.Input.Pulses.Inner.Text = TextOf(Field::PulsesPerRev);
     }
@@ -110,22 +112,22 @@ void ModeLists::FillModes() {
 
 int ModeLists::LastFunction() const {
     if (Values().ExtendedMeter) return kFunctions - 1;
-    if (Values().ModeIndex == kQuadratureMode) return 0;
-    return IsVfMode(Values().ModeIndex) ? 3 : 1;
+    if (Values().ModeIndex == Mode::Quadrature) return Function::QuadratureTotal;
+    return IsVfMode(Values().ModeIndex) ? Function::RateAndTotal : Function::AOnly;
 }
 
-void ModeLists::FillFunctions() {
+void ModeLists::FunctionListFill() {
     int mode = Values().ModeIndex;
     Control& list = Function.Inner;
-    Form::Fill(list, Values().InputOption == 0 ? Entries(kNoMode) : Entries());
-    if (Values().InputOption == 0) {
+    Form::Fill(list, Values().InputOption == InputBoard::None ? Entries(kNoMode) : Entries());
+    if (Values().InputOption == InputBoard::None) {
         Controls().SetIndex(list, 0);
         return;
     }
     bool basicVf = !Values().ExtendedMeter && IsVfMode(mode);
     int selected = -1;
     for (int f = 0; f <= LastFunction(); ++f) {
-        if (basicVf && f == 2) continue;
+        if (basicVf && f == Function::Batch) continue;
         std::string_view name = FunctionName(mode, f);
         if (name.empty()) continue;
         if (f == Values().FunctionIndex) selected = static_cast<int>(list.Entries.size());
@@ -136,9 +138,10 @@ void ModeLists::FillFunctions() {
 
 void ModeLists::ModeFromList() {
     int index = Mode.Inner.ListIndex;
-    if (Values().InputOption == 1) Values().ModeIndex = index > 2 ? index + 1 : index;
-    if (Values().InputOption == 2) Values().ModeIndex = index + kFirstVfMode;
-    if (Values().InputOption == 3) Values().ModeIndex = kQuadratureMode;
+    if (Values().InputOption == InputBoard::DualSigCond)
+        Values().ModeIndex = index > Mode::Total ? index + 1 : index;
+    if (Values().InputOption == InputBoard::VfConverter) Values().ModeIndex = index + Mode::Vf4To20mA;
+    if (Values().InputOption == InputBoard::Quadrature) Values().ModeIndex = Mode::Quadrature;
 }
 
 // On a Basic meter the place of Function 2 is that of Function 3, which its list has instead. Without a board
@@ -147,7 +150,7 @@ void ModeLists::FunctionFromList() {
     int place = -1;
     for (int f = 0; f < kFunctions; ++f) {
         if (FunctionName(Values().ModeIndex, f).empty() || ++place < Function.Inner.ListIndex) continue;
-        Values().FunctionIndex = !Values().ExtendedMeter && f == 2 ? 3 : f;
+        Values().FunctionIndex = !Values().ExtendedMeter && f == Function::Batch ? Function::RateAndTotal : f;
         return;
     }
 }

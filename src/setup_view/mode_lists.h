@@ -26,8 +26,8 @@ struct ModeLists : Page {
 
     void Wire();
     void PickInputBoard(int inputOption);
-    void FillModes();
-    void FillFunctions();
+    void ModeListFill();
+    void FunctionListFill();
     void ModeFromList();
     void FunctionFromList();
     // The option of the meter's class.

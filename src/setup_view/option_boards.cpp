@@ -19,13 +19,14 @@ constexpr std::size_t kOld = 2, kWith16Bits = 3, kAll = 5;
 }  // namespace
 
 void OptionBoards::Wire() {
-    Controls().On(InOpt.Inner, [this](Control& list) { View.Modes.PickInputBoard(list.ListIndex); });
-    Controls().On(RlyOpt.Inner, [this](Control& list) { PickRelays(list); });
-    Controls().On(ComOpt.Inner, [this](Control& list) { PickComm(list); });
-    Controls().On(AnaOpt.Inner, [this](Control& list) { PickAnalog(list); });
+    Bind({InOpt.Inner, Field::InputOption},
+         [this](Control& list) { View.Modes.PickInputBoard(list.ListIndex); });
+    Bind({RlyOpt.Inner, Field::RelayOption}, [this](Control& list) { PickRelays(list); });
+    Bind({ComOpt.Inner, Field::CommOption}, [this](Control& list) { PickComm(list); });
+    Bind({AnaOpt.Inner, Field::AnalogOption}, [this](Control& list) { PickAnalog(list); });
 }
 
-void OptionBoards::Refill() {
+void OptionBoards::OptionBoardsFill() {
     FillInput();
     FillRelays();
     FillComm();
@@ -67,7 +68,7 @@ void OptionBoards::FillAnalog() {
     Form::Fill(AnaOpt.Inner, Entries(lists::kAnalogOption).first(entries));
     AnaOpt.Inner.Enabled = noLink || !Meter().SetupFromMeter || !AnalogBoardCanBeRead();
 
-    if (!noLink) RefuseIncompatibleBoard(Stored(Field::AnalogOption));
+    if (!noLink) RefuseIncompatibleBoard(CodeOf(Image(), Field::AnalogOption));
     int board = AnalogBoardOf(Image(), version, Meter().MeterType);
     Values().AnalogOption = board;
     View.Analog.fraAnaOut.Visible = board != AnalogBoard::None;
@@ -110,19 +111,19 @@ void OptionBoards::FollowAnalog() {
 // Where a meter has the two-relay board alone, picking that one entry stores "none": required.
 void OptionBoards::PickRelays(Control& list) {
     Values().RelayOption = list.ListIndex;
-    Put(Field::RelayOption, CodeOfEntry(RowOf(Field::RelayOption), list.ListIndex));
+    PutCode(Image(), Field::RelayOption, CodeOfEntry(RowOf(Field::RelayOption), list.ListIndex));
     FollowRelays();
 }
 
 void OptionBoards::PickComm(Control& list) {
     Values().CommOption = list.ListIndex;
-    Put(Field::CommOption, list.ListIndex);
+    PutCode(Image(), Field::CommOption, list.ListIndex);
     FollowComm();
 }
 
 void OptionBoards::PickAnalog(Control& list) {
     Values().AnalogOption = list.ListIndex;
-    Put(Field::AnalogOption, list.ListIndex);
+    PutCode(Image(), Field::AnalogOption, list.ListIndex);
     if (!HasPanel(Meter().MeterType)) Values().AnalogOption = AnalogBoard::Bipolar16Bit;
     FollowAnalog();
 }

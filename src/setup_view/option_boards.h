@@ -19,7 +19,7 @@ struct OptionBoards : Page {
     void Wire();
     // All four lists and what follows them. An analog board that the connected meter can't drive ends the
     // process.
-    void Refill();
+    void OptionBoardsFill();
 
   private:
     void FillInput();

@@ -2,6 +2,7 @@
 
 #include "link/waits.h"
 #include "meter/field_lists.h"
+#include "meter/meter_words.h"
 #include "meter/mode_tables.h"
 #include "meter/value_codec.h"
 #include "setup_view/setup_view.h"
@@ -10,9 +11,8 @@ namespace counter {
 
 namespace {
 
-constexpr int kClockDisplay = 5;  // DisplayType and ClockMode: hours, minutes, seconds
-constexpr int kPlainTime = 1;     // TimeEntry: a clock display's digits as a plain number
-constexpr int kSeconds = 2;       // TimeEntry: seconds shown as hours, minutes, seconds
+constexpr int kPlainTime = 1;  // TimeEntry: a clock display's digits as a plain number
+constexpr int kSeconds = 2;    // TimeEntry: seconds shown as hours, minutes, seconds
 constexpr int kScaleForm = 0;
 constexpr int kCoordinatesForm = 1;
 constexpr double kBetweenListsMs = 10;
@@ -23,7 +23,7 @@ constexpr GroupFields kGroup2 = {Field::Scale2,   Field::Multiplier2, Field::Off
                                  Field::LowRead2, Field::HighIn2,     Field::HighRead2, Field::Group2Form};
 
 bool IsRateBatch(const DerivedValues& values) {
-    return values.ModeIndex == 0 && values.FunctionIndex == 2;
+    return values.ModeIndex == Mode::Rate && values.FunctionIndex == Function::Batch;
 }
 
 }  // namespace
@@ -60,18 +60,14 @@ void ScalingPage::Wire() {
     WireCurve();
     WireBatch();
     for (int level = 0; level < kLevels; ++level) {
-        const Binding slope[] = {{TrigSlpA.Inner[level], Field::TriggerSlopeA}};
-        Bind(slope);
-        if (!Resoln.Inner.Has(level)) continue;
-        const Binding resolution[] = {{Resoln.Inner[level], Field::Resolution}};
-        Bind(resolution);
+        Bind({TrigSlpA.Inner[level], Field::TriggerSlopeA});
+        if (Resoln.Inner.Has(level)) Bind({Resoln.Inner[level], Field::Resolution});
     }
-    for (int i = 0; i <= kSecondItemSlopeB; ++i) {
-        const Binding slope[] = {{TrigSlpB.Inner[i], Field::TriggerSlopeB}};
-        Bind(slope);
+    for (int i = 0; i <= kSecondItemSlopeB; ++i) Bind({TrigSlpB.Inner[i], Field::TriggerSlopeB});
+    for (int level = 0; level < 2; ++level) {
+        Bind({Rd0In.Inner[level], Field::Read0In},
+             [this](Control& box) { OpenEntry(box, Field::Read0In, true); });
     }
-    for (int level = 0; level < 2; ++level)
-        Controls().On(Rd0In.Inner[level], [this](Control& box) { OpenEntry(box, Field::Read0In, true); });
 }
 
 void ScalingPage::WireGroup(ScalingGroup& group) {
@@ -83,8 +79,10 @@ void ScalingPage::WireGroup(ScalingGroup& group) {
             {group.HiIn.Inner[level], fields.HiIn},   {group.HiRd.Inner[level], fields.HiRd},
         };
         Bind(plain);
-        Controls().On(group.optScale[level], [this, &group](Control&) { PickForm(group, kScaleForm); });
-        Controls().On(group.optCoord[level], [this, &group](Control&) { PickForm(group, kCoordinatesForm); });
+        Bind({group.optScale[level], fields.Form, kScaleForm},
+             [this, &group](Control&) { PickForm(group, kScaleForm); });
+        Bind({group.optCoord[level], fields.Form, kCoordinatesForm},
+             [this, &group](Control&) { PickForm(group, kCoordinatesForm); });
     }
     WireOffset(group);
 }
@@ -93,20 +91,20 @@ void ScalingPage::WireGroup(ScalingGroup& group) {
 void ScalingPage::WireOffset(ScalingGroup& group) {
     bool first = &group == &Group1;
     for (int level = 0; level < kLevels; ++level) {
-        Controls().On(group.Offset.Inner[level], [this, &group, first](Control& box) {
-            if (Values().DisplayType == kClockDisplay) Values().TimeEntry = kPlainTime;
-            if (first && Values().ClockMode == kClockDisplay) Values().TimeEntry = kSeconds;
+        Bind({group.Offset.Inner[level], group.Fields.Offset}, [this, &group, first](Control& box) {
+            if (Values().DisplayType == DisplayType::Clock) Values().TimeEntry = kPlainTime;
+            if (first && Values().ClockMode == DisplayType::Clock) Values().TimeEntry = kSeconds;
             OpenEntry(box, group.Fields.Offset);
         });
     }
 }
 
 void ScalingPage::PickForm(ScalingGroup& group, int form) {
-    Put(group.Fields.Form, form);
-    View.ScaleCoord();
+    PutCode(Image(), group.Fields.Form, form);
+    ScaleCoord();
 }
 
-void ScalingPage::RefreshScaling() {
+void ScalingPage::ScaleCoord() {
     SetupView::Quiet quiet(View);
     bool scale1 = ShowForm(Group1);
     if (IsRateBatch(Values()) && scale1) Group1.optCoord[Level()].Enabled = false;
@@ -121,10 +119,10 @@ void ScalingPage::RefreshScaling() {
         ShowClockOffset(*group);
     }
 
-    FillMultipliers(Group1.Mult.Inner[Level()]);
+    MultiplierFill(Group1.Mult.Inner[Level()]);
     LinkDelay(Program.Link, kBetweenListsMs);
-    Program.Views.SetupRefreshOn = 0;  // what the user did meanwhile has ended with live handlers
-    FillMultipliers(Group2.Mult.Inner[Level()]);
+    Program.Views.SetupRefreshOn = false;  // what the user did meanwhile has ended with live handlers
+    MultiplierFill(Group2.Mult.Inner[Level()]);
     Show(Group1.Mult.Inner[Level()], Field::Multiplier1);
     Show(Group2.Mult.Inner[Level()], Field::Multiplier2);
 }
@@ -132,8 +130,8 @@ void ScalingPage::RefreshScaling() {
 // Enables the form that is stored, or none while a curve is in force; both stay on show. True for Scale.
 bool ScalingPage::ShowForm(ScalingGroup& group) {
     int level = Level();
-    bool curve = BitsGet(Image(), 3, 3, 185) == 1 && curveInForce_;
-    bool coordinates = !curve && Stored(group.Fields.Form) == kCoordinatesForm;
+    bool curve = CurveChosen() && curveInForce_;
+    bool coordinates = !curve && CodeOf(Image(), group.Fields.Form) == kCoordinatesForm;
     bool scale = !curve && !coordinates;
     group.optScale[level].Enabled = group.optCoord[level].Enabled = !curve;
     for (FramedArray<4>* pair : {&group.Scale, &group.Mult, &group.Offset})
@@ -149,7 +147,7 @@ void ScalingPage::ShowTexts(ScalingGroup& group) {
     int level = Level();
     const GroupFields& fields = group.Fields;
     group.Scale.Inner[level].Text = TextOf(fields.Scale);
-    Values().TimeEntry = Values().ClockMode == kClockDisplay ? kSeconds : 0;
+    Values().TimeEntry = Values().ClockMode == DisplayType::Clock ? kSeconds : 0;
     group.Offset.Inner[level].Text = TextOf(fields.Offset);
     Values().TimeEntry = 0;
     group.LoIn.Inner[level].Text = TextOf(fields.LoIn);
@@ -161,34 +159,38 @@ void ScalingPage::ShowTexts(ScalingGroup& group) {
 // Coordinates can't make a clock value; they are marked and nothing is prevented.
 void ScalingPage::MarkImpossible(ScalingGroup& group) {
     int level = Level();
-    bool impossible = Values().DisplayType == kClockDisplay && !group.Scale.Inner[level].Enabled;
+    bool impossible = Values().DisplayType == DisplayType::Clock && !group.Scale.Inner[level].Enabled;
     for (FramedArray<4>* pair : {&group.LoIn, &group.LoRd, &group.HiIn, &group.HiRd})
         pair->Inner[level].BackColor = impossible ? ColorRed : ColorWhite;
 }
 
 void ScalingPage::ShowClockOffset(ScalingGroup& group) {
-    if (Values().DisplayType != kClockDisplay) return;
+    if (Values().DisplayType != DisplayType::Clock) return;
     std::string& text = group.Offset.Inner[Level()].Text;
     text = AddClkDP(WithoutBlanksAndPoints(text));
 }
 
 // The Resolution is selected whichever list this is; the multipliers get their own selection afterwards.
-void ScalingPage::FillMultipliers(Control& list) {
+void ScalingPage::MultiplierFill(Control& list) {
     Form::Fill(list, lists::kMultiplier);
     Show(list, Field::Resolution);
 }
 
+void ScalingPage::SlopeListFill(Control& list) {
+    Form::Fill(list, lists::kSlope);
+}
+
 void ScalingPage::RefreshSlopeA() {
     Control& list = TrigSlpA.Inner[Level()];
-    View.SlopeListFill(list);
+    SlopeListFill(list);
     Show(list, Field::TriggerSlopeA);
-    View.SetFrameActive(TrigSlpA.Frame[Level()], list, Values().InputOption < 2);
+    Form::SetFrameActive(TrigSlpA.Frame[Level()], list, Values().InputOption < InputBoard::VfConverter);
 }
 
 void ScalingPage::RefreshSlopeB() {
     auto show = [this](int element) {
         TrigSlpB.Frame[element].Visible = true;
-        View.SlopeListFill(TrigSlpB.Inner[element]);
+        SlopeListFill(TrigSlpB.Inner[element]);
         Show(TrigSlpB.Inner[element], Field::TriggerSlopeB);
     };
     const DerivedValues& values = Values();
@@ -199,17 +201,17 @@ void ScalingPage::RefreshSlopeB() {
     } else if (Level() == 0 && (values.ModeWord & kWordInnerSlopeB) != 0) {
         show(0);
     }
-    if (Level() == 1 && values.FunctionIndex == 7) show(1);
+    if (Level() == 1 && values.FunctionIndex == Function::BTotalARate) show(1);
     if (Level() == 2) show(2);
-    if (values.ModeIndex == 5 && values.FunctionIndex == 3) show(0);
+    if (values.ModeIndex == Mode::Stopwatch && values.FunctionIndex == Function::RateAndTotal) show(0);
 }
 
-void ScalingPage::RefreshRead0In() {
+void ScalingPage::Read0InRefresh() {
     Control& frame = Rd0In.Frame[Level()];
     frame.Visible = (Values().ModeWord & 0xFF) != 0;
     if (!frame.Visible) return;
     Rd0In.Inner[Level()].Text = TextOf(Field::Read0In);
-    bool used = Stored(Field::SquareRoot) == 1 || BitsGet(Image(), 3, 3, 185) == 1;
+    bool used = CodeOf(Image(), Field::SquareRoot) == 1 || CurveChosen();
     frame.Enabled = Rd0In.Inner[Level()].Enabled = used;
 }
 

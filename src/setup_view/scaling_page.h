@@ -75,30 +75,30 @@ struct ScalingPage : Page {
 
     void Wire();
 
-    // item_frames.cpp
+    // item_frames.cpp: the frames of a mode word; one level 0..3 of them with 1..3 items, which count 4
+    // hides.
     void HideAll();
-    void ShowFrames(int modeWord);
-    void ShowLevel(int level, int count);
+    void FrameUpdate(int modeWord);
+    void FraItemVisibility(int level, int count);
+    void BatchFill();
+    void RefreshBatchCount();
 
     // scaling_page.cpp
-    void RefreshScaling();
+    void ScaleCoord();
+    static void SlopeListFill(Control& list);
     void RefreshSlopeA();
     void RefreshSlopeB();
-    void RefreshRead0In();
-    void FillMultipliers(Control& list);
+    void Read0InRefresh();
+    void MultiplierFill(Control& list);
 
     // decimal_points.cpp
-    void FillDecimalPoints();
-    void AlignDecimalPoints();
+    void DecPtFill();
+    void DecPtAlign();
 
     // custom_curve.cpp
     void RefreshCurve();
-    void FillCurves();
-    void RefreshSquareRoot();
-
-    // batch.cpp
-    void FillBatch();
-    void RefreshBatchCount();
+    void CurveListFill();
+    void SqRtRefresh();
 
   private:
     FramedArray<kLevels> List(const std::array<Control*, 4>& places, std::string_view name,
@@ -122,6 +122,7 @@ struct ScalingPage : Page {
     void PickCurve(Control& list);
     void PickSquareRoot(Control& box);
     void PickBatchItem2(Control& list);
+    bool CurveChosen() const;
     std::string ItemName(int item, int more = 0) const;
 
     int previousLevel_ = kNoLevel;

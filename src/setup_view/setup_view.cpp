@@ -1,7 +1,9 @@
 // Coming and going of the Setup view, and its build.
 #include "setup_view/setup_view.h"
 
-#include "meter/mode_tables.h"
+#include <algorithm>
+
+#include "meter/field_code.h"
 
 namespace counter {
 
@@ -22,7 +24,7 @@ SetupView::SetupView(Session& session) : Program(session), Controls(session.View
 
 void SetupView::Load() {
     Scaling.HideAll();
-    Communication.NameTheRoad();
+    Communication.NameTheWay();
     Class.fraBasExt.Visible = true;
     Program.Derived.ItemDecPts = {1, 1, 1, 1};
 }
@@ -32,43 +34,43 @@ void SetupView::Activate() {
         Program.Views.EntryReturn = 0;
         ViewRefresh();
     } else {
-        BuildAnew();
+        Build();
     }
     Controls.TellChanged();
 }
 
-void SetupView::BuildAnew() {
+void SetupView::Build() {
     opening_ = true;
-    SetHandlers(0);
+    SetHandlers(false);
     TakeIdentity();
     Buttons.tabSetup.ListIndex = kInputTab;
     FillLists();
-    OptionBoardsFill();
+    Boards.OptionBoardsFill();
     Analog.FillLists();  // they depend on the board
     InputRefresh();
-    DisplayTypeFill();
-    SrcUpdate();
+    Input.DisplayTypeFill();
+    SrcUpdate(Program.Derived);
     Input.ShowOpeningTexts();
     Modes.ShowClass();
-    BitsPut(Program.Image, 7, 0, 171,
-            BitsGet(Program.Image, 6, 0, 171));  // bit 7 goes, bit 6 is kept: required
-    BatchFill();
+    // Bit 7 goes, bit 6 is kept: required.
+    PutCode(Program.Image, Field::Spare171, CodeOf(Program.Image, Field::Spare171) & 1);
+    Scaling.BatchFill();
     Buttons.ShowByMeterKind();
     Input.ShowByMeterKind();
     ShowSelections();
     opening_ = false;
-    SetHandlers(1);
+    SetHandlers(true);
     ViewRefresh();
 }
 
 void SetupView::TakeIdentity() {
     const SetupImage& image = Program.Image;
     DerivedValues& values = Program.Derived;
-    Program.Identity.FirmwareVersion = ByteGet(image, 233);
-    values.DecPt1 = BitsGet(image, 2, 0, 151);
-    values.DecPt2 = BitsGet(image, 6, 4, 151);
+    Program.Identity.FirmwareVersion = CodeOf(image, Field::FirmwareVersion);
+    values.DecPt1 = CodeOf(image, Field::DecimalPoint1);
+    values.DecPt2 = CodeOf(image, Field::DecimalPoint2);
     values.ExtendedMeter = ExtendedMeterFromSetup(image);
-    values.ProtocolCode = BitsGet(image, 3, 2, 109);
+    values.ProtocolCode = CodeOf(image, Field::SerialProtocol);
 }
 
 // Nothing is selected afterwards, so that no list decides anything by what an earlier image had.
@@ -85,9 +87,9 @@ void SetupView::FillLists() {
 void SetupView::ShowSelections() {
     Input.ShowSelections();
     Filter.ShowSelections();
-    Alarms.ShowStored();
-    Communication.ShowStored();
-    Lockouts.ShowStored();
+    Alarms.ShowFields();
+    Communication.ShowFields();
+    Lockouts.ShowFields();
 }
 
 void SetupView::EntryClosed() {
@@ -118,18 +120,25 @@ void SetupView::Focus(Control& control) {
     if (TakeFocus) TakeFocus(control);
 }
 
-void SetupView::Offer(int tab, bool offered) {
-    Buttons.tabSetup.Offered[static_cast<std::size_t>(tab)] = offered;
+std::vector<Control*> SetupView::ControlsOf(Field field, int entry) const {
+    std::vector<Control*> controls;
+    for (const Binding& binding : Bindings) {
+        const bool wanted = binding.Entry == kAnyEntry || binding.Entry == std::max(entry, 0);
+        if (binding.Of == field && wanted) controls.push_back(&binding.Shown);
+    }
+    return controls;
 }
 
-void SetupView::OfferByDisplayType() {
-    bool ownDisplay = Program.Derived.DisplayType < 6;
-    Offer(kScalingTab, ownDisplay);
-    Offer(kFilterTab, ownDisplay && FilterItemOfWord(Program.Derived.ModeWord) > 0);
+std::vector<Field> SetupView::FieldsOf(const Control& control) const {
+    std::vector<Field> fields;
+    for (const Binding& binding : Bindings) {
+        if (&binding.Shown == &control) fields.push_back(binding.Of);
+    }
+    return fields;
 }
 
-void SetupView::SetHandlers(int live) {
-    Program.Views.SetupRefreshOn = opening_ ? 0 : live;
+void SetupView::SetHandlers(bool live) {
+    Program.Views.SetupRefreshOn = live && !opening_;
 }
 
 }  // namespace counter

@@ -2,7 +2,7 @@
 //
 // It holds no state of its own beyond what it shows. Each control writes its field of the image at once, and
 // most changes rebuild the view from the image, so what a user sees is always what the image says. The rules
-// of a page stand in the files of that page; here all of them are reached.
+// of a page are in the files of that page, with its operations (`view.Scaling.DecPtFill()`).
 //
 // A user acts through Controls (Select, Check, Click, ComeToTab). A click on a value stores a request for
 // digit entry in Session::Views and calls OpenDigitEntry; whoever runs that dialog calls EntryClosed when it
@@ -10,6 +10,9 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "controls/form.h"
 #include "session/session.h"
@@ -42,9 +45,9 @@ class SetupView {
 
     // Once, before the first Activate.
     void Load();
-    // The view comes to the front. Behind a digit entry (Views.EntryReturn is 1) it only refreshes what
-    // depends on values and stays on its page; otherwise it is built anew from the image, on the first page.
-    // An analog board that the meter can't drive ends the process behind a message box.
+    // The view comes to the front. After a digit entry (Views.EntryReturn is 1) it only refreshes what
+    // depends on values and stays on its page; otherwise it is built from the image, on the first page.
+    // An analog board that the meter can't drive ends the process after a message box.
     void Activate();
     // Digit entry has closed, by whichever button: Activate, and what the entered field rules beside it.
     void EntryClosed();
@@ -54,8 +57,26 @@ class SetupView {
     void RestorePage();
     int CurrentTab() const { return Buttons.tabSetup.ListIndex; }
 
+    // --- Which control shows which field ---
+
+    // As the pages bind them.
+    std::vector<Binding> Bindings;
+    // The controls that change a field: one, or an element of each layout. None for the meter's own fields,
+    // and for what several controls decide. `entry`: where options show the field, those of this entry of its
+    // list, of the first for -1.
+    std::vector<Control*> ControlsOf(Field field, int entry) const;
+    // The fields that a control changes; more than one where it shows them in turns.
+    std::vector<Field> FieldsOf(const Control& control) const;
+
+    // --- Why something can't be reached now ---
+
+    // Why an action on a control was refused: "is hidden"; of a tab that isn't offered with WhyNotOffered.
+    std::string WhyRefused(Refusal refusal, const Control& control) const;
+    // A sentence; empty for a tab that is offered.
+    std::string_view WhyNotOffered(int tab) const;
+
     // Hooks into what shows the view; each may be empty.
-    std::function<void()> OpenDigitEntry;           // the request stands in Session::Views
+    std::function<void()> OpenDigitEntry;           // the request is in Session::Views
     std::function<void(int helpNumber)> OpenHelp;   // help over this view
     std::function<void()> ShowMainMenu;             // hide this view, show the home view
     std::function<void(const Control&)> TakeFocus;  // a rule moves the focus
@@ -74,43 +95,9 @@ class SetupView {
     AnalogPage Analog{*this};
     LockoutsPage Lockouts{*this};
 
-    // --- Operations that rebuild a part of the view ---
-
     // Rebuild all that depends on Mode and Function, and all that depends on values.
     void InputRefresh();
     void ViewRefresh();
-
-    void OptionBoardsFill() { Boards.Refill(); }
-    void ModeListFill() { Modes.FillModes(); }
-    void FunctionListFill() { Modes.FillFunctions(); }
-    void ModeFromList() { Modes.ModeFromList(); }
-    void FunctionFromList() { Modes.FunctionFromList(); }
-    void DisplayTypeFill() { Input.FillDisplayTypes(); }
-    void CutoffRefresh() { Input.RefreshCutoff(); }
-    void ColorCommands() { Class.PaintButtons(); }
-    // Writes the meter's class, 0 Basic or 1 Extended, into a connected meter.
-    void BasicExtend(int extended) { Class.WriteClass(extended); }
-
-    // The item frames of a mode word; one level 0..3 of them with 1..3 items, which count 4 hides.
-    void FrameUpdate(int modeWord) { Scaling.ShowFrames(modeWord); }
-    void FraItemVisibility(int level, int count) { Scaling.ShowLevel(level, count); }
-    void ScaleCoord() { Scaling.RefreshScaling(); }
-    void DecPtFill() { Scaling.FillDecimalPoints(); }
-    void DecPtAlign() { Scaling.AlignDecimalPoints(); }
-    void MultiplierFill(Control& list) { Scaling.FillMultipliers(list); }
-    void CurveListFill() { Scaling.FillCurves(); }
-    void SqRtRefresh() { Scaling.RefreshSquareRoot(); }
-    void Read0InRefresh() { Scaling.RefreshRead0In(); }
-    void BatchFill() { Scaling.FillBatch(); }
-    void SlopeListFill(Control& list);
-
-    void FilterUpdate() { Filter.Update(); }
-    void SrcUpdate() { counter::SrcUpdate(Program.Derived); }
-    // Which fields of the communication page make sense under protocol 0..3.
-    void MBRules(int protocol);
-    void SetFrameActive(Control& frame, Control& control, bool active) {
-        Form::SetFrameActive(frame, control, active);
-    }
 
     // --- For the pages ---
 
@@ -123,7 +110,7 @@ class SetupView {
     // While one lives, handlers of lists and boxes are dead, or live; then they are as before.
     class Handlers {
       public:
-        Handlers(SetupView& view, int live) : on_(view.Program.Views.SetupRefreshOn), before_(on_) {
+        Handlers(SetupView& view, bool live) : on_(view.Program.Views.SetupRefreshOn), before_(on_) {
             on_ = live;
         }
         ~Handlers() { on_ = before_; }
@@ -131,22 +118,22 @@ class SetupView {
         Handlers& operator=(const Handlers&) = delete;
 
       private:
-        int& on_;
-        int before_;
+        bool& on_;
+        bool before_;
     };
     struct Quiet : Handlers {
-        explicit Quiet(SetupView& view) : Handlers(view, 0) {}
+        explicit Quiet(SetupView& view) : Handlers(view, false) {}
     };
     struct Live : Handlers {
-        explicit Live(SetupView& view) : Handlers(view, 1) {}
+        explicit Live(SetupView& view) : Handlers(view, true) {}
     };
 
   private:
-    void BuildAnew();
+    void Build();
     void TakeIdentity();
     void FillLists();
     void ShowSelections();
-    void SetHandlers(int live);
+    void SetHandlers(bool live);
 
     // From the beginning of a build to its end, handlers stay dead whatever the operations within it do.
     bool opening_ = false;

@@ -9,6 +9,7 @@
 #include "link/waits.h"
 #include "meter/hex_text.h"
 #include "meter/leading_number.h"
+#include "meter/meter_words.h"
 #include "setup_view/setup_view.h"
 
 namespace counter {
@@ -41,7 +42,7 @@ void ViewButtons::Wire() {
 }
 
 void ViewButtons::ShowByMeterKind() {
-    cmdRead.Visible = lblValue.Visible = Meter().MeterType == 7;
+    cmdRead.Visible = lblValue.Visible = !HasPanel(Meter().MeterType);
     if (!readRunning_) lblValue.BackColor = ColorRed;
 }
 

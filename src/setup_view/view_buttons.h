@@ -1,4 +1,4 @@
-// What stands beside the pages: the tabs, the way out, and the reading of a meter without a panel.
+// What is beside the pages: the tabs, the way out, and the reading of a meter without a panel.
 #pragma once
 
 #include <string>

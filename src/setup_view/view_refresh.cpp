@@ -1,59 +1,62 @@
 // The two refreshes of the Setup view, in the order in which their steps depend on one another.
 #include "meter/boards.h"
-#include "meter/field_lists.h"
-#include "meter/mode_tables.h"
+#include "meter/field_code.h"
+#include "meter/meter_words.h"
 #include "setup_view/setup_view.h"
 
 namespace counter {
 
 void SetupView::InputRefresh() {
-    SetHandlers(0);
+    SetHandlers(false);
     DerivedValues& values = Program.Derived;
     values.InputOption = InputOptionFromSetup(Program.Image);
-    values.ModeIndex = BitsGet(Program.Image, 7, 4, 199);
-    values.FunctionIndex = BitsGet(Program.Image, 3, 0, 199);
+    values.ModeIndex = CodeOf(Program.Image, Field::Mode);
+    values.FunctionIndex = CodeOf(Program.Image, Field::Function);
     Modes.Normalise();
-    FrameUpdate(values.ModeWord);
-    FilterUpdate();
-    bool panel = Program.Identity.MeterType != 7;
+    Scaling.FrameUpdate(values.ModeWord);
+    Filter.FilterUpdate();
+    bool panel = HasPanel(Program.Identity.MeterType);
     Communication.RTS.Frame.Visible = panel;
     Offer(kLockoutsTab, panel);
-    ModeListFill();
-    FunctionListFill();
+    Modes.ModeListFill();
+    Modes.FunctionListFill();
     ItemDecPtMap(values);
     ViewRefresh();
     Input.ShowCutoffValue();
-    ColorCommands();
+    Class.ColorCommands();
     Modes.ShowClass();
     Class.MarkClass();
-    if (Communication.Protocol.Inner.ListIndex > 0 && values.DisplayType == 12) Input.LeaveRemoteC();
-    SetHandlers(1);
-    MBRules(values.ProtocolCode);
+    if (Communication.Protocol.Inner.ListIndex > Protocol::CustomAscii &&
+        values.DisplayType == DisplayType::RemoteC)
+        Input.LeaveRemoteC();
+    SetHandlers(true);
+    Communication.MBRules(values.ProtocolCode);
 }
 
 void SetupView::ViewRefresh() {
-    SetHandlers(0);
+    SetHandlers(false);
     DerivedValues& values = Program.Derived;
     ClockModeUpdate(values);
-    if (values.ItemLevel >= 2) MultiplierFill(Scaling.Resoln.Inner[values.ItemLevel]);
-    DecPtFill();
-    SetFrameActive(Scaling.DecPt1.Frame[0], Scaling.DecPt1.Inner[0], values.DisplayType != 5);
+    if (values.ItemLevel >= 2) Scaling.MultiplierFill(Scaling.Resoln.Inner[values.ItemLevel]);
+    Scaling.DecPtFill();
+    Form::SetFrameActive(Scaling.DecPt1.Frame[0], Scaling.DecPt1.Inner[0],
+                         values.DisplayType != DisplayType::Clock);
     Scaling.RefreshCurve();
-    ScaleCoord();
-    DecPtAlign();
-    CutoffRefresh();
+    Scaling.ScaleCoord();
+    Scaling.DecPtAlign();
+    Input.CutoffRefresh();
     Scaling.RefreshSlopeA();
     Scaling.RefreshSlopeB();
     Input.RefreshGateTime();
-    SqRtRefresh();
+    Scaling.SqRtRefresh();
     Scaling.RefreshBatchCount();
-    if (values.ItemLevel < 2) Read0InRefresh();
+    if (values.ItemLevel < 2) Scaling.Read0InRefresh();
     Input.RefreshTimeOut();
     Input.RefreshDisplayType();
     Input.RefreshDisplayFilter();
     Input.RefreshPulsesAndItem();
     Input.RefreshPowerOnTotal();
-    SrcUpdate();
+    SrcUpdate(values);
     Alarms.RefreshSourcesAndValues();
     Analog.RefreshSourcesAndRanges();
     ItemDecPtMap(values);
@@ -62,17 +65,7 @@ void SetupView::ViewRefresh() {
     Input.RefillControlInputs();
     Input.RefillActions();
     Input.RefreshAction();
-    SetHandlers(1);
-}
-
-void SetupView::SlopeListFill(Control& list) {
-    Form::Fill(list, lists::kSlope);
-}
-
-void SetupView::MBRules(int protocol) {
-    SetHandlers(0);
-    Communication.ApplyProtocol(protocol);
-    SetHandlers(1);
+    SetHandlers(true);
 }
 
 }  // namespace counter

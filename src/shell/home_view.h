@@ -47,7 +47,7 @@ class HomeView {
     std::function<bool()> HoldExit;                  // true: something must be finished first, and calls Exit
     std::function<void()> CloseSockets;              // before the end
 
-    Form Controls{always_};
+    Form Controls;
 
   private:
     // The captions of the lines on show are the form's own.
@@ -74,7 +74,6 @@ class HomeView {
     void Get();
     void Put();
 
-    const int always_ = 1;
     Session& session_;
     bool tallText_ = true;
     bool preparing_ = false;

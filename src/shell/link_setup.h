@@ -41,7 +41,7 @@ class LinkSetup {
 
     std::function<void()> Close;  // the user is done; may be empty
 
-    Form Controls{always_};
+    Form Controls;
 
   private:
     Control& Add(ControlKind kind, std::string_view name, std::string_view caption = {});
@@ -65,7 +65,6 @@ class LinkSetup {
     void Busy(bool busy);
     void ShowResult(const std::string& text, Color color);
 
-    const int always_ = 1;
     World world_;
     SettingsLines lines_;  // as the file has them
     std::vector<PortDescription> ports_;

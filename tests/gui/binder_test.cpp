@@ -22,7 +22,7 @@ int NoHelp(std::string_view) {
 }
 
 struct BinderBench {
-    int Live = 1;
+    bool Live = true;
     Form Controls{Live};
     PageBuilder Build{Controls, kEveryTab, NoHelp};
     Framed List = Build.Wrap(ControlKind::List, nullptr, "cboX", "&Caption");
@@ -69,13 +69,13 @@ TEST(Binder, AUserActsThroughTheForm) {
 
 TEST(Binder, ShowingWhatARuleSetIsNoActionOfAUser) {
     BinderBench bench;
-    bench.Live = 0;
+    bench.Live = false;
     bench.Controls.SetIndex(bench.List.Inner, 2);
     bench.Controls.SetCheck(bench.Box, 1);
     bench.Text.Text = "rule";
     bench.Value.Visible = false;
     bench.Button.Enabled = false;
-    bench.Live = 1;
+    bench.Live = true;
     bench.Controls.TellChanged();
     EXPECT_EQ(bench.Of<QComboBox>(bench.List.Inner)->currentIndex(), 2);
     EXPECT_TRUE(bench.Of<QWidget>(bench.Value)->isHidden());

@@ -154,7 +154,7 @@ TEST(SetupPage, ATabThatIsNotOfferedSaysWhyAndIsNotComeTo) {
     window.ClickTab(kAlarmsTab);
     EXPECT_EQ(window.View.CurrentTab(), kInputTab);
     EXPECT_FALSE(window.Tabs().tabBar()->isTabEnabled(kAlarmsTab));
-    EXPECT_FALSE(window.Tabs().tabToolTip(kAlarmsTab).isEmpty());
+    EXPECT_EQ(window.Tabs().tabToolTip(kAlarmsTab), "There is no relay board.");
     window.Pick("cboRlyOpt", 2);
     EXPECT_TRUE(window.Tabs().tabToolTip(kAlarmsTab).isEmpty());
     window.Tabs().tabBar()->setFocus();

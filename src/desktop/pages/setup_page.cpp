@@ -14,25 +14,6 @@ namespace {
 
 constexpr int kReadingCharacters = 8;  // "-.00001" is the longest reading
 
-// Why a page can't be come to.
-QString WhyNotOffered(int tab, const DerivedValues& values) {
-    switch (tab) {
-        case kScalingTab:
-            return QStringLiteral("A remote display has no scaling of its own.");
-        case kFilterTab:
-            return values.DisplayType < 6 ? QStringLiteral("This Mode and Function filter no item.")
-                                          : QStringLiteral("A remote display has no filter of its own.");
-        case kAlarmsTab:
-            return QStringLiteral("There is no relay board.");
-        case kCommunicationTab:
-            return QStringLiteral("There is no communication board.");
-        case kAnalogTab:
-            return QStringLiteral("There is no analog output board.");
-        default:
-            return QStringLiteral("A transmitter has no panel to lock.");
-    }
-}
-
 }  // namespace
 
 SetupPage::SetupPage(SetupView& view, QWidget* parent)
@@ -180,7 +161,7 @@ void SetupPage::ShowTabs() {
         const bool offered = strip.Offered[static_cast<std::size_t>(i)];
         const bool enabled = offered || i == strip.ListIndex;
         if (tabs_->tabBar()->isTabEnabled(i) != enabled) tabs_->tabBar()->setTabEnabled(i, enabled);
-        const QString why = offered ? QString() : WhyNotOffered(i, view_.Program.Derived);
+        const QString why = QtText(view_.WhyNotOffered(i));
         if (tabs_->tabToolTip(i) != why) tabs_->setTabToolTip(i, why);
     }
     showingTabs_ = false;

@@ -1,10 +1,12 @@
-// The table of fields and controls, held against the view: each field is changed through its control.
+// The record of fields and controls: each field is changed through its control.
 #include "cli/field_names.h"
 
 #include <set>
 
 #include "edit_bench.h"
 #include "meter/text.h"
+#include "setup_view/setup_view.h"
+#include "support/bench_meter.h"
 
 namespace counter::test {
 namespace {
@@ -19,23 +21,23 @@ std::string OtherValue(const Json& control, const std::string& present) {
     return {};
 }
 
-// The control that a field hangs on, as the view shows it; of an array the first element that is filled.
-Json ShownOf(const Json& controls, Field field) {
-    const std::string control(ControlOfField(field));
-    for (const auto& [name, shown] : controls.items()) {
-        const bool filled = !shown.contains("entries") || !shown["entries"].empty();
-        if (filled && (name == control || name.substr(0, name.find('[')) == control)) return shown;
+// Of the controls that change a field the first one that is filled, as the view shows it.
+Json ShownOf(const Json& controls, const std::vector<Control*>& changing) {
+    for (const Control* control : changing) {
+        const Json& shown = controls[control->FullName()];
+        if (!shown.contains("entries") || !shown["entries"].empty()) return shown;
     }
     return {{"entries", Json::array()}};
 }
 
 // Changes the field on the setup "b". True where the view let it be changed; then the field must read
 // otherwise.
-bool IsChanged(EditBench& bench, const Json& controls, const FieldRow& row) {
+bool IsChanged(EditBench& bench, const Json& controls, const FieldRow& row,
+               const std::vector<Control*>& changing) {
     const std::string name(row.Name);
     bench.Run({"fields", "b", name});
     const std::string present = bench.Out.substr(0, bench.Out.find('\n'));
-    const std::string value = OtherValue(ShownOf(controls, row.Handle), present);
+    const std::string value = OtherValue(ShownOf(controls, changing), present);
     if (value.empty() || bench.Run({"set", "b", "--out", "e", name + "=" + value}) != 0) return false;
     bench.Run({"fields", "e", name});
     EXPECT_NE(bench.Out, present + "\n") << name << "=" << value;
@@ -43,11 +45,14 @@ bool IsChanged(EditBench& bench, const Json& controls, const FieldRow& row) {
 }
 
 TEST(FieldNames, EachFieldIsChangedByItsControl) {
+    BenchMeter meter;
+    const SetupView view(meter.Program);
+    const auto controlsOf = [&view](Field field) { return view.ControlsOf(field, 0); };
     std::set<Field> left;
     for (const FieldRow& row : FieldTable()) {
         // Entry forms are told by two options; set_test has them.
-        const std::string_view control = ControlOfField(row.Handle);
-        if (!control.empty() && !control.starts_with("opt")) left.insert(row.Handle);
+        const std::vector<Control*> changing = controlsOf(row.Handle);
+        if (!changing.empty() && changing[0]->Kind != ControlKind::Option) left.insert(row.Handle);
     }
     EXPECT_GT(left.size(), 100U);
     const Words setups[] = {
@@ -69,7 +74,8 @@ TEST(FieldNames, EachFieldIsChangedByItsControl) {
         EXPECT_EQ(bench.Run(line), 0) << bench.Err;
         EXPECT_EQ(bench.Run({"show", "b", "--as", "setup", "--json"}), 0);
         const Json controls = bench.View()["controls"];
-        std::erase_if(left, [&](Field field) { return IsChanged(bench, controls, RowOf(field)); });
+        std::erase_if(
+            left, [&](Field field) { return IsChanged(bench, controls, RowOf(field), controlsOf(field)); });
     }
     for (const Field field : left) ADD_FAILURE() << FieldName(field) << " was never changed";
 }

@@ -19,7 +19,7 @@ int NoHelp(std::string_view) {
 
 // Two pages; on the first a framed list, a box, two options and a button.
 struct FormBench {
-    int Live = 1;
+    bool Live = true;
     Form Controls{Live};
     PageBuilder Beside{Controls, kEveryTab, NoHelp}, First{Controls, 0, NoHelp}, Second{Controls, 1, NoHelp};
     Control& Tabs = Beside.Add(ControlKind::TabStrip, nullptr, "tab");
@@ -116,7 +116,7 @@ TEST(Form, RunsHandlers) {
     };
     for (const auto& c : cases) {
         FormBench live, dead;
-        dead.Live = 0;
+        dead.Live = false;
         c.Act(live);
         c.Act(dead);
         EXPECT_EQ(live.Ran, c.Ran) << c.Name;

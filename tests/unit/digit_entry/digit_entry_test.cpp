@@ -97,12 +97,12 @@ TEST(StoreDigits, WritesImageAndField) {
 TEST(Leaving, OkStoresAndCloses) {
     EntryDesk desk(kClock);
     EXPECT_EQ(desk.Shared.EntryReturn, 1);
-    desk.Shared.SetupRefreshOn = 0;
+    desk.Shared.SetupRefreshOn = false;
     EXPECT_EQ(desk.Pump.Took([&] { desk.Dialog.Controls.Click(*desk.Dialog.Controls.Find("cmdOK")); }), 10);
     EXPECT_FALSE(desk.Dialog.Shown());
     EXPECT_EQ(desk.Shared.EntryReturn, 1);
     EXPECT_EQ(desk.Derived.TimeEntry, 0);
-    EXPECT_EQ(desk.Shared.SetupRefreshOn, 1);
+    EXPECT_TRUE(desk.Shared.SetupRefreshOn);
 }
 
 TEST(Leaving, CancelStoresNothing) {

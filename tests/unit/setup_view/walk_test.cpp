@@ -3,6 +3,7 @@
 #include <map>
 #include <random>
 #include <set>
+#include <vector>
 
 #include "meter/field_table.h"
 #include "stories.h"
@@ -14,57 +15,39 @@ namespace {
 constexpr int kActions = 5;
 constexpr int kRebuildEvery = 8;
 
-using Mask = std::map<int, int>;  // byte by position: its bits
+using Fields = std::vector<Field>;
 
 // What a refresh repairs on its way: the display item, and sources that aren't offered.
-const Mask kRepairs = {{157, 0x03}, {167, 0x33}, {169, 0xFF}};
+const Fields kRepaired = {Field::DisplayItem,  Field::AnalogSource, Field::AnalogSource2, Field::Alarm1Source,
+                          Field::Alarm2Source, Field::Alarm3Source, Field::Alarm4Source};
 
-// Bits that an action on the control may change; a control that isn't here changes none.
-const std::map<std::string, Mask> kOwn = {
-    // clang-format off
-    {"cboInOpt",        {{193, 0x07}, {199, 0xFF}, {185, 0xFC}}}, {"cboMode",    {{199, 0xFF}, {185, 0xFC}}},
-    {"cboFunction",     {{199, 0x0F}, {185, 0xFC}}},              {"optBasic",   {{199, 0xFF}, {185, 0xFC}}},
-    {"optExtended",     {{199, 0xFF}, {185, 0xFC}}},
-    {"cboRlyOpt",       {{193, 0x60}}}, {"cboComOpt",       {{193, 0x18}}}, {"cboAnaOpt",       {{143, 0xFF}}},
-    {"cboCutoffEnable", {{185, 0x01}}}, {"cboPwrOnTot",     {{197, 0x80}}}, {"cboDType",        {{185, 0xF0}}},
-    {"cboDVal",         {{195, 0x10}}}, {"cboLeadZ",        {{197, 0x40}}}, {"cboDspyN",        {{157, 0x03}}},
-    {"cboAction",       {{157, 0x0C}}}, {"cboExtAB",        {{197, 0x0F}}}, {"cboTimConst",     {{195, 0x07}}},
-    {"cboThresh",       {{195, 0x08}}}, {"cboPeakVal",      {{195, 0x20}}}, {"cboFType",        {{195, 0x40}}},
-    {"cboDecPt1",       {{151, 0x07}}}, {"cboDecPt2",       {{151, 0x70}}}, {"cboMult1",        {{165, 0x0F}}},
-    {"cboMult2",        {{165, 0xF0}}}, {"cboResoln",       {{155, 0x0F}}}, {"optScale1",       {{197, 0x20}}},
-    {"optCoord1",       {{197, 0x20}}}, {"optScale2",       {{197, 0x10}}}, {"optCoord2",       {{197, 0x10}}},
-    {"cboCusCrv",       {{185, 0x0E}}}, {"chkSqRt",         {{185, 0x02}}}, {"cboTrigSlpA",     {{159, 0x02}}},
-    {"cboTrigSlpB",     {{159, 0x01}}}, {"cboBatCount",     {{171, 0x38}}}, {"cboBatReset",     {{171, 0x04}}},
-    {"cboBatItm2",      {{171, 0x02}}}, {"cboBatStart",     {{171, 0x01}}},
-    {"cboAlmSource[1]", {{169, 0xC0}}}, {"cboAlmSource[2]", {{169, 0x30}}}, {"cboAlmSource[3]", {{169, 0x0C}}},
-    {"cboAlmSource[4]", {{169, 0x03}}}, {"cboState[1]",     {{203, 0x03}}}, {"cboState[2]",     {{203, 0x0C}}},
-    {"cboState[3]",     {{231, 0x03}}}, {"cboState[4]",     {{231, 0x0C}}}, {"cboAlmType[1]",   {{203, 0x10}}},
-    {"cboAlmType[2]",   {{203, 0x20}}}, {"cboAlmType[3]",   {{231, 0x10}}}, {"cboAlmType[4]",   {{231, 0x20}}},
-    {"cboRlyState[1]",  {{203, 0x40}}}, {"cboRlyState[2]",  {{203, 0x80}}}, {"cboRlyState[3]",  {{231, 0x40}}},
-    {"cboRlyState[4]",  {{231, 0x80}}}, {"cboDevTyp[1]",    {{201, 0x38}}}, {"cboDevTyp[2]",    {{201, 0x38}}},
-    {"cboDevTyp[3]",    {{229, 0x38}}}, {"cboDevTyp[4]",    {{229, 0x38}}}, {"chkDevStatus",    {{201, 0x38}}},
-    {"cboNumRdgsAlms[0]", {{201, 0x07}}}, {"cboNumRdgsAlms[1]", {{229, 0x07}}},
-    {"cboProtocol",     {{109, 0x0C}, {185, 0xF0}}},                        {"cboBaudRate",     {{191, 0x70}}},
-    {"cboParity",       {{109, 0x03}}}, {"cboAddress",      {{189, 0x1F}}}, {"cboMBTimeout",    {{109, 0x30}}},
-    {"cboDuplex",       {{187, 0x80}}}, {"cboOutItems",     {{187, 0x07}}}, {"cboOutVal",       {{191, 0x80}}},
-    {"cboOutRate",      {{191, 0x0F}}}, {"cboSerMode",      {{189, 0x20}}}, {"chkAlmData",      {{189, 0x40}}},
-    {"chkLF",           {{189, 0x80}}}, {"cboCR",           {{187, 0x08}}}, {"cboRTS",          {{187, 0x10}}},
-    {"cboRecogChr",     {{187, 0x20}}}, {"cboTranChars",    {{187, 0x40}}}, {"cboSource",       {{167, 0x03}}},
-    {"cboRange",        {{167, 0x0C}}}, {"cboSource2",      {{167, 0x30}}}, {"cboRange2",       {{167, 0xC0}}},
-    {"chkLock",         {{181, 0xFF}, {183, 0xFF}}},
-    // clang-format on
+// What an action on a control may change beside the field that the control shows.
+const Fields kOfMode = {Field::Mode, Field::Function, Field::DisplayType, Field::ClassAndCurve};
+const Fields kOfAlarms34 = {Field::Spare229, Field::Deviation3Type, Field::Deviation4Type};
+const std::map<std::string, Fields> kBeside = {
+    {"cboInOpt", kOfMode},
+    {"cboMode", kOfMode},
+    {"cboFunction", {Field::DisplayType, Field::ClassAndCurve}},
+    {"optBasic", kOfMode},
+    {"optExtended", kOfMode},
+    {"cboCusCrv", {Field::ClassAndCurve, Field::SquareRoot}},
+    {"cboDevTyp[1]", {Field::DeviationCode}},
+    {"cboDevTyp[2]", {Field::DeviationCode}},
+    {"cboDevTyp[3]", kOfAlarms34},
+    {"cboDevTyp[4]", kOfAlarms34},
+    {"chkDevStatus", {Field::DeviationCode}},
+    {"cboProtocol", {Field::DisplayType}},
 };
 
-const Mask& OwnBits(const Control& control) {
-    static const Mask kNone;
-    auto own = kOwn.find(control.FullName());
-    if (own == kOwn.end()) own = kOwn.find(control.Name);
-    return own == kOwn.end() ? kNone : own->second;
-}
-
-int BitsOf(const Mask& mask, int pos) {
-    const auto found = mask.find(pos);
-    return found == mask.end() ? 0 : found->second;
+// The bits of the byte at `pos` that are the fields'. A value changes nothing until digits are typed.
+int BitsOf(const Fields& fields, int pos) {
+    int bits = 0;
+    for (const Field field : fields) {
+        const FieldRow& row = RowOf(field);
+        const bool here = row.Pos == pos && row.ValueCode == kNoValueCode;
+        for (int bit = row.LoBit; here && bit <= row.HiBit; ++bit) bits |= 1 << bit;
+    }
+    return bits;
 }
 
 // What a rebuilt view need not agree in: looks that the rules leave behind from what was done before.
@@ -162,9 +145,13 @@ class Walk {
         ASSERT_TRUE(refusal == Refusal::None || after == before) << control.FullName();
         if (after == before) return;
         const SetupImage old{before};
+        const auto beside =
+            kBeside.count(control.Name) > 0 ? kBeside.find(control.Name) : kBeside.find(control.FullName());
+        const Fields more = beside == kBeside.end() ? Fields() : beside->second;
         for (int pos = 1; pos < kImageDigits; pos += 2) {
             const int changed = ByteGet(old, pos) ^ ByteGet(bench_.Image(), pos);
-            const int allowed = BitsOf(kRepairs, pos) | BitsOf(OwnBits(control), pos);
+            const int allowed =
+                BitsOf(kRepaired, pos) | BitsOf(more, pos) | BitsOf(bench_.View.FieldsOf(control), pos);
             ASSERT_EQ(changed & ~allowed, 0) << control.FullName() << " at " << pos << " of\n" << before;
         }
     }
