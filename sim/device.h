@@ -12,7 +12,6 @@
 #include "sim/memory.h"
 #include "sim/options.h"
 #include "sim/readings.h"
-#include "sim/remote_value.h"
 
 namespace sim {
 

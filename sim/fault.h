@@ -8,26 +8,25 @@
 
 namespace sim {
 
+// What each does, and what its numbers are, says the table in fault.cpp.
 enum class FaultKind {
-    NoReply,    // the command is carried out, nothing answers
-    Cut,        // the reply ends after Value bytes
-    Extra,      // one byte more at the end of the data, the check field fits it
-    Garbage,    // as many bytes as the reply has, none of them right
-    BadCheck,   // wrong CRC or LRC; Custom ASCII has none and stays good
-    Exception,  // Modbus: exception Value instead of the action; nothing in Custom ASCII
-    Late,       // the reply starts Value ms later
-    Pause,      // Value2 ms of silence after Value bytes of the reply
-    Paced,      // byte by byte at the speed of the line instead of all at once
-    Echo,       // the line gives back what was sent, as half duplex adapters do
-    BadEcho,    // the same with one character wrong
-    Gone,       // the line goes away after Value bytes of the reply
-
-    // In an Ethernet node.
-    WrongId,  // the reply carries another transaction
-    Pieces,   // the reply goes out after Value bytes and Value2 ms later
-    Close,    // the node ends the connection after Value bytes of the reply
-    Status,   // a status frame in front of the reply
-    Twice,    // a login is answered by two calls
+    NoReply,
+    Cut,
+    Extra,
+    Garbage,
+    BadCheck,
+    Exception,
+    Late,
+    Pause,
+    Paced,
+    Echo,
+    BadEcho,
+    Gone,
+    WrongId,
+    Pieces,
+    Close,
+    Status,
+    Twice,
 };
 
 struct Fault {
@@ -52,6 +51,13 @@ struct Strike {
     int PauseAt = 0;
     double PauseMs = 0;
 };
+
+// "XR35:noreply", "*:paced", "030011#2:exception=2", "G130:pause=1,500". Returns an empty text, or what is
+// wrong and what is legal; `out` is then unchanged.
+std::string ParseFault(std::string_view text, Fault& out);
+
+// A line for each kind, "cut=N  the reply ends after N bytes", in columns.
+std::string FaultHelp();
 
 class FaultList {
   public:

@@ -1,5 +1,8 @@
 #include "sim/hex.h"
 
+#include <algorithm>
+#include <charconv>
+
 namespace sim {
 
 int DigitValue(char digit) {
@@ -40,6 +43,18 @@ std::optional<std::string> BytesOfHex(std::string_view digits) {
         bytes += static_cast<char>(*value);
     }
     return bytes;
+}
+
+bool ParseNumber(std::string_view text, int& out) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), out);
+    return error == std::errc{} && end == text.data() + text.size() && out >= 0;
+}
+
+std::string_view CutAt(std::string_view& text, char mark) {
+    const auto at = std::min(text.find(mark), text.size());
+    const std::string_view head = text.substr(0, at);
+    text.remove_prefix(std::min(at + 1, text.size()));
+    return head;
 }
 
 }  // namespace sim

@@ -1,4 +1,5 @@
-// Hexadecimal text as the meter reads and writes it: upper-case digits, most significant first.
+// Numbers as text: hexadecimal as the meter reads and writes it, upper-case digits, most significant first;
+// and decimal, as options are told.
 #pragma once
 
 #include <cstdint>
@@ -18,5 +19,10 @@ std::optional<std::uint32_t> NumberOf(std::string_view digits);
 std::string HexOfBytes(std::string_view bytes);
 // Nothing when the length is odd or a character is no digit.
 std::optional<std::string> BytesOfHex(std::string_view digits);
+
+// A whole decimal number without a sign.
+bool ParseNumber(std::string_view text, int& out);
+// Text before the first `mark`, which is removed with it; the whole text when there is none.
+std::string_view CutAt(std::string_view& text, char mark);
 
 }  // namespace sim

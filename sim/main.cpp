@@ -134,6 +134,7 @@ int main(int argc, char** argv) {
     AddMeter(app, options.Meter);
     AddLine(app, options.Meter);
     AddSignal(app, options.Meter);
+    app.footer("Kinds of faults:\n" + sim::FaultHelp());
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -65,6 +65,7 @@ class Meter {
     const std::vector<std::string>& Commands() const { return commands_; }
     void ClearCommands() { commands_.clear(); }
 
+    // For tests, in the middle of a run.
     void SetFaults(std::vector<Fault> faults) { faults_ = FaultList(std::move(faults)); }
 
   private:

@@ -1,7 +1,6 @@
 #include "sim/node_login.h"
 
 #include <array>
-#include <cstdint>
 
 namespace sim {
 

@@ -12,68 +12,6 @@ namespace {
 
 constexpr int kBaudRates[] = {300, 600, 1200, 2400, 4800, 9600, 19200};
 
-struct FaultName {
-    std::string_view Name;
-    FaultKind Kind;
-    int Values;  // how many numbers follow "="
-};
-
-// clang-format off
-constexpr FaultName kFaultNames[] = {
-    {"noreply",   FaultKind::NoReply,   0},
-    {"cut",       FaultKind::Cut,       1},
-    {"extra",     FaultKind::Extra,     0},
-    {"garbage",   FaultKind::Garbage,   0},
-    {"badcheck",  FaultKind::BadCheck,  0},
-    {"exception", FaultKind::Exception, 1},
-    {"late",      FaultKind::Late,      1},
-    {"pause",     FaultKind::Pause,     2},
-    {"paced",     FaultKind::Paced,     0},
-    {"echo",      FaultKind::Echo,      0},
-    {"badecho",   FaultKind::BadEcho,   0},
-    {"gone",      FaultKind::Gone,      1},
-    {"wrongid",   FaultKind::WrongId,   0},
-    {"pieces",    FaultKind::Pieces,    2},
-    {"close",     FaultKind::Close,     1},
-    {"status",    FaultKind::Status,    0},
-    {"twice",     FaultKind::Twice,     0},
-};
-// clang-format on
-
-std::string FaultHelp(std::string_view text) {
-    return "illegal fault \"" + std::string(text) +
-           "\": COMMAND[#N]:KIND, where COMMAND is the beginning of a command or *, and KIND is noreply, "
-           "cut=N, "
-           "extra, garbage, badcheck, exception=CODE, late=MS, pause=AT,MS, paced, echo, badecho or gone=N; "
-           "in a "
-           "node also wrongid, pieces=AT,MS, close=N, status and, of the command login, twice";
-}
-
-// A whole decimal number without a sign.
-bool ParseNumber(std::string_view text, int& out) {
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), out);
-    return error == std::errc{} && end == text.data() + text.size() && out >= 0;
-}
-
-// Text before the first `mark`, which is removed with it; the whole text when there is none.
-std::string_view CutAt(std::string_view& text, char mark) {
-    const auto at = std::min(text.find(mark), text.size());
-    const std::string_view head = text.substr(0, at);
-    text.remove_prefix(std::min(at + 1, text.size()));
-    return head;
-}
-
-bool ParseKind(std::string_view text, Fault& fault) {
-    const bool hasValue = text.find('=') != std::string_view::npos;
-    const std::string_view name = CutAt(text, '=');
-    const auto kind = std::find_if(std::begin(kFaultNames), std::end(kFaultNames),
-                                   [&](const FaultName& known) { return known.Name == name; });
-    if (kind == std::end(kFaultNames) || hasValue != (kind->Values > 0)) return false;
-    fault.Kind = kind->Kind;
-    if (kind->Values == 2 && !ParseNumber(CutAt(text, ','), fault.Value)) return false;
-    return kind->Values == 0 || ParseNumber(text, kind->Values == 2 ? fault.Value2 : fault.Value);
-}
-
 }  // namespace
 
 const char* const kDefaultImage =
@@ -114,18 +52,6 @@ std::optional<int> BaudIndexOf(int rate) {
 
 int BaudRateOf(int index) {
     return index >= 0 && index < 7 ? kBaudRates[index] : 9600;
-}
-
-std::string ParseFault(std::string_view text, Fault& out) {
-    Fault fault;
-    std::string_view kind = text;
-    std::string_view time = CutAt(kind, ':');
-    const bool hasTime = time.find('#') != std::string_view::npos;
-    fault.Command = CutAt(time, '#');
-    const bool timeGood = !hasTime || (ParseNumber(time, fault.Time) && fault.Time > 0);
-    if (fault.Command.empty() || !timeGood || !ParseKind(kind, fault)) return FaultHelp(text);
-    out = fault;
-    return "";
 }
 
 std::string ParsePatch(std::string_view text, ImagePatch& out) {

@@ -71,8 +71,6 @@ std::optional<int> BaudIndexOf(int rate);
 int BaudRateOf(int index);
 
 // Each returns an empty text, or what is wrong and what is legal; `out` is then unchanged.
-// "XR35:noreply", "*:paced", "030011#2:exception=2", "G130:pause=1,500".
-std::string ParseFault(std::string_view text, Fault& out);
 // "POSITION=DIGITS", such as "191=60".
 std::string ParsePatch(std::string_view text, ImagePatch& out);
 // "max", or readings a second, above 0 and not above 1000.

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "sim/item_plan.h"
 #include "sim/options.h"
@@ -48,5 +49,18 @@ class Readings {
 // Eight characters: blank or "-", then six digits with the point before the last `decimals` (0..5). Digits
 // beyond the six are lost at the left.
 std::string ValueText(int value, int decimals);
+
+// A number sent from outside to the display or into Item 3.
+struct RemoteValue {
+    std::string Text;  // as it was sent; in Modbus the number in decimal
+    int Count = 0;     // its digits without the point
+    int Decimals = 0;  // 0..5
+
+    bool operator==(const RemoteValue&) const = default;
+};
+
+// A sign, then digits with at most one point. The value ends at the first other character and behind the
+// fifth decimal; of more than six digits the last six count.
+RemoteValue RemoteValueOf(std::string_view text);
 
 }  // namespace sim

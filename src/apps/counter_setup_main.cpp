@@ -1,6 +1,54 @@
 // counter-setup: the desktop tool.
-#include "apps/setup_program.h"
+#include <QApplication>
+#include <QTimer>
+
+#include "desktop/desktop.h"
+#include "desktop/first_start.h"
+#include "system/core_runtime.h"
+#include "system/disk_files.h"
+#include "system/program_folder.h"
+#include "system/qt_port_catalog.h"
+#include "system/qt_pump.h"
+#include "system/qt_serial_port.h"
+#include "system/qt_sockets.h"
+
+namespace counter {
+
+namespace {
+
+int Run(int argc, char** argv) {
+    QApplication application(argc, argv);
+    SettleLocale();
+    const std::string folder = FolderArgument(application, "Setup tool for a panel counter/timer.");
+    DiskFiles files;
+    QtPump pump;
+    pump.InstallInterruptHandler();
+    QtPortCatalog catalog(folder);
+    QtSerialPort port(catalog);
+    QtDialogs dialogs(pump, folder);
+    QtSockets sockets;
+    Session session(pump, port, dialogs, {files, folder}, sockets.Both());
+
+    const Status started = StartWithSettings(session, dialogs);
+    Desktop desktop(session, {DataFolders(folder, "help"), DataFolders(folder, "boards")});
+    dialogs.SetParent(&desktop.Window());
+    if (!started.Ok()) session.Home.ShowStatus(started.Text(), ColorRed);
+    desktop.ShowFirst();
+    desktop.Window().show();
+    pump.OnInterrupt = [&desktop] { desktop.Interrupt(); };
+    // The pump's own wait carries the whole run, so that whatever waits inside it nests.
+    QTimer::singleShot(0, &application, [&pump] {
+        pump.WaitUntil(
+            Pump::kForever, [] { return false; }, "what the user does");
+    });
+    QTimer::singleShot(0, &application, [&desktop] { desktop.LogIn(); });
+    return QApplication::exec();
+}
+
+}  // namespace
+
+}  // namespace counter
 
 int main(int argc, char** argv) {
-    return counter::RunSetupProgram(argc, argv);
+    return counter::Run(argc, argv);
 }

@@ -58,11 +58,11 @@ void CalibrationView::Calib() {
     picCAL2.Text = kWaitText;
     picCAL2.Visible = true;
     Controls.TellChanged();
-    result_ = RunCalibration(Program.Link, std::string(Trimmed(txtFreq.Text)),
-                             [this](CalibrationStage stage, const CalibrationResult& sofar) {
-                                 ShowStage(stage, sofar);
-                                 Controls.TellChanged();
-                             });
+    RunCalibration(Program.Link, std::string(Trimmed(txtFreq.Text)),
+                   [this](CalibrationStage stage, const CalibrationResult& sofar) {
+                       ShowStage(stage, sofar);
+                       Controls.TellChanged();
+                   });
     running_ = false;
     if (std::exchange(exitWanted_, false) && ExitProgram) ExitProgram();
 }

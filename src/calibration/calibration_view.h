@@ -29,8 +29,6 @@ class CalibrationView {
     void Calib();
     // From the first frame of the procedure to the last.
     bool Running() const { return running_; }
-    // How the last run ended.
-    const CalibrationResult& Result() const { return result_; }
 
     // The program is told to exit. False: it may, now. True: a run is under way, and ExitProgram is called
     // behind its last step.
@@ -74,7 +72,6 @@ class CalibrationView {
 
     bool running_ = false;
     bool exitWanted_ = false;
-    CalibrationResult result_;
 };
 
 }  // namespace counter

@@ -7,8 +7,7 @@
 
 #include "cli/cli.h"
 #include "cli/cli_output.h"
-#include "platform/trace_port.h"
-#include "platform/trace_sockets.h"
+#include "platform/trace.h"
 #include "session/session.h"
 
 namespace counter {

@@ -37,6 +37,18 @@ std::optional<std::string> TextOf(const std::string& texts, const Record& record
     return texts.substr(start, length);
 }
 
+constexpr std::string_view kMargin = "    ";
+
+std::string WithMargin(std::string_view content, int entries) {
+    std::string text;
+    for (int i = 0; i < entries && !content.empty(); ++i) {
+        const std::string_view line = content.substr(0, content.find('\n'));
+        content.remove_prefix(line.size() < content.size() ? line.size() + 1 : line.size());
+        text.append(kMargin).append(line).append("\r\n");
+    }
+    return text;
+}
+
 }  // namespace
 
 std::optional<std::string> ReadHelpText(const Files& files, const std::string& folder, int helpId) {
@@ -55,6 +67,31 @@ std::optional<std::string> LoadHelpText(const Files& files, const std::string& f
     std::optional<std::string> text = ReadHelpText(files, folder, helpId);
     if (text) std::replace(text->begin(), text->end(), '$', ' ');
     return text;
+}
+
+std::vector<HelpSegment> HelpSegments(std::string_view text) {
+    std::vector<HelpSegment> segments;
+    auto add = [&segments](std::string_view part, bool emphasised) {
+        if (!part.empty()) segments.push_back({std::string(part), emphasised});
+    };
+    bool emphasised = false;
+    for (std::size_t mark; (mark = text.find('$')) != std::string_view::npos; emphasised = !emphasised) {
+        add(text.substr(0, mark), emphasised);
+        text.remove_prefix(mark + 1);
+    }
+    add(text, false);
+    return segments;
+}
+
+std::optional<std::string> BatchHelpText(const Files& files, const std::vector<std::string>& folders,
+                                         BatchHelpKind kind) {
+    const bool rate = kind == BatchHelpKind::Rate;
+    for (const std::string& folder : folders) {
+        std::string content;
+        if (!files.Read(folder + (rate ? "/rate_batch.txt" : "/vf_batch.txt"), content).Ok()) continue;
+        return WithMargin(content, rate ? kRateBatchEntries : kVFBatchEntries);
+    }
+    return {};
 }
 
 }  // namespace counter

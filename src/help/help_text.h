@@ -7,6 +7,8 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/files.h"
 
@@ -18,5 +20,35 @@ std::optional<std::string> ReadHelpText(const Files& files, const std::string& f
 
 // The same with a blank for every "$", for a label that knows no emphasis.
 std::optional<std::string> LoadHelpText(const Files& files, const std::string& folder, int helpId);
+
+// A help text cut at its marks of emphasis.
+struct HelpSegment {
+    std::string Text;
+    bool Emphasised = false;
+
+    friend bool operator==(const HelpSegment&, const HelpSegment&) = default;
+};
+
+// What stands before the first "$" is plain, from there to the second emphasised, and so on in turn. What
+// follows the last "$" is plain even where the turn would be the other's. Empty segments are left out.
+std::vector<HelpSegment> HelpSegments(std::string_view text);
+
+// The two long reference texts about batches, shown in a read-only box of fixed pitch. A text is beside the
+// help files as "rate_batch.txt" or "vf_batch.txt": printable ASCII, one line an entry of the text's table,
+// each ended by LF.
+enum class BatchHelpKind {
+    Rate = 1,
+    VF = 2,
+};
+
+// How many entries the table of a text has; what a file holds beyond them isn't shown.
+inline constexpr int kRateBatchEntries = 316;
+inline constexpr int kVFBatchEntries = 302;
+
+// The text as the box shows it: for each entry four blanks as left margin, the entry, CR LF. Read from the
+// first of the folders that has the file; nothing where none has. A file that was cut off gives what is
+// there.
+std::optional<std::string> BatchHelpText(const Files& files, const std::vector<std::string>& folders,
+                                         BatchHelpKind kind);
 
 }  // namespace counter

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "controls/colors.h"
-#include "help/help_text.h"
 #include "link/waits.h"
 
 namespace counter {

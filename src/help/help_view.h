@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "controls/form.h"
-#include "help/help_segments.h"
+#include "help/help_text.h"
 #include "session/session.h"
 
 namespace counter {

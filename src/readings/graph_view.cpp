@@ -1,5 +1,6 @@
 #include "readings/graph_view.h"
 
+#include <cstdio>
 #include <utility>
 
 #include "meter/leading_number.h"
@@ -9,6 +10,86 @@ namespace counter {
 namespace {
 
 constexpr ThirdNumber kVerticalScale = {"txtVertScale", "lblVertScale", "Initial Vertical Scale"};
+
+// A bar and the distance from its left edge to the next one's, and where the first begins, in the chart's
+// units: 1000 are the width of the axis.
+constexpr double kBarWidth = 20;
+constexpr double kBarPitch = 30;
+constexpr double kFirstBar = 20;
+
+double BarLeft(int bin) {
+    return kBarPitch * bin + kFirstBar;
+}
+
+double BarRight(int bin) {
+    return BarLeft(bin) + kBarWidth;
+}
+
+double BarMiddle(int bin) {
+    return BarLeft(bin) + kBarWidth / 2;
+}
+
+double HeightOf(float count, float barScale) {
+    return static_cast<double>(count) * 1000 / static_cast<double>(barScale);
+}
+
+void Solid(ChartSurface& chart, double x1, double y1, double x2, double y2) {
+    chart.Draw(ChartLine{x1, y1, x2, y2, 2, LineStyle::Solid});
+}
+
+std::string WholeNumber(double number) {
+    char digits[64];
+    std::snprintf(digits, sizeof digits, "%.0f", number);
+    return digits;
+}
+
+// Once more over the old labels. Labels are whole numbers, whatever a fifth of the scale is.
+void DrawCountAxis(ChartSurface& chart, float barScale) {
+    const double step = RoundHalfEven(static_cast<double>(barScale) / 5);
+    for (int i = 0; i <= 5; ++i) {
+        const double y = 200 * i;
+        Solid(chart, -15, y, 0, y);
+        chart.Draw(ChartLine{0, y, 1000, y, 1, LineStyle::Dotted});
+        chart.Draw(ChartBox{-135, y - 10, -35, y + 25, BoxFill::White});
+        chart.Draw(ChartText{WholeNumber(step * i), TextAnchor::Right, -35, y + 49, 1});
+    }
+}
+
+// Clears the chart and draws the frame of a run. The top of the chart stands for `barScale`, above 0.
+void DrawGraphFrame(ChartSurface& chart, const ValueScale& scale, float barScale) {
+    chart.SetScale(-150, 1030, 1000, -80);
+    Solid(chart, 0, 1030, 0, 0);
+    Solid(chart, 0, 0, 1000, 0);
+    for (int i = 0; i < kBins; ++i) Solid(chart, BarMiddle(i), 0, BarMiddle(i), i % 5 == 0 ? -30 : -15);
+    DrawCountAxis(chart, barScale);
+    for (int i = -15; i <= 15; i += 5)
+        chart.Draw(ChartText{ValueLabel(scale, i), TextAnchor::Center, BarMiddle(kMiddleBin + i), -60, -1});
+}
+
+// What readings add to a bar that had `before` and now has `count`.
+void DrawSlice(ChartSurface& chart, int bin, float before, float count, float barScale) {
+    chart.Draw(ChartBox{BarLeft(bin), HeightOf(before, barScale), BarRight(bin), HeightOf(count, barScale),
+                        BoxFill::Black});
+}
+
+// All bars once more, over the old ones.
+void DrawBars(ChartSurface& chart, const BinCounts& counts, float barScale) {
+    for (int bin = 0; bin < kBins; ++bin) {
+        const float count = counts[static_cast<std::size_t>(bin)];
+        chart.Draw(ChartBox{BarLeft(bin), 5, BarRight(bin), 1000, BoxFill::White});
+        chart.Draw(ChartBox{BarLeft(bin), 0, BarRight(bin), HeightOf(count, barScale), BoxFill::Black});
+    }
+}
+
+// The arrow that tells of readings below or above the bars, and its erasing.
+void DrawArrow(ChartSurface& chart, bool low) {
+    chart.Draw(ChartText{low ? "<-" : "->", TextAnchor::Left, low ? -10.0 : 950.0, -5, 0});
+}
+
+void EraseArrow(ChartSurface& chart, bool low) {
+    const double left = low ? -10 : 950;
+    chart.Draw(ChartBox{left, -12, left + 30, -40, BoxFill::White});
+}
 
 }  // namespace
 
@@ -77,14 +158,14 @@ void GraphView::Blink(Side side) {
     if (blink == 0) {
         Wipe(side);
     } else if (!std::exchange(shown, true)) {
-        DrawArrow(Chart, side);
+        DrawArrow(Chart, side == Side::Low);
     }
 }
 
 // Where no arrow stands there is nothing to erase.
 void GraphView::Wipe(Side side) {
     bool& shown = side == Side::Low ? histogram_.LowShown : histogram_.HighShown;
-    if (std::exchange(shown, false)) EraseArrow(Chart, side);
+    if (std::exchange(shown, false)) EraseArrow(Chart, side == Side::Low);
 }
 
 void GraphView::DrawAll() {
@@ -98,8 +179,8 @@ void GraphView::DrawAll() {
         const float count = histogram_.BinCount[bin];
         if (count > below) DrawSlice(Chart, static_cast<int>(bin), below, count, histogram_.BarScale);
     }
-    if (histogram_.LowShown) DrawArrow(Chart, Side::Low);
-    if (histogram_.HighShown) DrawArrow(Chart, Side::High);
+    if (histogram_.LowShown) DrawArrow(Chart, true);
+    if (histogram_.HighShown) DrawArrow(Chart, false);
 }
 
 }  // namespace counter

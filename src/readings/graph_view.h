@@ -3,13 +3,18 @@
 // It shows how readings are distributed, not how they move in time; a run never ends by itself.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
 #include "readings/chart_view.h"
-#include "readings/graph_frame.h"
 
 namespace counter {
+
+inline constexpr int kBins = 31;
+inline constexpr int kMiddleBin = 15;
+
+using BinCounts = std::array<float, kBins>;
 
 struct Histogram {
     ValueScale Scale;
@@ -40,6 +45,9 @@ class GraphView : public ChartView {
     const Histogram& Current() const { return histogram_; }
 
   private:
+    // Which of both arrows, that tell of readings below or above the bars.
+    enum class Side { Low, High };
+
     void Run() override;
     std::string Objection() const override;
     void PressPause() override;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <string>
 
 namespace counter {
 
@@ -27,22 +26,37 @@ int Number(std::string_view text) {
     return error == std::errc() && stop == end ? value : -1;
 }
 
+std::optional<QSerialPort::Parity> ParityOf(std::string_view letter) {
+    if (letter == "n") return QSerialPort::NoParity;
+    if (letter == "o") return QSerialPort::OddParity;
+    if (letter == "e") return QSerialPort::EvenParity;
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<LineSettings> ParseLineSettings(std::string_view text) {
     if (std::count(text.begin(), text.end(), ',') != 3) return std::nullopt;
     LineSettings settings;
     settings.Baud = Number(TakePart(text));
-    const std::string_view parity = TakePart(text);
-    settings.DataBits = Number(TakePart(text));
-    settings.StopBits = Number(TakePart(text));
+    const auto parity = ParityOf(TakePart(text));
+    const int dataBits = Number(TakePart(text));
+    const int stopBits = Number(TakePart(text));
 
     if (std::find(kBauds.begin(), kBauds.end(), settings.Baud) == kBauds.end()) return std::nullopt;
-    if (parity != "n" && parity != "o" && parity != "e") return std::nullopt;
-    settings.Parity = parity[0];
-    if (settings.DataBits != 7 && settings.DataBits != 8) return std::nullopt;
-    if (settings.StopBits != 1 && settings.StopBits != 2) return std::nullopt;
+    if (!parity || (dataBits != 7 && dataBits != 8) || (stopBits != 1 && stopBits != 2)) return std::nullopt;
+    settings.Parity = *parity;
+    settings.DataBits = dataBits == 7 ? QSerialPort::Data7 : QSerialPort::Data8;
+    settings.StopBits = stopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop;
     return settings;
+}
+
+LineSettings SettingsFor(std::string_view portName, const LineSettings& settings) {
+    LineSettings line = settings;
+    if (!portName.starts_with("pts/")) return line;
+    line.Parity = QSerialPort::NoParity;
+    line.DataBits = QSerialPort::Data8;
+    return line;
 }
 
 }  // namespace counter

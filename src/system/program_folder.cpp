@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFile>
 #include <QStandardPaths>
@@ -16,6 +17,17 @@ std::string DefaultProgramFolder() {
 std::string ChooseProgramFolder(const std::string& executableFolder, const std::string& dataFolder) {
     const bool portable = access((executableFolder + "/Settings.SSS").c_str(), F_OK) == 0;
     return portable ? executableFolder : dataFolder + "/counter-setup";
+}
+
+std::string FolderArgument(const QCoreApplication& application, const char* description) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QString::fromLatin1(description));
+    const QCommandLineOption folder("dir", "The program folder, where Settings.SSS lies.", "folder");
+    parser.addOption(folder);
+    parser.addHelpOption();
+    parser.process(application);
+    if (parser.isSet(folder)) return QFile::encodeName(parser.value(folder)).toStdString();
+    return DefaultProgramFolder();
 }
 
 std::vector<std::string> DataFolders(const std::string& programFolder, const std::string& name) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+class QCoreApplication;
+
 namespace counter {
 
 // The folder of the executable where it holds Settings.SSS (portable use), otherwise counter-setup in the
@@ -12,6 +14,10 @@ std::string DefaultProgramFolder();
 
 // The same choice for given folders, neither ending in "/".
 std::string ChooseProgramFolder(const std::string& executableFolder, const std::string& dataFolder);
+
+// The one argument of the programs with a window: the folder that --dir names, else the default one. --help
+// ends the program.
+std::string FolderArgument(const QCoreApplication& application, const char* description);
 
 // Where data that comes with the program may lie ("help", "boards"), best first: in the program folder, where
 // the program was installed, beside the build.

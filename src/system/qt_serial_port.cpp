@@ -5,7 +5,6 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include <QSerialPort>
 #include <cerrno>
 
 #include "system/links.h"
@@ -16,20 +15,10 @@ namespace counter {
 
 namespace {
 
-QSerialPort::Parity ParityOf(const LineSettings& settings) {
-    if (settings.Parity == 'n') return QSerialPort::NoParity;
-    return settings.Parity == 'o' ? QSerialPort::OddParity : QSerialPort::EvenParity;
-}
-
-// A pseudo terminal has no wire: it carries bytes whole and refuses 7 data bits and parity, so it isn't
-// asked.
 bool Apply(const LineSettings& settings, QSerialPort& port) {
-    const bool wire = !port.portName().startsWith("pts/");
-    return port.setBaudRate(settings.Baud) &&
-           port.setStopBits(settings.StopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop) &&
-           port.setParity(wire ? ParityOf(settings) : QSerialPort::NoParity) &&
-           port.setDataBits(wire && settings.DataBits == 7 ? QSerialPort::Data7 : QSerialPort::Data8) &&
-           port.setFlowControl(QSerialPort::NoFlowControl);
+    const LineSettings line = SettingsFor(port.portName().toStdString(), settings);
+    return port.setBaudRate(line.Baud) && port.setStopBits(line.StopBits) && port.setParity(line.Parity) &&
+           port.setDataBits(line.DataBits) && port.setFlowControl(line.Handshake);
 }
 
 // Why the system refuses `device`; 0 where it doesn't.
@@ -67,13 +56,15 @@ QtSerialPort::QtSerialPort(const PortCatalog& catalog) : catalog_(catalog) {}
 QtSerialPort::~QtSerialPort() = default;
 
 Status QtSerialPort::SetSettings(std::string_view text) {
-    const auto settings = ParseLineSettings(text);
+    auto settings = ParseLineSettings(text);
     if (!settings) return {StatusKind::Illegal, std::string(text), "no line settings of the meter"};
     if (!Faulted() && !Apply(*settings, *port_)) {
         const std::string reason = port_->errorString().toStdString();
         Apply(settings_, *port_);
         return {StatusKind::Illegal, port_->portName().toStdString(), reason};
     }
+    settings->Dtr = settings_.Dtr;
+    settings->Rts = settings_.Rts;
     settings_ = *settings;
     return {};
 }
@@ -88,8 +79,8 @@ Status QtSerialPort::Open() {
     port_ = std::move(port);
     QObject::connect(port_.get(), &QSerialPort::errorOccurred, port_.get(), [this] { CheckLine(); });
     QObject::connect(port_.get(), &QSerialPort::readyRead, port_.get(), [this] { TellArrived(); });
-    SetDtrEnable(dtr_);
-    SetRtsEnable(rts_);
+    SetDtrEnable(settings_.Dtr);
+    SetRtsEnable(settings_.Rts);
     return {};
 }
 
@@ -100,12 +91,12 @@ void QtSerialPort::Close() {
 }
 
 void QtSerialPort::SetDtrEnable(bool on) {
-    dtr_ = on;
+    settings_.Dtr = on;
     if (!Faulted()) port_->setDataTerminalReady(on);
 }
 
 void QtSerialPort::SetRtsEnable(bool on) {
-    rts_ = on;
+    settings_.Rts = on;
     if (!Faulted()) port_->setRequestToSend(on);
 }
 

@@ -9,8 +9,6 @@
 #include "platform/serial_port.h"
 #include "system/line_settings.h"
 
-class QSerialPort;
-
 namespace counter {
 
 // Sends and receives while the event loop runs; needs an application object.
@@ -33,7 +31,7 @@ class QtSerialPort : public SerialPort {
     void Close() override;
     bool PortOpen() const override { return port_ != nullptr; }
 
-    // Remembered while the port is closed. Both are up at first, as the system itself sets them.
+    // Remembered while the port is closed.
     void SetDtrEnable(bool on) override;
     void SetRtsEnable(bool on) override;
     void SetHandshaking(int) override {}  // always none
@@ -53,9 +51,7 @@ class QtSerialPort : public SerialPort {
 
     const PortCatalog& catalog_;
     int number_ = 1;
-    LineSettings settings_;
-    bool dtr_ = true;
-    bool rts_ = true;
+    LineSettings settings_;              // DTR and RTS as they were last set
     std::unique_ptr<QSerialPort> port_;  // one for each opening
     bool lineGone_ = false;
     std::string kept_;  // arrived before the line went away

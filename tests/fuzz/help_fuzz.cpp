@@ -1,7 +1,6 @@
 // A pair of help files of any bytes: the text that the index names, or none. Two bytes of number, then two of
 // the index file's length; the rest is index and text.
 #include "fuzz_input.h"
-#include "help/help_segments.h"
 #include "help/help_text.h"
 #include "support/memory_files.h"
 

@@ -8,6 +8,7 @@
 #include <set>
 #include <string>
 
+#include "desktop/kit/colors.h"
 #include "desktop/pages/face_widget.h"
 #include "menu_view/menu_items.h"
 #include "menu_view/menu_mnemonics.h"
@@ -136,10 +137,10 @@ TEST(Face, ShowsDigitsAndLampsAndSaysThem) {
     FaceWidget face;
     face.resize(face.sizeHint());
     const QImage blank = face.grab().toImage();
-    EXPECT_FALSE(Shows(blank, DisplayDigit(), 1));
+    EXPECT_FALSE(Shows(blank, kDisplayDigit, 1));
     face.Show({"-12.5", {false, true, false, false}, "Total"});
     EXPECT_EQ(face.accessibleName(), "-12.5, alarm 1 off, alarm 2 on, alarm 3 off, alarm 4 off");
-    EXPECT_TRUE(Shows(face.grab().toImage(), DisplayDigit(), 200));
+    EXPECT_TRUE(Shows(face.grab().toImage(), kDisplayDigit, 200));
     // The sign has a place of its own, and of more than six digits the last ones show.
     const auto shown = [&face](const char* digits) {
         face.Show({digits, {}, ""});

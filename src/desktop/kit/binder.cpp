@@ -5,18 +5,14 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QFocusEvent>
-#include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
 #include <algorithm>
 
 #include "desktop/kit/colors.h"
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/qt_text.h"
-#include "desktop/kit/value_box.h"
 
 namespace counter {
 
@@ -135,6 +131,15 @@ CaptionRow* Binder::MakeRow(Control& frame, Control& inner, QWidget* parent) {
     row->AddField(Make(inner, row), 1);
     for (Control& other : form_) {
         if (other.Container == &frame && &other != &inner) row->AddField(Make(other, row));
+    }
+    return row;
+}
+
+QHBoxLayout* Binder::MakeButtonRow(QWidget* parent, std::initializer_list<Control*> buttons) {
+    auto* row = new QHBoxLayout;
+    for (Control* button : buttons) {
+        if (button == *(buttons.end() - 1)) row->addStretch(1);
+        row->addWidget(Make(*button, parent));
     }
     return row;
 }

@@ -6,12 +6,14 @@
 
 #include <QObject>
 #include <functional>
+#include <initializer_list>
 #include <unordered_map>
 #include <vector>
 
 #include "controls/form.h"
 
 class QAction;
+class QHBoxLayout;
 class QWidget;
 
 namespace counter {
@@ -30,6 +32,8 @@ class Binder : public QObject {
     CaptionRow* MakeRow(Control& frame, Control& inner, QWidget* parent);
     // A group box, for a frame that holds more; its widgets are made with it as parent.
     QWidget* MakeGroup(Control& frame, QWidget* parent) { return Make(frame, parent); }
+    // Buttons at the foot of a view, from the left in the order given; the last is alone at the right edge.
+    QHBoxLayout* MakeButtonRow(QWidget* parent, std::initializer_list<Control*> buttons);
     // A widget that was made elsewhere, of the class that MakeWidget makes for the kind.
     void Bind(Control& control, QWidget* widget);
     // A control that a window shows itself (tab strip, menu entry): `show` sets what it shows.
@@ -41,7 +45,7 @@ class Binder : public QObject {
     void Refresh();
 
     QWidget* WidgetOf(const Control& control) const;
-    // Controls that no widget shows.
+    // Controls that no widget shows; asked for by tests.
     std::vector<const Control*> Unbound() const;
 
     // Told of each action that the form refused; may be empty.

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QComboBox>
-#include <vector>
 
 namespace counter {
 

@@ -4,20 +4,21 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLineEdit>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QWheelEvent>
 
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
-#include "desktop/kit/value_box.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kGrid = 8;  // the pixel grid of all views
+constexpr const char* kLongestValue = "+00. 00. 000";  // a clock value
 
 // A list that a turning wheel leaves alone: scrolling past it must not change a setup.
 class PickList : public QComboBox {
@@ -86,6 +87,39 @@ QWidget* MakeOfKind(ControlKind kind, QWidget* parent) {
 }
 
 }  // namespace
+
+ValueBox::ValueBox(QWidget* parent) : QLineEdit(parent) {
+    setReadOnly(true);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setCursor(Qt::PointingHandCursor);
+}
+
+QSize ValueBox::sizeHint() const {
+    const QSize whole = QLineEdit::sizeHint();  // of 17 letters
+    const int letter = fontMetrics().horizontalAdvance(QLatin1Char('x'));
+    const int text = fontMetrics().horizontalAdvance(QLatin1String(kLongestValue));
+    return {whole.width() - 17 * letter + text, whole.height()};
+}
+
+void ValueBox::Open() {
+    if (Opened) Opened();
+}
+
+// Either button of the mouse opens it, as a pointer event on the meter's own page does.
+void ValueBox::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+    setFocus(Qt::MouseFocusReason);
+    Open();
+}
+
+void ValueBox::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
+        Open();
+    } else {
+        QLineEdit::keyPressEvent(event);  // the keys that move between widgets, and copying
+    }
+}
 
 CaptionRow::CaptionRow(QWidget* parent, const std::string& caption)
     : QWidget(parent), caption_(new QLabel(QtText(caption), this)) {

@@ -2,11 +2,31 @@
 #pragma once
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QWidget>
+#include <functional>
 
 #include "controls/control.h"
 
 namespace counter {
+
+// Shows a value; a click, Enter or the space bar opens its digit entry. Nothing is typed into it.
+class ValueBox : public QLineEdit {
+  public:
+    explicit ValueBox(QWidget* parent);
+    std::function<void()> Opened;
+
+    // The longest value stands in it whole.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void Open();
+};
 
 // A caption and the field beside it, with whatever stands behind the field.
 class CaptionRow : public QWidget {

@@ -3,7 +3,6 @@
 
 #include <QPointer>
 #include <QWidget>
-#include <functional>
 #include <string>
 
 #include "platform/dialogs.h"

@@ -4,11 +4,9 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QPrinterInfo>
 #include <QTemporaryDir>
 #include <QWidget>
 
-#include "desktop/kit/fixed_font.h"
 #include "desktop/kit/qt_text.h"
 #include "system/disk_files.h"
 
@@ -87,7 +85,8 @@ qsizetype Longest(const QStringList& lines) {
 }
 
 QFont TextFont(QPainter& painter, double width, qsizetype characters) {
-    QFont font = FixedPitchFont(kTextPoints);
+    QFont font = FixedPitchFont(kTableFamily);
+    font.setPointSizeF(kTextPoints);
     const QFontMetricsF metrics(font, painter.device());
     const double needed = metrics.horizontalAdvance(QLatin1Char('0')) * static_cast<double>(characters);
     if (needed > width) font.setPointSizeF(std::max(kSmallestPoints, kTextPoints * width / needed));

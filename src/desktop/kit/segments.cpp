@@ -220,28 +220,4 @@ void PaintGlyphs(QPainter& painter, QPointF corner, SegmentSize size, std::strin
     }
 }
 
-QColor DisplayGround() {
-    return {0x16, 0x19, 0x1D};
-}
-
-QColor DisplayMarked() {
-    return {0x2A, 0x3B, 0x52};
-}
-
-QColor DisplayDigit() {
-    return {0xFF, 0x5B, 0x40};
-}
-
-QColor DisplayName() {
-    return {0xE9, 0xC8, 0x8A};
-}
-
-QColor DisplayUnlit() {
-    return {0x2C, 0x25, 0x26};
-}
-
-QColor DisplayText() {
-    return {0xD5, 0xDA, 0xDE};
-}
-
 }  // namespace counter

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QColor>
-#include <QRectF>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -68,13 +67,5 @@ void PaintGlyph(QPainter& painter, QPointF corner, SegmentSize size, const Segme
 // The places of a text from `corner` on, to the right.
 void PaintGlyphs(QPainter& painter, QPointF corner, SegmentSize size, std::string_view text,
                  const SegmentLook& look);
-
-// The display's colours, the same in a light and a dark desktop: segments are lit on dark.
-QColor DisplayGround();
-QColor DisplayMarked();  // ground of a row that is selected
-QColor DisplayDigit();
-QColor DisplayName();   // names are told from values
-QColor DisplayUnlit();  // faint, but there
-QColor DisplayText();   // of a font, beside the digits
 
 }  // namespace counter

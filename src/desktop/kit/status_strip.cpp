@@ -3,14 +3,13 @@
 #include <QHBoxLayout>
 
 #include "desktop/kit/colors.h"
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr QRgb kStripGround = 0xFF1C2126;
-constexpr int kGrid = 8;
 constexpr int kBarCharacters = 24;  // width of the bar, in digits of the font
 
 }  // namespace
@@ -18,7 +17,7 @@ constexpr int kBarCharacters = 24;  // width of the bar, in digits of the font
 StatusStrip::StatusStrip(QWidget* parent)
     : QWidget(parent), line_(new QLabel(this)), bar_(new QProgressBar(this)) {
     QPalette dark = palette();
-    dark.setColor(QPalette::Window, QColor(kStripGround));
+    dark.setColor(QPalette::Window, kStripGround);
     setPalette(dark);
     setAutoFillBackground(true);
     auto* row = new QHBoxLayout(this);
@@ -31,11 +30,8 @@ StatusStrip::StatusStrip(QWidget* parent)
     line_->setMinimumHeight(line_->fontMetrics().lineSpacing() + kGrid);
     bar_->setRange(0, 100);
     bar_->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kBarCharacters);
-    for (QWidget* part : {static_cast<QWidget*>(line_), static_cast<QWidget*>(bar_)}) {
-        QSizePolicy keeps = part->sizePolicy();
-        keeps.setRetainSizeWhenHidden(true);
-        part->setSizePolicy(keeps);
-    }
+    KeepPlace(line_);
+    KeepPlace(bar_);
 }
 
 void StatusStrip::LeaveOutBar() {

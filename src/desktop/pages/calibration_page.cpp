@@ -2,27 +2,19 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
-#include "desktop/kit/button_row.h"
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kGrid = 8;
 constexpr int kEntryCharacters = 14;
 
 void SetCharacters(QWidget* widget) {
     widget->setFixedWidth(widget->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kEntryCharacters);
-}
-
-void KeepPlace(QWidget* widget) {
-    QSizePolicy keeps = widget->sizePolicy();
-    keeps.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(keeps);
 }
 
 }  // namespace
@@ -53,7 +45,7 @@ CalibrationPage::CalibrationPage(CalibrationView& view, QWidget* parent)
     column->addLayout(factor);
     column->addWidget(bound_.Make(view.lblDone, this));
     column->addStretch(1);
-    column->addLayout(ButtonRow(bound_, this, {&view.cmdOK, &view.cmdCANCEL}));
+    column->addLayout(bound_.MakeButtonRow(this, {&view.cmdOK, &view.cmdCANCEL}));
     for (Control* stage : {&view.lblCalc, &view.lblReturn, &view.lblSet, &view.txtScaleFactor, &view.lblPPM,
                            &view.lblRange, &view.lblDone})
         KeepPlace(bound_.WidgetOf(*stage));

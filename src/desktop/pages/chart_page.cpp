@@ -3,14 +3,13 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "desktop/kit/button_row.h"
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kGrid = 8;
 constexpr int kEntryCharacters = 14;
 
 }  // namespace
@@ -26,16 +25,14 @@ ChartPage::ChartPage(ChartView& view, std::string_view title, QWidget* parent)
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
     auto* column = new QVBoxLayout;
-    column->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
-    column->setSpacing(kGrid);
+    PadByGrid(column);
     whole->addLayout(column, 1);
     whole->addWidget(strip_);
     strip_->LeaveOutBar();
     AddScaleEntry(*column);
     column->addWidget(chart_, 1);
-    column->addLayout(ButtonRow(
-        bound_, this,
-        {&view.cmdNewScale, &view.cmdPause, &view.cmdContinue, &view.cmdSave, &view.cmdPrint, &view.cmdEnd}));
+    column->addLayout(bound_.MakeButtonRow(this, {&view.cmdNewScale, &view.cmdPause, &view.cmdContinue,
+                                                  &view.cmdSave, &view.cmdPrint, &view.cmdEnd}));
     bound_.BindSpecial(view.Picture1, chart_, [this] { chart_->Follow(); });
     bound_.BindSpecial(view.lblStatus, &strip_->Line(), [this] { strip_->ShowLine(view_.lblStatus); });
     view_.Drawn = [this] { chart_->Follow(); };
@@ -72,11 +69,7 @@ void ChartPage::AddScaleEntry(QVBoxLayout& column) {
     row->addWidget(bound_.Make(view_.cmdOK, this));
     row->addStretch(1);
     for (int i = 0; i < row->count(); ++i) {
-        QWidget* widget = row->itemAt(i)->widget();
-        if (!widget) continue;
-        QSizePolicy keeps = widget->sizePolicy();
-        keeps.setRetainSizeWhenHidden(true);
-        widget->setSizePolicy(keeps);
+        if (QWidget* widget = row->itemAt(i)->widget()) KeepPlace(widget);
     }
     column.addLayout(row);
 }

@@ -1,25 +1,23 @@
 #include "desktop/pages/commands_page.h"
 
-#include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "desktop/kit/button_row.h"
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kGrid = 8;
 constexpr int kReadingCharacters = 14;
 
 // A field that shows one reading, in the fixed pitch in which the meter sends it.
 void AsReadingField(QWidget* widget) {
     auto* field = static_cast<QLabel*>(widget);
-    field->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    field->setFont(FixedPitchFont());
     field->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     field->setBackgroundRole(QPalette::Base);
     field->setAutoFillBackground(true);
@@ -35,8 +33,7 @@ CommandsPage::CommandsPage(CommandsView& view, QWidget* parent)
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
     auto* column = new QVBoxLayout;
-    column->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
-    column->setSpacing(kGrid);
+    PadByGrid(column);
     auto* groups = new QGridLayout;
     groups->setSpacing(kGrid);
     groups->addWidget(Readings(), 0, 0, 2, 1);
@@ -46,7 +43,7 @@ CommandsPage::CommandsPage(CommandsView& view, QWidget* parent)
     for (int i = 0; i < 3; ++i) groups->setColumnStretch(i, 1);
     column->addLayout(groups);
     column->addStretch(1);
-    column->addLayout(ButtonRow(bound_, this, {&view.cmdOK}));
+    column->addLayout(bound_.MakeButtonRow(this, {&view.cmdOK}));
     whole->addLayout(column, 1);
     whole->addWidget(strip_);
     strip_->LeaveOutBar();
@@ -123,9 +120,7 @@ QWidget* CommandsPage::RemoteDisplay() {
         column->addWidget(bound_.Make(*button, group));
     auto* help = static_cast<QLabel*>(bound_.Make(view_.lblModeC, group));
     help->setWordWrap(true);
-    QSizePolicy keeps = help->sizePolicy();
-    keeps.setRetainSizeWhenHidden(true);
-    help->setSizePolicy(keeps);
+    KeepPlace(help);
     column->addWidget(help);
     return group;
 }

@@ -8,15 +8,10 @@
 #include <algorithm>
 
 #include "desktop/kit/control_widget.h"
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
-
-namespace {
-
-constexpr int kGrid = 8;
-
-}  // namespace
 
 DigitEntryDialog::DigitEntryDialog(DigitEntry& entry, QWidget* parent)
     : QDialog(parent), entry_(entry), bound_(entry.Controls), front_(new DigitFront(entry, this)) {

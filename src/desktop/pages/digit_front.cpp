@@ -1,29 +1,24 @@
 #include "desktop/pages/digit_front.h"
 
-#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include "desktop/kit/colors.h"
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr QRgb kGlass = 0xFF16191C;  // behind the digits, whatever the screen's own colours
-constexpr QRgb kLit = 0xFFFF6A4D;
-constexpr QRgb kCaret = 0xFFFFFFFF;
 constexpr double kDigitScale = 2.4;  // of the digits to the program's font
-constexpr int kGrid = 8;
 constexpr char kEnterKey = 13;
 
 QFont DigitFont(const QWidget& widget) {
-    QFont font = widget.font();
-    font.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
-    font.setPointSizeF(font.pointSizeF() * kDigitScale);
+    QFont font = FixedPitchFont();
+    font.setPointSizeF(widget.font().pointSizeF() * kDigitScale);
     font.setBold(true);
     return font;
 }
@@ -57,7 +52,7 @@ class DigitBox : public QWidget {
         const bool chosen = isEnabled() && entry_.FocusedBox() == box_;
         const bool marked = chosen && parentWidget()->hasFocus();
         const QRectF glass = QRectF(rect()).adjusted(1, 1, -1, -1);
-        QColor ground(kGlass);
+        QColor ground = kEntryGlass;
         if (!isEnabled()) ground.setAlphaF(0.35);
         painter.setBrush(ground);
         painter.setPen(marked ? QPen(palette().color(QPalette::Highlight), 2)
@@ -71,19 +66,19 @@ class DigitBox : public QWidget {
     void DrawText(QPainter& painter, const QRectF& glass) const {
         const std::string text = entry_.BoxText(box_);
         painter.setFont(DigitFont(*this));
-        painter.setPen(QColor(kLit));
+        painter.setPen(kEntryDigit);
         if (!text.empty() && text[0] != '\0')
             painter.drawText(glass, Qt::AlignCenter, QtText(std::string_view(text).substr(0, 1)));
         if (text.size() < 2) return;
         const double size = glass.width() / 8;
-        painter.setBrush(QColor(kLit));
+        painter.setBrush(kEntryDigit);
         painter.setPen(Qt::NoPen);
         painter.drawEllipse(QRectF(glass.right() - 1.5 * size, glass.bottom() - kGrid - size, size, size));
     }
     void DrawCaret(QPainter& painter, const QRectF& glass) const {
         const double side = glass.width() / 6;
         const double left = entry_.Caret() == 0 ? glass.left() + side : glass.right() - side - 2;
-        painter.fillRect(QRectF(left, glass.top() + kGrid / 2.0, 2, glass.height() - kGrid), QColor(kCaret));
+        painter.fillRect(QRectF(left, glass.top() + kGrid / 2.0, 2, glass.height() - kGrid), kEntryCaret);
     }
 
     const DigitEntry& entry_;

@@ -1,8 +1,8 @@
 #include "desktop/pages/face_widget.h"
 
 #include <QPainter>
-#include <QPainterPath>
 
+#include "desktop/kit/colors.h"
 #include "desktop/kit/qt_text.h"
 #include "desktop/kit/segments.h"
 
@@ -12,10 +12,6 @@ namespace {
 
 constexpr int kDigits = 6;
 constexpr double kPlaces = kDigits + 1.4;  // with the sign, and some room at both ends
-
-constexpr QColor kCase(0x2B, 0x30, 0x36);
-constexpr QColor kLampOn(0xFF, 0xB3, 0x2C);
-constexpr QColor kLampOff(0x4A, 0x45, 0x3C);
 
 struct Sides {
     char Sign = ' ';
@@ -65,12 +61,12 @@ void FaceWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(kCase);
+    painter.setBrush(kFaceCase);
     const double margin = fontMetrics().lineSpacing() * 0.75;
     painter.drawRoundedRect(rect(), margin / 2, margin / 2);
     QRectF area = QRectF(rect()).adjusted(margin, margin, -margin, -margin);
     const double line = fontMetrics().lineSpacing();
-    painter.setPen(DisplayText());
+    painter.setPen(kDisplayText);
     painter.drawText(area, Qt::AlignBottom | Qt::AlignHCenter, QtText(face_.Note));
     area.setBottom(area.bottom() - 1.5 * line);
     PaintLamps(painter, {area.x(), area.bottom() - 1.5 * line, area.width(), 1.5 * line});
@@ -80,17 +76,17 @@ void FaceWidget::paintEvent(QPaintEvent*) {
 
 void FaceWidget::PaintDigits(QPainter& painter, const QRectF& area) const {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(DisplayGround());
+    painter.setBrush(kDisplayGround);
     painter.drawRoundedRect(area, 4, 4);
     const double perHeight = SegmentSize{1}.Pitch();
     const SegmentSize size{std::min(area.height() * 0.72, area.width() / kPlaces / perHeight)};
     const double width = size.Pitch() * kDigits + size.Pitch();
     QPointF corner(area.center().x() - width / 2, area.center().y() - size.Height / 2);
     const Sides sides = SidesOf(face_.Digits);
-    PaintGlyph(painter, corner, size, {sides.Sign, false}, {DisplayDigit(), DisplayUnlit(), SegG, false});
+    PaintGlyph(painter, corner, size, {sides.Sign, false}, {kDisplayDigit, kDisplayUnlit, SegG, false});
     for (const SegmentGlyph& glyph : sides.Digits) {
         corner.rx() += size.Pitch();
-        PaintGlyph(painter, corner, size, glyph, {DisplayDigit(), DisplayUnlit(), kAllSegments, true});
+        PaintGlyph(painter, corner, size, glyph, {kDisplayDigit, kDisplayUnlit, kAllSegments, true});
     }
 }
 
@@ -102,9 +98,9 @@ void FaceWidget::PaintLamps(QPainter& painter, const QRectF& area) const {
         const QRectF place(area.x() + share * static_cast<double>(i), area.y(), share, area.height());
         const QRectF light(place.x() + share * 0.12, place.center().y() - lamp / 2, lamp, lamp);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(face_.Alarms[i] ? kLampOn : kLampOff);
+        painter.setBrush(face_.Alarms[i] ? kFaceLampOn : kFaceLampOff);
         painter.drawEllipse(light);
-        painter.setPen(DisplayText());
+        painter.setPen(kDisplayText);
         const QString text = QStringLiteral("AL%1 %2").arg(i + 1).arg(face_.Alarms[i] ? "on" : "off");
         painter.drawText(place.adjusted(light.right() - place.x() + lamp / 2, 0, 0, 0),
                          Qt::AlignLeft | Qt::AlignVCenter, text);

@@ -1,19 +1,17 @@
 #include "desktop/pages/help_dialog.h"
 
 #include <QPushButton>
-#include <QScreen>
 #include <QTextCursor>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
-#include "desktop/kit/fixed_font.h"
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kGrid = 8;
 constexpr int kTwipsPerInch = 1440;
 constexpr int kStandardWidth = 7200;  // twips
 constexpr int kLines = 18;            // of text in sight; longer ones scroll
@@ -26,8 +24,7 @@ HelpDialog::HelpDialog(const HelpContent& content, QWidget* parent) : QDialog(pa
     setWindowModality(Qt::WindowModal);
     setAttribute(Qt::WA_DeleteOnClose);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
-    column->setSpacing(kGrid);
+    PadByGrid(column);
     auto* text = MakeText(content);
     column->addWidget(text);
     auto* ok = new QPushButton(QStringLiteral("OK"), this);
@@ -52,7 +49,7 @@ QTextEdit* HelpDialog::MakeText(const HelpContent& content) {
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setTabChangesFocus(true);
     if (content.FixedPitch) {
-        text->setFont(FixedPitchFont(font().pointSizeF()));
+        text->setFont(FixedPitchFont(kTableFamily));
         text->setLineWrapMode(QTextEdit::NoWrap);
     }
     QTextCursor cursor(text->document());

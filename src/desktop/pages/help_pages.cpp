@@ -1,6 +1,5 @@
 #include "desktop/pages/help_pages.h"
 
-#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -9,14 +8,13 @@
 #include <QSvgWidget>
 #include <QVBoxLayout>
 
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
-#include "help/help_text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kGrid = 8;
 constexpr int kTextCharacters = 40;  // of the text beside a drawing
 
 QPushButton* Button(const char* name, std::string_view caption, QWidget* parent) {
@@ -28,8 +26,7 @@ QPushButton* Button(const char* name, std::string_view caption, QWidget* parent)
 
 QVBoxLayout* Column(QWidget* page) {
     auto* column = new QVBoxLayout(page);
-    column->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
-    column->setSpacing(kGrid);
+    PadByGrid(column);
     return column;
 }
 
@@ -76,9 +73,7 @@ BatchHelpPage::BatchHelpPage(HelpWorld world, BatchHelpKind kind, QWidget* paren
     txtHelp_->setReadOnly(true);
     txtHelp_->setLineWrapMode(QPlainTextEdit::NoWrap);
     txtHelp_->setTabChangesFocus(true);
-    QFont fixed("Courier New");
-    fixed.setStyleHint(QFont::Monospace);
-    txtHelp_->setFont(fixed);
+    txtHelp_->setFont(FixedPitchFont(kTableFamily));
     column->addWidget(txtHelp_, 1);
     QPushButton* print = Button("cmdPrint", "Print", this);
     QPushButton* home = Button("cmdMainMenu", "Main Menu", this);

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "desktop/kit/view_page.h"
-#include "help/batch_help.h"
 #include "help/help_screens.h"
+#include "help/help_text.h"
 #include "platform/files.h"
 #include "platform/printer.h"
 #include "session/view_state.h"

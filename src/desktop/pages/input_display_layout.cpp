@@ -24,9 +24,9 @@ QWidget* ClassBox(SetupLayout& layout, QWidget* page) {
     auto* place = new QWidget(page);
     auto* rows = new QVBoxLayout(place);
     rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(kSetupGrid);
+    rows->setSpacing(kGrid);
     auto* options = new QHBoxLayout;
-    options->setContentsMargins(kSetupGrid, 0, kSetupGrid, 0);
+    options->setContentsMargins(kGrid, 0, kGrid, 0);
     for (Control* option : {&layout.View.Modes.optBasic, &layout.View.Modes.optExtended})
         options->addWidget(layout.Bound.Make(*option, place), 1);
     rows->addLayout(options);

@@ -7,14 +7,15 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 #include "desktop/pages/help_dialog.h"
+#include "shell/link_help.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kGrid = 8;
 constexpr int kFirstRow = 1;       // of a grid: an empty one counts one row
 constexpr int kCaptionWidth = 34;  // of all groups, in characters
 constexpr int kWindowWidth = 90;
@@ -29,8 +30,7 @@ LinkWindow::LinkWindow(LinkSetup& view) : view_(view), bound_(view.Controls), st
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     auto* column = new QVBoxLayout;
-    column->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
-    column->setSpacing(kGrid);
+    PadByGrid(column);
     whole->addLayout(column);
     whole->addStretch(1);
     whole->addWidget(strip_);

@@ -5,7 +5,6 @@
 
 #include "desktop/kit/binder.h"
 #include "desktop/kit/status_strip.h"
-#include "shell/link_help.h"
 #include "shell/link_setup.h"
 
 class QGridLayout;

@@ -1,18 +1,16 @@
 #include "desktop/pages/list_page.h"
 
-#include <QFontDatabase>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
-#include "desktop/kit/button_row.h"
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kGridUnit = 8;
 constexpr int kTwipsPerInch = 1440;
 constexpr int kReadingCharacters = 8;
 constexpr int kCellMargin = 2;
@@ -73,7 +71,7 @@ class ReadingGrid : public QWidget {
     // A reading has a sign, six digits and a point. Where a column is too narrow for them, they are set
     // closer together, and smaller only when that is not enough.
     void FitFont() {
-        QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        QFont font = FixedPitchFont();
         font.setPixelSize(kTallest);
         const int room = width() / ListView::kColumns - 2 * kCellMargin;
         const QString widest(kReadingCharacters, QLatin1Char('0'));
@@ -145,14 +143,13 @@ ListPage::ListPage(ListView& view, QWidget* parent)
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
     auto* column = new QVBoxLayout;
-    column->setContentsMargins(kGridUnit, kGridUnit, kGridUnit, kGridUnit);
-    column->setSpacing(kGridUnit);
+    PadByGrid(column);
     whole->addLayout(column, 1);
     whole->addWidget(strip_);
     strip_->LeaveOutBar();
     column->addWidget(grid_, 1);
     column->addLayout(
-        ButtonRow(bound_, this, {&view.cmdPause, &view.cmdContin, &view.cmdPrint, &view.cmdEnd}));
+        bound_.MakeButtonRow(this, {&view.cmdPause, &view.cmdContin, &view.cmdPrint, &view.cmdEnd}));
     bound_.BindSpecial(view.grdList, grid_, [this] { grid_->Follow(); });
     bound_.BindSpecial(view.lblStatus, &strip_->Line(), [this] { strip_->ShowLine(view_.lblStatus); });
     view_.Drawn = [this] { grid_->Follow(); };

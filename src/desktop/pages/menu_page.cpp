@@ -4,13 +4,12 @@
 #include <QHeaderView>
 #include <QVBoxLayout>
 
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
 
 namespace {
-
-constexpr int kGrid = 8;  // the pixel grid of all views
 
 // Of the layout in which overlays are placed.
 constexpr int kLayoutRow = 270;
@@ -51,8 +50,7 @@ MenuPage::MenuPage(Session& session, Printer& printer, QWidget* parent)
       cmdMainMenu_(MakeButton("cmdMainMenu", kMainMenuCaption, this)) {
     grdMain_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
-    row->setSpacing(kGrid);
+    PadByGrid(row);
     row->addWidget(grdMain_);
     row->addWidget(beside_);
     row->addStretch(1);

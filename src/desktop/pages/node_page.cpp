@@ -2,15 +2,10 @@
 
 #include <QPushButton>
 
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
-
-namespace {
-
-constexpr int kGrid = 8;
-
-}  // namespace
 
 NodePage::NodePage(NodeView& view, HomeView& home, QWidget* parent)
     : ViewPage(parent), view_(view), home_(home), text_(new QLabel(this)) {

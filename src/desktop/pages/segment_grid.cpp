@@ -11,6 +11,7 @@
 #include <QStyledItemDelegate>
 #include <vector>
 
+#include "desktop/kit/colors.h"
 #include "desktop/kit/qt_text.h"
 #include "desktop/kit/segments.h"
 #include "meter/text.h"
@@ -31,9 +32,9 @@ SegmentSize SizeOf(int rowHeight) {
 enum class PlaceKind { Name, Sign, Digit };
 
 SegmentLook LookOf(PlaceKind kind) {
-    if (kind == PlaceKind::Name) return {DisplayName(), QColor(), 0, false};
-    if (kind == PlaceKind::Sign) return {DisplayDigit(), DisplayUnlit(), SegG, false};
-    return {DisplayDigit(), DisplayUnlit(), kAllSegments, true};
+    if (kind == PlaceKind::Name) return {kDisplayName, QColor(), 0, false};
+    if (kind == PlaceKind::Sign) return {kDisplayDigit, kDisplayUnlit, SegG, false};
+    return {kDisplayDigit, kDisplayUnlit, kAllSegments, true};
 }
 
 // Draws a cell in segments, and the frame around the row that the keys move from.
@@ -43,7 +44,7 @@ class SegmentDelegate : public QStyledItemDelegate {
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
-        if ((option.state & QStyle::State_Selected) != 0) painter->fillRect(option.rect, DisplayMarked());
+        if ((option.state & QStyle::State_Selected) != 0) painter->fillRect(option.rect, kDisplayMarked);
         const SegmentSize size = SizeOf(option.rect.height());
         const double room = size.Pitch() - size.Width();
         const QPointF corner(option.rect.x() + room,
@@ -79,8 +80,8 @@ SegmentGrid::SegmentGrid(const QString& name, QWidget* parent) : QTableWidget(pa
     setItemDelegate(new SegmentDelegate(PlaceKind::Digit, this));
     Tune();
     QPalette dark = palette();
-    dark.setColor(QPalette::Base, DisplayGround());
-    dark.setColor(QPalette::Text, DisplayText());
+    dark.setColor(QPalette::Base, kDisplayGround);
+    dark.setColor(QPalette::Text, kDisplayText);
     setPalette(dark);
     SetRowHeight(static_cast<int>(fontMetrics().lineSpacing() * kRowsPerLine));
     QObject::connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {

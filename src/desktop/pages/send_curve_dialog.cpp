@@ -1,20 +1,18 @@
 #include "desktop/pages/send_curve_dialog.h"
 
-#include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "desktop/kit/button_row.h"
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kGrid = 8;
 constexpr int kTextLines = 20;  // the explanation, and what the transfer writes below it
 constexpr int kTextColumns = 78;
 
@@ -24,10 +22,9 @@ SendCurveDialog::SendCurveDialog(SendCurveView& view, QWidget* parent)
     : QDialog(parent), view_(view), bound_(view.Controls) {
     setWindowTitle(QtText(SendCurveView::kTitle));
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
-    column->setSpacing(kGrid);
+    PadByGrid(column);
     auto* text = static_cast<QLabel*>(bound_.Make(view.picSend, this));
-    text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    text->setFont(FixedPitchFont());
     text->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     text->setBackgroundRole(QPalette::Base);
     text->setAutoFillBackground(true);
@@ -50,7 +47,7 @@ SendCurveDialog::SendCurveDialog(SendCurveView& view, QWidget* parent)
         bound_.WidgetOf(*entry)->setAccessibleName(QtText(label->Caption));
     }
     column->addLayout(grid);
-    column->addLayout(ButtonRow(bound_, this, {&view.cmdGo, &view.cmdDone}));
+    column->addLayout(bound_.MakeButtonRow(this, {&view.cmdGo, &view.cmdDone}));
     bound_.Refresh();
 }
 

@@ -1,6 +1,5 @@
 #include "desktop/pages/setup_layout.h"
 
-#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <algorithm>
 
@@ -46,9 +45,9 @@ void SetupLayout::Follow() {
 
 BoxColumn::BoxColumn(SetupLayout& layout, QWidget* box, CaptionColumn& captions)
     : layout_(layout), box_(box), captions_(captions), grid_(new QGridLayout(box)) {
-    grid_->setContentsMargins(kSetupGrid, kSetupGrid, kSetupGrid, kSetupGrid);
-    grid_->setVerticalSpacing(kSetupGrid / 2);
-    grid_->setHorizontalSpacing(kSetupGrid);
+    grid_->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
+    grid_->setVerticalSpacing(kGrid / 2);
+    grid_->setHorizontalSpacing(kGrid);
 }
 
 CaptionRow* BoxColumn::Add(Control& frame, Control& inner) {
@@ -77,7 +76,7 @@ void BoxColumn::AddAlternatives(std::initializer_list<const Framed*> pairs) {
 
 void BoxColumn::AddSide(std::initializer_list<Control*> controls) {
     auto* side = new QHBoxLayout;
-    side->setSpacing(kSetupGrid);
+    side->setSpacing(kGrid);
     for (Control* control : controls) {
         QWidget* widget = layout_.Bound.Make(*control, box_);
         KeepPlace(widget);
@@ -92,25 +91,12 @@ void BoxColumn::AddWidget(QWidget* widget) {
 
 QGridLayout* MakePageGrid(QWidget* page, int columns) {
     auto* grid = new QGridLayout(page);
-    grid->setContentsMargins(kSetupGrid, kSetupGrid, kSetupGrid, kSetupGrid);
-    grid->setSpacing(kSetupGrid);
+    PadByGrid(grid);
     for (int i = 0; i < columns; ++i) {
         grid->setColumnStretch(i, 1);
         grid->setColumnMinimumWidth(i, 1);
     }
     return grid;
-}
-
-void KeepPlace(QWidget* widget) {
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
-}
-
-QFont FixedPitchFont() {
-    QFont font;
-    font.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
-    return font;
 }
 
 }  // namespace counter

@@ -10,11 +10,10 @@
 
 #include "desktop/kit/binder.h"
 #include "desktop/kit/control_widget.h"
+#include "desktop/kit/grid.h"
 #include "setup_view/setup_view.h"
 
 namespace counter {
-
-inline constexpr int kSetupGrid = 8;  // the pixel grid of all views
 
 // Rows whose captions have one width, in one box or in boxes that stand below one another.
 struct CaptionColumn {
@@ -67,11 +66,8 @@ class BoxColumn {
 
 // A grid of boxes with the page's margins; columns of one width.
 QGridLayout* MakePageGrid(QWidget* page, int columns);
-// A hidden widget keeps its place.
-void KeepPlace(QWidget* widget);
-// Columns by spaces stay columns; the size follows the program's font.
-QFont FixedPitchFont();
 
+// Each in NAME_layout.cpp, those of one kind of box in plain_layouts.cpp.
 void LayOutInputDisplay(SetupLayout& layout, QWidget* page);
 void LayOutScaling(SetupLayout& layout, QWidget* page);
 void LayOutFilter(SetupLayout& layout, QWidget* page);

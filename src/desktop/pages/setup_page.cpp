@@ -3,7 +3,6 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QScrollArea>
-#include <QTabBar>
 #include <QVBoxLayout>
 
 #include "desktop/kit/qt_text.h"
@@ -25,8 +24,7 @@ SetupPage::SetupPage(SetupView& view, QWidget* parent)
       tabs_(new QTabWidget(this)),
       dialog_(new DigitEntryDialog(entry_, this)) {
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(kSetupGrid, kSetupGrid, kSetupGrid, kSetupGrid);
-    column->setSpacing(kSetupGrid);
+    PadByGrid(column);
     column->addWidget(tabs_, 1);
     AddPages();
     column->addWidget(MakeFoot());
@@ -78,15 +76,15 @@ QWidget* SetupPage::MakeFoot() {
     auto* foot = new QWidget(this);
     auto* row = new QHBoxLayout(foot);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(kSetupGrid);
+    row->setSpacing(kGrid);
     row->addWidget(bound_.Make(buttons.cmdRead, foot));
     auto* reading = static_cast<QLabel*>(bound_.Make(buttons.lblValue, foot));
     reading->setFont(FixedPitchFont());
     reading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    reading->setMargin(kSetupGrid / 2);
+    reading->setMargin(kGrid / 2);
     reading->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     reading->setMinimumWidth(reading->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kReadingCharacters +
-                             2 * kSetupGrid);
+                             2 * kGrid);
     row->addWidget(reading);
     row->addWidget(bound_.Make(buttons.picText, foot), 1);
     row->addWidget(bound_.Make(buttons.cmdMainMenu, foot));

@@ -1,5 +1,5 @@
 // The batch reference: how the box builds its text, and the texts that come with the program.
-#include "help/batch_help.h"
+#include "help/help_text.h"
 
 #include <gtest/gtest.h>
 

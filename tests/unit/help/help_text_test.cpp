@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "help/help_segments.h"
 #include "support/memory_files.h"
 
 namespace counter {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <sstream>
+
 namespace sim {
 namespace {
 
@@ -22,6 +25,19 @@ TEST(Options, LegalFaults) {
         EXPECT_EQ(ParseFault(text, fault), "");
         EXPECT_EQ(fault, expected) << text;
     }
+}
+
+TEST(Options, HelpListsEveryFaultAsItIsSpelled) {
+    std::istringstream help(FaultHelp());
+    int kind = 0;
+    for (std::string line; std::getline(help, line); ++kind) {
+        std::string spelling = line.substr(2, line.find(' ', 2) - 2);
+        for (char& c : spelling) c = std::isupper(c) ? '1' : c;  // "=AT,MS" takes two numbers
+        Fault fault;
+        EXPECT_EQ(ParseFault("*:" + spelling, fault), "");
+        EXPECT_EQ(fault.Kind, static_cast<FaultKind>(kind)) << line;
+    }
+    EXPECT_EQ(kind, static_cast<int>(FaultKind::Twice) + 1);
 }
 
 TEST(Options, IllegalTextsChangeNothingAndSayWhatIsLegal) {

@@ -1,5 +1,5 @@
 // The trace: a line a frame, pieces of a reply joined.
-#include "platform/trace_port.h"
+#include "platform/trace.h"
 
 #include <gtest/gtest.h>
 
