@@ -20,4 +20,3 @@ echo "counter-setup to its painted home view (A) against an empty QMainWindow pr
 "$bin/bench_process" 21 "$bin/bench_home_window" "$work/desk" -- "$bin/bench_empty_window"
 "$bin/bench_desktop"
 "$bin/bench_stream_window"
-"$bin/bench_week"

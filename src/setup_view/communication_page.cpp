@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "meter/text.h"
 #include "meter/meter_words.h"
+#include "meter/text.h"
 #include "setup_view/setup_view.h"
 
 namespace counter {

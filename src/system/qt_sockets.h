@@ -45,8 +45,8 @@ class QtTcpSocket : public TcpSocket {
     void Send(std::string_view bytes) override;
     void Close() override;
 
-    // The port that is listened at, another than was asked for only where that was 0; 0 where there is none. For
-    // tests.
+    // The port that is listened at, another than was asked for only where that was 0; 0 where there is none.
+    // For tests.
     int LocalPort() const;
 
   private:

@@ -51,22 +51,6 @@ struct BinderBench {
     }
 };
 
-TEST(Binder, AUserActsThroughTheForm) {
-    BinderBench bench;
-    auto* list = bench.Of<QComboBox>(bench.List.Inner);
-    list->setFocus();
-    QTest::keyClick(list, Qt::Key_Down);
-    EXPECT_EQ(bench.List.Inner.ListIndex, 0);
-    QTest::mouseClick(bench.Of<QWidget>(bench.Box), Qt::LeftButton, {}, QPoint(6, 10));
-    EXPECT_EQ(bench.Box.Value, 1);
-    QTest::mouseClick(bench.Of<QWidget>(bench.Button), Qt::LeftButton);
-    QTest::keyClicks(bench.Of<QWidget>(bench.Text), "12");
-    EXPECT_EQ(bench.Text.Text, "12");
-    QTest::keyClick(bench.Of<QWidget>(bench.Value), Qt::Key_Space);
-    QTest::mouseClick(bench.Of<QWidget>(bench.Value), Qt::RightButton);
-    EXPECT_EQ(bench.Ran, 7);
-}
-
 TEST(Binder, ShowingWhatARuleSetIsNoActionOfAUser) {
     BinderBench bench;
     bench.Live = false;

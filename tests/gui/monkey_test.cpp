@@ -207,7 +207,7 @@ TEST(Monkey, BreaksNothing) {
     bool chosen = false;
     unsigned seed = qEnvironmentVariableIntValue("MONKEY_SEED", &chosen);
     const unsigned last = minutes > 0 ? ~0U : chosen ? seed : 12;
-    const int acts = minutes > 0 || chosen ? 400 : 100;
+    const int acts = minutes > 0 || chosen ? 400 : 150;
     QElapsedTimer running;
     running.start();
     for (; seed <= last && !HasFailure(); ++seed) {

@@ -91,22 +91,6 @@ TEST(SetupPage, WidgetsFollowTheFormOnEveryPage) {
     }
 }
 
-TEST(SetupPage, AChangeOfModeStaysConsistent) {
-    SetupWindow window("143=01");
-    for (int board : {1, 2, 3, 0}) {
-        window.Pick("cboInOpt", board);
-        for (int mode = window.Of("cboMode").Entries.size() > 1 ? 1 : 0;
-             mode < static_cast<int>(window.Of("cboMode").Entries.size()); ++mode) {
-            window.Pick("cboMode", mode);
-            const std::string when = "board " + std::to_string(board) + ", mode " + std::to_string(mode);
-            ExpectSame(window, when);
-            window.ClickTab(kScalingTab);
-            ExpectSame(window, when + ", scaling");
-            window.ClickTab(kInputTab);
-        }
-    }
-}
-
 struct Edit {
     const char* Name;
     int Tab;
@@ -119,6 +103,7 @@ struct Edit {
 // clang-format off
 constexpr Edit kEdits[] = {
     {"Display Type",        0, "cboDType",         1, 185, "1"},
+    {"Mode",                0, "cboMode",          2, 199, "2"},
     {"control inputs",      0, "cboExtAB",         5, 198, "5"},
     {"Basic",               0, "optBasic",        -1, 186, "0"},
     {"Multiplier 1",        1, "cboMult1[0]",      3, 166, "3"},

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "desktop/pages/link_window.h"
+#include "support/fixed_catalog.h"
 #include "support/gui_bench.h"
 
 namespace counter::test {
@@ -66,12 +67,8 @@ inline void TourReadings(GuiBench& bench, const TourStop& stop) {
 }
 
 inline void TourLink(const TourStop& stop) {
-    struct NoPorts : PortCatalog {
-        std::vector<PortDescription> Ports() const override {
-            return {{"/dev/ttyUSB0", "USB-Serial Converter", ""}};
-        }
-        std::string DeviceOf(int) const override { return "/dev/ttyUSB0"; }
-    } catalog;
+    FixedCatalog catalog;
+    catalog.Known = {{"/dev/ttyUSB0", "USB-Serial Converter", ""}};
     GuiPump pump;
     MemoryFiles store;
     MeterLine line(pump, {});

@@ -31,8 +31,10 @@ namespace {
 namespace fs = std::filesystem;
 
 // The tool with a meter at its port and files on the disk.
-struct KillBench {
+struct KillBench : CliBenchOf<DiskFiles> {
     KillBench() {
+        Home = Folder.Path;
+        Make = [this] { return std::make_unique<BorrowedMachine>(Clock, *Plugged); };
         BuildDefaultSetup(Program.Image);
         Other = Program.Image;
         DigitsPut(Other, 191, "60");
@@ -45,15 +47,9 @@ struct KillBench {
     std::string At(const std::string& name) const { return Folder.At(name); }
     // Each of these is false where the action did not end well.
     bool Lay(const Words& settings) { return Store.Write(At("Settings.SSS"), SettingsOf(settings)).Ok(); }
-    bool Cli(Words words, const std::string& script = "") {
-        std::istringstream in(script);
-        std::ostringstream out, err;
-        const auto machine = [this](const std::string&) {
-            return std::make_unique<BorrowedMachine>(Clock, *Plugged);
-        };
-        const CliWorld world{out, err, false, Store, [this] { return Folder.Path; }, machine, in};
-        const int status = RunLine(world, words);
-        if (status != kDone) std::cerr << words[0] << ": " << err.str();
+    bool Cli(const Words& words, const std::string& script = "") {
+        const int status = Run(words, script);
+        if (status != kDone) std::cerr << words[0] << ": " << Err;
         return status == kDone;
     }
     // The same with a meter whose setup is the old or the new one.
@@ -72,7 +68,6 @@ struct KillBench {
     }
 
     TempFolder Folder;
-    DiskFiles Store;
     VirtualPump Clock;
     RecordedDialogs Boxes;
     TriedDevice Tried;
@@ -103,8 +98,8 @@ bool GiveUpNode(KillBench& bench, bool newer) {
 }
 
 bool SaveLink(KillBench& bench, bool newer) {
-    BorrowedMachine machine(bench.Clock, bench.Ascii);
-    LinkSetup view({bench.Clock, bench.Ascii, bench.Tried, machine, {bench.Store, bench.Folder.Path}});
+    const FixedCatalog ports;
+    LinkSetup view({bench.Clock, bench.Ascii, bench.Tried, ports, {bench.Store, bench.Folder.Path}});
     view.Load();
     view.Controls.Type(view.txtDevice, "/dev/null");
     view.Controls.Select(view.cboBaud, newer ? 6 : 5);

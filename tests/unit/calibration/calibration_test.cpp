@@ -39,34 +39,6 @@ TEST(Calibration, FindsTheErrorOfTheTimeBase) {
     }
 }
 
-// What was not read can't be put back: there the meter keeps its test scale or exponent.
-TEST(Calibration, RunsOnWithoutRepliesAndPutsBackWhatItRead) {
-    const struct {
-        const char* SilentAt;
-        const char* Frames;  // of the exponent, the reading, then what is put back and the factor
-        const char* Words;
-        int LinkError;
-    } cases[] = {
-        // clang-format off
-        {"A1",    "*1W1240700; 3300 *1B1; 1560 *1W3118000FF0186A0Z; 1300 *1W1240500Z; 1300 *1W12B801E",                 "8000FF0186A0 0500 801E", 0},
-        {"X311Z", "*1W1240700; 3300 *1B1; 1560 *1W311Z; 1300 *1W1240500Z; 1300 *1W12B801E",                             "0000000DBBA0 0500 801E", 21},
-        {"X124Z", "*1W1248700FF0186A0; 3300 *1B1; 1560 *1W3118000FF0186A0Z; 1300 *1W1248000FF0186A0Z; 1300 *1W12B752F", "8000FF0186A0 0500 752F", 21},
-        {"B1",    "*1W1240700; 3300 *1B1; 4300 *1W3118000FF0186A0Z; 1300 *1W1240500Z; 1300 *1W12B752F",                 "8000FF0186A0 0500 752F", 21},
-        {"all",   "*1W124; 3300 *1B1; 4300 *1W311Z; 1300 *1W124Z; 1300 *1W12B752F",                                     "8000FF0186A0 0500 8064", 21},
-        {"half of X311Z", "*1W1240700; 3300 *1B1; 1560 *1W3110186A00186A0Z; 1300 *1W1240500Z; 1300 *1W12B801E",         "0186A00186A0 0500 801E", 1},
-        // clang-format on
-    };
-    for (const auto& c : cases) {
-        CalibrationBench bench;
-        bench.Meter.SilentAt = c.SilentAt;
-        const int noted = RunOn(bench).LinkError;
-        const std::string story = bench.Port.Story();
-        EXPECT_EQ(story.substr(story.find("*1W124")), c.Frames) << c.SilentAt;
-        EXPECT_EQ(bench.Meter.Words(), c.Words) << c.SilentAt;
-        EXPECT_EQ(noted, c.LinkError) << c.SilentAt;
-    }
-}
-
 // Nothing tells of a write that the meter did not take: what follows is sent all the same.
 TEST(Calibration, ALostWriteCostsNoMoreThanItsWord) {
     const struct {

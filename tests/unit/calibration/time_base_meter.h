@@ -18,8 +18,8 @@ struct TimeBaseMeter {
     std::string Words() const { return Word311 + " " + Word124 + " " + Word12B; }
     std::string Answer(const std::string& frame) {
         const std::string command = frame.substr(2);
-        if (command == SilentAt || SilentAt == "all") return "-";
-        if (command == "X311Z") return SilentAt == "half of X311Z" ? Word311.substr(6) : Word311;
+        if (command == SilentAt) return "-";
+        if (command == "X311Z") return Word311;
         if (command == "X124Z") return Word124;
         if (command == "B1") return Reading();
         for (std::string* word : {&Word311, &Word124, &Word12B}) {

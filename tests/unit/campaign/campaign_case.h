@@ -69,33 +69,24 @@ inline std::string SettingsFor(const Road& road) {
     return SettingsOf(keys);
 }
 
-struct CaseBench {
+struct CaseBench : CliBench {
+    struct NetMachine : BorrowedMachine {
+        explicit NetMachine(CaseBench& bench) : BorrowedMachine(bench.Clock, bench.Line), Bench(bench) {}
+        counter::Sockets Sockets() override { return Bench.Net.Both(); }
+        CaseBench& Bench;
+    };
     CaseBench(const Road& road, const Contents& files, const sim::MeterOptions& options)
         : On(road), Line(Clock, road.Node ? sim::MeterOptions{} : options), Net(Clock, options) {
         Store.Contents = files;
         Store.Contents["home/Settings.SSS"] = SettingsFor(road);
+        Make = [this] { return std::make_unique<NetMachine>(*this); };
     }
     sim::Meter& Meter() { return On.Node ? Net.TheNode().Behind() : Line.Meter(); }
 
-    int Run(const Words& words) {
-        struct NetMachine : BorrowedMachine {
-            explicit NetMachine(CaseBench& bench) : BorrowedMachine(bench.Clock, bench.Line), Bench(bench) {}
-            counter::Sockets Sockets() override { return Bench.Net.Both(); }
-            CaseBench& Bench;
-        };
-        const LineEnd end = RunOn(
-            Store, [this] { return std::make_unique<NetMachine>(*this); }, words);
-        Out = end.Out;
-        Err = end.Err;
-        return end.Status;
-    }
-
     const Road& On;
     VirtualPump Clock;
-    MemoryFiles Store;
     MeterLine Line;
     NodeNet Net;
-    std::string Out, Err;
 };
 
 // Without the head; as much as tells frames apart.

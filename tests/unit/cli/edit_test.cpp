@@ -213,10 +213,6 @@ TEST(ShowSetup, JsonHasEveryPart) {
     EditBench bench;
     EXPECT_EQ(bench.Run({"show", "d", "--as", "setup", "--json"}), 0) << bench.Err;
     const Json view = bench.View();
-    Words keys;
-    const auto ordered = nlohmann::ordered_json::parse(bench.Out);
-    for (const auto& item : ordered.items()) keys.push_back(item.key());
-    EXPECT_EQ(keys, (Words{"tab", "tabs", "controls", "values", "messages", "ended", "setup"}));
     EXPECT_EQ(view["tab"], 0);
     EXPECT_EQ(view["tabs"].size(), 7U);
     EXPECT_EQ(view["tabs"][2], Json({{"caption", "Filter"}, {"offered", true}}));
@@ -225,8 +221,6 @@ TEST(ShowSetup, JsonHasEveryPart) {
         "DisplayType":0,"ClockMode":0,"DecPt1":1,"DecPt2":1,"ItemLevel":0,"ItemCount":2,"ItemRow":1,
         "ModeWord":16708,"FilteredItem":1,"SourceItems":2,"ItemDecPts":[1,1,1,1],"RelayOption":1,"CommOption":1,
         "AnalogOption":2,"ProtocolCode":0,"PresetActive":0,"CutoffActive":0})"));
-    EXPECT_EQ(view["messages"], Json::array());
-    EXPECT_EQ(view["ended"], false);
     std::string setup = bench.Store.Contents["d"].substr(0, 260);
     EXPECT_EQ(view["setup"], setup.replace(166, 2, "05")) << "Item 3 is no source here, and is repaired";
     const struct {
@@ -258,21 +252,6 @@ TEST(ShowSetup, TextIsAPageByTabAndFrame) {
         "  <Main Menu>                                                   cmdMainMenu\n",
     };
     for (const char* line : lines) EXPECT_NE(bench.Out.find(line), std::string::npos) << line << bench.Out;
-}
-
-// Byte soup is shown and edited without a crash, and what is written keeps its length.
-TEST(ShowSetup, BearsAnyImage) {
-    EditBench bench;
-    for (unsigned seed = 1; seed <= 40; ++seed) {
-        std::string soup;
-        for (unsigned i = 0; i < 180 + seed * 4; ++i)
-            soup += "0123456789ABCDEFxyz \xB5"[(seed * 31 + i * i * 7) % 21];
-        bench.Store.Contents["d"] = soup;
-        EXPECT_EQ(bench.Run({"show", "d", "--as", "setup"}), 0);
-        EXPECT_EQ(bench.Edit(""), 0) << bench.Err;
-        EXPECT_TRUE(Json::accept(bench.Out));
-        EXPECT_EQ(bench.Store.Contents["e"].size(), std::max<std::size_t>(soup.size(), 260) + 2);
-    }
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "cli/cli.h"
+#include "support/fixed_catalog.h"
+#include "support/memory_files.h"
 #include "support/virtual_pump.h"
 
 namespace counter::test {
@@ -25,19 +27,7 @@ struct LeakyOutput : std::stringbuf {
     }
 };
 
-// A machine without ports, whose clock and line outlive the command.
-struct BorrowedMachine : Machine, PortCatalog {
-    BorrowedMachine(counter::Pump& clock, SerialPort& line) : Clock(clock), Line(line) {}
-    counter::Pump& Pump() override { return Clock; }
-    SerialPort& Port() override { return Line; }
-    const PortCatalog& Catalog() override { return *this; }
-    std::vector<PortDescription> Ports() const override { return {}; }
-    std::string DeviceOf(int) const override { return "port"; }
-    counter::Pump& Clock;
-    SerialPort& Line;
-};
-
-inline int RunLine(const CliWorld& world, const std::vector<std::string>& words) {
+inline int RunLine(const CliWorld& world, const Words& words) {
     std::vector<const char*> argv = {"counterctl"};
     for (const std::string& word : words) argv.push_back(word.c_str());
     try {
@@ -47,21 +37,47 @@ inline int RunLine(const CliWorld& world, const std::vector<std::string>& words)
     }
 }
 
-struct LineEnd {
-    int Status = 0;
-    std::string Out, Err;
+// A machine whose clock and line outlive the command.
+struct BorrowedMachine : Machine {
+    BorrowedMachine(counter::Pump& clock, SerialPort& line) : Clock(clock), Line(line) {}
+    counter::Pump& Pump() override { return Clock; }
+    SerialPort& Port() override { return Line; }
+    const PortCatalog& Catalog() override { return Known; }
+    counter::Pump& Clock;
+    SerialPort& Line;
+    FixedCatalog Known;
 };
 
-// Run away from a terminal, in the program folder "home", on whatever machine is made.
-inline LineEnd RunOn(Files& store, const std::function<std::unique_ptr<Machine>()>& machine,
-                     const Words& words, const std::string& input = "") {
-    std::istringstream in(input);
-    std::ostringstream out, err;
-    const auto make = [&](const std::string&) { return machine(); };
-    const auto home = [] { return std::string("home"); };
-    const auto exit = [](int status) { throw ProcessEnded{status}; };
-    const int status = RunLine({out, err, false, store, home, make, in, exit}, words);
-    return {status, out.str(), err.str()};
-}
+// counterctl as a user finds it, in a program folder of its own.
+template <class Storage>
+struct CliBenchOf {
+    Storage Store;
+    std::string Home = "home";
+    std::function<std::unique_ptr<Machine>()> Make;  // empty: the commands need none
+    bool Terminal = false;                           // at both ends
+    std::streamsize OutRoom = 1'000'000'000;         // characters until standard output takes no more
+    std::string Out, Err;
+
+    int Run(const Words& words, const std::string& input = "") {
+        std::istringstream in(input);
+        std::ostringstream err;
+        LeakyOutput written;
+        written.Room = OutRoom;
+        std::ostream out(&written);
+        const auto machine = [this](const std::string&) { return Make(); };
+        const auto home = [this] { return Home; };
+        const auto exit = [](int status) { throw ProcessEnded{status}; };
+        const int status = RunLine({out, err, Terminal, Store, home, machine, in, exit, Terminal}, words);
+        Out = written.str();
+        Err = err.str();
+        return status;
+    }
+    std::string LastErrLine() const {
+        const std::string text = Err.substr(0, Err.find_last_not_of('\n') + 1);
+        return text.substr(text.find_last_of('\n') + 1);
+    }
+};
+
+using CliBench = CliBenchOf<MemoryFiles>;
 
 }  // namespace counter::test

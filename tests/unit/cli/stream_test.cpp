@@ -3,10 +3,8 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "run_line.h"
-#include "support/memory_files.h"
 #include "support/meter_line.h"
 
 namespace counter::test {
@@ -16,29 +14,16 @@ long LinesOf(const std::string& text) {
     return std::count(text.begin(), text.end(), '\n');
 }
 
-// A machine with a simulated meter, both outliving the command.
-struct StreamCli {
+struct StreamCli : CliBench {
     VirtualPump Clock;
     MeterLine Line{Clock, {}};
-    MemoryFiles Store;
-    LeakyOutput Written;
-    std::string Out, Err;
 
+    explicit StreamCli(const char* settings = kAsciiSettings) {
+        Store.Contents["home/Settings.SSS"] = settings;
+        Make = [this] { return std::make_unique<BorrowedMachine>(Clock, Line); };
+    }
     void FeedEvery(double ms, const std::string& frames) {
         Clock.After(ms, [this, ms, frames] { Line.Inject(frames), FeedEvery(ms, frames); });
-    }
-    int Run(const Words& words, const char* settings = kAsciiSettings) {
-        Store.Contents["home/Settings.SSS"] = settings;
-        std::ostream out(&Written);
-        std::ostringstream err;
-        const auto machine = [this](const std::string&) {
-            return std::make_unique<BorrowedMachine>(Clock, Line);
-        };
-        const CliWorld world{out, err, false, Store, [] { return std::string("home"); }, machine};
-        const int status = RunLine(world, words);
-        Out = Written.str();
-        Err = err.str();
-        return status;
     }
     std::string LastOfTheStream() const {
         std::string last;
@@ -68,7 +53,7 @@ TEST(Stream, EndsAndAlwaysStopsTheMeter) {
         {"line away while it prepares", {},   lineGoes(1000),    3, 0, 0, "( 27)\n"},
         {"no answer",   {},                   [](StreamCli& c) { c.Line.Unplug(); }, 3, 0, 0, "( 21)\n"},
         {"full disk",   {"--csv", "/a.csv"},  [](StreamCli& c) { c.Store.AppendRoom = 400; }, 2, 8, 12, "counterctl: /a.csv: No space left on device\n"},
-        {"closed pipe", {},                   [](StreamCli& c) { c.Written.Room = 40; }, 2, 2, 8, "counterctl: standard output: can't be written\n"},
+        {"closed pipe", {},                   [](StreamCli& c) { c.OutRoom = 40; }, 2, 2, 8, "counterctl: standard output: can't be written\n"},
     };
     // clang-format on
     for (const auto& c : cases) {
@@ -162,9 +147,9 @@ TEST(Stream, IsRefusedBeforeAnythingIsSent) {
     };
     // clang-format on
     for (const auto& c : cases) {
-        StreamCli cli;
+        StreamCli cli(c.Settings);
         cli.Store.Refused.insert("/no.csv");
-        EXPECT_EQ(cli.Run(c.Line, c.Settings), c.Status) << c.Says;
+        EXPECT_EQ(cli.Run(c.Line), c.Status) << c.Says;
         EXPECT_NE(cli.Err.find(c.Says), std::string::npos) << cli.Err;
         EXPECT_TRUE(cli.Line.Sent().empty());
     }

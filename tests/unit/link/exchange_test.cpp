@@ -1,4 +1,5 @@
-// One exchange on the virtual clock: pauses, silence, echo, and every way in which a receive can end.
+// One exchange on the virtual clock: pauses, silence, replies. What a fault makes of one is in the table of
+// faults.
 #include "link/exchange.h"
 
 #include <gtest/gtest.h>
@@ -131,57 +132,12 @@ TEST(Receive, SilenceLongerThanTheGapEndsAReply) {
     }
 }
 
-TEST(Receive, ALongReplyInPiecesIsOne) {
-    QuietBench bench;
-    for (int piece = 0; piece < 100; ++piece) bench.Line.InjectAfter(310 + piece * 60, "A5");
-    bench.Line.InjectAfter(310 + 6000, "\r");
-    AskAscii(bench.L(), "XR1AZ");
-    EXPECT_EQ(bench.State().LinkError, 0);
-    EXPECT_EQ(bench.State().ReplyText.size(), 200U);
-}
-
 // As in continuous output, at the end of which this test would be much later.
 TEST(Receive, AMeterThatNeverFallsSilentIsHeardForHalfAMinute) {
     QuietBench bench;
     for (int reading = 0; reading < 2000; ++reading) bench.Line.InjectAfter(310 + reading * 50, "  12.3\r");
     EXPECT_EQ(bench.Pump.Took([&] { AskAscii(bench.L(), "XR1AZ"); }), 310 + 200 + 30'000);
     EXPECT_EQ(bench.State().ReplyText, "12.3") << "too short for its caller";
-}
-
-TEST(Receive, EchoIsRemovedOrMissed) {
-    const struct {
-        const char *Name, *Reply;
-        int LinkError;
-    } cases[] = {
-        {"echo and reply", "*1G130\r\n49\r", 0},
-        {"wrong echo", "*1G131\r\n49\r", 22},
-        {"no echo", "49\r", 22},
-        {"echo alone", "*1G130\r\n", 23},
-    };
-    for (const auto& c : cases) {
-        QuietBench bench({"CommsEnabled=2"});
-        bench.Line.InjectAfter(310, c.Reply);
-        AskAscii(bench.L(), "G130");
-        EXPECT_EQ(bench.State().LinkError, c.LinkError) << c.Name;
-    }
-}
-
-TEST(Receive, ALineThatGoesAwayIs27AtEveryPoint) {
-    const struct {
-        const char* Name;
-        double GoesMs, TookMs;
-    } cases[] = {
-        {"before the first character", 305, 305},
-        {"while the first part comes", 400, 510},
-        {"in the gap", 530, 530},
-    };
-    for (const auto& c : cases) {
-        QuietBench bench;
-        bench.Line.InjectAfter(310, "49");
-        bench.Pump.After(c.GoesMs, [&] { bench.Line.GoAway(); });
-        EXPECT_NEAR(bench.Pump.Took([&] { AskAscii(bench.L(), "G130"); }), c.TookMs, 0.01) << c.Name;
-        EXPECT_EQ(bench.State().LinkError, 27) << c.Name;
-    }
 }
 
 TEST(Receive, APortThatIsNotOpenIs27AtOnce) {

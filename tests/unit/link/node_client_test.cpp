@@ -16,27 +16,6 @@ using Words = std::vector<std::string>;
 
 const std::string kKeepAlive = TextOfHex("0080A30102035A93D1C07E42010105FF");
 
-TEST(Login, TakesAsManyTriesAsItNeeds) {
-    const struct {
-        const char* Name;
-        Words Faults;
-        std::size_t Tries;
-        double Ms;
-    } cases[] = {
-        {"at once", {}, 1, 0},
-        {"late", {"login:late=2500"}, 1, 2500},
-        {"the first two are lost", {"login#1:noreply", "login#2:noreply"}, 3, 8000},
-        {"later than the next try", {"login#1:late=6000", "login#2:noreply"}, 2, 6000},
-        {"at the last moment", {"login:late=39999"}, 10, 39999},
-    };
-    for (const auto& c : cases) {
-        NodeBench bench({}, c.Faults);
-        EXPECT_EQ(bench.Pump.Took([&] { EXPECT_TRUE(bench.LogIn()) << c.Name; }), c.Ms) << c.Name;
-        EXPECT_EQ(bench.Net.Datagrams.size(), c.Tries) << c.Name;
-        EXPECT_EQ(bench.State().NodeFirstRun, 0) << c.Name;
-    }
-}
-
 TEST(Login, GivesUpAfterTenTriesOfTheSameDatagram) {
     NodeBench bench({"NodeUdpPort=1234"}, {"login:noreply"});
     std::vector<int> tries;

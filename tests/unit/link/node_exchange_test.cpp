@@ -118,30 +118,6 @@ TEST(NodeReceive, WaitsLongerOnASlowLine) {
     }
 }
 
-TEST(NodeReceive, StatusFramesAreNoReply) {
-    QuietNode bench;
-    bench.ArriveAfter(1400, TextOfHex("5A93D1C07E420080A301020305040000000000"));
-    bench.ArriveAfter(1500, TextOfHex("5A93D1C07E42313233343536050437380D0A41"));
-    bench.ArriveAfter(1600, "49\r\n");
-    AskAscii(bench.L(), "G130");
-    EXPECT_EQ(bench.State().ReplyText, "49");
-}
-
-TEST(NodeReceive, AConnectionThatBreaksEndsTheWaitBehindTheBox) {
-    for (const char* protocol : {"SerialProtocol=0", "SerialProtocol=1"}) {
-        QuietNode bench({protocol});
-        bench.Pump.After(2000, [&] { bench.Net.Break(); });
-        const double start = bench.Pump.NowMs();
-        bench.State().ModbusLink == 0 ? AskAscii(bench.L(), "G130") : AskModbus(bench.L(), "0300450001");
-        EXPECT_EQ(bench.Pump.NowMs() - start, 2000);
-        EXPECT_EQ(bench.State().LinkError, 0);
-        EXPECT_EQ(bench.State().ReplyText, "");
-        ASSERT_EQ(bench.Boxes.Shown.size(), 1U);
-        EXPECT_FALSE(LineHolds(bench.L()));
-        EXPECT_EQ(bench.State().LinkError, 27);
-    }
-}
-
 TEST(NodeReceive, WhatArrivedBeforeTheBreakCounts) {
     QuietNode bench;
     bench.ArriveAfter(1400, "49\r\n");

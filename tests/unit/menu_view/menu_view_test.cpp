@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "menu_bench.h"
 
 namespace counter::test {
@@ -112,6 +114,29 @@ TEST(MenuView, OverlaysFollowTheScrolling) {
         const Overlay places[] = {view.InputPlace, view.Scale1Place, view.Scale2Place, view.NoChangePlace};
         for (std::size_t i = 0; i < tops.size(); ++i) tops[i] = places[i].Visible ? places[i].Top : kHidden;
         EXPECT_EQ(tops, c.Tops) << c.Form197 << ", first row " << c.FirstVisibleRow;
+    }
+}
+
+// Short and long ones too, and such as are not only digits.
+TEST(MenuView, OfAnyImageHasAtMost49RowsOfFilledCells) {
+    std::mt19937 dice(20260304);  // the same run each time
+    const auto below = [&](unsigned count) { return static_cast<int>(dice() % count); };
+    MenuBench bench;
+    std::string& digits = bench.Image.SetupData;
+    for (int run = 0; run < 50000; ++run) {
+        digits.resize(run % 8 == 0 ? static_cast<std::size_t>(below(400)) : 260);
+        const std::size_t length = digits.size();
+        for (char& c : digits)
+            c = run % 4 != 1 || below(2) == 0 ? "0123456789ABCDEF"[below(16)] : static_cast<char>(below(256));
+        bench.Meter = {below(9), below(256)};
+        bench.Shared.ClockMode = 5 * below(2);
+        bench.Build();
+        ASSERT_EQ(digits.size(), length);
+        ASSERT_LE(bench.View.MenuRowCount, 49);
+        ASSERT_LE(bench.View.SetPtRowCount, 4);
+        ASSERT_GT(bench.View.NoChangePlace.Row, 0) << "CALib is always there";
+        for (const MenuRow& row : bench.Main())
+            for (const MenuCell& cell : row.Cells) ASSERT_FALSE(cell.View().empty()) << "run " << run;
     }
 }
 

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "meter/derived_values.h"
-#include "meter/value_codec.h"
-
 namespace counter {
 namespace {
 
@@ -19,18 +16,6 @@ TEST(DefaultSetup, ReplacesTheImageWhole) {
         BuildDefaultSetup(image);
         EXPECT_EQ(image.SetupData, kDefaultText);
     }
-}
-
-TEST(DefaultSetup, IsARateOfTwoInputs) {
-    SetupImage image;
-    BuildDefaultSetup(image);
-    DerivedValues values = DeriveFromImage(image, 83);
-    EXPECT_EQ(values.InputOption, 1);
-    EXPECT_EQ(values.ExtendedMeter, 1);
-    EXPECT_EQ(values.ItemCount, 2);
-    EXPECT_EQ(values.RelayOption, 1);
-    EXPECT_EQ(values.AnalogOption, 2);
-    EXPECT_EQ(ValueText(image, {}, 3, 43, 6), " +1.00000");
 }
 
 }  // namespace

@@ -48,31 +48,6 @@ SetupImage With(std::initializer_list<std::pair<int, int>> bytes) {
     return image;
 }
 
-// Extended meter with two signal conditioners: Mode and Function of byte 199, Display Type.
-SetupImage Counting(int modeAndFunction, int displayType) {
-    return With({{193, 0x01}, {199, modeAndFunction}, {185, displayType << 4 | 0x04}, {151, 0x52}});
-}
-
-TEST(Sources, FollowModeAndDisplayType) {
-    // clang-format off
-    const struct {
-        const char* Name;
-        int ModeAndFunction, DisplayType, Sources;  // tens: filtered item, units: items
-    } cases[] = {
-        {"total A, normal",             0x21, 0, 1},
-        {"total A, first of 1 to 5",    0x21, 1, 2},
-        {"total A, remote",             0x21, 6, 1},
-        {"rate and total, normal",      0x03, 0, 12},
-        {"rate and total, 999999",      0x03, 1, 13},
-        {"batch",                       0x02, 1, 33},
-    };
-    // clang-format on
-    for (const auto& c : cases) {
-        DerivedValues values = DeriveFromImage(Counting(c.ModeAndFunction, c.DisplayType), 83);
-        EXPECT_EQ(values.FilteredItem * 10 + values.SourceItems, c.Sources) << c.Name;
-    }
-}
-
 TEST(Sources, ThatArentOfferedAreItem1) {
     DerivedValues values;
     values.SourceItems = 2;
@@ -83,58 +58,6 @@ TEST(Sources, ThatArentOfferedAreItem1) {
     EXPECT_EQ(SourceInForce(values, 0), 0);
     values.DisplayType = 6;
     EXPECT_EQ(SourceInForce(values, 0), 3) << "a remote display has Item 3 alone";
-}
-
-TEST(Items, LayoutCountAndPointsFollowTheMode) {
-    // clang-format off
-    const struct {
-        const char* Name;
-        int ModeAndFunction, Level, Count;
-        std::array<int, 4> Points;  // with Decimal Point 1 at code 2 and 2 at code 5
-        int Group2;
-    } cases[] = {
-        {"one item",                 0x01, 0, 1, {2, 2, 5, 0}, 5},
-        {"two items by flag",        0x00, 0, 2, {2, 2, 5, 0}, 5},
-        {"two items by Function 3",  0x03, 0, 2, {2, 2, 5, 0}, 5},
-        {"layout 1",                 0x26, 1, 2, {2, 5, 2, 0}, 5},
-        {"layout 2",                 0x0B, 2, 3, {5, 5, 2, 2}, 2},
-        {"layout 3",                 0x02, 3, 3, {5, 2, 1, 5}, 5},
-        {"word 0 in Mode 5",         0x53, 0, 2, {2, 2, 5, 0}, 5},
-    };
-    // clang-format on
-    for (const auto& c : cases) {
-        DerivedValues values = DeriveFromImage(Counting(c.ModeAndFunction, 0), 83);
-        EXPECT_EQ(std::pair(values.ItemLevel, values.ItemCount), std::pair(c.Level, c.Count)) << c.Name;
-        EXPECT_EQ(values.ItemDecPts, c.Points) << c.Name;
-        EXPECT_EQ(Group2DecPt(values), c.Group2) << c.Name;
-    }
-}
-
-TEST(Boxes, ShowPresetOrCutoffByMode) {
-    // clang-format off
-    const struct {
-        const char* Name;
-        int InputCode, ModeAndFunction, DisplayType;
-        std::array<int, 3> Shown;  // preset, cutoff, clock mode
-    } cases[] = {
-        {"up and down count",              1, 0x24, 0, {1, 0, 0}},
-        {"up and down control",            1, 0x29, 5, {1, 0, 0}},
-        {"remote display: time out",       1, 0x24, 6, {0, 0, 0}},
-        {"quadrature total",               2, 0xC0, 0, {1, 0, 0}},
-        {"V-F batch",                      4, 0x82, 0, {0, 1, 0}},
-        {"V-F rate and total",             4, 0xA3, 0, {0, 1, 0}},
-        {"batch of rate",                  1, 0x02, 0, {0, 0, 0}},
-        {"stopwatch as clock",             1, 0x50, 5, {0, 0, 5}},
-        {"clock display of another mode",  1, 0x00, 5, {0, 0, 0}},
-    };
-    // clang-format on
-    for (const auto& c : cases) {
-        SetupImage image = Counting(c.ModeAndFunction, c.DisplayType);
-        BytePut(image, 193, c.InputCode);
-        DerivedValues values = DeriveFromImage(image, 83);
-        EXPECT_EQ((std::array<int, 3>{values.PresetActive, values.CutoffActive, values.ClockMode}), c.Shown)
-            << c.Name;
-    }
 }
 
 TEST(Boards, AreReadFromTheirBits) {

@@ -131,17 +131,5 @@ RC_GTEST_PROP(ValueCodec, SixDigitsSurvive, ()) {
     RC_ASSERT(again.SetupData == image.SetupData);
 }
 
-// Whatever the image holds, a field has its form: sign, six digits, one point.
-RC_GTEST_PROP(ValueCodec, AnyImageHasTheFormOfAValue, (const std::string& garbage, int decPt)) {
-    SetupImage image{garbage};
-    int pos = *rc::gen::inRange(-2, static_cast<int>(garbage.size()) + 3);
-    int code = *rc::gen::inRange(0, 5);
-    if (pos == 137) ++pos;  // shown with a digit less
-    std::string shown = ValueDecode(image, kPlain, code, pos, decPt);
-    RC_ASSERT(decPt >= 1 && decPt <= 6);
-    RC_ASSERT(shown.size() == (code == 0 ? 6u : 9u));
-    RC_ASSERT(shown[shown.size() - static_cast<std::size_t>(decPt)] == '.');
-}
-
 }  // namespace
 }  // namespace counter

@@ -1,6 +1,4 @@
 // Coming and going, help, and what the view does while it waits.
-#include <set>
-
 #include "stories.h"
 
 namespace counter::test {
@@ -17,19 +15,6 @@ TEST(SetupView, ComesToTheFront) {
     };
     // clang-format on
     RunStories(stories);
-}
-
-TEST(SetupView, UsersCantReachOtherPages) {
-    SetupBench bench;
-    bench.Open();
-    Form& form = bench.View.Controls;
-    Control& baud = *form.Find("cboBaudRate");
-    EXPECT_EQ(form.Select(baud, 6), Refusal::OtherTab);
-    EXPECT_EQ(bench.Seen("@191"), "50");
-    EXPECT_EQ(form.ComeToTab(kCommunicationTab), Refusal::None);
-    EXPECT_EQ(form.Select(baud, 6), Refusal::None);
-    EXPECT_EQ(bench.Seen("@191"), "60");
-    EXPECT_EQ(form.ComeToTab(7), Refusal::NoSuchEntry);
 }
 
 // A pick that slips into a wait of a refresh is shown and not written.
@@ -54,18 +39,6 @@ TEST(SetupView, ARefreshWithinAWaitLeavesTheMultipliers) {
     bench.Bench.Pump.After(5, [&] { bench.Do("tab 5"); });
     bench.Do("optCoord1[0]");
     EXPECT_EQ(bench.Seen("@165"), "95");
-}
-
-TEST(SetupView, EveryControlHasANameAndAHelpNumber) {
-    SetupBench bench;
-    std::set<std::string> names;
-    for (const Control& control : bench.View.Controls) {
-        EXPECT_TRUE(names.insert(control.FullName()).second) << control.FullName();
-        EXPECT_GE(control.HelpNumber, 1100) << control.FullName();
-        EXPECT_LE(control.HelpNumber, 1199) << control.FullName();
-    }
-    EXPECT_EQ(names.count("txtScale2[3]"), 1U);
-    EXPECT_EQ(names.count("cboResoln[0]"), 0U);
 }
 
 TEST(SetupView, HelpFollowsWhatWasTouched) {

@@ -98,13 +98,6 @@ TEST(HomeView, ASilentMeterIsToldAndNothingElseChanges) {
     EXPECT_FALSE(bench.Program.Home.Hourglass);
 }
 
-TEST(HomeView, ALineThatCameBackIsOpenedAgain) {
-    HomeBench bench;
-    bench.Program.Port.Close();
-    bench.Press("mnuGet");
-    EXPECT_EQ(bench.Program.LinkState.LinkError, 0);
-}
-
 TEST(HomeView, APressInTheMiddleOfAGetRunsToItsEnd) {
     HomeBench bench;
     Refusal inner = Refusal::Hidden;

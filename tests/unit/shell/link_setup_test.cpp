@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/fixed_catalog.h"
 #include "support/memory_files.h"
 #include "support/meter_kinds.h"
 #include "support/meter_line.h"
@@ -11,18 +12,10 @@
 namespace counter::test {
 namespace {
 
-class TwoPorts : public PortCatalog {
-  public:
-    std::vector<PortDescription> Ports() const override {
-        return {{"/dev/ttyS0", "", ""}, {"/dev/ttyUSB0", "An adaptor", "/dev/serial/by-id/usb-a"}};
-    }
-    std::string DeviceOf(int) const override { return "/dev/ttyS0"; }
-};
-
 struct LinkBench {
     VirtualPump Pump;
     MemoryFiles Store;
-    TwoPorts Catalog;
+    FixedCatalog Catalog;
     TriedDevice Tried;
     MeterLine Line;
     LinkSetup View{{Pump, Line, Tried, Catalog, {Store, "home"}}};
@@ -57,7 +50,7 @@ TEST(LinkSetup, APickedPortGetsTheNumberByItsLastingName) {
     bench.View.Controls.Select(bench.View.cboPort, 1);
     EXPECT_EQ(bench.View.txtDevice.Text, "/dev/ttyUSB0");
     bench.View.Controls.Click(bench.View.cmdSave);
-    EXPECT_EQ(bench.Store.LinkTarget("home/ports/com1"), "/dev/serial/by-id/usb-a");
+    EXPECT_EQ(bench.Store.LinkTarget("home/ports/com1"), "/dev/serial/by-id/usb-1");
 }
 
 TEST(LinkSetup, RefusesWhatIsIllegalAndWritesNothing) {

@@ -11,22 +11,6 @@ std::string Told(Device& device, const char* command) {
     return Execute(device, command, 0).value_or("nothing");
 }
 
-TEST(CustomAscii, SmallReadsOfTheDefaultSetup) {
-    static constexpr struct {
-        const char *Command, *Reply;
-    } kCases[] = {
-        // clang-format off
-        {"X311Z", "0000000186A0"},  // offset 1, scale 1
-        {"X124Z", "5507"},
-        {"XL69Z", "000000000000000000000000000000000000000000000000000000000000000000000000000000000000"},
-        {"X100Z", "0000"}, {"G130", "49"}, {"G12D", "00"}, {"G12B", "04"}, {"G128", "80"},   {"G132", "21"},
-        {"G133", "01"},    {"G15D", "00"}, {"G1E0", "0D"}, {"R141", "02"}, {"G233", "0121"},
-        // clang-format on
-    };
-    Device device{MeterOptions{}};
-    for (const auto& c : kCases) EXPECT_EQ(Told(device, c.Command), c.Reply) << c.Command;
-}
-
 TEST(CustomAscii, WhatIsNotUnderstoodHasNoReplyAndNoEffect) {
     Device device{MeterOptions{}};
     for (const char* command :
@@ -59,47 +43,6 @@ TEST(CustomAscii, WritesLandWhereTheyAreReadBack) {
         if (c.Position == 0) continue;
         EXPECT_EQ(device.Words().ImageText().substr(c.Position - 1, std::string(c.Reply).size()), c.Reply);
     }
-}
-
-TEST(CustomAscii, ResetsOfTheExtremesHaveTheirOwnLetters) {
-    Device device{MeterOptions{}};
-    Execute(device, "B1", 0);
-    Execute(device, "C9", 12500);
-    EXPECT_EQ(Execute(device, "B6", 12500), " 011500.");
-    EXPECT_EQ(Execute(device, "B4", 12500), " 012000.") << "the peak is kept";
-    Execute(device, "C3", 15000);
-    EXPECT_EQ(Execute(device, "B4", 15000), " 011000.");
-}
-
-TEST(CustomAscii, RemoteValuesGoToTheDisplayToItem3OrToBoth) {
-    static constexpr struct {
-        const char *Command, *ModeFunction;
-        const char *Shown, *Item3;  // its text, and the answer to B3
-    } kCases[] = {
-        // clang-format off
-        {"H12.34",  "00", "12.34",   "-000100."},
-        {"K-1.5",   "00", "nothing", "-00001.5"},
-        {"L 7",     "00", " 7",      " 000007."},
-        {"L7",      "0B", "7",       "-000100."},  // Item 3 is in use
-        // clang-format on
-    };
-    for (const auto& c : kCases) {
-        Device device(Patched({{199, c.ModeFunction}}));
-        EXPECT_EQ(Told(device, c.Command), "nothing") << c.Command;
-        EXPECT_EQ(device.RemoteShown().value_or(RemoteValue{"nothing"}).Text, c.Shown) << c.Command;
-        EXPECT_EQ(Told(device, "B3"), c.Item3) << c.Command;
-    }
-}
-
-TEST(CustomAscii, CurveTablesAreKeptBesideTheImage) {
-    Device device{MeterOptions{}};
-    const auto digits = [](char digit) { return std::string(83, digit) + "F"; };
-    for (const char* block : {"54", "69", "EA", "FF"})
-        Execute(device, "WL" + std::string(block) + digits(block[0]) + "Z", 0);
-    Execute(device, "C0", 0);
-    for (const char* block : {"54", "69", "EA", "FF"})
-        EXPECT_EQ(Execute(device, "XL" + std::string(block) + "Z", 0), digits(block[0])) << block;
-    EXPECT_EQ(device.Words().ImageText(), kDefaultImage);
 }
 
 TEST(CustomAscii, HeadsNameOneAddress) {

@@ -28,6 +28,10 @@ TEST(Face, ShowsTheDisplayedItemOrARemoteValue) {
         {"Item 2",                 157, "02", "",        "+  5000. 2 A1"},
         {"leading zeros",          197, "40", "",        "+010000. 1 A1"},
         {"alarms off",             203, "0A", "",        "+ 10000. 1"},
+        {"low, at its setpoint",   203, "01", "",        "+ 10000. 1 A1"},
+        {"below its setpoint",     55,  "002711", "",    "+ 10000. 1"},
+        {"alarm 1 on Item 2",      169, "80", "",        "+ 10000. 1"},
+        {"after two readings",     201, "01", "",        "+ 10000. 1"},
         {"remote",                 151, "11", "H-12.34", "-  12.34 R A1"},
         {"remote to both",         151, "11", "L.5",     "+    0.5 R A1"},
         {"remote to Item 3",       151, "11", "K7",      "+ 10000. 1 A1"},
@@ -41,21 +45,6 @@ TEST(Face, ShowsTheDisplayedItemOrARemoteValue) {
         tool.Ask("*1" + std::string(c.Command) + "\r\n");
         EXPECT_EQ(TextOf(tool.Meter.Face(tool.NowMs)), c.Face) << c.Name;
     }
-}
-
-TEST(Face, TellsOfChangesAndOnlyOfThem) {
-    MeterOptions options;
-    options.Signal = {SignalKind::Steps, 10000, 400, 5};
-    Tool tool(options);
-    std::vector<std::string> seen;
-    tool.Meter.OnFaceChanged([&] { seen.push_back(TextOf(tool.Meter.Face(tool.NowMs))); });
-    tool.Ask("", 2500);
-    tool.Ask("*1H7\r\n", 100);
-    tool.Ask("*1C4\r\n", 100);
-    EXPECT_EQ(seen, (std::vector<std::string>{"+ 10000. 1 A1", "+ 10100. 1 A1", "+ 10200. 1 A1",
-                                              "+     7. R A1", "+ 10200. 1 A1"}));
-    tool.Meter.OnFaceChanged(nullptr);
-    EXPECT_FALSE(tool.Meter.NextDueMs());
 }
 
 }  // namespace

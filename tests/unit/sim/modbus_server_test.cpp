@@ -42,35 +42,5 @@ TEST(ModbusServer, RequestsAndAnswers) {
     }
 }
 
-TEST(ModbusServer, ReadingsFollowTheSignalAndCoilsReset) {
-    Device device{MeterOptions{}};
-    const auto ask = [&](const char* request) {
-        return HexOfBytes(AnswerModbus(device, Bytes(request), 12500)).substr(4);
-    };
-    device.Follow(0);
-    EXPECT_EQ(ask("0400030006"), "00002CEC00002EE000002710") << "Item 1, peak, valley";
-    EXPECT_EQ(ask("0400090004"), "0000109A00000032") << "Items 2 and 3";
-    ask("0500040000");
-    EXPECT_EQ(ask("0400050002"), "00002EE0") << "value 0 resets nothing";
-    ask("050004FF00");
-    EXPECT_EQ(ask("0400050004"), "00002CEC00002710");
-}
-
-TEST(ModbusServer, RemoteValuesAreCountsWithThePointOfTheSetup) {
-    const std::pair<const char*, std::string> kCases[] = {
-        {"100069000204000004D2", "1234/2 none"},
-        {"10006B000204FFFFFF85", "none -123/2"},
-        {"10006D00020400000007", "7/2 7/2"},
-    };
-    for (const auto& [request, expected] : kCases) {
-        Device device(Patched({{151, "13"}}));
-        const auto text = [](const std::optional<RemoteValue>& value) {
-            return value ? std::to_string(value->Count) + "/" + std::to_string(value->Decimals) : "none";
-        };
-        AnswerModbus(device, Bytes(request), 0);
-        EXPECT_EQ(text(device.RemoteShown()) + " " + text(device.RemoteItem3()), expected) << request;
-    }
-}
-
 }  // namespace
 }  // namespace sim

@@ -10,7 +10,6 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-const char* const kLogin = "0080A30102035A93D1C07E42 0406 96DA 2711 0000";
 const char* const kStatus = "5A93D1C07E42 0080A3010203 0504 0000000000";
 
 // The tool's end of the connection.
@@ -38,23 +37,6 @@ class NodeTool {
     Node Box;
     double NowMs = 1000;
 };
-
-TEST(Node, ALoginWhileConnectedTakesTheNodeAway) {
-    NodeTool tool;
-    tool.Box.Datagram(Bytes(kLogin), "10.0.0.2", tool.NowMs);
-    EXPECT_EQ(tool.Box.TakeCalls(tool.NowMs).size(), 1U);
-    EXPECT_EQ(tool.Ask(""), (Words{"", "close"}));
-    EXPECT_TRUE(tool.Ask("*1G130\r\n").empty());
-}
-
-TEST(Node, CustomAsciiPassesInOnePiece) {
-    for (const char* fault : {"none:noreply", "G130:paced"}) {
-        NodeTool tool(LineProtocol::CustomAscii, {fault});
-        EXPECT_EQ(tool.Ask("*1G130\r\n"), Words{"34390D"}) << fault;
-        EXPECT_EQ(tool.Ask("*1G1"), Words{}) << "half a command";
-        EXPECT_EQ(tool.Ask("30\r\n*1G128\r\n").size(), 1U) << "two at once are one stream to the meter";
-    }
-}
 
 TEST(Node, ModbusIsFramedForTheLine) {
     for (const LineProtocol protocol : {LineProtocol::ModbusRtu, LineProtocol::ModbusAscii}) {

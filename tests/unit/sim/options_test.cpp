@@ -72,26 +72,5 @@ TEST(Options, Rates) {
     EXPECT_EQ(rate, 0.5);
 }
 
-TEST(Options, StartImageHoldsPatchesAndSettings) {
-    MeterOptions options;
-    EXPECT_EQ(StartImage(options), kDefaultImage);
-    ASSERT_EQ(ParsePatch("259=AB", options.Patches.emplace_back()), "");
-    options.Patches.push_back({189, "E0"});
-    options.Version = 75;
-    options.Type = 7;
-    options.Protocol = LineProtocol::ModbusAscii;
-    options.Parity = 2;
-    options.BaudIndex = BaudIndexOf(19200);
-    options.Address = 31;
-    options.ModbusAddress = 255;
-    std::string expected = kDefaultImage;
-    expected.replace(108, 4, "0AFF");
-    expected.replace(188, 4, "FF60");
-    expected.replace(232, 4, "4B07");
-    expected.replace(258, 2, "AB");
-    EXPECT_EQ(StartImage(options), expected);
-    EXPECT_FALSE(BaudIndexOf(9601));
-}
-
 }  // namespace
 }  // namespace sim

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace sim {
 namespace {
 
@@ -25,21 +23,6 @@ TEST(Signal, ShapesRepeatWithThePeriod) {
         for (int i = 0; i < 8; ++i)
             EXPECT_NEAR(SignalAt({c.Kind, 500, 100, 2}, kMs[i % 4] + i / 4 * 6000), c.At[i % 4], 0.001)
                 << c.Name << " " << i;
-}
-
-TEST(Signal, NoiseIsSpreadAndTheSameAgain) {
-    const SignalOptions noise{SignalKind::Noise, 500, 100, 2, 1}, other{SignalKind::Noise, 500, 100, 2, 2};
-    double low = 1000, high = 0, sum = 0;
-    for (int ms = 0; ms < 10000; ++ms) {
-        const double value = SignalAt(noise, ms);
-        low = std::min(low, value);
-        high = std::max(high, value);
-        sum += value / 10000;
-    }
-    EXPECT_TRUE(low >= 400 && low < 402 && high <= 600 && high > 598) << low << " " << high;
-    EXPECT_NEAR(sum, 500, 3);
-    EXPECT_EQ(SignalAt(noise, 1234), SignalAt(noise, 1234));
-    EXPECT_NE(SignalAt(noise, 1234), SignalAt(other, 1234));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Put Setup against the simulated meter: frames byte for byte, faults, what the link does afterwards.
+// Put Setup against the simulated meter: frames byte for byte, what the link does afterwards.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -47,25 +47,13 @@ TEST(Put, FramesOfTheDefaultImageAreTheReviewedOnes) {
         PutBench bench(MeterOf(kind), {kind.Setting});
         EXPECT_EQ(bench.Put(), 0) << kind.Name;
         frames << kind.Name << "\n";
+        EXPECT_FALSE(bench.Program.Home.ProgressVisible);
         for (const std::string& frame : bench.Line.Sent()) frames << Printable(frame, kind) << "\n";
     }
     std::ifstream golden(TEST_FOLDER "/put_default.golden");
     std::ostringstream expected;
     expected << golden.rdbuf();
     EXPECT_EQ(frames.str(), expected.str());
-}
-
-TEST(Put, TheMeterThenHoldsTheImage) {
-    PutBench bench;
-    DigitsPut(bench.Program.Image, 55, "003039");
-    DigitsPut(bench.Program.Image, 113, "123456");  // carried: never written
-    EXPECT_EQ(bench.Put(), 0);
-    std::string expected = bench.Program.Image.SetupData;
-    expected.replace(112, 6, "000000");
-    EXPECT_EQ(bench.Line.Meter().ImageText(), expected);
-    EXPECT_EQ(bench.Program.Home.StatusText,
-              "Putting data to the Counter.  Data appears to have Transferred O.K.");
-    EXPECT_FALSE(bench.Program.Home.ProgressVisible);
 }
 
 TEST(Put, AShortImageIsFilledAndALongOneCut) {
@@ -136,33 +124,6 @@ TEST(BoardCheck, WarnsAndGoesOn) {
     }
 }
 
-TEST(BoardCheck, ADeadLineStopsACustomAsciiPut) {
-    PutBench bench(WithFaults({}, {"G12D:noreply"}));
-    EXPECT_EQ(bench.Put(), 21);
-    EXPECT_EQ(bench.Line.Sent(), (Words{"*1A1\r\n", "*1G12D\r\n"}));
-    EXPECT_EQ(bench.Program.Home.StatusText,
-              "Data transfer unsuccessful. Check connections and try again. (21)");
-}
-
-TEST(Put, ALineThatGoesAwayMeanwhileIs27) {
-    const struct {
-        const char* Fault;
-        Words Written;
-    } cases[] = {
-        {"WR1A:gone=0", {"WR1A"}},
-        {"WG2A:gone=0", {"WR1A", "W435", "WG2A"}},
-        {"WB74:gone=0", {"WR1A", "W435", "WG2A", "WB74"}},
-        {"C0:gone=0", {"WR1A", "W435", "WG2A", "WB74", "C0"}},
-    };
-    for (const auto& c : cases) {
-        PutBench bench(WithFaults({}, {c.Fault}));
-        EXPECT_EQ(bench.Put(), 27) << c.Fault;
-        EXPECT_EQ(bench.Program.LinkState.FramesWritten, c.Written) << c.Fault;
-        EXPECT_EQ(bench.Line.Meter().Commands().size(), 2 + c.Written.size())
-            << c.Fault << ": nothing more arrives";
-    }
-}
-
 TEST(BoardCheck, AnAnswerOfAnotherLengthIsNoComparison) {
     PutBench bench(WithFaults({}, {"G12D:cut=0"}));
     bench.Line.Unplug();
@@ -170,39 +131,6 @@ TEST(BoardCheck, AnAnswerOfAnotherLengthIsNoComparison) {
     EXPECT_EQ(bench.Put(), 0);
     EXPECT_EQ(bench.Program.LinkState.PortFault, 1);
     EXPECT_EQ(bench.Line.Sent().size(), 7U) << "the Put goes on";
-}
-
-TEST(Put, AFailedRowHasItsNumberAndTheRowsBeforeItAreInTheMeter) {
-    const struct {
-        const char* Fault;
-        const LinkKind& Kind;
-        int LinkError;
-        std::size_t Frames;
-    } cases[] = {
-        {"100001:exception=2", kModbusAscii, 1, 2},
-        {"100011:exception=2", kModbusAscii, 4, 3},
-        {"100021:exception=2", kModbusAscii, 7, 4},
-        {"10003A:exception=2", kModbusAscii, 10, 5},
-        {"10004D:exception=2", kModbusAscii, 11, 6},
-        {"100041:exception=2", kModbusAscii, 14, 7},
-        {"100021:exception=3", kRtu, 3, 4},
-        {"100011:badcheck", kRtu, 24, 3},
-        {"10004D:noreply", kRtu, 21, 6},
-        {"100001:gone=2", kRtu, 27, 2},
-        {"030045:noreply", kRtu, 0, 7},
-    };
-    for (const auto& c : cases) {
-        PutBench bench(WithFaults(MeterOf(c.Kind), {c.Fault}), {c.Kind.Setting});
-        DigitsPut(bench.Program.Image, 55, "003039");  // row 1
-        DigitsPut(bench.Program.Image, 191, "60");     // row 6: 19200 baud
-        const std::string settings = bench.SettingsText();
-        EXPECT_EQ(bench.Put(), c.LinkError) << c.Fault;
-        EXPECT_EQ(bench.Line.Sent().size(), c.Frames) << c.Fault;
-        const bool rowOneWritten = bench.Line.Meter().ImageText().substr(54, 6) == "003039";
-        EXPECT_EQ(rowOneWritten, c.LinkError == 27 || c.Frames > 2) << c.Fault;
-        EXPECT_EQ(bench.SettingsText() == settings, c.LinkError != 0)
-            << "settings follow a good Put only: " << c.Fault;
-    }
 }
 
 TEST(LinkSettings, FollowTheImage) {

@@ -10,7 +10,6 @@
 #include "support/bench_meter.h"
 #include "support/meter_kinds.h"
 #include "transfer/compare_setups.h"
-#include "transfer/setup_conversions.h"
 
 namespace counter::test {
 namespace {
@@ -165,28 +164,6 @@ TEST(RoundTrip, PutThenGetKeepsEveryFieldThatTheLinkWrites) {
             }
         }
         EXPECT_LT(tally.Skipped, tally.Done / 8) << kind.Name;
-    }
-}
-
-// Every magnitude that digit entry can type, in steps that share no factor with its digits, and the ends.
-TEST(RoundTrip, ConversionsBringBackWhatTheyTook) {
-    for (int magnitude = 1; magnitude <= 999999;
-         magnitude = magnitude < 999000 ? magnitude + 7 : magnitude + 1) {
-        for (const char* sign : {"+", "-"}) {
-            std::string digits = std::to_string(magnitude);
-            digits.insert(0, 6 - digits.size(), '0');
-            SetupImage image;
-            ValueEncode(image, {}, 2, 1, sign + digits + ".");
-            const std::string whole = DigitsGet(image, 1, 6);
-            ASSERT_EQ(ImageToInt32(whole).substr(2), whole);
-            ValueEncode(image, {}, 3, 1, sign + digits);
-            const std::string scale = DigitsGet(image, 1, 6);
-            ASSERT_EQ(Int24ToImage(ImageSignToInt32(scale).substr(2)), scale);
-            digits.insert(1 + static_cast<std::size_t>(magnitude) % 6, ".");
-            ValueEncode(image, {}, 4, 1, sign + digits);
-            const std::string input = DigitsGet(image, 1, 6);
-            ASSERT_EQ(Float32ToImage(ImageToFloat32(input)), input);
-        }
     }
 }
 

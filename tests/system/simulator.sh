@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# counter-sim as a program: its files, links, signals and refusals.
+. "$(dirname "$0")/common.sh"
+
+ctl 0 settings init --force
+ctl 0 default "$work/image"
+cp "$work/image" "$work/first"
+start_meter --image "$work/image" --save "$work/saved" --version 78 --link "$work/line" --verbose
+[ "$(readlink "$work/line")" = "$device" ] || fail "the link names another device"
+ctl 0 ports map 1 "$work/line"
+ctl 0 get "$work/got"
+ctl 0 fields "$work/got" FirmwareVersion
+[ "$(cat "$work/out")" = 78 ] || fail "options do not go before the file"
+
+# Another image at SIGHUP, with the options above it; a save at SIGUSR1 and at the end.
+ctl 0 set "$work/image" "Gate Time"=12.34
+kill -HUP "$sim"
+ctl 0 get "$work/got"
+ctl 0 fields "$work/got" "Gate Time" FirmwareVersion
+[ "$(tr '\n' ' ' <"$work/out")" = "012.34 78 " ] || fail "not the other image: $(cat "$work/out")"
+kill -USR1 "$sim"
+ctl 0 put "$work/first"
+[ "$(cut -c 177-180 "$work/saved")" = 04D2 ] || fail "nothing was saved at the signal"
+ln -sfn /dev/pts/none "$work/line" # another program's by now
+stop_peer
+[ "$(cut -c 177-180 "$work/saved")" = 000A ] || fail "nothing was saved at the end"
+[ -L "$work/line" ] || fail "another program's link is gone"
+
+# Every kind of signal; and a stream ends with its line, also when the tool is killed.
+for signal in constant ramp sine steps noise; do
+    start_meter --signal $signal --value -500 --amplitude 0 --period 0.5 --seed 7 --rate max --set 151=13
+    ctl 0 read item1
+    [ "$(cat "$work/out")" = "-0005.00" ] || fail "$signal is $(cat "$work/out")"
+done
+timeout -s KILL 6 "$bin/counterctl" --dir "$home" stream >"$work/stream" 2>&1 || true
+[ "$(sort -u "$work/stream")" = "-0005.00" ] || fail "the stream is $(sort -u "$work/stream")"
+ctl 0 get "$work/got"
+
+start_meter --frequency 500000 --timebase-ppm 112.5 --strict-baud --set 199=01
+ctl 0 read item1
+said 500006. out
+
+refuses() {
+    local status=0
+    "$bin/counter-sim" "$2" "$3" >/dev/null 2>&1 || status=$?
+    [ $status -eq "$1" ] || fail "$2 $3: status $status, not $1"
+}
+refuses 1 --baud 9601
+refuses 1 --address 32
+refuses 1 --fault XR35:silence
+refuses 1 --set 261=0
+refuses 1 --rate 0
+refuses 1 --signal square
+refuses 1 --period 0
+echo precious >"$work/file"
+refuses 2 --image "$work/none"
+refuses 2 --image "$work/file"
+refuses 2 --link "$work/file"
+[ "$(cat "$work/file")" = precious ] || fail "a file was replaced by a link"
+echo "All as it should be."
