@@ -5,6 +5,7 @@
 
 #include "link/link_error.h"
 #include "meter/field_lists.h"
+#include "meter/firmware.h"
 #include "meter/meter_words.h"
 #include "settings/settings_keys.h"
 
@@ -14,8 +15,10 @@ namespace {
 
 constexpr std::array<int, 7> kUsualRates = {5, 6, 4, 3, 2, 1, 0};  // 9600 baud is what a meter comes with
 constexpr std::array<int, 2> kParities = {Parity::Even, Parity::Odd};
-constexpr int kOldCheckVersion = 80;                          // the last with that check
-constexpr int kPublishedCheckVersion = kOldCheckVersion + 1;  // any above: trials ask for the meter's own
+// Trials ask for the meter's own version; these two stand for its check, old and published.
+constexpr int kOldCheckVersion = 80;
+constexpr int kPublishedCheckVersion = 81;
+static_assert(!HasPublishedCrc(kOldCheckVersion) && HasPublishedCrc(kPublishedCheckVersion));
 
 void Put(SettingsLines& lines, std::string_view key, int value) {
     SetSettingsKey(lines, *FindSettingsKey(key), std::to_string(value));
