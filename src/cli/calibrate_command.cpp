@@ -73,7 +73,7 @@ int CalibrateCommand(const CommandCall& call) {
     if (const int status = link.Begin(); status != kDone) return status;
     LinkState& state = link.Program().LinkState;
     const CalibrationResult result = RunUninterrupted(call, link);
-    state.LinkError = result.LinkError;
+    state.Fail(result.LinkError, ErrorSource::Calibration);
     ActionEnd end{kDoneText, kDoneText, {{"ppm", result.Applied.Ppm}, {"limited", result.Applied.Limited}}};
     if (result.LinkError != 0) {
         Complain(call.World) << kMayBeLeft << "\n";

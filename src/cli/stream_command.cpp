@@ -163,7 +163,7 @@ int StreamRun::Report() {
     if (!written_.Ok()) return RefuseStatus(call_, written_);
     const int error = program_.LinkState.LinkError;
     if (error == LinkErrors::kGood || (interrupted_ && error != LinkErrors::kPortFault)) return kDone;
-    Complain(call_.World) << LinkErrorMeaning(error)
+    Complain(call_.World) << program_.LinkState.ErrorMeaning()
                           << "\nFailed to read the stream, check connections, then try again.      ( "
                           << error << ")\n";
     return kLinkFailed;

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "link/link_error.h"
+
 namespace counter {
 
 struct LinkState {
@@ -14,9 +16,10 @@ struct LinkState {
         ModbusPayload;      // Modbus: the request as hexadecimal digits without address; anew for every send
     std::string ReplyText;  // the reply with its framing removed and blanks trimmed
     std::string RawReply;   // the reply before trimming
-    bool ReplyHadEnd = false;  // Custom ASCII: a CR or LF stood behind it
-    int LinkError = 0;         // 0 good, see link_error.h
-    int PortFault = 0;         // 1: WaitForInput met a port error
+    bool ReplyHadEnd = false;                     // Custom ASCII: a CR or LF stood behind it
+    int LinkError = 0;                            // 0 good, see link_error.h
+    ErrorSource FailedIn = ErrorSource::Unknown;  // of a LinkError below 20
+    int PortFault = 0;                            // 1: WaitForInput met a port error
 
     // Through the node.
     std::string NodeReply;  // what arrived last; empty: nothing yet
@@ -40,6 +43,12 @@ struct LinkState {
 
     // Whether the meter's Modbus check is the published one. Decided once, at program start.
     bool CrcTableFixed = false;
+
+    void Fail(int number, ErrorSource source) {
+        LinkError = number;
+        FailedIn = source;
+    }
+    std::string ErrorMeaning() const { return LinkErrorMeaning(LinkError, FailedIn); }
 };
 
 }  // namespace counter

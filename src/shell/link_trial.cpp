@@ -103,7 +103,7 @@ LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines) {
     trial.FirmwareVersion = ValueOfField(session.Image, Field::FirmwareVersion).Number;
     trial.MeterType = ValueOfField(session.Image, Field::MeterType).Number;
     trial.Words = trial.Answered ? AnswerInWords(session)
-                                 : LinkErrorMeaning(trial.LinkError) + " (" +
+                                 : session.LinkState.ErrorMeaning() + " (" +
                                        std::to_string(trial.LinkError) + ")." + WhatToLookAt(trial.LinkError);
     return trial;
 }

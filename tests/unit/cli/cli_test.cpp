@@ -303,6 +303,11 @@ TEST(Get, AFailedLinkIs3AndWritesNothing) {
     EXPECT_EQ(bench.LastErrLine(), "Failed to Get data, check connections, then try again.      ( 21)");
     EXPECT_EQ(Json::parse(bench.Out)["LinkError"], 21);
     EXPECT_EQ(bench.Store.Contents.count("m.CT2"), 0U);
+    CliBench other;
+    other.Fail("XB74:echo");
+    EXPECT_EQ(other.Run({"get", "m.CT2", "--json"}), 3);
+    EXPECT_EQ(Json::parse(other.Out)["LinkErrorText"], "third block: wrong length");
+    EXPECT_EQ(other.Err.substr(0, other.Err.find('\n')), "counterctl: third block: wrong length");
 }
 
 TEST(Get, FilesAndPortsThatCannotBeUsedAre2) {
