@@ -27,7 +27,6 @@ inline constexpr std::string_view kNoChangeText = " Do Not Change Calib";  // be
 inline constexpr std::string_view kLockedText = " * Menu item locked out";
 inline constexpr std::string_view kPrintCaption = "Print";
 inline constexpr std::string_view kMainMenuCaption = "Main Menu";
-inline constexpr std::string_view kMenuHelpTitle = "Menu Help";
 
 // Help of the multiplier grids, whatever the pointer event.
 inline constexpr int kScale1HelpId = 2213;
