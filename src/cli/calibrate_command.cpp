@@ -4,9 +4,9 @@
 
 #include "calibration/calibration.h"
 #include "cli/cli.h"
+#include "cli/cli_files.h"
 #include "cli/exact_number.h"
 #include "cli/link_session.h"
-#include "cli/stored_settings.h"
 #include "commands/commands_view.h"
 
 namespace counter {

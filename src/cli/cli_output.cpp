@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "cli/stream_files.h"
+#include "cli/cli_files.h"
 
 namespace counter {
 

@@ -3,7 +3,7 @@
 #include <span>
 
 #include "cli/cli.h"
-#include "cli/stored_settings.h"
+#include "cli/cli_files.h"
 #include "cli/link_session.h"
 #include "cli/offline_session.h"
 #include "cli/suggest.h"

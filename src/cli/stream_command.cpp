@@ -4,10 +4,9 @@
 #include <cstdio>
 
 #include "cli/cli.h"
+#include "cli/cli_files.h"
 #include "cli/exact_number.h"
 #include "cli/link_session.h"
-#include "cli/stored_settings.h"
-#include "cli/stream_files.h"
 #include "link/link_error.h"
 #include "link/list_cutter.h"
 #include "link/prepare_readings.h"

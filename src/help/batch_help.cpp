@@ -20,7 +20,7 @@ std::string WithMargin(std::string_view content, int entries) {
 
 }  // namespace
 
-std::optional<std::string> BatchHelpText(const Files& files, const std::vector<std::string>& folders,
+std::optional<std::string> BatchHelpText(const FileReader& files, const std::vector<std::string>& folders,
                                          BatchHelpKind kind) {
     const bool rate = kind == BatchHelpKind::Rate;
     for (const std::string& folder : folders) {

@@ -24,7 +24,7 @@ inline constexpr int kVFBatchEntries = 302;
 // The text as the box shows it: for each entry four blanks as left margin, the entry, CR LF. Read from the
 // first of the folders that has the file; nothing where none has. A file that was cut off gives what is
 // there.
-std::optional<std::string> BatchHelpText(const Files& files, const std::vector<std::string>& folders,
+std::optional<std::string> BatchHelpText(const FileReader& files, const std::vector<std::string>& folders,
                                          BatchHelpKind kind);
 
 }  // namespace counter

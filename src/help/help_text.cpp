@@ -39,7 +39,7 @@ std::optional<std::string> TextOf(const std::string& texts, const Record& record
 
 }  // namespace
 
-std::optional<std::string> ReadHelpText(const Files& files, const std::string& folder, int helpId) {
+std::optional<std::string> ReadHelpText(const FileReader& files, const std::string& folder, int helpId) {
     const int record = helpId % kRecordsOfPair;
     if (helpId < 1 || helpId > kMostHelpId || record == 0) return {};
     const int n = helpId / kRecordsOfPair;
@@ -51,7 +51,7 @@ std::optional<std::string> ReadHelpText(const Files& files, const std::string& f
     return found ? TextOf(texts, *found) : std::nullopt;
 }
 
-std::optional<std::string> LoadHelpText(const Files& files, const std::string& folder, int helpId) {
+std::optional<std::string> LoadHelpText(const FileReader& files, const std::string& folder, int helpId) {
     std::optional<std::string> text = ReadHelpText(files, folder, helpId);
     if (text) std::replace(text->begin(), text->end(), '$', ' ');
     return text;

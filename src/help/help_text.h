@@ -14,9 +14,9 @@ namespace counter {
 
 // The text as it stands in the file. Nothing where a file, the record or part of the text is missing and
 // where the record says what can't be; a record of length 0 is an empty text.
-std::optional<std::string> ReadHelpText(const Files& files, const std::string& folder, int helpId);
+std::optional<std::string> ReadHelpText(const FileReader& files, const std::string& folder, int helpId);
 
 // The same with a blank for every "$", for a label that knows no emphasis.
-std::optional<std::string> LoadHelpText(const Files& files, const std::string& folder, int helpId);
+std::optional<std::string> LoadHelpText(const FileReader& files, const std::string& folder, int helpId);
 
 }  // namespace counter
