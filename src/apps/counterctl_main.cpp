@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "cli/cli.h"
-#include "cli/file_output.h"
+#include "cli/cli_files.h"
 #include "system/core_runtime.h"
 #include "system/disk_files.h"
 #include "system/program_folder.h"

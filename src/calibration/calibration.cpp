@@ -18,8 +18,6 @@ constexpr float kSettlesS = 3;  // a reading under a new scale
 constexpr std::size_t kHalfDigits = 6;  // of the offset and of the scale factor
 constexpr std::size_t kScaleDigits = 12;
 constexpr std::size_t kExponentDigits = 4;
-constexpr int kBadScale = 1;  // LinkError of a reply with another length
-constexpr int kBadExponent = 2;
 
 // What the meter had before.
 struct Saved {
@@ -47,9 +45,9 @@ class Procedure {
 
   private:
     Saved Save() {
-        const std::string scale = Ask("X311Z", kScaleDigits, kBadScale);
+        const std::string scale = Ask("X311Z", kScaleDigits, LinkErrors::kScaleLength);
         Delay(link_, kRestS);
-        const std::string exponent = Ask("X124Z", kExponentDigits, kBadExponent);
+        const std::string exponent = Ask("X124Z", kExponentDigits, LinkErrors::kExponentLength);
         Delay(link_, kRestS);
         return {scale.substr(0, kHalfDigits),
                 scale.substr(scale.size() - std::min(kHalfDigits, scale.size())), exponent};

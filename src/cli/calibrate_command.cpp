@@ -4,9 +4,9 @@
 
 #include "calibration/calibration.h"
 #include "cli/cli.h"
+#include "cli/cli_files.h"
 #include "cli/exact_number.h"
 #include "cli/link_session.h"
-#include "cli/stored_settings.h"
 #include "commands/commands_view.h"
 
 namespace counter {
@@ -72,7 +72,7 @@ int CalibrateCommand(const CommandCall& call) {
     if (const int status = link.Begin(); status != kDone) return status;
     LinkState& state = link.Program().LinkState;
     const CalibrationResult result = RunUninterrupted(call, link);
-    state.LinkError = result.LinkError;
+    state.Fail(result.LinkError, ErrorSource::Calibration);
     ActionEnd end{kDoneText, kDoneText, {{"ppm", result.Applied.Ppm}, {"limited", result.Applied.Limited}}};
     if (result.LinkError != 0) {
         Complain(call.World) << kMayBeLeft << "\n";

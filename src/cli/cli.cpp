@@ -3,10 +3,10 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "cli/cli_files.h"
 #include "cli/cli_output.h"
 #include "cli/command_help.h"
 #include "cli/command_table.h"
-#include "cli/stream_files.h"
 #include "cli/suggest.h"
 #include "cli/version.h"
 

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "cli/stream_files.h"
-#include "meter/field_value.h"
+#include "cli/cli_files.h"
 
 namespace counter {
 
@@ -43,14 +42,16 @@ std::string BitsText(const FieldRow& row) {
     return std::to_string(row.HiBit) + ".." + std::to_string(row.LoBit);
 }
 
-Json FieldJson(const SetupImage& image, Field field) {
-    const FieldValue value = ValueOfField(image, field);
+Json ValueJson(const FieldValue& value) {
     return value.IsNumber ? Json(value.Number) : Json(Utf8(value.Text));
 }
 
+Json FieldJson(const SetupImage& image, Field field) {
+    return ValueJson(ValueOfField(image, field));
+}
+
 std::string FieldValueText(const SetupImage& image, Field field) {
-    const FieldValue value = ValueOfField(image, field);
-    return value.IsNumber ? std::to_string(value.Number) : Utf8(value.Text);
+    return Utf8(ValueOfField(image, field).Text);
 }
 
 std::string Columns(const std::vector<std::vector<std::string>>& lines) {

@@ -3,11 +3,11 @@
 
 #include <nlohmann/json.hpp>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "cli/cli.h"
 #include "meter/field_table.h"
+#include "meter/field_value.h"
 #include "meter/setup_image.h"
 #include "meter/text.h"
 #include "platform/status.h"
@@ -36,6 +36,7 @@ int OutputStatus(const CliWorld& world, int status);
 std::string BitsText(const FieldRow& row);
 
 // A field's value: a text, or a number where the field has no list.
+Json ValueJson(const FieldValue& value);
 Json FieldJson(const SetupImage& image, Field field);
 std::string FieldValueText(const SetupImage& image, Field field);
 

@@ -1,5 +1,6 @@
 #include "cli/command_help.h"
 
+#include <algorithm>
 #include <cctype>
 
 #include "cli/cli_output.h"
@@ -41,7 +42,8 @@ std::string Sentence(std::string text) {
 }
 
 bool NamesFiles(const CommandRow& row) {
-    return !row.Files.empty() || row.Name == std::string("stream");
+    return !row.Files.empty() || std::any_of(row.Options.begin(), row.Options.end(),
+                                             [](const OptionRow& o) { return o.Use != FileUse::None; });
 }
 
 constexpr const char* kExitStatuses =

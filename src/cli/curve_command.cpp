@@ -2,8 +2,8 @@
 #include <optional>
 
 #include "cli/cli.h"
+#include "cli/cli_files.h"
 #include "cli/link_session.h"
-#include "cli/stored_settings.h"
 #include "commands/commands_view.h"
 #include "curve/curve_transfer.h"
 #include "link/waits.h"

@@ -9,18 +9,15 @@
 
 namespace counter {
 
-// [{"field", "position", "a", "b", "counts"}]. Values of the same text that are stored differently are told
-// by their digits.
-Json DifferencesJson(const SetupImage& a, const SetupImage& b,
-                     const std::vector<FieldDifference>& differences);
+using Differences = std::vector<FieldDifference>;
 
-// A text without quotes, a number as it is written.
-std::string PlainText(const Json& value);
+// [{"field", "position", "a", "b", "counts"}]
+Json DifferencesJson(const Differences& differences);
 
-// True where a difference of the list counts.
-bool AnyCounts(const Json& list);
+bool AnyCounts(const Differences& differences);
 
 // The differences that count, then apart from them those that do not; or that there are none.
-std::string DifferencesTable(const Json& list, const std::string& nameA, const std::string& nameB);
+std::string DifferencesTable(const Differences& differences, const std::string& nameA,
+                             const std::string& nameB);
 
 }  // namespace counter

@@ -5,7 +5,6 @@
 #include "cli/field_names.h"
 #include "cli/suggest.h"
 #include "meter/default_setup.h"
-#include "meter/field_value.h"
 #include "shell/setup_files.h"
 
 namespace counter {
@@ -61,26 +60,6 @@ int ShowSome(const CommandCall& call, const SetupImage& image, const Fields& fie
     return kDone;
 }
 
-// What stands behind the 260 digits of an image belongs to no field.
-std::string Surplus(const SetupImage& image) {
-    return image.SetupData.size() > kImageDigits ? image.SetupData.substr(kImageDigits) : std::string();
-}
-
-// Every difference of two files counts.
-Json Differences(const SetupImage& a, const SetupImage& b) {
-    std::vector<FieldDifference> differences = CompareSetups(a, b, PutRoad::AsciiSerial, 0);
-    for (FieldDifference& difference : differences) difference.Stands = Standing::Written;
-    Json list = DifferencesJson(a, b, differences);
-    if (Surplus(a) != Surplus(b)) {
-        list.push_back({{"field", "Digits behind the setup"},
-                        {"position", kImageDigits + 1},
-                        {"a", Utf8(Surplus(a))},
-                        {"b", Utf8(Surplus(b))},
-                        {"counts", true}});
-    }
-    return list;
-}
-
 }  // namespace
 
 int DefaultCommand(const CommandCall& call) {
@@ -125,13 +104,13 @@ int DiffCommand(const CommandCall& call) {
         return RefuseStatus(call, status);
     if (Status status = LoadSetupFile(call.World.Store, call.Words[1], b); !status.Ok())
         return RefuseStatus(call, status);
-    const Json list = Differences(a, b);
+    const Differences differences = CompareFiles(a, b);
     if (call.Json) {
-        WriteJson(call, list);
+        WriteJson(call, DifferencesJson(differences));
     } else {
-        call.World.Out << DifferencesTable(list, call.Words[0], call.Words[1]);
+        call.World.Out << DifferencesTable(differences, call.Words[0], call.Words[1]);
     }
-    return list.empty() ? kDone : kDifferent;
+    return differences.empty() ? kDone : kDifferent;
 }
 
 }  // namespace counter

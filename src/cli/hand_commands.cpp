@@ -3,9 +3,9 @@
 #include <span>
 
 #include "cli/cli.h"
+#include "cli/cli_files.h"
 #include "cli/link_session.h"
 #include "cli/offline_session.h"
-#include "cli/stored_settings.h"
 #include "cli/suggest.h"
 #include "commands/commands_view.h"
 #include "link/link_error.h"
@@ -86,8 +86,7 @@ std::string WhyNot(const CommandCall& call, const ButtonWord& word) {
     if (call.Words.size() < 2) return {};
     TypeValue(call, view);
     view.Controls.Click(button);
-    // A value that can't be sent is the only red text that sending leaves.
-    return view.lblErrText.TextColor == ColorRed ? view.lblErrText.Caption : "";
+    return view.WhyNotSent;
 }
 
 // The panel on the line of one call.

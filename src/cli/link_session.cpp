@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "link/link_error.h"
 #include "link/port_setup.h"
 #include "shell/get_action.h"
 #include "shell/put_action.h"
@@ -136,13 +135,14 @@ int LinkSession::EndAction(const ActionEnd& end) {
     Finish();
     if (call_.Json) {
         Json document = {{"status", Utf8(end.Status)}, {"LinkError", error}};
+        if (error != 0) document["LinkErrorText"] = session_.LinkState.ErrorMeaning();
         document.update(end.More);
         document["messages"] = dialogs_.Messages();
         WriteJson(call_, document);
     } else if (!failed) {
         call_.Text() << end.Plain << "\n";
     }
-    if (error != 0) Complain(call_.World) << LinkErrorMeaning(error) << "\n";
+    if (error != 0) Complain(call_.World) << session_.LinkState.ErrorMeaning() << "\n";
     if (failed) call_.World.Err << end.Status << "\n";
     return failed ? kLinkFailed : kDone;
 }

@@ -1,7 +1,7 @@
 // show --as menu: a setup file as the meter's front-panel menu.
 #include "cli/cli.h"
+#include "cli/cli_files.h"
 #include "cli/cli_output.h"
-#include "cli/stored_settings.h"
 #include "menu_view/menu_view.h"
 #include "meter/field_code.h"
 #include "meter/text.h"

@@ -1,4 +1,6 @@
 // get, put, verify: the commands that move a setup between the meter and a file.
+#include <optional>
+
 #include "cli/cli.h"
 #include "cli/differences.h"
 #include "cli/link_session.h"
@@ -13,18 +15,17 @@ int SaveInto(const CommandCall& call, LinkSession& link, const std::string& path
     return saved.Ok() ? kDone : RefuseStatus(call, saved);
 }
 
-// Reads the meter and compares with `wanted`. Returns the list of differences, or null where the link failed.
-Json ReadAndCompare(LinkSession& link, const SetupImage& wanted) {
+// Reads the meter and compares with `wanted`. Nothing where the link failed.
+std::optional<Differences> ReadAndCompare(LinkSession& link, const SetupImage& wanted) {
     Session& session = link.Program();
     const int version = session.Identity.FirmwareVersion;
-    if (link.Get() != kDone) return nullptr;
-    return DifferencesJson(wanted, session.Image,
-                           CompareSetups(wanted, session.Image, RoadOf(session.LinkState), version));
+    if (link.Get() != kDone) return std::nullopt;
+    return CompareSetups(wanted, session.Image, RoadOf(session.LinkState), version);
 }
 
-int TellDifferences(const CommandCall& call, const Json& list, const std::string& name) {
-    if (!call.Json) call.Text() << DifferencesTable(list, name, "meter");
-    return AnyCounts(list) ? kDifferent : kDone;
+int TellDifferences(const CommandCall& call, const Differences& differences, const std::string& name) {
+    if (!call.Json) call.Text() << DifferencesTable(differences, name, "meter");
+    return AnyCounts(differences) ? kDifferent : kDone;
 }
 
 // The meter was written, but port and settings could not follow it.
@@ -36,11 +37,11 @@ int RefuseSettled(const CommandCall& call, LinkSession& link, const Status& sett
 int PutVerified(const CommandCall& call, LinkSession& link) {
     const std::string status = link.Program().Home.StatusText;
     const SetupImage wanted = link.Program().Image;
-    const Json list = ReadAndCompare(link, wanted);
-    if (list.is_null()) return link.End(Json::object());
+    const auto differences = ReadAndCompare(link, wanted);
+    if (!differences) return link.End(Json::object());
     link.Program().Home.StatusText = status;
-    link.End({{"differences", list}});
-    return TellDifferences(call, list, call.Words[0]);
+    link.End({{"differences", DifferencesJson(*differences)}});
+    return TellDifferences(call, *differences, call.Words[0]);
 }
 
 }  // namespace
@@ -86,11 +87,11 @@ int VerifyCommand(const CommandCall& call) {
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
     link.Program().Image = wanted;  // what the link does not bring is not told as different
-    const Json list = ReadAndCompare(link, wanted);
-    if (list.is_null()) return link.End(Json::object());
+    const auto differences = ReadAndCompare(link, wanted);
+    if (!differences) return link.End(Json::object());
     link.Finish();
-    if (call.Json) WriteJson(call, list);
-    return TellDifferences(call, list, call.Words[0]);
+    if (call.Json) WriteJson(call, DifferencesJson(*differences));
+    return TellDifferences(call, *differences, call.Words[0]);
 }
 
 }  // namespace counter

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "cli/cli.h"
-#include "cli/held_files.h"
+#include "cli/cli_files.h"
 #include "cli/link_session.h"
 #include "session/session.h"
 

@@ -1,6 +1,5 @@
 // ports, ports map.
 #include <algorithm>
-#include <filesystem>
 
 #include "cli/cli.h"
 #include "cli/cli_output.h"
@@ -18,9 +17,9 @@ struct ListedPort {
 };
 
 // Devices that a number names, but the machine does not list (a pseudo terminal), are listed too.
-ListedPort& Listed(std::vector<ListedPort>& ports, const std::string& device) {
+ListedPort& Listed(const FileReader& files, std::vector<ListedPort>& ports, const std::string& device) {
     const auto found = std::find_if(ports.begin(), ports.end(), [&](const ListedPort& listed) {
-        return SameDevice(listed.Port.Device, device) ||
+        return SameDevice(files, listed.Port.Device, device) ||
                (!listed.Port.ById.empty() && listed.Port.ById == device);
     });
     if (found != ports.end()) return *found;
@@ -36,7 +35,7 @@ std::vector<ListedPort> ListPorts(const CommandCall& call, const PortCatalog& ca
         const std::string target =
             call.World.Store.LinkTarget(PortLink({call.World.Store, call.Folder}, number));
         if (!target.empty()) {
-            Listed(ports, target).Numbers.push_back(number);
+            Listed(call.World.Store, ports, target).Numbers.push_back(number);
         } else if (number <= known) {
             ports[static_cast<std::size_t>(number - 1)].Numbers.push_back(number);
         }
@@ -66,16 +65,15 @@ int PrintPorts(const CommandCall& call, const std::vector<ListedPort>& ports) {
 }
 
 // "ttyUSB0" is a device of /dev, a path stays one: the link must hold wherever counterctl is called.
-std::string DevicePath(const std::string& word) {
-    if (word.find('/') == std::string::npos) return "/dev/" + word;
-    return std::filesystem::absolute(word).lexically_normal().string();
+std::string DevicePath(const FileReader& files, const std::string& word) {
+    return word.find('/') == std::string::npos ? "/dev/" + word : files.Absolute(word);
 }
 
 int MapPort(const CommandCall& call, const PortCatalog& catalog) {
     const int number = ExactNumber<int>(call.Words[1]).value_or(0);
     if (number < 1 || number > kMostPorts) return RefuseCall(call, "a port number is 1 to 99");
     const ProgramFolder folder{call.World.Store, call.Folder};
-    const Status status = PointPort(folder, catalog, number, DevicePath(call.Words[2]));
+    const Status status = PointPort(folder, catalog, number, DevicePath(folder.Store, call.Words[2]));
     return status.Ok() ? kDone : RefuseStatus(call, status);
 }
 

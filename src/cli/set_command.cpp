@@ -5,7 +5,6 @@
 #include "cli/cli_output.h"
 #include "cli/differences.h"
 #include "cli/field_setter.h"
-#include "meter/field_value.h"
 #include "shell/setup_files.h"
 
 namespace counter {
@@ -45,8 +44,8 @@ bool Differs(const SetupImage& a, const SetupImage& b, Field field) {
 
 // Both hold fields whose bits differ, and values that read otherwise because their point has moved.
 struct SetResult {
-    std::vector<FieldDifference> Changed;       // what was asked for
-    std::vector<FieldDifference> Consequences;  // what the rules changed with it
+    Differences Changed;       // what was asked for
+    Differences Consequences;  // what the rules changed with it
 };
 
 SetResult Compare(const SetupImage& before, const SetupImage& after,
@@ -55,20 +54,18 @@ SetResult Compare(const SetupImage& before, const SetupImage& after,
     for (const FieldRow& row : FieldTable()) {
         if (!Differs(before, after, row.Handle)) continue;
         if (IsAssigned(row, assignments)) {
-            result.Changed.push_back({row.Handle, Standing::Written});
+            result.Changed.push_back(DifferenceIn(row.Handle, before, after));
         } else if (!SharesBitsWithOne(row, assignments)) {
-            result.Consequences.push_back({row.Handle, Standing::Written});
+            result.Consequences.push_back(DifferenceIn(row.Handle, before, after));
         }
     }
     return result;
 }
 
-std::string Told(const Json& consequences) {
+std::string Told(const Differences& consequences) {
     std::vector<std::vector<std::string>> lines;
-    for (const Json& line : consequences) {
-        lines.push_back(
-            {"  " + line["field"].get<std::string>(), PlainText(line["a"]), "->", PlainText(line["b"])});
-    }
+    for (const FieldDifference& line : consequences)
+        lines.push_back({"  " + std::string(line.Name), Utf8(line.A.Text), "->", Utf8(line.B.Text)});
     return lines.empty() ? std::string() : "Changed with it:\n" + Columns(lines);
 }
 
@@ -78,13 +75,12 @@ int Finish(const CommandCall& call, const SetupImage& before, const FieldSetter&
     if (const int status = run.Save(); status != kDone) return status;
     const SetupImage& after = run.Program().Image;
     const SetResult result = Compare(before, after, setter.Done());
-    const Json consequences = DifferencesJson(before, after, result.Consequences);
     if (call.Json) {
-        WriteJson(call, {{"changed", DifferencesJson(before, after, result.Changed)},
-                         {"consequences", consequences},
+        WriteJson(call, {{"changed", DifferencesJson(result.Changed)},
+                         {"consequences", DifferencesJson(result.Consequences)},
                          {"messages", run.Messages()}});
     }
-    call.World.Err << Told(consequences);
+    call.World.Err << Told(result.Consequences);
     return kDone;
 }
 

@@ -1,8 +1,8 @@
 // settings, settings init, settings set.
 #include "cli/cli.h"
+#include "cli/cli_files.h"
 #include "cli/cli_output.h"
 #include "cli/command_table.h"
-#include "cli/stored_settings.h"
 #include "cli/suggest.h"
 #include "settings/settings.h"
 #include "settings/settings_keys.h"

@@ -91,7 +91,6 @@ SetupRun::SetupRun(const CommandCall& call, Player& player, Finish finish)
         entryOpened_ = true;
     };
     view_.ShowMainMenu = [this] { left_ = true; };
-    readButton_ = view_.Controls.Find("cmdRead");
     offline_.Pump().OnTurn = [this] { RunDuringReadLoop(); };
     offline_.Pump().OnEnd = [this] { End(); };
 }
@@ -112,10 +111,6 @@ void SetupRun::End() {
     const int status = OutputStatus(call_.World, finish_(*this));
     call_.World.Err.flush();
     call_.World.Exit(status);
-}
-
-bool SetupRun::Reading() const {
-    return readButton_ != nullptr && readButton_->Caption == "Stop";
 }
 
 // The Read loop runs until its button is pressed again, so the actions after its start run within it, one in

@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "cli/edit_script.h"
@@ -65,7 +64,7 @@ class SetupRun {
     // A message ended the program; nothing more can be done to the view.
     bool Ended() const { return ended_; }
     // The Read loop runs, and the player acts within one of its waits.
-    bool Reading() const;
+    bool Reading() const { return view_.Buttons.Reading(); }
 
   private:
     void End();
@@ -82,7 +81,6 @@ class SetupRun {
     OfflineSession offline_;
     SetupView view_;
     DigitEntry entry_;
-    Control* readButton_ = nullptr;
 
     bool entryOpened_ = false;
     bool actsInLoop_ = false;

@@ -4,10 +4,9 @@
 #include <cstdio>
 
 #include "cli/cli.h"
+#include "cli/cli_files.h"
 #include "cli/exact_number.h"
 #include "cli/link_session.h"
-#include "cli/stored_settings.h"
-#include "cli/stream_files.h"
 #include "link/link_error.h"
 #include "link/list_cutter.h"
 #include "link/prepare_readings.h"
@@ -163,7 +162,7 @@ int StreamRun::Report() {
     if (!written_.Ok()) return RefuseStatus(call_, written_);
     const int error = program_.LinkState.LinkError;
     if (error == LinkErrors::kGood || (interrupted_ && error != LinkErrors::kPortFault)) return kDone;
-    Complain(call_.World) << LinkErrorMeaning(error)
+    Complain(call_.World) << program_.LinkState.ErrorMeaning()
                           << "\nFailed to read the stream, check connections, then try again.      ( "
                           << error << ")\n";
     return kLinkFailed;

@@ -1,6 +1,7 @@
 // Buttons and what they send, readings, coming and going.
 #include "commands/commands_view.h"
 
+#include "commands/active_items.h"
 #include "link/exchange.h"
 #include "meter/field_code.h"
 #include "meter/meter_words.h"
@@ -77,6 +78,7 @@ void CommandsView::Load() {
     const bool modbus = Program.LinkState.ModbusLink;
     ClearFields();
     txtRmtDspy.Text.clear();
+    WhyNotSent.clear();
     rmtClearOnFocus_ = 0;
     lblErrText.Visible = lblModeC.Visible = false;
     cmdItm3Only.Enabled = cmdBoth.Enabled = true;
@@ -159,7 +161,7 @@ void CommandsView::OpenCurve() {
     }
 }
 
-void CommandsView::ShowStatus(const char* text, Color color) {
+void CommandsView::ShowStatus(const std::string& text, Color color) {
     lblErrText.Caption = text;
     lblErrText.TextColor = color;
     lblErrText.Visible = true;

@@ -9,7 +9,6 @@
 #include <string>
 #include <string_view>
 
-#include "commands/active_items.h"
 #include "controls/page_builder.h"
 #include "link/single_reading.h"
 #include "session/session.h"
@@ -31,6 +30,9 @@ class CommandsView {
     void Activate();
     // The view is left, whatever it waits for.
     void Unload();
+
+    // Why the value of the last press was not sent; empty where it was.
+    std::string WhyNotSent;
 
     // Hooks into what shows the view; each may be empty.
     std::function<void()> ShowMainMenu;
@@ -107,7 +109,7 @@ class CommandsView {
     void ClearFields();
     void DisableTakenItem3();
     void OpenCurve();
-    void ShowStatus(const char* text, Color color);
+    void ShowStatus(const std::string& text, Color color);
 
     int termEachItem_ = 0;     // 1: the meter answers a line of values with Item 1 alone
     int rmtClearOnFocus_ = 0;  // 1: the value was sent and goes when its field gets the focus

@@ -37,7 +37,8 @@ void CommandsView::SendRemote(const Request& target, const char* status) {
     } else {
         const auto digits = RemoteDigits(txtRmtDspy.Text);
         if (!digits) {
-            ShowStatus("A value for the display is -2147483648 to 2147483647 over Modbus.", ColorRed);
+            WhyNotSent = "A value for the display is -2147483648 to 2147483647 over Modbus.";
+            ShowStatus(WhyNotSent, ColorRed);
             return;
         }
         ReportSending(status);
@@ -47,6 +48,7 @@ void CommandsView::SendRemote(const Request& target, const char* status) {
 }
 
 void CommandsView::ReportSending(const char* status) {
+    WhyNotSent.clear();
     rmtClearOnFocus_ = 1;
     ShowStatus(status, ColorGreen);
 }

@@ -210,11 +210,8 @@ ViewPage* Desktop::MakeHelpScreen(ViewId view) {
         page = new BatchHelpPage(WorldOfHelp(), BatchHelpKind::Rate, window_.get());
     if (view == ViewId::VFBatchHelp)
         page = new BatchHelpPage(WorldOfHelp(), BatchHelpKind::VF, window_.get());
-    for (const HomeMenuRow& row : HomeMenu()) {
-        if (row.Opens != view) continue;
-        for (const JumperScreen& screen : kJumperScreens) {
-            if (screen.MenuEntry == row.Name) page = new JumperPage(WorldOfHelp(), screen, window_.get());
-        }
+    for (const JumperScreen& screen : kJumperScreens) {
+        if (screen.View == view) page = new JumperPage(WorldOfHelp(), screen, window_.get());
     }
     if (page) page->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
     return page;

@@ -6,6 +6,8 @@
 #include <span>
 #include <string_view>
 
+#include "session/view_id.h"
+
 namespace counter {
 
 // frmMHELP, its text area Picture2 and its button cmdMHelp. Opening it, HelpId becomes kHomeHelpId.
@@ -52,7 +54,7 @@ inline constexpr auto kConverterLines = std::to_array<std::string_view>({
 // A screen with the drawing of a board. Its text is a help text, fixed lines, or none.
 struct JumperScreen {
     std::string_view Form;
-    std::string_view MenuEntry;
+    ViewId View;
     std::string_view Title;
     int HelpId = 0;  // 0: no help text
     std::span<const std::string_view> Lines = {};
@@ -60,17 +62,17 @@ struct JumperScreen {
 
 // clang-format off
 inline constexpr auto kJumperScreens = std::to_array<JumperScreen>({
-    {"frmJDSCG",    "mnuDualG",   "Dual Signal Conditioner Jumpers"},
-    {"frmJVFE",     "mnuVFConvE", "V-F Signal Conditioner Jumpers Rev E"},
-    {"frmJQuadC",   "mnuQuadC",   "Quadrature Signal Conditioner Jumpers - Revision C and above"},
-    {"frmJPS",      "mnuPS",      "Power Supply Jumpers",                     1375},
-    {"frmJRS232G",  "mnuRS232G",  "RS232 Digital Interface Board Revision G", 1383},
-    {"frmJRS485G",  "mnuRS485G",  "RS485 Digital Interface Board Revision G", 1384},
-    {"frmJRSMBG",   "mnuModbusG", "Modbus Digital Interface Board  Rev G",    1393},
-    {"frmJRS232H",  "mnuRS232H",  "RS232 Digital Interface Board Revision H", 0, kRs232HLines},
-    {"frmJRS485H",  "mnuRS485H",  "RS485 Digital Interface Board Revision H", 0, kRs485HLines},
-    {"frmJRSUSB",   "mnuRSUSB",   "USB/RS485 Digital Interface Board",        0, kConverterLines},
-    {"frmJRSEther", "mnuRSEther", "Ethernet/RS485 Digital Interface Board",   0, kConverterLines},
+    {"frmJDSCG",    ViewId::DualSignalG,  "Dual Signal Conditioner Jumpers"},
+    {"frmJVFE",     ViewId::VFConverterE, "V-F Signal Conditioner Jumpers Rev E"},
+    {"frmJQuadC",   ViewId::QuadratureC,  "Quadrature Signal Conditioner Jumpers - Revision C and above"},
+    {"frmJPS",      ViewId::PowerSupply,  "Power Supply Jumpers",                     1375},
+    {"frmJRS232G",  ViewId::Rs232G,       "RS232 Digital Interface Board Revision G", 1383},
+    {"frmJRS485G",  ViewId::Rs485G,       "RS485 Digital Interface Board Revision G", 1384},
+    {"frmJRSMBG",   ViewId::ModbusG,      "Modbus Digital Interface Board  Rev G",    1393},
+    {"frmJRS232H",  ViewId::Rs232H,       "RS232 Digital Interface Board Revision H", 0, kRs232HLines},
+    {"frmJRS485H",  ViewId::Rs485H,       "RS485 Digital Interface Board Revision H", 0, kRs485HLines},
+    {"frmJRSUSB",   ViewId::Usb,          "USB/RS485 Digital Interface Board",        0, kConverterLines},
+    {"frmJRSEther", ViewId::Ethernet,     "Ethernet/RS485 Digital Interface Board",   0, kConverterLines},
 });
 // clang-format on
 

@@ -51,7 +51,7 @@ std::string WithMargin(std::string_view content, int entries) {
 
 }  // namespace
 
-std::optional<std::string> ReadHelpText(const Files& files, const std::string& folder, int helpId) {
+std::optional<std::string> ReadHelpText(const FileReader& files, const std::string& folder, int helpId) {
     const int record = helpId % kRecordsOfPair;
     if (helpId < 1 || helpId > kMostHelpId || record == 0) return {};
     const int n = helpId / kRecordsOfPair;
@@ -63,7 +63,7 @@ std::optional<std::string> ReadHelpText(const Files& files, const std::string& f
     return found ? TextOf(texts, *found) : std::nullopt;
 }
 
-std::optional<std::string> LoadHelpText(const Files& files, const std::string& folder, int helpId) {
+std::optional<std::string> LoadHelpText(const FileReader& files, const std::string& folder, int helpId) {
     std::optional<std::string> text = ReadHelpText(files, folder, helpId);
     if (text) std::replace(text->begin(), text->end(), '$', ' ');
     return text;
@@ -83,7 +83,7 @@ std::vector<HelpSegment> HelpSegments(std::string_view text) {
     return segments;
 }
 
-std::optional<std::string> BatchHelpText(const Files& files, const std::vector<std::string>& folders,
+std::optional<std::string> BatchHelpText(const FileReader& files, const std::vector<std::string>& folders,
                                          BatchHelpKind kind) {
     const bool rate = kind == BatchHelpKind::Rate;
     for (const std::string& folder : folders) {

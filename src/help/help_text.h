@@ -16,10 +16,10 @@ namespace counter {
 
 // The text as it stands in the file. Nothing where a file, the record or part of the text is missing and
 // where the record says what can't be; a record of length 0 is an empty text.
-std::optional<std::string> ReadHelpText(const Files& files, const std::string& folder, int helpId);
+std::optional<std::string> ReadHelpText(const FileReader& files, const std::string& folder, int helpId);
 
 // The same with a blank for every "$", for a label that knows no emphasis.
-std::optional<std::string> LoadHelpText(const Files& files, const std::string& folder, int helpId);
+std::optional<std::string> LoadHelpText(const FileReader& files, const std::string& folder, int helpId);
 
 // A help text cut at its marks of emphasis.
 struct HelpSegment {
@@ -48,7 +48,7 @@ inline constexpr int kVFBatchEntries = 302;
 // The text as the box shows it: for each entry four blanks as left margin, the entry, CR LF. Read from the
 // first of the folders that has the file; nothing where none has. A file that was cut off gives what is
 // there.
-std::optional<std::string> BatchHelpText(const Files& files, const std::vector<std::string>& folders,
+std::optional<std::string> BatchHelpText(const FileReader& files, const std::vector<std::string>& folders,
                                          BatchHelpKind kind);
 
 }  // namespace counter

@@ -13,7 +13,7 @@ namespace {
 // Between the window's going and the page's coming back, so that the view behind is drawn first.
 constexpr double kBehindWindowMs = 10;
 
-std::optional<std::string> FirstText(const Files& files, const std::vector<std::string>& folders,
+std::optional<std::string> FirstText(const FileReader& files, const std::vector<std::string>& folders,
                                      int helpId) {
     for (const std::string& folder : folders) {
         if (std::optional<std::string> text = ReadHelpText(files, folder, helpId)) return text;

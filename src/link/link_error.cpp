@@ -1,31 +1,83 @@
 #include "link/link_error.h"
 
+#include <algorithm>
+#include <array>
+#include <string_view>
+
 namespace counter {
 
-std::string LinkErrorMeaning(int linkError) {
-    switch (linkError) {
-        case LinkErrors::kGood:
-            return "good";
-        case LinkErrors::kNodeNoReply:
-            return "the node sent no reply in time";
-        case LinkErrors::kNoReply:
-            return "no reply within 3 seconds";
-        case LinkErrors::kNoEcho:
-            return "the line did not echo what was sent";
-        case LinkErrors::kNoCarriageReturn:
-            return "the reply has no end";
-        case LinkErrors::kCrc:
-            return "the reply's CRC is wrong";
-        case LinkErrors::kNoLineFeed:
-            return "the reply has no line feed";
-        case LinkErrors::kLrc:
-            return "the reply's LRC is wrong";
-        case LinkErrors::kPortFault:
-            return "the port failed, the line went away, or the reply was another request's";
-        default:
-            return "a reply of the wrong length, or the meter refused with exception " +
-                   std::to_string(linkError);
-    }
+namespace {
+
+using From = ErrorSource;
+
+struct Words {
+    From Source;  // Unknown: the line
+    int Number;
+    std::string_view Text;  // of a transfer the step, of a refusal what the meter has against it
+};
+
+// clang-format off
+constexpr auto kWords = std::to_array<Words>({
+    {From::Unknown,     LinkErrors::kGood,             "good"},
+    {From::Unknown,     LinkErrors::kNodeNoReply,      "the node sent no reply in time"},
+    {From::Unknown,     LinkErrors::kNoReply,          "no reply within 3 seconds"},
+    {From::Unknown,     LinkErrors::kNoEcho,           "the line did not echo what was sent"},
+    {From::Unknown,     LinkErrors::kNoCarriageReturn, "the reply has no end"},
+    {From::Unknown,     LinkErrors::kCrc,              "the reply's CRC is wrong"},
+    {From::Unknown,     LinkErrors::kNoLineFeed,       "the reply has no line feed"},
+    {From::Unknown,     LinkErrors::kLrc,              "the reply's LRC is wrong"},
+    {From::Unknown,     LinkErrors::kPortFault,        "the port failed, the line went away, or the reply was another request's"},
+    {From::Refusal,     LinkErrors::kIllegalFunction,  "unknown function"},
+    {From::Refusal,     LinkErrors::kIllegalAddress,   "unknown address"},
+    {From::Refusal,     LinkErrors::kIllegalValue,     "illegal value"},
+    {From::GetAscii,    LinkErrors::kFirstBlock,       "first block"},
+    {From::GetAscii,    LinkErrors::kSecondBlock,      "second block"},
+    {From::GetAscii,    LinkErrors::kThirdBlock,       "third block"},
+    {From::GetAscii,    LinkErrors::kBoardByte,        "byte of the boards"},
+    {From::GetAscii,    LinkErrors::kRelayByte,        "relay board"},
+    {From::GetAscii,    LinkErrors::kExtendedByte,     "Extended option"},
+    {From::GetAscii,    LinkErrors::kAnalogByte,       "analog board"},
+    {From::GetModbus,   LinkErrors::kGet0001,          "test of the line, or registers from 0001"},
+    {From::GetModbus,   LinkErrors::kGet0011,          "registers from 0011"},
+    {From::GetModbus,   LinkErrors::kGet0025,          "registers from 0025"},
+    {From::GetModbus,   LinkErrors::kGet0041,          "registers from 0041"},
+    {From::GetModbus,   LinkErrors::kGet004C,          "registers from 004C"},
+    {From::GetModbus,   LinkErrors::kGet0064,          "registers from 0064"},
+    {From::PutModbus,   LinkErrors::kPut0001,          "registers from 0001"},
+    {From::PutModbus,   LinkErrors::kPut0011,          "registers from 0011"},
+    {From::PutModbus,   LinkErrors::kPut0021,          "registers from 0021"},
+    {From::PutModbus,   LinkErrors::kPut003A,          "register 003A"},
+    {From::PutModbus,   LinkErrors::kPut004D,          "registers from 004D"},
+    {From::PutModbus,   LinkErrors::kPut0041,          "registers from 0041"},
+    {From::PutModbus,   LinkErrors::kBoardAnswer,      "register of the board"},
+    {From::Reading,     LinkErrors::kReadingLength,    "reading"},
+    {From::Calibration, LinkErrors::kScaleLength,      "scale and offset, or reading"},
+    {From::Calibration, LinkErrors::kExponentLength,   "exponent"},
+});
+// clang-format on
+
+std::string_view TextOf(From source, int number) {
+    const auto found = std::find_if(kWords.begin(), kWords.end(), [&](const Words& words) {
+        return words.Source == source && words.Number == number;
+    });
+    return found == kWords.end() ? std::string_view() : found->Text;
+}
+
+std::string RefusalWords(int exception) {
+    const std::string why(TextOf(From::Refusal, exception));
+    return "the meter refused" + (why.empty() ? "" : ": " + why) + " (exception " +
+           std::to_string(exception) + ")";
+}
+
+}  // namespace
+
+std::string LinkErrorMeaning(int linkError, ErrorSource source) {
+    if (const std::string_view line = TextOf(From::Unknown, linkError); !line.empty())
+        return std::string(line);
+    if (source == From::Refusal) return RefusalWords(linkError);
+    if (const std::string_view step = TextOf(source, linkError); !step.empty())
+        return std::string(step) + ": wrong length";
+    return "a reply of the wrong length, or the meter refused with exception " + std::to_string(linkError);
 }
 
 }  // namespace counter

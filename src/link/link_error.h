@@ -1,4 +1,8 @@
-// LinkError: how the last receive or transfer ended, as the number that users report.
+// LinkError: how the last receive or transfer ended, as the number that users report. Every number is named
+// here, and has its words here.
+//
+// 20 and above come of the line and always mean the same. Those below are of what was being done: the same
+// number means one thing to a Get and another to a Put.
 #pragma once
 
 #include <string>
@@ -8,12 +12,46 @@ namespace counter {
 namespace LinkErrors {
 
 inline constexpr int kGood = 0;
-// 1..15 from a Modbus RTU meter: the low digit of its exception code. The transfers use some of the same
-// numbers for replies of a wrong length.
+
+// The meter refuses, told by Modbus RTU alone: the low digit of its exception code, 1..15.
 inline constexpr int kIllegalFunction = 1;
 inline constexpr int kIllegalAddress = 2;
 inline constexpr int kIllegalValue = 3;
 
+// Get Setup over Custom ASCII, a reply of a wrong length.
+inline constexpr int kFirstBlock = 1;
+inline constexpr int kSecondBlock = 4;
+inline constexpr int kThirdBlock = 7;
+inline constexpr int kBoardByte = 8;
+inline constexpr int kRelayByte = 9;
+inline constexpr int kExtendedByte = 10;
+inline constexpr int kAnalogByte = 11;
+
+// Get Setup over Modbus, by the first register.
+inline constexpr int kLineTest = 1;
+inline constexpr int kGet0001 = 1;
+inline constexpr int kGet0011 = 4;
+inline constexpr int kGet0025 = 7;
+inline constexpr int kGet0041 = 10;
+inline constexpr int kGet004C = 11;
+inline constexpr int kGet0064 = 14;
+
+// Put Setup over Modbus, by the first register, and the question for the board before it.
+inline constexpr int kPut0001 = 1;
+inline constexpr int kPut0011 = 4;
+inline constexpr int kPut0021 = 7;
+inline constexpr int kPut003A = 10;
+inline constexpr int kPut004D = 11;
+inline constexpr int kPut0041 = 14;
+inline constexpr int kBoardAnswer = 16;
+
+inline constexpr int kReadingLength = 1;  // a single reading; also a text that is no value
+
+// Calibration: what is read first.
+inline constexpr int kScaleLength = 1;
+inline constexpr int kExponentLength = 2;
+
+// The line.
 inline constexpr int kNodeNoReply = 20;       // node: nothing before the deadline
 inline constexpr int kNoReply = 21;           // serial: no first character within 3000 ms
 inline constexpr int kNoEcho = 22;            // the reply does not begin with the echo of what was sent
@@ -26,8 +64,10 @@ inline constexpr int kOtherTransaction = 27;  // node: the reply of another Modb
 
 }  // namespace LinkErrors
 
-// What a number of the receive (20 and above) means, for people; for others "reply of a wrong length, or the
-// meter refused (exception n)".
-std::string LinkErrorMeaning(int linkError);
+// What a number below 20 is of.
+enum class ErrorSource { Unknown, Refusal, GetAscii, GetModbus, PutModbus, Reading, Calibration };
+
+// The number in words, for people: "third block: wrong length".
+std::string LinkErrorMeaning(int linkError, ErrorSource source = ErrorSource::Unknown);
 
 }  // namespace counter

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "link/link_error.h"
+
 namespace counter {
 
 struct LinkState {
@@ -16,6 +18,7 @@ struct LinkState {
     std::string RawReply;   // the reply before trimming
     bool ReplyHadEnd = false;  // Custom ASCII: a CR or LF stood behind it
     int LinkError = 0;         // 0 good, see link_error.h
+    ErrorSource FailedIn = ErrorSource::Unknown;  // of a LinkError below 20
     bool PortFault = false;    // WaitForInput met a port error
 
     // Through the node.
@@ -40,6 +43,12 @@ struct LinkState {
 
     // Whether the meter's Modbus check is the published one. Decided once, at program start.
     bool CrcTableFixed = false;
+
+    void Fail(int number, ErrorSource source) {
+        LinkError = number;
+        FailedIn = source;
+    }
+    std::string ErrorMeaning() const { return LinkErrorMeaning(LinkError, FailedIn); }
 };
 
 }  // namespace counter

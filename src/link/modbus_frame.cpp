@@ -70,7 +70,8 @@ bool JudgeRtu(LinkState& link, std::string_view received) {
         return false;
     }
     link.LinkError = LinkErrors::kGood;
-    if (static_cast<unsigned char>(received[1]) >= 128) link.LinkError = ExceptionDigit(link.ReplyText);
+    if (static_cast<unsigned char>(received[1]) >= 128)
+        link.Fail(ExceptionDigit(link.ReplyText), ErrorSource::Refusal);
     return true;
 }
 

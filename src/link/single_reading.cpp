@@ -15,7 +15,6 @@ namespace {
 // Of a Modbus reply as hexadecimal text: address, function and byte count stand in front.
 constexpr std::size_t kCountAt = 6;
 constexpr std::size_t kCountDigits = 8;
-constexpr int kBadLength = 1;  // LinkError of a reply with another length, or that is no value
 
 // A reply that is too short counts as what is there of it. Nothing at all, as when the node stays silent, is
 // no count.
@@ -44,7 +43,8 @@ void AskValue(Link& link, std::string_view command) {
     LinkState& state = link.State;
     if (state.LinkError != LinkErrors::kGood) return;
     if (!state.ReplyHadEnd) state.LinkError = LinkErrors::kNoCarriageReturn;
-    if (state.ReplyText.empty() || state.ReplyText.starts_with('*')) state.LinkError = kBadLength;
+    if (state.ReplyText.empty() || state.ReplyText.starts_with('*'))
+        state.Fail(LinkErrors::kReadingLength, ErrorSource::Reading);
 }
 
 void ReadSingle(Link& link, ReadingKind kind) {
@@ -56,7 +56,8 @@ void ReadSingle(Link& link, ReadingKind kind) {
     } else if (!reading.ModbusPayload.empty()) {
         AskModbus(link, reading.ModbusPayload);
         // Modbus ASCII and the node tell an exception by nothing but its length.
-        if (state.LinkError == LinkErrors::kGood && !HasCount(state)) state.LinkError = kBadLength;
+        if (state.LinkError == LinkErrors::kGood && !HasCount(state))
+            state.Fail(LinkErrors::kReadingLength, ErrorSource::Reading);
         state.RawReply = CountText(state.ReplyText);
     }
 }

@@ -30,6 +30,8 @@ class PassingFiles : public Files {
         return behind_.MakeLink(path, target);
     }
     std::string LinkTarget(const std::string& path) const override { return behind_.LinkTarget(path); }
+    std::string FollowLinks(const std::string& path) const override { return behind_.FollowLinks(path); }
+    std::string Absolute(const std::string& path) const override { return behind_.Absolute(path); }
 
   private:
     Files& behind_;

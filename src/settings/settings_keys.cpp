@@ -10,34 +10,27 @@ namespace counter {
 
 namespace {
 
+using S = Settings;
+
 // clang-format off
 constexpr std::array<SettingsKey, 15> kKeys = {{
-    // name               line from length kind                    least most
-    {"MeterType",           1,  1,  1, SettingsKind::Decimal,        0,     8},
-    {"BaudIndex",           1,  2,  1, SettingsKind::Decimal,        0,     6},
-    {"CommPortNumber",      1,  3,  2, SettingsKind::Decimal,        1,    99},
-    {"SerialProtocol",      1,  5,  1, SettingsKind::Decimal,        0,     2},
-    {"ParityIndex",         1,  6,  1, SettingsKind::Decimal,        0,     2},
-    {"MeterAddressValue",   1,  8,  1, SettingsKind::Address,        0,    31},
-    {"ModbusAddress",       1,  9,  3, SettingsKind::Decimal,        1,   255},
-    {"LongWakeUp",          1, 12,  1, SettingsKind::Decimal,        0,     1},
-    {"FirmwareVersion",     1, 13,  3, SettingsKind::Decimal,        0,   255},
-    {"CommsEnabled",        1, 16,  1, SettingsKind::Decimal,        0,     2},
-    {"ProgramKind",         1, 17,  1, SettingsKind::Decimal,        0,     9},
-    {"TcpPort",             2,  1,  4, SettingsKind::Hex,            0, 65535},
-    {"NodeAddress",         2,  5, 12, SettingsKind::HexDigits,      0,     0},
-    {"NodeUdpPort",         2, 17,  4, SettingsKind::Hex,            0, 65535},
-    {"NodeIp",              2, 21,  8, SettingsKind::IpAddress,      0,     0},
+    // name               line from length kind                 number                text            least most but
+    {"MeterType",           1,  1,  1, SettingsKind::Decimal,   &S::MeterType,         nullptr,         0,     8,  4},
+    {"BaudIndex",           1,  2,  1, SettingsKind::Decimal,   &S::BaudIndex,         nullptr,         0,     6},
+    {"CommPortNumber",      1,  3,  2, SettingsKind::Decimal,   &S::CommPortNumber,    nullptr,         1,    99},
+    {"SerialProtocol",      1,  5,  1, SettingsKind::Decimal,   &S::SerialProtocol,    nullptr,         0,     2},
+    {"ParityIndex",         1,  6,  1, SettingsKind::Decimal,   &S::ParityIndex,       nullptr,         0,     2},
+    {"MeterAddressValue",   1,  8,  1, SettingsKind::Address,   &S::MeterAddressValue, nullptr,         0,    31},
+    {"ModbusAddress",       1,  9,  3, SettingsKind::Decimal,   &S::ModbusAddress,     nullptr,         1,   255},
+    {"LongWakeUp",          1, 12,  1, SettingsKind::Decimal,   &S::LongWakeUp,        nullptr,         0,     1},
+    {"FirmwareVersion",     1, 13,  3, SettingsKind::Decimal,   &S::FirmwareVersion,   nullptr,         0,   255},
+    {"CommsEnabled",        1, 16,  1, SettingsKind::Decimal,   &S::CommsEnabled,      nullptr,         0,     2},
+    {"ProgramKind",         1, 17,  1, SettingsKind::Decimal,   &S::ProgramKind,       nullptr,         0,     9},
+    {"TcpPort",             2,  1,  4, SettingsKind::Hex,       &S::TcpPort,           nullptr,         0, 65535},
+    {"NodeAddress",         2,  5, 12, SettingsKind::HexDigits, nullptr,               &S::NodeAddress},
+    {"NodeUdpPort",         2, 17,  4, SettingsKind::Hex,       &S::NodeUdpPort,       nullptr,         0, 65535},
+    {"NodeIp",              2, 21,  8, SettingsKind::IpAddress, nullptr,               &S::NodeIp},
 }};
-
-// Parsed number of each key in the order above; null where the value is a text.
-constexpr std::array<int Settings::*, 15> kNumbers = {
-    &Settings::MeterType,      &Settings::BaudIndex,         &Settings::CommPortNumber,
-    &Settings::SerialProtocol, &Settings::ParityIndex,       &Settings::MeterAddressValue,
-    &Settings::ModbusAddress,  &Settings::LongWakeUp,        &Settings::FirmwareVersion,
-    &Settings::CommsEnabled,   &Settings::ProgramKind,       &Settings::TcpPort,
-    nullptr,                   &Settings::NodeUdpPort,       nullptr,
-};
 // clang-format on
 
 std::string Refusal(const SettingsKey& key, const std::string& legal) {
@@ -92,10 +85,8 @@ std::optional<std::string> IpText(std::string_view value) {
     return digits;
 }
 
-// 4 is no meter type: the meter kinds are 0 to 3 and 5 to 8.
 bool LegalNumber(const SettingsKey& key, std::optional<int> number) {
-    if (!number || *number < key.Least || *number > key.Most) return false;
-    return !(key.Name == "MeterType" && *number == 4);
+    return number && *number >= key.Least && *number <= key.Most && *number != key.But;
 }
 
 }  // namespace
@@ -111,14 +102,13 @@ const SettingsKey* FindSettingsKey(std::string_view name) {
 }
 
 std::optional<int> SettingsNumber(const Settings& settings, const SettingsKey& key) {
-    const auto member = kNumbers[static_cast<std::size_t>(&key - kKeys.data())];
-    if (member == nullptr) return std::nullopt;
-    return settings.*member;
+    if (key.Number == nullptr) return std::nullopt;
+    return settings.*key.Number;
 }
 
 std::string SettingsText(const Settings& settings, const SettingsKey& key) {
     if (const auto number = SettingsNumber(settings, key)) return std::to_string(*number);
-    return key.Kind == SettingsKind::IpAddress ? settings.NodeIp : settings.NodeAddress;
+    return settings.*key.Text;
 }
 
 std::string SetSettingsKey(SettingsLines& lines, const SettingsKey& key, std::string_view value) {
@@ -134,7 +124,7 @@ std::string SetSettingsKey(SettingsLines& lines, const SettingsKey& key, std::st
         const std::optional<int> number = WholeNumber(value);
         if (LegalNumber(key, number)) text = NumberText(key, *number);
         legal = "a number " + std::to_string(key.Least) + " to " + std::to_string(key.Most);
-        if (key.Name == "MeterType") legal += " other than 4";
+        if (key.But != kNoNumber) legal += " other than " + std::to_string(key.But);
     }
     if (!text) return Refusal(key, legal);
     SettingsPut(key.Line == 1 ? lines.SettingsLine1 : lines.SettingsLine2, key.Position, *text);

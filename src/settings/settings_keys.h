@@ -18,14 +18,19 @@ enum class SettingsKind {
     IpAddress,  // dotted decimal, stored as four bytes in hexadecimal
 };
 
+inline constexpr int kNoNumber = -1;
+
 struct SettingsKey {
     std::string_view Name;
     int Line;      // 1 or 2
     int Position;  // from 1
     int Length;    // characters
     SettingsKind Kind;
-    int Least;  // for numbers
-    int Most;
+    int Settings::*Number;  // where it is parsed to, one of the two
+    std::string Settings::*Text;
+    int Least = 0;  // for numbers
+    int Most = 0;
+    int But = kNoNumber;  // one between them that is none: there is no meter kind 4
 };
 
 // All keys, in the order of the file.

@@ -20,7 +20,9 @@ struct ViewButtons : Page {
 
     void Wire();
     void ShowByMeterKind();
-    // Ends the Read loop at its next turn.
+    // The Read loop runs.
+    bool Reading() const { return readRunning_; }
+    // Ends it at its next turn.
     void StopReading();
 
   private:

@@ -5,9 +5,28 @@
 #include <span>
 #include <string_view>
 
-#include "shell/view_id.h"
+#include "session/view_id.h"
 
 namespace counter {
+
+// The headings and entries that rules speak of; the others only drop down or open a view.
+enum class HomeItem {
+    Other,
+    DefaultSetup,
+    Open,
+    Save,
+    SaveAs,
+    Exit,
+    Counter,
+    Get,
+    Put,
+    View,
+    Menu,
+    Commands,
+    Readings,
+    Calibration,
+    Count
+};
 
 struct HomeMenuRow {
     std::string_view Name;     // "mnuGet"
@@ -16,6 +35,7 @@ struct HomeMenuRow {
     int HelpTopic;                // of a heading
     bool Enabled;                 // as the program starts
     std::optional<ViewId> Opens;  // the view that an entry opens and does nothing else
+    HomeItem Item = HomeItem::Other;
 };
 
 std::span<const HomeMenuRow> HomeMenu();

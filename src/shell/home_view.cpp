@@ -38,29 +38,27 @@ void HomeView::AddMenu() {
         control.HelpNumber = row.HelpTopic;
         if (row.Heading) heading = &control;
         if (!row.Heading) control.Container = heading;
+        items_[static_cast<std::size_t>(row.Item)] = &control;
+        if (row.Heading)
+            Controls.On(control, [this, &row](Control& touched) { ComeToHeading(row, touched); });
+        if (row.Opens) Controls.On(control, [this, &row](Control&) { OpenView(row); });
     }
 }
 
 void HomeView::Wire() {
-    for (const HomeMenuRow& row : HomeMenu()) {
-        Control& control = Menu(row.Name);
-        if (row.Heading)
-            Controls.On(control, [this, &row](Control& heading) { ComeToHeading(row, heading); });
-        if (row.Opens) Controls.On(control, [this, &row](Control&) { OpenView(row); });
-    }
-    On("mnuDefaultSet", &HomeView::DefaultSetup);
-    On("mnuOpen", &HomeView::OpenSetup);
-    On("mnuSave", &HomeView::SaveSetup);
-    On("mnuSaveAs", &HomeView::SaveSetupAs);
-    On("mnuExit", &HomeView::Exit);
-    On("mnuGet", &HomeView::Get);
-    On("mnuPut", &HomeView::Put);
-    On("cmdMenuHelp", &HomeView::MenuHelp);
-    On("cmdOK", &HomeView::EndMenuHelp);
+    On(Menu(HomeItem::DefaultSetup), &HomeView::DefaultSetup);
+    On(Menu(HomeItem::Open), &HomeView::OpenSetup);
+    On(Menu(HomeItem::Save), &HomeView::SaveSetup);
+    On(Menu(HomeItem::SaveAs), &HomeView::SaveSetupAs);
+    On(Menu(HomeItem::Exit), &HomeView::Exit);
+    On(Menu(HomeItem::Get), &HomeView::Get);
+    On(Menu(HomeItem::Put), &HomeView::Put);
+    On(cmdMenuHelp, &HomeView::MenuHelp);
+    On(cmdOK, &HomeView::EndMenuHelp);
 }
 
-void HomeView::On(std::string_view name, void (HomeView::*action)()) {
-    Controls.On(Menu(name), [this, action](Control&) { (this->*action)(); });
+void HomeView::On(Control& control, void (HomeView::*action)()) {
+    Controls.On(control, [this, action](Control&) { (this->*action)(); });
 }
 
 void HomeView::Load() {
@@ -74,13 +72,14 @@ void HomeView::Activate() {
     if (CloseViews) CloseViews();
     session_.Home.Hourglass = false;
     const bool comms = session_.Settings.CommsEnabled != Comms::NoLink;
-    Menu("mnuCounter").Enabled = comms;
+    Menu(HomeItem::Counter).Enabled = comms;
     if (!comms) session_.Identity.SetupFromMeter = false;
     const LinkState& link = session_.LinkState;
     session_.Home.CalibrationEnabled = !link.ModbusLink;
-    Menu("mnuMRdgs").Enabled = !link.ModbusLink && !link.EthernetMode;
-    if (session_.Settings.ProgramKind == ProgramKind::NoCalibration) Menu("mnuCalib").Visible = false;
-    Menu("mnuMenu").Visible = HasPanel(session_.Identity.MeterType);
+    Menu(HomeItem::Readings).Enabled = !link.ModbusLink && !link.EthernetMode;
+    if (session_.Settings.ProgramKind == ProgramKind::NoCalibration)
+        Menu(HomeItem::Calibration).Visible = false;
+    Menu(HomeItem::Menu).Visible = HasPanel(session_.Identity.MeterType);
     ShowState();
 }
 
@@ -92,10 +91,10 @@ void HomeView::ShowState() {
     pbBar.Value = home.ProgressPercent;
     pbBar.Visible = home.ProgressVisible;
     lblTest2.Caption = session_.LinkState.ReplyText;
-    Menu("mnuView").Enabled = home.ViewEnabled;
-    Menu("mnuPut").Enabled = home.PutEnabled;
-    Menu("mnuCmds").Enabled = home.CommandsEnabled;
-    Menu("mnuCalib").Enabled = home.CalibrationEnabled;
+    Menu(HomeItem::View).Enabled = home.ViewEnabled;
+    Menu(HomeItem::Put).Enabled = home.PutEnabled;
+    Menu(HomeItem::Commands).Enabled = home.CommandsEnabled;
+    Menu(HomeItem::Calibration).Enabled = home.CalibrationEnabled;
     Controls.TellChanged();
 }
 
@@ -134,7 +133,7 @@ void HomeView::HelpKey() {
 }
 
 void HomeView::ComeToHeading(const HomeMenuRow& row, Control& heading) {
-    if (row.Name == "mnuMRdgs") return ComeToReadings(heading);
+    if (row.Item == HomeItem::Readings) return ComeToReadings(heading);
     RestoreScreen();
     session_.Views.HelpId = row.HelpTopic;
     if (DropDown) DropDown(heading);

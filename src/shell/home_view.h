@@ -1,6 +1,7 @@
 // HomeView: frmMMenu, the view that lives for the whole run; every other view opens from its menu.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <string>
 
@@ -49,13 +50,14 @@ class HomeView {
 
     Form Controls;
 
+    Control& Menu(HomeItem item) { return *items_[static_cast<std::size_t>(item)]; }
+
   private:
     // The captions of the lines on show are the form's own.
     Control& Add(ControlKind kind, std::string_view name, std::string_view caption = {});
-    Control& Menu(std::string_view name) { return *Controls.Find(name); }
     void AddMenu();
     void Wire();
-    void On(std::string_view name, void (HomeView::*action)());
+    void On(Control& control, void (HomeView::*action)());
     void ShowState();
 
     void MenuHelp();
@@ -75,6 +77,7 @@ class HomeView {
     void Put();
 
     Session& session_;
+    std::array<Control*, static_cast<std::size_t>(HomeItem::Count)> items_ = {};
     bool tallText_ = true;
     bool preparing_ = false;
 

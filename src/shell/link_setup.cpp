@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "link/port_setup.h"
 #include "meter/field_lists.h"
 #include "meter/text.h"
 #include "session/session.h"
@@ -112,7 +111,7 @@ void LinkSetup::ListPorts() {
     }
     cboPort.Entries.assign(portTexts_.begin(), portTexts_.end());
     const auto shown = std::find_if(ports_.begin(), ports_.end(), [this](const PortDescription& port) {
-        return SameDevice(port.Device, txtDevice.Text);
+        return SameDevice(world_.Folder.Store, port.Device, txtDevice.Text);
     });
     cboPort.ListIndex = shown == ports_.end() ? -1 : static_cast<int>(shown - ports_.begin());
     Controls.TellChanged();
@@ -256,7 +255,7 @@ std::vector<std::string> LinkSetup::DevicesToTry() const {
     std::vector<std::string> devices;
     if (!txtDevice.Text.empty()) devices.push_back(txtDevice.Text);
     for (const PortDescription& port : ports_) {
-        if (!SameDevice(port.Device, txtDevice.Text)) devices.push_back(port.Device);
+        if (!SameDevice(world_.Folder.Store, port.Device, txtDevice.Text)) devices.push_back(port.Device);
     }
     return devices;
 }

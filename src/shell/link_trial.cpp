@@ -23,12 +23,9 @@ class TriedSettings : public Files {
     }
     Status Write(const std::string&, std::string_view) override { return {}; }
     Status Append(const std::string&, std::string_view) override { return {}; }
-    bool Exists(const std::string&) const override { return false; }
     Status Remove(const std::string&) override { return {}; }
     Status MakeFolder(const std::string&) override { return {}; }
-    Status List(const std::string&, std::vector<std::string>&) const override { return {}; }
     Status MakeLink(const std::string&, const std::string&) override { return {}; }
-    std::string LinkTarget(const std::string&) const override { return {}; }
 
   private:
     std::string text_;
@@ -103,8 +100,8 @@ LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines) {
     trial.FirmwareVersion = ValueOfField(session.Image, Field::FirmwareVersion).Number;
     trial.MeterType = ValueOfField(session.Image, Field::MeterType).Number;
     trial.Words = trial.Answered ? AnswerInWords(session)
-                                 : LinkErrorMeaning(trial.LinkError) + " (" +
-                                       std::to_string(trial.LinkError) + ")." + WhatToLookAt(trial.LinkError);
+                                 : session.LinkState.ErrorMeaning() + " (" + std::to_string(trial.LinkError) +
+                                       ")." + WhatToLookAt(trial.LinkError);
     return trial;
 }
 

@@ -14,7 +14,7 @@ inline constexpr int kMostPorts = 99;
 std::string PortLink(const ProgramFolder& folder, int number);
 
 // Two names of one device.
-bool SameDevice(const std::string& a, const std::string& b);
+bool SameDevice(const FileReader& files, const std::string& a, const std::string& b);
 
 // Makes the number mean the device. A device that has a name by id is linked by that name, so that the number
 // keeps its adaptor.

@@ -15,7 +15,7 @@ std::string TextOfImage(const SetupImage& image) {
     return image.SetupData + "\r\n";
 }
 
-Status LoadSetupFile(const Files& files, const std::string& path, SetupImage& image) {
+Status LoadSetupFile(const FileReader& files, const std::string& path, SetupImage& image) {
     std::string text;
     Status status = files.Read(path, text);
     if (status.Ok()) image = ImageOfText(text);

@@ -15,7 +15,7 @@ SetupImage ImageOfText(std::string_view text);
 std::string TextOfImage(const SetupImage& image);
 
 // A file that can't be read leaves the image as it was.
-Status LoadSetupFile(const Files& files, const std::string& path, SetupImage& image);
+Status LoadSetupFile(const FileReader& files, const std::string& path, SetupImage& image);
 Status SaveSetupFile(Files& files, const std::string& path, const SetupImage& image);
 
 }  // namespace counter

@@ -1,17 +1,14 @@
 #include "shell/start.h"
 
-#include <random>
-
 #include "meter/firmware.h"
 
 namespace counter {
 
 namespace {
 
-// 1..8, another at each start of the program.
-int FreshVariant() {
-    std::random_device seed;
-    return std::uniform_int_distribution(1, 8)(seed);
+// 1..8: chance is in the millisecond at which somebody starts the program.
+int FreshVariant(const Pump& pump) {
+    return 1 + pump.LocalTime().Millisecond % 8;
 }
 
 }  // namespace
@@ -26,7 +23,8 @@ Status Start(Session& session) {
 
 Status LogIntoNode(Session& session) {
     const Settings& stored = session.Settings;
-    Status status = session.Node.Login({stored.NodeAddress, stored.NodeIp, stored.TcpPort}, FreshVariant());
+    Status status =
+        session.Node.Login({stored.NodeAddress, stored.NodeIp, stored.TcpPort}, FreshVariant(session.Pump));
     if (session.Node.Connected()) {
         session.LinkState.NodeFirstRun = false;
         session.LinkState.EthernetMode = true;

@@ -116,7 +116,7 @@ Status DiskFiles::Read(const std::string& path, std::string& content) const {
 
 Status DiskFiles::Write(const std::string& path, std::string_view content) {
     if (IsStream(path)) return StatusOf(path, WriteStream(path, content));
-    return StatusOf(path, WriteWhole(FollowLinks(path), content));
+    return StatusOf(path, WriteWhole(counter::FollowLinks(path), content));
 }
 
 Status DiskFiles::Append(const std::string& path, std::string_view content) {
@@ -170,6 +170,14 @@ Status DiskFiles::MakeLink(const std::string& path, const std::string& target) {
 std::string DiskFiles::LinkTarget(const std::string& path) const {
     std::error_code error;
     return fs::read_symlink(path, error).string();
+}
+
+std::string DiskFiles::FollowLinks(const std::string& path) const {
+    return counter::FollowLinks(path);
+}
+
+std::string DiskFiles::Absolute(const std::string& path) const {
+    return fs::absolute(path).lexically_normal().string();
 }
 
 }  // namespace counter

@@ -26,6 +26,8 @@ class DiskFiles : public Files {
     // At any moment the old or the new link stands there. Anything but a link is left and refused.
     Status MakeLink(const std::string& path, const std::string& target) override;
     std::string LinkTarget(const std::string& path) const override;
+    std::string FollowLinks(const std::string& path) const override;
+    std::string Absolute(const std::string& path) const override;
 };
 
 }  // namespace counter

@@ -5,8 +5,7 @@
 
 namespace counter {
 
-// The path at the end of all links, absolute where it exists. A link whose target is missing gives the path
-// of what is missing; links that go round in a circle give `path` itself.
+// As FileReader promises it.
 std::string FollowLinks(const std::string& path);
 
 }  // namespace counter

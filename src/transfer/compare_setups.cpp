@@ -1,6 +1,5 @@
 #include "transfer/compare_setups.h"
 
-#include "meter/field_value.h"
 #include "meter/firmware.h"
 #include "transfer/put_frames.h"
 
@@ -44,6 +43,14 @@ bool IsHardware(Field field) {
     }
 }
 
+bool ReadAlike(const FieldValue& a, const FieldValue& b) {
+    return a.IsNumber == b.IsNumber && a.Text == b.Text;
+}
+
+std::string Surplus(const SetupImage& image) {
+    return image.SetupData.size() > kImageDigits ? image.SetupData.substr(kImageDigits) : std::string();
+}
+
 // Whether a meter is Basic or Extended is fitted; which curve an Extended one has is set.
 bool OtherClass(const SetupImage& a, const SetupImage& b) {
     return ExtendedMeterFromSetup(a) != ExtendedMeterFromSetup(b);
@@ -66,6 +73,16 @@ Standing StandingOf(Field field, PutRoad road, int firmwareVersion) {
     return written ? Standing::Written : Standing::NotWritten;
 }
 
+FieldDifference DifferenceIn(Field field, const SetupImage& a, const SetupImage& b, Standing standing) {
+    FieldDifference difference = {RowOf(field).Name, RowOf(field).Pos, ValueOfField(a, field),
+                                  ValueOfField(b, field), standing};
+    if (ReadAlike(difference.A, difference.B)) {
+        difference.A = {FieldDigits(a, field)};
+        difference.B = {FieldDigits(b, field)};
+    }
+    return difference;
+}
+
 std::vector<FieldDifference> CompareSetups(const SetupImage& a, const SetupImage& b, PutRoad road,
                                            int firmwareVersion) {
     std::vector<FieldDifference> differences;
@@ -73,8 +90,19 @@ std::vector<FieldDifference> CompareSetups(const SetupImage& a, const SetupImage
         if (row.Kind == Mark::Overlap || FieldEqual(a, b, row.Handle)) continue;
         Standing standing = StandingOf(row.Handle, road, firmwareVersion);
         if (row.Handle == Field::ClassAndCurve && OtherClass(a, b)) standing = Standing::Hardware;
-        differences.push_back({row.Handle, standing});
+        differences.push_back(DifferenceIn(row.Handle, a, b, standing));
     }
+    return differences;
+}
+
+std::vector<FieldDifference> CompareFiles(const SetupImage& a, const SetupImage& b) {
+    std::vector<FieldDifference> differences;
+    for (const FieldRow& row : FieldTable()) {
+        if (row.Kind == Mark::Overlap || FieldEqual(a, b, row.Handle)) continue;
+        differences.push_back(DifferenceIn(row.Handle, a, b));
+    }
+    if (Surplus(a) != Surplus(b))
+        differences.push_back({"Digits behind the setup", kImageDigits + 1, {Surplus(a)}, {Surplus(b)}});
     return differences;
 }
 

@@ -1,10 +1,12 @@
 // Two setups field by field, and what a Put can do about a difference.
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "link/link_state.h"
 #include "meter/field_table.h"
+#include "meter/field_value.h"
 #include "meter/setup_image.h"
 
 namespace counter {
@@ -25,13 +27,21 @@ enum class Standing {
 Standing StandingOf(Field field, PutRoad road, int firmwareVersion);
 
 struct FieldDifference {
-    Field Which;
-    Standing Stands;
+    std::string_view Name;
+    int Position;     // from 1
+    FieldValue A, B;  // as people read them; the digits where both read alike
+    Standing Stands = Standing::Written;
     bool Counts() const { return Stands == Standing::Written; }
 };
+
+FieldDifference DifferenceIn(Field field, const SetupImage& a, const SetupImage& b,
+                             Standing standing = Standing::Written);
 
 // In the order of the field table; fields that show the digits of others are left out.
 std::vector<FieldDifference> CompareSetups(const SetupImage& a, const SetupImage& b, PutRoad road,
                                            int firmwareVersion);
+
+// Of two files every difference counts, and so does what one has behind its 260 digits.
+std::vector<FieldDifference> CompareFiles(const SetupImage& a, const SetupImage& b);
 
 }  // namespace counter

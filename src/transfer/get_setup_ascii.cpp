@@ -2,6 +2,7 @@
 #include <string>
 
 #include "link/exchange.h"
+#include "link/link_error.h"
 #include "link/waits.h"
 #include "meter/boards.h"
 #include "meter/firmware.h"
@@ -11,19 +12,11 @@ namespace counter {
 
 namespace {
 
-// The numbers of the steps, as users report them.
-constexpr int kFirstBlock = 1;
-constexpr int kSecondBlock = 4;
-constexpr int kThirdBlock = 7;
-constexpr int kOptionBoards = 8;
-constexpr int kRelayByte = 9;
-constexpr int kExtendedByte = 10;
-constexpr int kAnalogByte = 11;
-
 // Asks and tests the length, the only proof of a good reply.
 bool Ask(Link& link, const char* command, std::size_t length, int step) {
     AskAscii(link, command);
-    if (link.State.LinkError == 0 && link.State.ReplyText.size() != length) link.State.LinkError = step;
+    if (link.State.LinkError == 0 && link.State.ReplyText.size() != length)
+        link.State.Fail(step, ErrorSource::GetAscii);
     return link.State.LinkError == 0;
 }
 
@@ -43,16 +36,16 @@ void PauseAfterBlock(SetupTransfer& transfer) {
 bool GetBlocks(SetupTransfer& transfer) {
     Link& link = transfer.Line;
     std::string& data = transfer.Image.SetupData;
-    if (!Ask(link, "XR1AZ", 108, kFirstBlock)) return false;
+    if (!Ask(link, "XR1AZ", 108, LinkErrors::kFirstBlock)) return false;
     data = link.State.ReplyText;
     PauseAfterBlock(transfer);
     transfer.ProgressTo(30);
-    if (!Ask(link, "XR35Z", 108, kSecondBlock)) return false;
+    if (!Ask(link, "XR35Z", 108, LinkErrors::kSecondBlock)) return false;
     const std::string end = link.State.ReplyText.substr(0, 12);
     data += link.State.ReplyText.substr(12);
     PauseAfterBlock(transfer);
     transfer.ProgressTo(60);
-    if (!Ask(link, "XB74Z", 44, kThirdBlock)) return false;
+    if (!Ask(link, "XB74Z", 44, LinkErrors::kThirdBlock)) return false;
     data += link.State.ReplyText + end;
     PauseAfterBlock(transfer);
     return true;
@@ -77,7 +70,7 @@ bool GetRelayBoard(SetupTransfer& transfer) {
     AskAscii(link, "G12B");
     if (link.State.PortFault) return false;
     if (link.State.ReplyText.size() != 2) {
-        link.State.LinkError = kRelayByte;
+        link.State.Fail(LinkErrors::kRelayByte, ErrorSource::GetAscii);
         return false;
     }
     const SetupImage reply{link.State.ReplyText};
@@ -89,7 +82,7 @@ bool GetExtendedOption(SetupTransfer& transfer) {
     Link& link = transfer.Line;
     transfer.ProgressTo(100);
     LinkDelay(link, 200);
-    if (!Ask(link, "G128", 2, kExtendedByte)) return false;
+    if (!Ask(link, "G128", 2, LinkErrors::kExtendedByte)) return false;
     const SetupImage reply{link.State.ReplyText};
     transfer.Derived.ExtendedMeter = BitsGet(reply, 7, 7, 1) == 1;
     if (!transfer.Derived.ExtendedMeter) PutCode(transfer.Image, Field::ClassAndCurve, 0);
@@ -99,7 +92,7 @@ bool GetExtendedOption(SetupTransfer& transfer) {
 bool GetAnalogBoard(SetupTransfer& transfer) {
     if (!AsksAnalogByte(transfer.Identity.FirmwareVersion)) return true;
     Link& link = transfer.Line;
-    if (!Ask(link, "R141", 2, kAnalogByte)) return false;
+    if (!Ask(link, "R141", 2, LinkErrors::kAnalogByte)) return false;
     PutCode(transfer.Image, Field::AnalogOption, std::atoi(link.State.ReplyText.c_str()));
     return true;
 }
@@ -108,7 +101,7 @@ constexpr int kOptionBoardsPos = 193;
 
 // The bytes that the meter keeps apart from its setup words.
 bool GetLiveBytes(SetupTransfer& transfer) {
-    if (!Ask(transfer.Line, "G130", 2, kOptionBoards)) return false;
+    if (!Ask(transfer.Line, "G130", 2, LinkErrors::kBoardByte)) return false;
     DigitsPut(transfer.Image, kOptionBoardsPos, transfer.Line.State.ReplyText);
     return GetRelayBoard(transfer) && GetExtendedOption(transfer) && GetAnalogBoard(transfer);
 }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "link/exchange.h"
+#include "link/link_error.h"
 #include "link/waits.h"
 #include "meter/firmware.h"
 #include "transfer/get_setup.h"
@@ -64,24 +65,23 @@ constexpr std::array<Piece, 3> kIdentity = {{{9, 2, 143}, {13, 2, 235}, {17, 2, 
 
 // Function 03, first register, count.
 constexpr std::array<Range, 6> kRanges = {{
-    {"0300010010", 70,  1,  12, kSetpointsAndScales, nullptr},
-    {"0300110014", 86,  4,  39, kCoordinates, nullptr},
-    {"0300250017", 98,  7,  53, kOutputsAndTimes, nullptr},
-    {"030041000B", 50, 10,  67, kAlarmsToSerial, AmendHalfDuplex},
-    {"03004C0014", 86, 11,  81, kDisplayToModbus, nullptr},
-    {"0300640003", 18, 14, 100, kIdentity, AmendAnalogOption},
+    {"0300010010", 70, LinkErrors::kGet0001,  12, kSetpointsAndScales, nullptr},
+    {"0300110014", 86, LinkErrors::kGet0011,  39, kCoordinates, nullptr},
+    {"0300250017", 98, LinkErrors::kGet0025,  53, kOutputsAndTimes, nullptr},
+    {"030041000B", 50, LinkErrors::kGet0041,  67, kAlarmsToSerial, AmendHalfDuplex},
+    {"03004C0014", 86, LinkErrors::kGet004C,  81, kDisplayToModbus, nullptr},
+    {"0300640003", 18, LinkErrors::kGet0064, 100, kIdentity, AmendAnalogOption},
 }};
 // clang-format on
 
 constexpr const char* kEcho = "0800010000";  // diagnostics: the reply repeats the request
 constexpr int kEchoLength = 12;
-constexpr int kEchoStep = 1;
 
 bool Ask(Link& link, const char* request, int length, int step) {
     AskModbus(link, request);
     const int wanted = length + ModbusExtraDigits(link.State);
     const int got = static_cast<int>(link.State.ReplyText.size());
-    if (link.State.LinkError == 0 && got != wanted) link.State.LinkError = step;
+    if (link.State.LinkError == 0 && got != wanted) link.State.Fail(step, ErrorSource::GetModbus);
     return link.State.LinkError == 0;
 }
 
@@ -108,7 +108,7 @@ double PauseMs(const LinkState& link) {
 void GetSetupModbus(SetupTransfer& transfer) {
     Link& link = transfer.Line;
     transfer.ProgressTo(5);
-    if (!Ask(link, kEcho, kEchoLength, kEchoStep)) return;
+    if (!Ask(link, kEcho, kEchoLength, LinkErrors::kLineTest)) return;
     for (const Range& range : kRanges) {
         LinkDelay(link, PauseMs(link.State));
         transfer.ProgressTo(range.Percent);

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "link/link_error.h"
 #include "transfer/setup_conversions.h"
 
 namespace counter {
@@ -64,12 +65,12 @@ constexpr std::array<RegisterPiece, 12> kAlarmsToSerial = {{
 }};
 
 constexpr std::array<ModbusWrite, 6> kModbusWrites = {{
-    {"100001001020", kSetpointsAndScales, 23,  1, false},
-    {"100011001020", kCoordinates,        38,  4, false},
-    {"100021001326", kOutputsAndTimes,    51,  7, false},
-    {"10003A000102", kCutoff,             68, 10, true},
-    {"10004D001326", kDisplayToModbus,    85, 11, false},
-    {"100041000C18", kAlarmsToSerial,    100, 14, false},
+    {"100001001020", kSetpointsAndScales, 23, LinkErrors::kPut0001, false},
+    {"100011001020", kCoordinates,        38, LinkErrors::kPut0011, false},
+    {"100021001326", kOutputsAndTimes,    51, LinkErrors::kPut0021, false},
+    {"10003A000102", kCutoff,             68, LinkErrors::kPut003A, true},
+    {"10004D001326", kDisplayToModbus,    85, LinkErrors::kPut004D, false},
+    {"100041000C18", kAlarmsToSerial,    100, LinkErrors::kPut0041, false},
 }};
 // clang-format on
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "link/exchange.h"
+#include "link/link_error.h"
 #include "link/waits.h"
 #include "meter/field_value.h"
 #include "meter/firmware.h"
@@ -13,7 +14,6 @@ namespace counter {
 
 namespace {
 
-constexpr int kBoardLength = 16;   // LinkError of a board answer of a wrong length
 constexpr int kAnswerDigits = 12;  // address, function, first register, count
 constexpr int kBeforeResetMs = 1500;
 // The Display Type and the Mode are the first digits of their bytes.
@@ -48,7 +48,7 @@ int AskBoardModbus(Link& link) {
     // The length is that of RTU also over Modbus ASCII, whose answer never has it: required.
     const std::size_t wanted = link.State.EthernetMode ? 10 : 14;
     if (link.State.ReplyText.size() != wanted) {
-        link.State.LinkError = kBoardLength;
+        link.State.Fail(LinkErrors::kBoardAnswer, ErrorSource::PutModbus);
         return -1;
     }
     const int mode = HexDigitGet({link.State.ReplyText}, 9);
@@ -82,7 +82,7 @@ bool WriteRow(SetupTransfer& transfer, const ModbusWrite& write) {
     ReceiveReply(link);
     const int wanted = kAnswerDigits + ModbusExtraDigits(link.State);
     const int got = static_cast<int>(link.State.ReplyText.size());
-    if (link.State.LinkError == 0 && got != wanted) link.State.LinkError = write.Step;
+    if (link.State.LinkError == 0 && got != wanted) link.State.Fail(write.Step, ErrorSource::PutModbus);
     return link.State.LinkError == 0;
 }
 

@@ -22,7 +22,7 @@ inline constexpr int kJumpersHeadingId = 3117;
 
 // What a help screen works with.
 struct HelpWorld {
-    const Files& Store;
+    const FileReader& Store;
     std::vector<std::string> HelpFolders;   // best first, as all of them
     std::vector<std::string> BoardFolders;  // of the drawings
     Printer& Paper;

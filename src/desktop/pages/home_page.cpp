@@ -49,8 +49,7 @@ void HomePage::AddMenu() {
     for (const HomeMenuRow& row : HomeMenu()) {
         Control& control = *view_.Controls.Find(row.Name);
         if (row.Heading) {
-            AddHeading(control);
-            under = menu_->findChild<QMenu*>(ObjectName(control));
+            under = AddHeading(control);
         } else {
             AddEntry(control, *under, row.Opens.has_value());
         }
@@ -59,11 +58,11 @@ void HomePage::AddMenu() {
 
 // The entries drop down when the view says that they can be used, which for the readings is some exchanges
 // with the meter later; so the heading is an action of its own and its menu pops up below it.
-void HomePage::AddHeading(Control& heading) {
+QMenu* HomePage::AddHeading(Control& heading) {
     auto* menu = new QMenu(menu_);
     menu->setObjectName(ObjectName(heading));
     QAction* action = menu_->addAction(QtText(heading.Caption));
-    if (&heading != view_.Controls.Find("mnuMRdgs")) {
+    if (&heading != &view_.Menu(HomeItem::Readings)) {
         action->setMenu(menu);
         QObject::connect(menu, &QMenu::aboutToShow, this,
                          [this, &heading] { view_.Controls.Click(heading); });
@@ -74,6 +73,7 @@ void HomePage::AddHeading(Control& heading) {
         });
     }
     bound_.BindAction(heading, action);
+    return menu;
 }
 
 // A view opens once the menu has gone: a menu that was worked by keys gives the focus back to where it was,

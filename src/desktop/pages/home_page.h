@@ -27,7 +27,7 @@ class HomePage : public ViewPage {
 
   private:
     void AddMenu();
-    void AddHeading(Control& heading);
+    QMenu* AddHeading(Control& heading);
     void AddEntry(Control& entry, QMenu& under, bool opensView);
     void AddText();
     void ShowText();

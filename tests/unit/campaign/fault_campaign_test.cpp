@@ -101,6 +101,14 @@ int LinkErrorOf(const CaseResult& result) {
     return bracket == std::string::npos ? -1 : std::atoi(result.Err.c_str() + bracket + 1);
 }
 
+// Whether a line says what the number means, whatever was being done.
+bool IsMeaning(const std::string& line, int number) {
+    for (int source = 0; source <= static_cast<int>(ErrorSource::Calibration); ++source) {
+        if (line == "counterctl: " + LinkErrorMeaning(number, static_cast<ErrorSource>(source))) return true;
+    }
+    return false;
+}
+
 // What is said beyond the number's own meaning.
 std::string Says(const CaseResult& result, const CaseResult& clean) {
     if (result.Status == 0) {
@@ -108,9 +116,7 @@ std::string Says(const CaseResult& result, const CaseResult& clean) {
         return "prints \"" + std::regex_replace(result.Out, std::regex("\n"), "/") + "\"; ";
     }
     const std::string first = result.Err.substr(0, result.Err.find('\n'));
-    return first == "counterctl: " + LinkErrorMeaning(LinkErrorOf(result))
-               ? ""
-               : "\"" + first.substr(0, 90) + "\"; ";
+    return IsMeaning(first, LinkErrorOf(result)) ? "" : "\"" + first.substr(0, 90) + "\"; ";
 }
 
 bool IsWholeFile(const std::string& path, const std::string& content) {

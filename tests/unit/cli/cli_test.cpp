@@ -241,6 +241,14 @@ TEST(Get, WritesTheFileAndTellsTheStatus) {
         "LinkError":0,"FirmwareVersion":83,"MeterType":3,"messages":[]})"));
 }
 
+TEST(Get, AFailureSaysItsNumberInWords) {
+    CliBench bench;
+    bench.Fail("XB74:echo");
+    EXPECT_EQ(bench.Run({"get", "m.CT2", "--json"}), 3);
+    EXPECT_EQ(Json::parse(bench.Out)["LinkErrorText"], "third block: wrong length");
+    EXPECT_EQ(bench.Err.substr(0, bench.Err.find('\n')), "counterctl: third block: wrong length");
+}
+
 TEST(Get, FilesAndPortsThatCannotBeUsedAre2) {
     MeterCli bench;
     bench.Store.Refused.insert("m.CT2");

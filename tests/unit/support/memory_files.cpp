@@ -52,4 +52,9 @@ std::string MemoryFiles::LinkTarget(const std::string& path) const {
     return found == Links.end() ? std::string() : found->second;
 }
 
+std::string MemoryFiles::FollowLinks(const std::string& path) const {
+    const auto found = Links.find(path);
+    return found == Links.end() ? path : FollowLinks(found->second);
+}
+
 }  // namespace counter::test

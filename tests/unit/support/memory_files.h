@@ -29,6 +29,7 @@ class MemoryFiles : public Files {
     Status List(const std::string& path, std::vector<std::string>& names) const override;
     Status MakeLink(const std::string& path, const std::string& target) override;
     std::string LinkTarget(const std::string& path) const override;
+    std::string FollowLinks(const std::string& path) const override;
 };
 
 }  // namespace counter::test

@@ -142,7 +142,7 @@ void RunOne(RandomImages& images, const LinkKind& kind, int version, Tally& tall
     }
     for (const FieldDifference& difference : CompareSetups(wanted, bench.Program.Image, road, version)) {
         ASSERT_FALSE(difference.Counts()) << kind.Name << " version " << version << " loses "
-                                          << FieldName(difference.Which) << " of " << wanted.SetupData;
+                                          << difference.Name << " of " << wanted.SetupData;
     }
     ++tally.Done;
 }

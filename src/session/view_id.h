@@ -1,4 +1,4 @@
-// The views that the home view opens, by name.
+// The views that the home view opens: what its menu names, and what their screens are found by.
 #pragma once
 
 namespace counter {
