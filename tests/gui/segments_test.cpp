@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-#include "desktop/pages/face_widget.h"
+#include "apps/face_program.h"
 #include "menu_view/menu_items.h"
 #include "menu_view/menu_mnemonics.h"
 
@@ -149,6 +149,14 @@ TEST(Face, ShowsDigitsAndLampsAndSaysThem) {
     EXPECT_EQ(shown("   5"), shown("5"));
     EXPECT_NE(shown("-5"), shown("5"));
     EXPECT_NE(shown("1234.56"), shown("12345.6"));
+}
+
+TEST(Face, ALineOfTheSimulatorBecomesDigitsAndLamps) {
+    const auto face = ParseFaceLine("..1234 5 1 0100 2 0\n");
+    ASSERT_TRUE(face);
+    EXPECT_EQ(FaceWidget::PlainText(*face), "-  123.4, alarm 1 off, alarm 2 on, alarm 3 off, alarm 4 off");
+    EXPECT_EQ(face->Note, "Item 2");
+    EXPECT_FALSE(ParseFaceLine("12345 5 1 0100 2 0\n")) << "a digit is missing";
 }
 
 }  // namespace

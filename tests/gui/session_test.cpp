@@ -212,6 +212,14 @@ TEST(DesktopSession, ExitAndClosingTheWindowWaitForTheEndOfACalibration) {
     }
 }
 
+TEST(LinkWindow, ClosingItEndsItsSearch) {
+    LinkWindowBench bench;
+    bench.Line.Unplug();
+    bench.Pump.After(10000, [&] { bench.Window.close(); });
+    bench.View.Controls.Click(bench.View.cmdFind);
+    EXPECT_EQ(bench.View.lblResult.Caption, "Stopped.");
+}
+
 TEST(DesktopSession, AChartIsScaledFromTheKeyboardAlone) {
     GuiBench bench;
     bench.Choose("mnuGet");

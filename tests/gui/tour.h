@@ -65,24 +65,31 @@ inline void TourReadings(GuiBench& bench, const TourStop& stop) {
     bench.Click("cmdEnd");
 }
 
-inline void TourLink(const TourStop& stop) {
-    struct NoPorts : PortCatalog {
+struct LinkWindowBench {
+    struct OnePort : PortCatalog {
         std::vector<PortDescription> Ports() const override {
             return {{"/dev/ttyUSB0", "USB-Serial Converter", ""}};
         }
         std::string DeviceOf(int) const override { return "/dev/ttyUSB0"; }
-    } catalog;
-    GuiPump pump;
-    MemoryFiles store;
-    MeterLine line(pump, {});
-    TriedDevice tried;
-    LinkSetup view({pump, line, tried, catalog, {store, "home"}});
-    LinkWindow window(view);
-    view.Load();
-    view.Controls.Click(view.cmdTest);
-    window.show();
+    } Catalog;
+    GuiPump Pump;
+    MemoryFiles Store;
+    MeterLine Line{Pump, {}};
+    TriedDevice Tried;
+    LinkSetup View{{Pump, Line, Tried, Catalog, {Store, "home"}}};
+    LinkWindow Window{View};
+
+    LinkWindowBench() {
+        View.Load();
+        Window.show();
+    }
+};
+
+inline void TourLink(const TourStop& stop) {
+    LinkWindowBench bench;
+    bench.View.Controls.Click(bench.View.cmdTest);
     GuiPump::Settle();
-    stop(window, "counter-link");
+    stop(bench.Window, "counter-link");
 }
 
 inline void Tour(const TourStop& stop) {
