@@ -13,6 +13,7 @@
 #include "controls/page_builder.h"
 #include "desktop/kit/colors.h"
 #include "desktop/kit/control_widget.h"
+#include "desktop/kit/status_strip.h"
 
 namespace counter {
 namespace {
@@ -113,6 +114,14 @@ TEST(Colors, TextsCanBeReadOnEveryGround) {
             EXPECT_GT(std::abs(qGray(TextColorOf(role, palette).rgb()) - qGray(ground.rgb())), 120);
         }
     }
+}
+
+TEST(StatusStrip, ALongTextWraps) {
+    StatusStrip strip(nullptr);
+    Control line;
+    for (int i = 0; i < 60; ++i) line.Caption += "word ";
+    strip.ShowLine(line);
+    EXPECT_LT(strip.minimumSizeHint().width(), 600);
 }
 
 TEST(Binder, EveryWidgetIsNamed) {

@@ -279,6 +279,10 @@ TEST(DesktopSession, AReadingStreamEndsWithItsView) {
     for (int round = 0; round < 5; ++round) {
         bench.Choose("mnuList");
         bench.Pump.Pass(1500);
+        for (const QWidget* grid : bench.Desk->Window().findChildren<QWidget*>()) {
+            if (grid->accessibleName() != "Readings") continue;
+            EXPECT_LE(grid->fontMetrics().horizontalAdvance("00000000"), grid->width() / ListView::kColumns);
+        }
         bench.Click("cmdEnd");
         bench.Pump.Pass(1500);
         const std::size_t sent = bench.Line.Sent().size();

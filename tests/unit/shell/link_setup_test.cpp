@@ -146,6 +146,7 @@ TEST(LinkSetup, FindMeterTellsWhatItTriedAndCanBeStopped) {
     bench.Line.Unplug();
     bench.Pump.After(10000, [&] {
         EXPECT_EQ(bench.View.pbFind.Value, 2);
+        EXPECT_FALSE(bench.View.cmdSave.Enabled);
         bench.View.Controls.Click(bench.View.cmdFind);
     });
     bench.View.Controls.Click(bench.View.cmdFind);
