@@ -8,9 +8,12 @@
 #include <QTest>
 #include <QVBoxLayout>
 #include <array>
+#include <cstdlib>
 
 #include "controls/page_builder.h"
+#include "desktop/kit/colors.h"
 #include "desktop/kit/control_widget.h"
+#include "desktop/kit/status_strip.h"
 
 namespace counter {
 namespace {
@@ -84,6 +87,25 @@ TEST(Binder, WhatTheFormRefusesGoesBack) {
     EXPECT_EQ(bench.Box.Value, 0);
     EXPECT_FALSE(bench.Of<QAbstractButton>(bench.Box)->isChecked());
     EXPECT_TRUE(bench.Of<QWidget>(bench.Box)->isHidden());
+}
+
+TEST(Colors, TextsCanBeReadOnEveryGround) {
+    for (const Color& role : {ColorRed, ColorGreen}) {
+        EXPECT_GT(qGray(StripColorOf(role).rgb()), 120) << "the strip is dark";
+        for (const QColor ground : {QColor(Qt::white), QColor(32, 32, 32)}) {
+            QPalette palette;
+            palette.setColor(QPalette::Base, ground);
+            EXPECT_GT(std::abs(qGray(TextColorOf(role, palette).rgb()) - qGray(ground.rgb())), 120);
+        }
+    }
+}
+
+TEST(StatusStrip, ALongTextWraps) {
+    StatusStrip strip(nullptr);
+    Control line;
+    for (int i = 0; i < 60; ++i) line.Caption += "word ";
+    strip.ShowLine(line);
+    EXPECT_LT(strip.minimumSizeHint().width(), 600);
 }
 
 TEST(Binder, EveryWidgetIsNamed) {

@@ -49,6 +49,7 @@ TEST(HelpDialog, ShowsItsPiecesAndNothingCanBeTyped) {
     EXPECT_EQ(bench.Marked(), "one [two] three\n\n<b>four</b>");
     EXPECT_EQ(bench.Window->windowTitle(), "Menu Help");
     EXPECT_EQ(bench.Window->windowModality(), Qt::WindowModal);
+    EXPECT_EQ(bench.Text().lineWrapMode(), QTextEdit::WidgetWidth);
     EXPECT_EQ(bench.Window->width(), 5895 * bench.Window->logicalDpiX() / 1440);
     QTest::keyClick(&bench.Text(), Qt::Key_X);
     EXPECT_EQ(bench.Marked(), "one [two] three\n\n<b>four</b>");

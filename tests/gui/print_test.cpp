@@ -49,12 +49,14 @@ TEST(Printing, TheViewIsOnePageThatFitsIt) {
 TEST(Printing, ATextBreaksIntoPages) {
     const struct {
         const char* Name;
-        int Lines, Pages;
-    } cases[] = {{"empty", 0, 1}, {"short", 10, 1}, {"a chapter", 150, 3}};
+        int Lines;
+        std::size_t Width;
+        int Pages;  // more lines fit on one where long ones make the letters smaller
+    } cases[] = {{"empty", 0, 0, 1}, {"short", 10, 26, 1}, {"a chapter", 150, 26, 3}, {"wide", 150, 200, 2}};
     for (const auto& c : cases) {
         PrintBench bench;
         std::string text;
-        for (int line = 0; line < c.Lines; ++line) text += "    one line of the text\r\n";
+        for (int line = 0; line < c.Lines; ++line) text += std::string(c.Width, 'x') + "\r\n";
         EXPECT_TRUE(bench.Printer.PrintText("RATE BATCH", text).Ok()) << c.Name;
         EXPECT_EQ(bench.Pages(), c.Pages) << c.Name;
     }

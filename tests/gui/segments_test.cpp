@@ -152,5 +152,13 @@ TEST(Face, ShowsDigitsAndLampsAndSaysThem) {
     EXPECT_NE(shown("1234.56"), shown("12345.6"));
 }
 
+TEST(Face, ALineOfTheSimulatorBecomesDigitsAndLamps) {
+    const auto face = ParseFaceLine("..1234 5 1 0100 2 0\n");
+    ASSERT_TRUE(face);
+    EXPECT_EQ(FaceWidget::PlainText(*face), "-  123.4, alarm 1 off, alarm 2 on, alarm 3 off, alarm 4 off");
+    EXPECT_EQ(face->Note, "Item 2");
+    EXPECT_FALSE(ParseFaceLine("12345 5 1 0100 2 0\n")) << "a digit is missing";
+}
+
 }  // namespace
 }  // namespace counter

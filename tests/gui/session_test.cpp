@@ -151,6 +151,14 @@ TEST(DesktopSession, ExitAndClosingTheWindowWaitForTheEndOfACalibration) {
     }
 }
 
+TEST(LinkWindow, ClosingItEndsItsSearch) {
+    LinkWindowBench bench;
+    bench.Line.Unplug();
+    bench.Pump.After(10000, [&] { bench.Window.close(); });
+    bench.View.Controls.Click(bench.View.cmdFind);
+    EXPECT_EQ(bench.View.lblResult.Caption, "Stopped.");
+}
+
 TEST(DesktopSession, AChartIsScaledFromTheKeyboardAlone) {
     GuiBench bench;
     bench.Choose("mnuGet");
@@ -178,6 +186,17 @@ TEST(DesktopSession, AnExitDuringEndComesBehindTheMetersStop) {
         bench.Pump.After(100, [&bench] { bench.Desk->Interrupt(); });
         EXPECT_EQ(ExitOf([&] { bench.Click("cmdEnd"), bench.Pump.Pass(2000); }), 0);
         EXPECT_EQ(bench.Line.Sent().back(), "*1A1\r\n");
+    }
+}
+
+TEST(DesktopSession, AReadingFitsItsColumn) {
+    GuiBench bench;
+    bench.Choose("mnuGet");
+    bench.Choose("mnuList");
+    bench.Pump.Pass(1500);
+    for (const QWidget* grid : bench.Desk->Window().findChildren<QWidget*>()) {
+        if (grid->accessibleName() != "Readings") continue;
+        EXPECT_LE(grid->fontMetrics().horizontalAdvance("00000000"), grid->width() / ListView::kColumns);
     }
 }
 

@@ -66,20 +66,27 @@ inline void TourReadings(GuiBench& bench, const TourStop& stop) {
     bench.Click("cmdEnd");
 }
 
+struct LinkWindowBench {
+    FixedCatalog Catalog;
+    GuiPump Pump;
+    MemoryFiles Store;
+    MeterLine Line{Pump, {}};
+    TriedDevice Tried;
+    LinkSetup View{{Pump, Line, Tried, Catalog, {Store, "home"}}};
+    LinkWindow Window{View};
+
+    LinkWindowBench() {
+        Catalog.Known = {{"/dev/ttyUSB0", "USB-Serial Converter", ""}};
+        View.Load();
+        Window.show();
+    }
+};
+
 inline void TourLink(const TourStop& stop) {
-    FixedCatalog catalog;
-    catalog.Known = {{"/dev/ttyUSB0", "USB-Serial Converter", ""}};
-    GuiPump pump;
-    MemoryFiles store;
-    MeterLine line(pump, {});
-    TriedDevice tried;
-    LinkSetup view({pump, line, tried, catalog, {store, "home"}});
-    LinkWindow window(view);
-    view.Load();
-    view.Controls.Click(view.cmdTest);
-    window.show();
+    LinkWindowBench bench;
+    bench.View.Controls.Click(bench.View.cmdTest);
     GuiPump::Settle();
-    stop(window, "counter-link");
+    stop(bench.Window, "counter-link");
 }
 
 inline void Tour(const TourStop& stop) {

@@ -1,6 +1,7 @@
 #include "desktop/pages/face_widget.h"
 
 #include <QPainter>
+#include <sstream>
 
 #include "desktop/kit/colors.h"
 #include "desktop/kit/qt_text.h"
@@ -33,6 +34,25 @@ Sides SidesOf(std::string_view text) {
 }
 
 }  // namespace
+
+std::optional<FaceText> ParseFaceLine(const std::string& line) {
+    std::istringstream words(line);
+    std::string digits, alarms;
+    int point = 0, minus = 0, item = 0, remote = 0;
+    words >> digits >> point >> minus >> alarms >> item >> remote;
+    const bool whole =
+        !words.fail() && digits.size() == std::size_t{kDigits} && point >= 1 && point <= 6 && alarms.size() == 4;
+    if (!whole) return std::nullopt;
+    FaceText face;
+    face.Digits = minus == 1 ? "-" : "";
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        face.Digits += digits[i] == '.' ? ' ' : digits[i];
+        if (static_cast<int>(i) + 1 == point) face.Digits += '.';
+        if (i < face.Alarms.size()) face.Alarms[i] = alarms[i] == '1';
+    }
+    face.Note = remote == 1 ? "Remote" : "Item " + std::to_string(item);
+    return face;
+}
 
 FaceWidget::FaceWidget(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("face"));

@@ -170,6 +170,7 @@ TEST(Waits, TakeTheirTimes) {
 
 TEST(Waits, InputEndsTheWaitAndStays) {
     QuietBench bench;
+    bench.State().PortFault = 1;  // of a wait before
     bench.Line.InjectAfter(100, "x");
     EXPECT_EQ(bench.Pump.Took([&] { WaitForInput(bench.L()); }), 100);
     EXPECT_EQ(bench.Line.InBufferCount(), 1U);

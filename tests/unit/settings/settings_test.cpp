@@ -138,6 +138,7 @@ TEST(Keys, IllegalValuesChangeNothingAndSayWhatIsLegal) {
         {"BaudIndex", "", "BaudIndex is a number 0 to 6"},
         {"BaudIndex", "5x", "BaudIndex is a number 0 to 6"},
         {"MeterType", "4", "MeterType is a number 0 to 8 other than 4"},
+        {"CommPortNumber", "100", "CommPortNumber is a number 1 to 99"},
         {"ModbusAddress", "0", "ModbusAddress is a number 1 to 255"},
         {"NodeAddress", "12345", "NodeAddress is 12 hexadecimal digits"},
         {"NodeIp", "1.2.3", "NodeIp is four numbers 0 to 255 with points between them"},

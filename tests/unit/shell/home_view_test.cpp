@@ -95,6 +95,9 @@ TEST(HomeView, ASilentMeterIsToldAndNothingElseChanges) {
     EXPECT_EQ(bench.Home.lblPGText.TextColor, ColorRed);
     EXPECT_EQ(bench.Program.Image.SetupData, before);
     EXPECT_TRUE(bench.Enabled("mnuView"));
+    bench.Press("mnuPut");
+    EXPECT_EQ(bench.Home.lblPGText.TextColor, ColorRed) << bench.StatusLine();
+    EXPECT_TRUE(bench.Home.lblPGText.Visible);
     EXPECT_FALSE(bench.Program.Home.Hourglass);
 }
 

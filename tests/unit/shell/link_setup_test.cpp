@@ -121,10 +121,25 @@ TEST(LinkSetup, FindMeterTriesLinesUntilOneAnswersAndWritesNothing) {
     }
 }
 
+// The usual first, and no line twice.
+TEST(LinkSetup, FindMeterKnowsEveryLineThatAMeterCanHave) {
+    std::vector<std::string> steps;
+    for (const SearchStep& step : SearchSteps({"A"})) steps.push_back(StepInWords(step));
+    ASSERT_EQ(steps.size(), 70U);
+    EXPECT_EQ(steps.front(), "A, Custom ASCII at 9600 baud");
+    EXPECT_EQ(steps[27], "A, Modbus RTU (old check) at 300 baud");
+    EXPECT_EQ(steps.back(), "A, Modbus RTU (old check) at 300 baud, odd parity");
+    EXPECT_EQ(std::set<std::string>(steps.begin(), steps.end()).size(), steps.size());
+}
+
 TEST(LinkSetup, FindMeterTellsWhatItTriedAndCanBeStopped) {
     LinkBench bench;
     bench.Line.Unplug();
-    bench.Pump.After(10000, [&] { bench.View.Controls.Click(bench.View.cmdFind); });
+    bench.Pump.After(10000, [&] {
+        EXPECT_EQ(bench.View.pbFind.Value, 2);
+        EXPECT_FALSE(bench.View.cmdSave.Enabled);
+        bench.View.Controls.Click(bench.View.cmdFind);
+    });
     bench.View.Controls.Click(bench.View.cmdFind);
     EXPECT_EQ(bench.Result(), "Stopped.");
     EXPECT_LT(bench.Pump.NowMs(), 15000);

@@ -31,7 +31,7 @@ TEST(ModbusServer, RequestsAndAnswers) {
         {"data missing",                  "100001000204000013",           "9003"},
         {"no data",                       "100001000000",                 "9003"},
         {"write into a gap",              "10003C0001020001",             "9002"},
-        {"peak reset",                    "050004FF00",                   "050004FF00"},
+        {"display reset, the last coil",  "050006FF00",                   "050006FF00"},
         {"no such coil",                  "050007FF00",                   "8502"},
         {"coil with a value of its own",  "0500041234",                   "8503"},
         // clang-format on

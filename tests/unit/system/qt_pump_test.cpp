@@ -98,6 +98,13 @@ TEST_P(QtPumpTest, InterruptWakesTheWaitAndComesOnce) {
     raise(SIGPIPE);  // would end the program
 }
 
+TEST_P(QtPumpTest, LocalTimeIsTheSystems) {
+    const std::time_t now = std::time(nullptr);
+    const std::tm* local = std::localtime(&now);
+    const WallTime time = pump_->LocalTime();
+    EXPECT_EQ(time.Year * 12 + time.Month, (local->tm_year + 1900) * 12 + local->tm_mon + 1);
+}
+
 TEST_P(QtPumpTest, EndProcessFlushesFilesAndRunsNoLineMore) {
     const TempFolder folder;
     FILE* file = fopen(folder.At("words").c_str(), "w");

@@ -106,6 +106,7 @@ TEST(GetAscii, Version78TellsTwoRelaysByBit2OfByte2B) {
         sim::MeterOptions options = WithFaults(AsciiOf(78), {c.Fault});
         options.LiveBytes = {{0x30, 0x29}, {0x2B, c.Byte2B}};
         GetBench bench(options);
+        bench.Program.LinkState.PortFault = 1;  // of an exchange before
         EXPECT_EQ(bench.Get(), 0);
         EXPECT_EQ(ByteGet(bench.Program.Image, 193), c.Expected) << c.Fault << " " << c.Byte2B;
     }

@@ -4,9 +4,11 @@
 #include <array>
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 #include "meter/default_setup.h"
 #include "meter/hex_text.h"
+#include "shell/get_action.h"
 #include "shell/put_action.h"
 #include "support/bench_meter.h"
 #include "support/meter_kinds.h"
@@ -124,6 +126,34 @@ TEST(BoardCheck, WarnsAndGoesOn) {
     }
 }
 
+// The bar in percent, and how long a Put takes: with each of its pauses.
+TEST(Put, StepsAndPausesOfBothTransfers) {
+    const struct {
+        const LinkKind& Kind;
+        const char* Baud;
+        std::vector<int> Get, Put;
+        double Ms;
+    } cases[] = {
+        {kLinkKinds[0], "BaudIndex=5", {0, 6, 30, 60, 90, 100}, {5, 8, 30, 43, 80, 100}, 7163},
+        {kRtu, "BaudIndex=1", {0, 5, 12, 39, 53, 67, 81, 100}, {5, 8, 23, 38, 51, 68, 85, 100}, 9775},
+        {kRtu, "BaudIndex=2", {0, 5, 12, 39, 53, 67, 81, 100}, {5, 8, 23, 38, 51, 68, 85, 100}, 11534},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Baud);
+        PutBench bench(MeterOf(c.Kind), {c.Kind.Setting, c.Baud});
+        std::vector<int> shown;
+        bench.Program.Home.Changed = [&] {
+            const int percent = bench.Program.Home.ProgressPercent;
+            if (bench.Program.Home.ProgressVisible && (shown.empty() || shown.back() != percent))
+                shown.push_back(percent);
+        };
+        GetSetup(bench.Program);
+        EXPECT_EQ(std::exchange(shown, {}), c.Get);
+        EXPECT_NEAR(bench.Pump.Took([&] { bench.Put(); }), c.Ms, 1);
+        EXPECT_EQ(shown, c.Put);
+    }
+}
+
 TEST(BoardCheck, AnAnswerOfAnotherLengthIsNoComparison) {
     PutBench bench(WithFaults({}, {"G12D:cut=0"}));
     bench.Line.Unplug();
@@ -201,6 +231,10 @@ TEST(Compare, KnowsWhatEachRoadWrites) {
         {Field::Parity,       {Written, Written, Written, Written}},
         {Field::Analog2Lo,    {Written, Written, Written, Written}},
         {Field::AnalogOption, {Hardware, Hardware, Hardware, Hardware}},
+        {Field::CommOption,   {Hardware, Hardware, Hardware, Hardware}},
+        {Field::InputOption,  {Hardware, Hardware, Hardware, Hardware}},
+        {Field::LockoutJumper,   {Hardware, Hardware, Hardware, Hardware}},
+        {Field::FirmwareVersion, {ReadOnly, ReadOnly, ReadOnly, ReadOnly}},
         {Field::RelayOption,  {Hardware, Hardware, Hardware, Hardware}},
         {Field::MeterType,    {ReadOnly, ReadOnly, ReadOnly, ReadOnly}},
         // clang-format on
