@@ -16,10 +16,10 @@ struct LinkState {
         ModbusPayload;      // Modbus: the request as hexadecimal digits without address; anew for every send
     std::string ReplyText;  // the reply with its framing removed and blanks trimmed
     std::string RawReply;   // the reply before trimming
-    bool ReplyHadEnd = false;  // Custom ASCII: a CR or LF stood behind it
-    int LinkError = 0;         // 0 good, see link_error.h
+    bool ReplyHadEnd = false;                     // Custom ASCII: a CR or LF stood behind it
+    int LinkError = 0;                            // 0 good, see link_error.h
     ErrorSource FailedIn = ErrorSource::Unknown;  // of a LinkError below 20
-    bool PortFault = false;    // WaitForInput met a port error
+    bool PortFault = false;                       // WaitForInput met a port error
 
     // Through the node.
     std::string NodeReply;      // what arrived last; empty: nothing yet

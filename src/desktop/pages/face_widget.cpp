@@ -40,8 +40,8 @@ std::optional<FaceText> ParseFaceLine(const std::string& line) {
     std::string digits, alarms;
     int point = 0, minus = 0, item = 0, remote = 0;
     words >> digits >> point >> minus >> alarms >> item >> remote;
-    const bool whole =
-        !words.fail() && digits.size() == std::size_t{kDigits} && point >= 1 && point <= 6 && alarms.size() == 4;
+    const bool whole = !words.fail() && digits.size() == std::size_t{kDigits} && point >= 1 && point <= 6 &&
+                       alarms.size() == 4;
     if (!whole) return std::nullopt;
     FaceText face;
     face.Digits = minus == 1 ? "-" : "";

@@ -17,7 +17,8 @@ struct FaceText {
 // A line as the simulated meter tells its face; nothing where it is not of this form.
 //
 //   DIGITS POINT MINUS ALARMS ITEM REMOTE
-//   ..1234 5 0 0100 1 0     six characters with "." for a blank digit; after which digit the point is lit, 1 to
+//   ..1234 5 0 0100 1 0     six characters with "." for a blank digit; after which digit the point is lit, 1
+//   to
 //                           6; 1 for a negative value; alarms 1 to 4; the Item that is shown, 0 to 3; 1 for a
 //                           remote value
 std::optional<FaceText> ParseFaceLine(const std::string& line);

@@ -7,13 +7,13 @@
 #include <QVBoxLayout>
 
 #include "desktop/kit/control_widget.h"
+#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kGrid = 8;
 constexpr int kTallLines = 20;  // of the text area, and at rest
 constexpr int kShortLines = 9;
 

@@ -242,7 +242,7 @@ TEST(Get, WritesTheFileAndTellsTheStatus) {
 }
 
 TEST(Get, AFailureSaysItsNumberInWords) {
-    CliBench bench;
+    MeterCli bench;
     bench.Fail("XB74:echo");
     EXPECT_EQ(bench.Run({"get", "m.CT2", "--json"}), 3);
     EXPECT_EQ(Json::parse(bench.Out)["LinkErrorText"], "third block: wrong length");
