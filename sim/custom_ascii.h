@@ -14,15 +14,15 @@
 
 namespace sim {
 
-// The character that stands for address 0..31: "0".."9", "A".."V".
+// The character that means address 0..31: "0".."9", "A".."V".
 char AddressChar(int address);
 // A string that only wakes the meter up: "|**|", or more asterisks.
 bool IsWakeUp(std::string_view line);
-// The command behind the head of a line (without CR). Nothing when the head is broken or names another
+// The command after the head of a line (without CR). Nothing when the head is broken or names another
 // address.
 std::optional<std::string> CommandBehindHead(std::string_view line, int address);
 
-// Carries out a command (text behind the head) and returns the reply without its line end; nothing when there
+// Carries out a command (text after the head) and returns the reply without its line end; nothing when there
 // is none.
 std::optional<std::string> Execute(Device& device, std::string_view command, double nowMs);
 

@@ -78,7 +78,7 @@ class Device {
     RemoteValue RemoteValueOfCount(int count) const;
 
     // Resets, numbered as the coils of Modbus: 1 meter (all the others, the end of continuous output and the
-    // line settings), 2 function (the signal begins anew), 3 latched alarms, 4 peak, 5 valley, 6 remote
+    // line settings), 2 function (the signal begins again), 3 latched alarms, 4 peak, 5 valley, 6 remote
     // display.
     void Reset(int coil);
     // The line settings of the memory are to become active. Told once.

@@ -10,7 +10,7 @@ namespace sim {
 
 struct FaceState {
     std::string Digits = "      ";  // six: digits, and blanks for leading zeros unless the setup shows them
-    int Point = 6;                  // the digit behind which the point is lit, 1 to 6
+    int Point = 6;                  // the digit after which the point is lit, 1 to 6
     bool Minus = false;
     std::array<bool, 4> Alarms{};  // alarms 1 to 4 are on
     int Item = 1;                  // the displayed Item; 0 while a remote value is shown in its place

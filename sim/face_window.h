@@ -8,7 +8,7 @@
 
 namespace sim {
 
-// One face as a line for counter-face: six characters with "." for a blank digit, the digit behind which the
+// One face as a line for counter-face: six characters with "." for a blank digit, the digit after which the
 // point is lit, 1 for minus, alarms 1 to 4, the Item, 1 for a remote value.
 std::string FaceLine(const FaceState& face);
 
@@ -19,7 +19,7 @@ class FaceWindow {
     FaceWindow(const FaceWindow&) = delete;
     FaceWindow& operator=(const FaceWindow&) = delete;
 
-    // Starts counter-face, which stands beside this program. Empty, or why it can't be started.
+    // Starts counter-face, which is beside this program. Empty, or why it can't be started.
     std::string Open();
     // A window that was closed meanwhile is no failure: the meter goes on without its face.
     void Show(const FaceState& face);

@@ -27,7 +27,7 @@ ItemPlan ItemPlanOf(int modeFunction);
 // The Item that an alarm watches when its source is the filtered Item.
 Reading FilteredItem(const ItemPlan& plan);
 
-// Digits behind the point of a reading, 0 to 5. Peak and valley are those of Item 1.
+// Digits after the point of a reading, 0 to 5. Peak and valley are those of Item 1.
 int DecimalsOf(const Memory& memory, const ItemPlan& plan, Reading which);
 
 }  // namespace sim

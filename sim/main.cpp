@@ -1,4 +1,4 @@
-// counter-sim: a simulated meter on a pseudo terminal, or behind an Ethernet node. The first line on standard
+// counter-sim: a simulated meter on a pseudo terminal, or at an Ethernet node. The first line on standard
 // output is the device to open, or the node's IP address and its own address.
 //
 // Exit status 1 is wrong usage, 2 a file, pseudo terminal or UDP port that failed.

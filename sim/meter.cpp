@@ -122,7 +122,7 @@ void Meter::AdoptLine() {
     frameEndsMs_.reset();
 }
 
-// A command acts at its CR; the LF behind it means nothing.
+// A command acts at its CR; the LF after it means nothing.
 void Meter::ReceiveAscii(char byte, double nowMs) {
     if (byte == '\n') return;
     if (byte != '\r') {
@@ -217,7 +217,7 @@ std::string Meter::ModbusReply(const ModbusFrame& frame, const Strike& strike, d
     const bool rtu = line_.Protocol == LineProtocol::ModbusRtu;
     std::string reply = rtu ? RtuFrame(answer, crc_) : ModbusAsciiFrame(answer);
     if (strike.BadCheck) {
-        char& check = rtu ? reply.back() : reply[reply.size() - 3];  // CR LF stand behind the LRC
+        char& check = rtu ? reply.back() : reply[reply.size() - 3];  // CR LF come after the LRC
         check = rtu ? static_cast<char>(check ^ 1) : check == '0' ? '1' : '0';
     }
     return reply;
@@ -251,7 +251,7 @@ void Meter::Put(double atMs, std::string bytes, bool gone) {
         output_.push_back({atMs, std::move(bytes), gone});
 }
 
-// When the line is free: now, or behind what is still to go out.
+// When the line is free: now, or after what is still to go out.
 double Meter::LastDueMs(double nowMs) const {
     return output_.empty() ? nowMs : std::max(nowMs, output_.back().AtMs);
 }

@@ -61,7 +61,7 @@ class Meter {
 
     // The commands that arrived, in order. Custom ASCII: the line as sent, without its end ("*1XR1AZ");
     // Modbus: hexadecimal digits from the function on ("0300010010"). What was not for this meter, or arrived
-    // damaged, stands behind a "?".
+    // damaged, is after a "?".
     const std::vector<std::string>& Commands() const { return commands_; }
     void ClearCommands() { commands_.clear(); }
 

@@ -38,7 +38,7 @@ std::string RtuFrame(const ModbusFrame& frame, const CrcTables& crc);
 std::optional<ModbusFrame> ParseRtu(std::string_view bytes, const CrcTables& crc);
 
 std::string ModbusAsciiFrame(const ModbusFrame& frame);
-// `digits` is what stands between colon and CR. Nothing when it is too short, no upper-case hexadecimal text
+// `digits` is what is between colon and CR. Nothing when it is too short, no upper-case hexadecimal text
 // or its LRC is wrong.
 std::optional<ModbusFrame> ParseModbusAscii(std::string_view digits);
 

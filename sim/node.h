@@ -24,7 +24,7 @@ struct NodeCall {
     bool operator==(const NodeCall&) const = default;
 };
 
-// What goes out on the connection in one segment. Close: the node ends the connection behind it.
+// What goes out on the connection in one segment. Close: the node ends the connection after it.
 struct NodeSegment {
     std::string Bytes;
     bool Close = false;
@@ -36,10 +36,10 @@ class Node {
     // meter, each where they belong; logins are the command "login".
     Node(const std::string& address, const MeterOptions& options);
 
-    // A datagram from `host`. A good login of whoever it is makes the node drop a connection that stands: a
+    // A datagram from `host`. A good login of whoever it is makes the node drop a connection that is up: a
     // tool that logs in has none.
     void Datagram(std::string_view bytes, const std::string& host, double nowMs);
-    // The calls that are due. Whoever makes them says Connected once one stands.
+    // The calls that are due. Whoever makes them says Connected once one is up.
     std::vector<NodeCall> TakeCalls(double nowMs);
     void Connected();
     void Disconnected();

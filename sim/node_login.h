@@ -11,7 +11,7 @@
 
 namespace sim {
 
-// 5A 93 D1 C0 7E 42, which stands in every frame of the node.
+// 5A 93 D1 C0 7E 42, which is in every frame of the node.
 std::string NodeToken();
 
 // The check over a frame, a multiple of 4 bytes and 16 at least, in variant 0..8: 0..65535. Bytes 15 and 16

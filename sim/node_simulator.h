@@ -1,4 +1,4 @@
-// NodeSimulator: the meter behind its node on the network, run until a signal ends it. Signals do what they
+// NodeSimulator: the meter at its node on the network, run until a signal ends it. Signals do what they
 // do for the meter on a pseudo terminal, see simulator.h.
 #pragma once
 

@@ -26,7 +26,7 @@ class NodeSockets {
     // Nothing when there is none. `host` becomes where it came from.
     std::optional<std::string> ReadDatagram(std::string& host);
 
-    // Begins a call, from the node's own address. A connection that stands, or that another call has begun,
+    // Begins a call, from the node's own address. A connection that is up, or that another call has begun,
     // stays: the new one is given up again at once.
     void Call(const std::string& host, int port);
     // Readable or, while Calling, writable when something has happened; -1 when there is none.

@@ -30,7 +30,7 @@ class Readings {
     // Peak or valley begin again with the next measurement; until then they are the latest.
     void ResetPeak() { peak_.reset(); }
     void ResetValley() { valley_.reset(); }
-    // The signal begins anew at the next measurement.
+    // The signal begins again at the next measurement.
     void Restart() { beganMs_.reset(); }
 
   private:
@@ -59,7 +59,7 @@ struct RemoteValue {
     bool operator==(const RemoteValue&) const = default;
 };
 
-// A sign, then digits with at most one point. The value ends at the first other character and behind the
+// A sign, then digits with at most one point. The value ends at the first other character and after the
 // fifth decimal; of more than six digits the last six count.
 RemoteValue RemoteValueOf(std::string_view text);
 

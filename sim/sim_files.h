@@ -8,7 +8,7 @@ namespace sim {
 
 // An image file: one line of 260 hexadecimal digits.
 std::string ReadImageFile(const std::string& path, std::string& image);
-// Whole or not at all: at any moment the old or the new file stands under `path`.
+// Whole or not at all: at any moment the old or the new file is under `path`.
 std::string WriteImageFile(const std::string& path, const std::string& image);
 
 // Makes `path` a symbolic link to `target`; replaces a link, never a file.

@@ -17,7 +17,7 @@ struct SimulatorOptions {
     std::string SaveFile;   // empty for none
     std::string Link;       // symbolic link to the device; empty for none
     bool AnyBaud = false;   // understand bytes at any speed
-    bool Node = false;      // behind an Ethernet node instead of on a pseudo terminal
+    bool Node = false;      // at an Ethernet node instead of on a pseudo terminal
     std::string NodeIp = "127.0.0.1";
     std::string NodeAddress = "0080A3010203";  // 12 upper-case hexadecimal digits
     bool Face = false;                         // show the face in a window

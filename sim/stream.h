@@ -3,7 +3,7 @@
 //     plain                  values CR [ LF ]
 //     own characters         [ start ] values [ stop ] [ LF ]
 //
-// The values are those of the output items, one behind the other, or with an end and a start to each when the
+// The values are those of the output items, one after the other, or with an end and a start to each when the
 // setup says so. A start or stop character of code 0 is none. Own characters came with version 35; commands
 // are answered with CR [ LF ] whatever they are.
 #pragma once

@@ -12,7 +12,7 @@ namespace counter {
 namespace {
 
 constexpr float kStreamEndsS = 0.5F;
-constexpr float kRestS = 1;     // behind each step: the meter writes its non-volatile memory
+constexpr float kRestS = 1;     // after each step: the meter writes its non-volatile memory
 constexpr float kSettlesS = 3;  // a reading under a new scale
 
 constexpr std::size_t kHalfDigits = 6;  // of the offset and of the scale factor

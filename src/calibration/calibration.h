@@ -10,7 +10,7 @@
 //   W124....Z                  and its exponent
 //   W12B....                   the correction
 //
-// with a second of rest behind each. Two writes are without the "Z" that ends the others: required. No reply
+// with a second of rest after each. Two writes are without the "Z" that ends the others: required. No reply
 // is tested: with a meter that is silent the steps run on with the last text that any reply left, as
 // required, and what had been read is put back.
 #pragma once

@@ -32,7 +32,7 @@ TestScale TestScaleFor(double hertz);
 // word of less than two digits stays as it is.
 std::string WithExponent(std::string word, int exponent);
 
-// What the reply to a reading says, its decimal point cut out wherever it stands: the meter's own point has
+// What the reply to a reading says, its decimal point cut out wherever it is: the meter's own point has
 // nothing to do with the test scale.
 double ReadingOf(std::string reply);
 

@@ -1,7 +1,7 @@
 // CalibrationView: asks for the known frequency, runs the calibration and shows how far it is.
 //
 // Once begun, a run can't be interrupted: the meter has a test scale until the end of it. A second Enter does
-// nothing, the view can't be reset, and a program that is told to exit meanwhile does so behind the last
+// nothing, the view can't be reset, and a program that is told to exit meanwhile does so after the last
 // step: a meter left with a test scale would show wrong values where it is used.
 #pragma once
 
@@ -31,7 +31,7 @@ class CalibrationView {
     bool Running() const { return running_; }
 
     // The program is told to exit. False: it may, now. True: a run is under way, and ExitProgram is called
-    // behind its last step.
+    // after its last step.
     bool HoldExit();
 
     // Hooks into what shows the view; each may be empty.

@@ -29,7 +29,7 @@ bool TakesValue(const OptionRow& option) {
 
 void AddCommand(CLI::App& app, const CommandRow& row, Parsed& parsed) {
     CLI::App* command = app.add_subcommand(row.Name, row.Help);
-    command->fallthrough();  // the common options stand before or behind the command
+    command->fallthrough();  // the common options come before or after the command
     if (row.MostWords > 0) {
         command->add_option("arguments", parsed.Words, row.Arguments)
             ->expected(row.LeastWords, row.MostWords)

@@ -7,7 +7,7 @@
 
 namespace counter {
 
-// `bold`: headings stand out, for a terminal.
+// `bold`: headings are in bold, for a terminal.
 std::string HelpOfAll(bool bold);
 std::string HelpOf(const CommandRow& row, bool bold);
 

@@ -10,7 +10,7 @@
 
 namespace counter {
 
-// What is done with the file that an argument names, where "-" may stand for a standard stream.
+// What is done with the file that an argument names, where "-" may mean a standard stream.
 enum class FileUse {
     None,  // no file
     Read,
@@ -21,7 +21,7 @@ enum class FileUse {
 
 struct OptionRow {
     const char* Name;
-    const char* Value;  // what stands behind it; empty for a flag
+    const char* Value;  // what comes after it; empty for a flag
     const char* Help;
     FileUse Use = FileUse::None;
 };
@@ -32,7 +32,7 @@ struct CommandRow {
     const char* Help;
     int LeastWords;
     int MostWords;
-    std::vector<FileUse> Files;  // what the first words name; words behind these are no files
+    std::vector<FileUse> Files;  // what the first words name; words after these are no files
     std::vector<OptionRow> Options;
     int (*Run)(const CommandCall&);
     std::string More;     // further lines of its help, each ended by "\n"
@@ -40,7 +40,7 @@ struct CommandRow {
 };
 
 std::span<const CommandRow> Commands();
-// Those that stand before or behind every command.
+// Those that come before or after every command.
 std::span<const OptionRow> CommonOptions();
 // Null where there is none.
 const CommandRow* FindCommand(std::string_view name);

@@ -114,7 +114,7 @@ void EditConsole::Act(SetupRun& run, const std::string& line) {
 }
 
 void EditConsole::Undo(SetupRun& run) {
-    // The loop works on the view that would be built anew.
+    // The loop works on the view that would be rebuilt.
     if (run.Reading()) return Say("the meter is being read; click cmdRead first");
     if (undo_.empty()) return Say("there is nothing to take back");
     const Picture before = PictureOf(run);

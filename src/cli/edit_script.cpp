@@ -76,7 +76,7 @@ std::string ParseTab(std::string_view rest, ScriptAction& action) {
     return {};
 }
 
-// "#I" alone, or with a comment behind it; anything else is a text, as entries begin with a "#" too.
+// "#I" alone, or with a comment after it; anything else is a text, as entries begin with a "#" too.
 std::string ParseSelect(std::string_view rest, ScriptAction& action) {
     if (rest.empty()) return "usage: select CONTROL #I or select CONTROL TEXT";
     action.Text = std::string(rest);

@@ -3,7 +3,7 @@
 //   tab N                          select CONTROL #I        check CONTROL 0|1      enter CONTROL KEYS
 //   # a line of comment            select CONTROL TEXT      click CONTROL          cancel CONTROL KEYS
 //
-// Words stand apart by blanks or tabs. A "#" begins a comment; but entries of lists have a "#" of their own,
+// Blanks or tabs separate words. A "#" begins a comment; but entries of lists have a "#" of their own,
 // so the entries decide where TEXT ends (see TextCandidates).
 #pragma once
 
@@ -28,7 +28,7 @@ enum class ScriptVerb { None, Tab, Select, Check, Click, Enter, Cancel };
 struct ScriptAction {
     ScriptVerb Verb = ScriptVerb::None;  // None: a line without an action
     std::string Control;                 // name without index
-    int Index = -1;                      // index of a control in an array, -1 for one that stands alone
+    int Index = -1;                      // index of a control in an array, -1 for one that is in none
     int Number = -1;                     // tab: the tab; check: 0 or 1; select: the entry's index, or -1
     std::string Text;  // select: the entry's text where Number is -1; enter, cancel: the keys
 };
@@ -36,7 +36,7 @@ struct ScriptAction {
 // Takes one line apart. Returns what is wrong with it, or nothing.
 std::string ParseScriptLine(std::string_view line, ScriptAction& action);
 
-// What TEXT of a select may mean, longest first: the whole of it, or what stands in front of a comment.
+// What TEXT of a select may mean, longest first: the whole of it, or what is in front of a comment.
 std::vector<std::string> TextCandidates(std::string_view text);
 
 // "txtSetpt[1]", or the name alone for an index of -1.

@@ -7,7 +7,7 @@
 
 namespace counter {
 
-// The whole text as a number, a double also as "1e3", "inf" and "nan". Nothing where anything else stands in
+// The whole text as a number, a double also as "1e3", "inf" and "nan". Nothing where anything else is in
 // it, and where Number can't hold it.
 template <class Number>
 std::optional<Number> ExactNumber(std::string_view text) {

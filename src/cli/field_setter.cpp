@@ -13,7 +13,7 @@ namespace counter {
 
 namespace {
 
-// An entry without blanks and capitals: lists pad theirs, and put one behind a point (" 11111. 1").
+// An entry without blanks and capitals: lists pad theirs, and put one after a point (" 11111. 1").
 std::string Plain(std::string_view entry) {
     std::string plain = SmallLetters(entry);
     std::erase(plain, ' ');

@@ -25,7 +25,7 @@ class LineDialogs : public Dialogs {
     std::vector<Message> shown_;
 };
 
-// The text of a failure with its number in brackets behind it.
+// The text of a failure with its number in brackets after it.
 std::string WithNumber(const std::string& text, int linkError);
 
 // How an action ended whose status line is not the home view's.

@@ -71,7 +71,7 @@ std::string Times(const std::string& multiplier) {
     return multiplier.empty() ? multiplier : "x " + multiplier;
 }
 
-// What stands beside a row of the main grid.
+// What is shown beside a row of the main grid.
 std::string Beside(const MenuView& view, int row) {
     if (row == view.InputPlace.Row) return Spelled(view.grdInput);
     if (row == view.Scale1Place.Row) return Times(Spelled(view.grdScale1));

@@ -66,12 +66,12 @@ struct Boxes {
     DigitLimits Limits;
     bool Signed = false;
     int First = 0;   // of the digits
-    int Places = 0;  // of them behind the point; with a free point as many as there can be
+    int Places = 0;  // of them after the point; with a free point as many as there can be
 
     int Digits() const { return kLastBox + 1 - First; }
 };
 
-// Digits behind the point of a text. The field itself says where its point is: the mark in the dialog stands
+// Digits after the point of a text. The field itself says where its point is: the mark in the dialog is
 // elsewhere for the Calibration, whose whole numbers it shows in hundreds.
 int DecimalsIn(const std::string& text) {
     const std::size_t point = text.find('.');

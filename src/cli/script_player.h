@@ -16,7 +16,7 @@ class ScriptPlayer : public Player {
     bool Step(SetupRun& run) override;
 
     // The first action that could not be done and why, as "line 3: txtSetpt[1] is hidden"; empty where all
-    // were. No action behind that one is run.
+    // were. No action after that one is run.
     const std::string& Wrong() const { return wrong_; }
 
   private:

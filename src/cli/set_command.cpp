@@ -11,7 +11,7 @@ namespace counter {
 
 namespace {
 
-// Empty, or what is wrong with the words behind the file's name.
+// Empty, or what is wrong with the words after the file's name.
 std::string ReadAssignments(const CommandCall& call, std::vector<Assignment>& assignments) {
     for (std::size_t i = 1; i < call.Words.size(); ++i) {
         const std::string& word = call.Words[i];

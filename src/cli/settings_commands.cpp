@@ -63,7 +63,7 @@ std::string NoKey(const std::string& word) {
     return text + DidYouMean(word, names);
 }
 
-// Takes the KEY=VALUE words behind the first over. Returns one line that says what is legal, or nothing.
+// Takes over the KEY=VALUE words after the first. Returns one line that says what is legal, or nothing.
 std::string Apply(const CommandCall& call, SettingsLines& lines) {
     for (std::size_t i = 1; i < call.Words.size(); ++i) {
         const std::string& word = call.Words[i];

@@ -104,7 +104,7 @@ std::vector<const Control*> ChildrenOf(const Form& form, const Control* containe
     return children;
 }
 
-// What stands beside a control's caption: a box and an option have their mark in front of it.
+// What is shown beside a control's caption: a box and an option have their mark in front of it.
 std::string ValueOf(const Control& control) {
     const bool marked = control.Kind == ControlKind::Check || control.Kind == ControlKind::Option;
     return marked ? std::string() : ValueShown(control);

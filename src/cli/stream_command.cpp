@@ -53,7 +53,7 @@ std::string Stripped(const std::string& text) {
 }
 
 // The number that a reading shows, with the meter's own decimals, as every reader of CSV takes it: no blanks
-// behind the sign, no "+", a digit to either side of the point or no point. Empty where it shows none.
+// after the sign, no "+", a digit to either side of the point or no point. Empty where it shows none.
 std::string NumberText(std::string reading) {
     std::erase(reading, ' ');
     reading.erase(0, std::min(reading.find_first_of("+-.0123456789"), reading.size()));

@@ -18,7 +18,7 @@ inline constexpr std::size_t kValley = 5;
 
 struct SplitLine {
     ActiveItems Values;
-    std::string Rest;  // behind the last value; of a reply without Peak and Valley also in Values
+    std::string Rest;  // after the last value; of a reply without Peak and Valley also in Values
 };
 
 // Splits a line, sign place included, into a tenth of its length and one values. With Peak and Valley, the

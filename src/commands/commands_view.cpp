@@ -23,7 +23,7 @@ CommandsView::CommandsView(Session& session) : Program(session) {
     WireHelpLine();
 }
 
-// The letter of Valley stands out of the run of the others and its coil in it: required.
+// The letter of Valley is outside the run of the others, its coil inside it: required.
 void CommandsView::Wire() {
     // clang-format off
     WireReading(cmdItem1,    ReadingKind::Item1,  picItem1,  "Item 1 request sent.");

@@ -89,8 +89,8 @@ class CommandsView {
   private:
     // One command without a reply, in both protocols.
     struct Request {
-        std::string_view Ascii;    // behind the head
-        std::string_view Modbus;   // for a value: what stands before its eight digits
+        std::string_view Ascii;    // after the head
+        std::string_view Modbus;   // for a value: what comes before its eight digits
         bool WithoutHead = false;  // the text alone goes out
     };
 

@@ -23,19 +23,19 @@ enum class ControlKind {
     Value,  // shows a value; a click opens digit entry, nothing is typed into it
     TabStrip,
     Picture,   // shows text for a while
-    Menu,      // a menu heading or entry; its container is the heading it stands under
+    Menu,      // a menu heading or entry; its container is the heading it is under
     Entry,     // a box that a user types into freely
     Progress,  // shows Value, 0..100
 };
 
 inline constexpr int kSingle = -1;    // Index of a control that is not in an array
-inline constexpr int kEveryTab = -1;  // Tab of a control that stands beside the pages
+inline constexpr int kEveryTab = -1;  // Tab of a control that is beside the pages
 
 struct Control {
     ControlKind Kind = ControlKind::Label;
     std::string Name;     // "txtSetpt"
     int Index = kSingle;  // place in its array
-    int Tab = kEveryTab;  // the page it stands on, from 0
+    int Tab = kEveryTab;  // the page it is on, from 0
     Control* Container = nullptr;
     int HelpNumber = 0;
 
@@ -44,7 +44,7 @@ struct Control {
     bool Enabled = true;
 
     std::string Text;  // of a value, entry or picture
-    // Of all others but lists and the tab strip. In a menu and on a button that has one, "&" stands before
+    // Of all others but lists and the tab strip. In a menu and on a button that has one, "&" comes before
     // the access key.
     std::string Caption;
     // Of a list or the tab strip; the texts live as long as the program.

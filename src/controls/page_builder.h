@@ -39,10 +39,10 @@ class PageBuilder {
 
     PageBuilder(Form& form, int tab, HelpNumbers help) : form_(form), tab_(tab), help_(help) {}
 
-    // A control inside `container`; null: on the page itself. "#" in the caption stands for the index.
+    // A control inside `container`; null: on the page itself. "#" in the caption means the index.
     Control& Add(ControlKind kind, Control* container, std::string_view name, std::string_view caption = {},
                  int index = kSingle);
-    // The same within a frame of its own that takes the caption: "cboBaudRate" stands in "fraBaudRate".
+    // The same within a frame of its own that takes the caption: "cboBaudRate" is in "fraBaudRate".
     Framed Wrap(ControlKind kind, Control* container, std::string_view name, std::string_view caption,
                 int index = kSingle);
 

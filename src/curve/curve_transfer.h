@@ -5,7 +5,7 @@
 //   WL54...Z      WLEA...Z     the first item
 //   XL69Z         XLFFZ        comes back as it was sent
 //   XL54Z         XLEAZ        likewise
-//   C0            C0           takes the curve in use; only behind two good answers
+//   C0            C0           takes the curve in use; only after two good answers
 //
 // The meter confirms no write, so reading back is the whole proof.
 #pragma once

@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kItemEnds = ",\r\n";
 constexpr std::string_view kBlanks = " \t";
-constexpr char kEndOfText = '\x1A';  // behind the text of a file that a DOS program wrote
+constexpr char kEndOfText = '\x1A';  // after the text of a file that a DOS program wrote
 
 std::size_t EndOf(std::string_view text, std::string_view ends) {
     return std::min(text.find_first_of(ends), text.size());

@@ -4,8 +4,8 @@
 //   9A00...(84 digits)      goes to the lower block, and is sent second
 //   00FF...(84 digits)      goes to the upper block, and is sent first
 //
-// An item ends at a comma or a line end (CR LF, LF or CR); one in quotes is what stands between them. What
-// stands behind the second item, or behind the end mark of a DOS text, is ignored.
+// An item ends at a comma or a line end (CR LF, LF or CR); one in quotes is what is between them. What
+// comes after the second item, or after the end mark of a DOS text, is ignored.
 #pragma once
 
 #include <cstddef>

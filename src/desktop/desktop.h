@@ -72,7 +72,7 @@ class Desktop {
     HelpWorld WorldOfHelp();
     void MakeReading(ReadingView& view);
     void ShowHourglass();
-    // True: a view must finish something first, and exits behind it.
+    // True: a view must finish something first, and exits after it.
     bool HoldExit();
     void Connect();
 

@@ -49,7 +49,7 @@ class DigitEntry {
     void RightArrow();
     // A click on a box brings the focus there; a box in front of the first one takes none.
     void FocusBox(int box);
-    // A character typed while the OK button has the focus: "." sets a free point behind box 6.
+    // A character typed while the OK button has the focus: "." sets a free point after box 6.
     void KeyOnOk(char character);
     // A byte of 256 or more beeps and keeps the dialog.
     void Ok();

@@ -34,7 +34,7 @@ void DigitEntry::Key(char character) {
     TakeCharacter(focus_, character);
 }
 
-// The character replaces what the box holds. A box behind which the point stands keeps it; as a key has no
+// The character replaces what the box holds. A box with the point after it keeps it; as a key has no
 // fixed point where the user moves it, such a box loses it.
 void DigitEntry::TakeCharacter(int box, char character) {
     const int type = work_.State.FieldType;
@@ -48,13 +48,13 @@ void DigitEntry::TakeCharacter(int box, char character) {
     if (box < kLastBox) {
         MoveTo(box + 1);
     } else {
-        // A box that is written stands at its start; a character that goes in by itself leaves the caret
-        // behind it.
+        // A box that is written has the caret at its start; with a character that goes in by itself
+        // the caret is after it.
         caret_ = atPoint || type == kScaleType ? 0 : 1;
     }
 }
 
-// The point goes behind the digit of this box and vanishes from the others.
+// The point goes after the digit of this box and vanishes from the others.
 void DigitEntry::SetFreePoint(int box) {
     CutToDigits();
     WriteBox(box, Box(box).Text + ".");

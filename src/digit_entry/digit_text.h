@@ -9,21 +9,21 @@
 
 namespace counter {
 
-// A character each, and a "." behind it where the point stands there.
+// A character each, and a "." after it where the point is there.
 using DigitTexts = std::array<std::string, kDigitBoxes>;
 
 // A field's text on its way into the boxes.
 struct BareText {
     std::string Text;    // without blanks, and without its first point where that was taken out
     int PointPlace = 0;  // place of the first point, from 1 on; 0 without one
-    int PointCode = 1;   // digits behind that point, plus 1
+    int PointCode = 1;   // digits after that point, plus 1
 };
 
 // A point in front of all gives the text's length, counted with the point, plus 1; required.
 BareText BareTextOf(std::string_view fieldText, bool takePointOut);
 
-// The characters of `text` from box FirstBox on, at most up to box 6. A point stands behind box 7 -
-// entryDecimal, in a signed clock value behind boxes 2 and 4, in a byte nowhere; points of the text itself
+// The characters of `text` from box FirstBox on, at most up to box 6. A point is after box 7 -
+// entryDecimal, in a signed clock value after boxes 2 and 4, in a byte nowhere; points of the text itself
 // are passed over.
 DigitTexts SpreadText(std::string_view text, const DigitLimits& limits, int entryDecimal);
 

@@ -1,4 +1,4 @@
-// The help screens whose text is fixed: what the Setup help says, and what stands beside the drawings of
+// The help screens whose text is fixed: what the Setup help says, and what is beside the drawings of
 // boards and their jumpers.
 #pragma once
 

@@ -14,7 +14,7 @@
 
 namespace counter {
 
-// The text as it stands in the file. Nothing where a file, the record or part of the text is missing and
+// The text as it is in the file. Nothing where a file, the record or part of the text is missing and
 // where the record says what can't be; a record of length 0 is an empty text.
 std::optional<std::string> ReadHelpText(const FileReader& files, const std::string& folder, int helpId);
 
@@ -29,7 +29,7 @@ struct HelpSegment {
     friend bool operator==(const HelpSegment&, const HelpSegment&) = default;
 };
 
-// What stands before the first "$" is plain, from there to the second emphasised, and so on in turn. What
+// What comes before the first "$" is plain, from there to the second emphasised, and so on in turn. What
 // follows the last "$" is plain even where the turn would be the other's. Empty segments are left out.
 std::vector<HelpSegment> HelpSegments(std::string_view text);
 

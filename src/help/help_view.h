@@ -33,7 +33,7 @@ class HelpView {
     // Shows the text of `helpId`. False: there is none, and the window has vanished without a word. Either
     // way digit entry is over: EntryReturn is 0 and no field is marked as being edited.
     bool Open(int helpId, HelpFrom from);
-    // The button: closes the window and puts back what stood behind it. Waits 10 ms.
+    // The button: closes the window and puts back what was behind it. Waits 10 ms.
     void Ok();
     bool Shown() const { return shown_; }
 
@@ -43,7 +43,7 @@ class HelpView {
     bool FixedPitch = false;            // "Courier New" instead of "Arial"
     std::vector<HelpSegment> Segments;  // CR LF in them ends a line
 
-    // cmdOK, visible once the text stands.
+    // cmdOK, visible once the text is there.
     Form Controls;
 
     // Hooks into what shows views; each may be empty.

@@ -11,7 +11,7 @@
 
 namespace counter {
 
-// The frame of a command: a CR LF behind it.
+// The frame of a command: a CR LF after it.
 std::string FrameAscii(std::string_view command);
 
 // The command as the meter with this address takes it: "*", address, `body`.

@@ -90,8 +90,8 @@ bool Judge(LinkState& link, const std::string& reply) {
 
 }  // namespace
 
-// Another press may send during each of these waits and leaves its own texts behind, so that they are put
-// back behind it.
+// Another press may send during each of these waits and leaves its own texts, so that these are put
+// back after it.
 void SendCommand(Link& link) {
     LinkState& state = link.State;
     const std::string command = state.CommandText;

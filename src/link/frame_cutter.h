@@ -1,7 +1,7 @@
 // FrameCutter: cuts the bytes of the reading stream into frames. It takes bytes and never waits.
 //
 // There are two flavours. The List wants every reading as the meter writes it; Plot and Graph want the latest
-// one and no backlog. Both throw away what comes before the first FrameEndChar behind a start or a pause,
+// one and no backlog. Both throw away what comes before the first FrameEndChar after a start or a pause,
 // since it may be the rest of a frame, and both skip an empty frame.
 #pragma once
 
@@ -13,7 +13,7 @@ namespace counter {
 
 struct Frame {
     std::string Text;
-    bool OnlySizes = false;  // List: the first whole frame behind a start; it sizes the grid and isn't listed
+    bool OnlySizes = false;  // List: the first whole frame after a start; it sizes the grid and isn't listed
 };
 
 class FrameCutter {

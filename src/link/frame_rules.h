@@ -15,9 +15,9 @@ inline constexpr char kNoCharacter = '\0';
 //   lead DATA [LF] lead ...     the same without an end character: the next frame's lead ends this one, and
 //                               with a line feed FrameBackStep is 1
 struct FrameRules {
-    int LineFeedFlag = 0;                 // 1: a line feed stands behind the frame
+    int LineFeedFlag = 0;                 // 1: a line feed comes after the frame
     char FrameEndChar = kCarriageReturn;  // ends a frame
-    char FrameLeadChar = kNoCharacter;    // stands before the data
+    char FrameLeadChar = kNoCharacter;    // comes before the data
     int FrameBackStep = 0;                // 1: one character before FrameEndChar is not data
 };
 

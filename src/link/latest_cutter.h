@@ -1,4 +1,4 @@
-// LatestCutter: the readings of the stream for those who must not lag behind the meter.
+// LatestCutter: the readings of the stream for those who must keep up with the meter.
 #pragma once
 
 #include "link/frame_cutter.h"
@@ -7,7 +7,7 @@
 
 namespace counter {
 
-// One frame an arrival at most. Frames are taken to be of equal length: of those that stand in the buffer the
+// One frame an arrival at most. Frames are taken to be of equal length: of those that are in the buffer the
 // oldest is used and the others vanish. The text is cleaned, see CleanReading, and a frame with nothing left
 // is skipped.
 class LatestCutter : public FrameCutter {

@@ -29,7 +29,7 @@ bool ListCutter::Next(Frame& frame) {
     }
 }
 
-// The end at `pos`, a line feed behind it, less the step back.
+// The end at `pos`, a line feed after it, less the step back.
 void ListCutter::DropPast(std::size_t pos) {
     buffer_.Drop(pos + static_cast<std::size_t>(rules_.LineFeedFlag) -
                  static_cast<std::size_t>(rules_.FrameBackStep));

@@ -9,7 +9,7 @@ namespace counter {
 
 // However the bytes are split into arrivals, the frames are the same. A leading FrameEndChar is dropped by
 // itself. The first cut takes the rest of a frame and one character more where a line feed follows; the frame
-// behind it only sizes the grid.
+// after it only sizes the grid.
 class ListCutter : public FrameCutter {
   public:
     // `rules` are read at each cut, so they may be prepared later.

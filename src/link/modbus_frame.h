@@ -2,7 +2,7 @@
 //
 // RTU:   address, function, data, CRC low, CRC high; as bytes. Ends by silence.
 // ASCII: ":", the same as hexadecimal digits, LRC as two digits, CR, LF.
-// TCP:   transaction number (2), 00 00, length (2), address, function, data. Length counts what is behind it.
+// TCP:   transaction number (2), 00 00, length (2), address, function, data. Length counts what comes after.
 // Published in "MODBUS over Serial Line, Specification and Implementation Guide V1.02"; this meter's
 // firmware differs from it in one CRC table entry and in the LRC of a sum that is a multiple of 256.
 #pragma once
@@ -15,7 +15,7 @@
 namespace counter {
 
 struct ModbusCheck {
-    unsigned char A = 0xFF;  // stands first on the wire
+    unsigned char A = 0xFF;  // comes first on the wire
     unsigned char B = 0xFF;
 };
 

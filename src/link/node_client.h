@@ -1,4 +1,4 @@
-// NodeClient: the connection to the Ethernet node that a meter sits behind.
+// NodeClient: the connection to the Ethernet node that a meter is reached through.
 //
 // A datagram asks the node to call back; the node opens a TCP connection to a port that is listened at here,
 // and from then on every frame goes over that connection. There is no second login: who loses the connection
@@ -42,13 +42,13 @@ class NodeClient {
 
     SocketState State() const { return sockets_.Tcp.State(); }
     bool Connected() const { return State() == SocketState::Connected; }
-    // True while the node is connected. Otherwise warns the user by a message box, behind which the wait for
+    // True while the node is connected. Otherwise warns the user by a message box, after which the wait for
     // a reply ends.
     bool CheckConnected();
     // CheckConnected has found the connection broken since the login.
     bool Lost() const { return lost_; }
 
-    // A frame for the meter, as it stands: what arrives from now on is its reply. Dropped without a
+    // A frame for the meter, as it is: what arrives from now on is its reply. Dropped without a
     // connection.
     void SendFrame(std::string_view frame);
     // A frame for the node itself.
@@ -60,7 +60,7 @@ class NodeClient {
     // Hooks; each may be empty and must not wait.
     std::function<void(int tryNumber)> TryBegins;  // 1..10
     std::function<void()> HideStatus;              // before the message box
-    std::function<void()> Ticked;                  // every second from the login on, behind the keep-alive
+    std::function<void()> Ticked;                  // every second from the login on, after the keep-alive
 
   private:
     void Take(std::string_view bytes);

@@ -6,7 +6,7 @@
 
 namespace counter {
 
-// The conversation, each line behind "*" and the address, replies being a byte as two hexadecimal digits:
+// The conversation, each line after "*" and the address, replies being a byte as two hexadecimal digits:
 //
 //   A1              a stream left running stops; then 300 ms
 //   G132 -> flags   bit 7: a line feed ends the frames; then 300 ms
@@ -14,10 +14,10 @@ namespace counter {
 //   G15D -> lead    only with custom characters; then 50 ms
 //   G1E0 -> end     only with custom characters; then 50 ms
 //
-// No failure ends it: a meter that doesn't answer leaves what stands in RawReply to be taken, and a
+// No failure ends it: a meter that doesn't answer leaves what is in RawReply to be taken, and a
 // text that is no hexadecimal number counts as 0. FrameBackStep keeps its value while custom characters are
 // off, which is required. Returns 0, or the LinkError of the first question that failed, for those who want
-// to know: behind it the rules are a guess.
+// to know: after it the rules are a guess.
 int PrepareReadings(Link& link, int firmwareVersion, FrameRules& rules);
 
 }  // namespace counter

@@ -24,7 +24,7 @@ struct BringUp {
 
 // Reads the file, sets the link's state and opens the port. Through a node, or without a link, no port is
 // touched. Failures: the file can't be read; a baud digit outside 0..6; the port can't be opened. Another
-// program's settings end the process behind a message box.
+// program's settings end the process after a message box.
 Status ReadSettings(const BringUp& bringUp);
 
 }  // namespace counter

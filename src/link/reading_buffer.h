@@ -25,7 +25,7 @@ class ReadingBuffer {
   private:
     std::string bytes_;
     std::size_t begin_ = 0;    // of what is still there
-    std::size_t scanned_ = 0;  // no end stands before this place
+    std::size_t scanned_ = 0;  // no end is before this place
     std::size_t owed_ = 0;     // dropped, but not yet here
 };
 

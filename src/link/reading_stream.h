@@ -30,7 +30,7 @@ class ReadingStream {
     ReadingStream(const ReadingStream&) = delete;
     ReadingStream& operator=(const ReadingStream&) = delete;
 
-    // 1: input is thrown away as it arrives, so the first end behind a pause only ends a partial frame.
+    // 1: input is thrown away as it arrives, so the first end after a pause only ends a partial frame.
     // Nothing is sent to the meter. Written by Pause and Resume.
     int ReadingPaused = 0;
     void Pause();
@@ -50,7 +50,7 @@ class ReadingStream {
     void DrainInput();
 
     Taker TakeFrame;                 // gets each frame; may be empty
-    std::function<void()> PassDone;  // told behind a pass that handed something on; may be empty
+    std::function<void()> PassDone;  // told after a pass that handed something on; may be empty
 
   private:
     struct Listener {

@@ -12,7 +12,7 @@ namespace counter {
 
 namespace {
 
-// Of a Modbus reply as hexadecimal text: address, function and byte count stand in front.
+// Of a Modbus reply as hexadecimal text: address, function and byte count are in front.
 constexpr std::size_t kCountAt = 6;
 constexpr std::size_t kCountDigits = 8;
 

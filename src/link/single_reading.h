@@ -15,7 +15,7 @@ enum class ReadingKind { Item1, Item2, Item3, Peak, Valley, AllActive, AllActive
 
 struct SingleReading {
     ReadingKind Kind;
-    std::string_view AsciiCommand;   // behind the head
+    std::string_view AsciiCommand;   // after the head
     std::string_view ModbusPayload;  // empty: the meter has no such request
 };
 
@@ -31,7 +31,7 @@ inline constexpr std::array<SingleReading, 7> kSingleReadings = {{
 }};
 // clang-format on
 
-// Asks a Custom ASCII meter for a value; LinkError is 1 or 23 also for a text that can't be one, which stands
+// Asks a Custom ASCII meter for a value; LinkError is 1 or 23 also for a text that can't be one, which is
 // in ReplyText and RawReply as it came.
 void AskValue(Link& link, std::string_view command);
 

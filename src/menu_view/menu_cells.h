@@ -1,6 +1,6 @@
 // The cells of the menu's grids: how a text or six digits are spread over the columns S and 1 to 6.
 //
-// A cell is a blank and a character, and a point where the meter lights one behind it: " 7", " 7.". A column
+// A cell is a blank and a character, and a point where the meter lights one after it: " 7", " 7.". A column
 // that the text doesn't reach is a lone blank. In rows of digits, a cell is the bare digit.
 #pragma once
 
@@ -49,15 +49,15 @@ inline constexpr int kBlankDigit = -1;
 
 // Where points are lit in a value.
 enum class CellPoints {
-    Inside,  // where the value's point stands, but not behind the last digit
+    Inside,  // where the value's point is, but not after the last digit
     Last,    // there too
-    Clock,   // behind hours and minutes, wherever the value's point stands
+    Clock,   // after hours and minutes, wherever the value's point is
 };
 
-// A decoded value, sign or blank first. A point in front or behind the first character stays a character.
+// A decoded value, sign or blank first. A point in front or after the first character stays a character.
 MenuCells CellsOfValue(std::string_view text, CellPoints points);
 
-// A setpoint: as a value, but always with a sign, which stands in column S without a blank.
+// A setpoint: as a value, but always with a sign, which is in column S without a blank.
 MenuCells CellsOfSetpoint(std::string_view text);
 
 // A mnemonic, seven characters with the one for S.

@@ -54,7 +54,7 @@ struct MenuItem {
 
 std::span<const MenuItem> MenuItems();
 
-// A setpoint, in the list behind the meter's alarm key.
+// A setpoint, in the list that the meter's alarm key opens.
 struct SetpointItem {
     std::string_view Name;
     MenuValue Value;

@@ -12,7 +12,7 @@ namespace counter {
 
 namespace {
 
-// Rows that something stands beside.
+// Rows that something is shown beside.
 constexpr int kInputCode = 1;
 constexpr int kScale1Code = 13;
 constexpr int kScale2Code = 19;
@@ -86,7 +86,7 @@ DigitCells MultiplierCells(const SetupImage& image, Field multiplier) {
     return DigitCellsOfMultiplier(EntryOrBlank(kMultipliers, CodeOf(image, multiplier)));
 }
 
-// What stands beside a row that has just been added.
+// What is shown beside a row that has just been added.
 void PlaceBeside(MenuView& view, int code, const SetupImage& image, const MenuFacts& facts) {
     int row = view.MenuRowCount;
     if (code == kInputCode) {
@@ -111,7 +111,7 @@ void AddMenuRow(MenuView& view, const SetupImage& image, const MenuFacts& facts,
     PlaceBeside(view, item.Code, image, facts);
 }
 
-// A disabled alarm has no setpoint behind the alarm key. State 3, which no list offers, counts as disabled.
+// A disabled alarm has no setpoint at the alarm key. State 3, which no list offers, counts as disabled.
 bool HasSetpoint(const SetupImage& image, const MenuFacts& facts, const SetpointItem& item) {
     constexpr int kDisabled = 2;
     return facts.Values.RelayOption >= item.LeastRelayOption && CodeOf(image, item.AlarmState) < kDisabled;
@@ -165,7 +165,7 @@ MenuView BuildMenuView(SetupImage& image, const MeterIdentity& meter, const Deri
 }
 
 int MenuHelpId(int code, PointerEvent event, int analogOption, int protocolCode) {
-    // Codes 49 to 52 belong to no row today; their help would stand apart, on the primary event alone.
+    // Codes 49 to 52 belong to no row today; their help would be apart, on the primary event alone.
     bool apart = event == PointerEvent::Primary && code >= 49 && code <= 52;
     int number = code + (apart ? 2093 : 2200);
     if (analogOption == AnalogBoard::Dual16Bit && code >= 37)

@@ -23,7 +23,7 @@ inline constexpr int kMostSetpoints = 4;
 inline constexpr std::string_view kMenuTitle = "CTR  MENU";
 inline constexpr std::string_view kInputOptionCaption = "  INPUT OPTION";
 inline constexpr std::string_view kNoChangeText = " Do Not Change Calib";  // beside CALib
-// A legend that stands alone: no row carries the mark, required.
+// A legend on its own: no row carries the mark, required.
 inline constexpr std::string_view kLockedText = " * Menu item locked out";
 inline constexpr std::string_view kPrintCaption = "Print";
 inline constexpr std::string_view kMainMenuCaption = "Main Menu";
@@ -39,10 +39,10 @@ struct MenuRow {
 
 enum class PointerEvent {
     Primary,
-    Secondary,  // the help view then stands at a fixed left edge
+    Secondary,  // the help view is then at a fixed left edge
 };
 
-// A grid or label that stands beside a row of grdMain.
+// A grid or label that is shown beside a row of grdMain.
 struct Overlay {
     int Row = 0;  // of grdMain; 0: the row isn't there, and so the overlay is hidden
     bool Visible = false;
@@ -79,7 +79,7 @@ struct MenuView {
     int HelpIdOfRow(int row, PointerEvent event) const;
 };
 
-// The whole view. Of `shared` it takes what the Setup view leaves behind, see ReadMenuFacts. The image
+// The whole view. Of `shared` it takes what the Setup view leaves there, see ReadMenuFacts. The image
 // changes only where it holds a decimal point code 0 that the view shows.
 MenuView BuildMenuView(SetupImage& image, const MeterIdentity& meter, const DerivedValues& shared);
 

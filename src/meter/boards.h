@@ -8,10 +8,10 @@
 
 namespace counter {
 
-// The board that feeds the meter; a code that no board has stands for itself.
+// The board that feeds the meter; a code that no board has is its own number.
 int InputOptionFromSetup(const SetupImage& image);
 
-// The code that stands for such a board in the field Input Option.
+// The code of such a board in the field Input Option.
 int InputOptionCode(int inputOption);
 
 // As the Setup view and whatever works on a meter have them.

@@ -16,7 +16,7 @@ inline constexpr Text kModbusTimeout[] = {"  1 Sec", "  3 Sec", "  5 Sec", " 10 
 inline constexpr Text kAnalogOption[] = {"None", "12 Bit Unipolar", "16 Bit Unipolar", "16 Bit Uni/Bipolar",
                                          "16 Bit Dual Unipolar"};
 
-// Stored code 0 stands for no entry.
+// Stored code 0 means no entry.
 inline constexpr std::uint8_t kFromOne[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15, 16,
                                             17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31};
 inline constexpr Text kDecPt1[] = {" 111111.",  " 11111. 1", " 1111. 11",
@@ -100,7 +100,7 @@ inline constexpr Text kControlInputs[] = {
     "Item 2            Item 3              Function Reset",
 };
 
-// What stands at some codes of the control inputs instead: before version 78, and on a remote display.
+// What is at some codes of the control inputs instead: before version 78, and on a remote display.
 inline constexpr std::string_view kControlInputs8Before78 =
     "Hold              External Gate       Function Reset";
 inline constexpr std::string_view kControlInputs9Before78 = "Peak or Valley    External Gate       No Action";

@@ -12,7 +12,7 @@
 namespace counter {
 
 // Handles, in the order of the rows: by position, in a byte from the high bits to the low ones, an overlap
-// behind what it overlaps.
+// after what it overlaps.
 enum class Field {
     AnalogHi,
     AnalogLo,
@@ -219,7 +219,7 @@ std::span<const FieldRow> FieldTable();
 const FieldRow& RowOf(Field field);
 std::string_view FieldName(Field field);
 
-// The list entry that stands for a stored code, as spelled in the list; empty where there is none.
+// The list entry that represents a stored code, as spelled in the list; empty where there is none.
 std::string_view EntryOfCode(const FieldRow& row, int code);
 
 }  // namespace counter

@@ -15,7 +15,7 @@ struct FieldValue {
 };
 
 // A value is the text of the Setup view without blanks around it ("+010000."), with the point that the view
-// would use; an entry of a list is trimmed alike; carried digits stand as they are. The version by which
+// would use; an entry of a list is trimmed alike; carried digits are as they are. The version by which
 // points are worked out is the image's own.
 FieldValue ValueOfField(const SetupImage& image, Field field);
 

@@ -33,7 +33,7 @@ int SignedOf24Bits(unsigned number) {
     return static_cast<int>(number) - (number > 0x7FFFFF ? 0x1000000 : 0);
 }
 
-// The magnitude that the digits of a field stand for.
+// The magnitude that the digits of a field represent.
 unsigned MagnitudeOf(std::string digits, int code, int timeEntry) {
     if (code == 0) return ParseHex(digits);
     if (code == 1) {
@@ -64,7 +64,7 @@ std::array<char, 7> SixDigits(unsigned number, int decPt) {
     return text;
 }
 
-// The number at the beginning of the text, blanks left out; 0 where no digit stands. Only its last 32 bits
+// The number at the beginning of the text, blanks left out; 0 where no digit is there. Only its last 32 bits
 // count: of a field no more than 24 are stored.
 unsigned NumberOf(std::string_view text) {
     unsigned number = 0;
@@ -144,7 +144,7 @@ void ValueEncode(SetupImage& image, const ValueContext& context, int typeCode, i
         DigitsPut(image, pos, HexNumber(negative ? 0 - number : number, 6));
         return;
     }
-    // Without a point the text counts as if it stood in front of all: 9 - 0, at most 6.
+    // Without a point the text counts as if it were in front of all: 9 - 0, at most 6.
     unsigned decPt = typeCode == 4 ? static_cast<unsigned>(std::clamp(9 - point, 1, 6)) : 0;
     DigitsPut(image, pos, HexNumber(decPt + (negative ? 8 : 0), 1) + HexNumber(number, 5));
 }

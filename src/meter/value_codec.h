@@ -7,7 +7,7 @@
 //   3     6       first digit: 8 sign; five digits of magnitude      " +1.00000" point from the caller
 //   4     6       first digit: 8 sign + point code; five digits      " -074.565" point from the field
 //
-// A point code d leaves d - 1 digits behind the point. The point is a mark and nothing is rounded: a number
+// A point code d leaves d - 1 digits after the point. The point is a mark and nothing is rounded: a number
 // of more than six digits loses digits at the left.
 #pragma once
 

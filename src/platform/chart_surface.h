@@ -2,7 +2,7 @@
 //
 // Everything is in the chart's own units, y pointing up; whoever paints maps them to a screen, a page or a
 // bitmap and draws the record in its order, later entries over earlier ones. The record only grows, so a
-// painter that keeps a picture adds the entries that are new; when Generation has changed it begins anew.
+// painter that keeps a picture adds the entries that are new; when Generation has changed it starts over.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ namespace counter {
 
 enum class LineStyle { Solid, Dotted };
 enum class BoxFill { Black, White };
-enum class TextAnchor { Left, Center, Right };  // which part of the text stands at X
+enum class TextAnchor { Left, Center, Right };  // which part of the text is at X
 
 struct ChartLine {
     double X1 = 0, Y1 = 0, X2 = 0, Y2 = 0;
@@ -35,7 +35,7 @@ struct ChartBox {
     friend bool operator==(const ChartBox&, const ChartBox&) = default;
 };
 
-// The top of the text stands HalfHeights times half its height below Y; a negative number is above it.
+// The top of the text is HalfHeights times half its height below Y; a negative number is above it.
 struct ChartText {
     std::string Text;
     TextAnchor Anchor = TextAnchor::Left;

@@ -37,15 +37,15 @@ class FileReader {
 class Files : public FileReader {
   public:
     // Whole or not at all: at any moment, kill and power cut included, either the old or the new content
-    // stands under `path`. A failed write leaves the old file and says why.
+    // is under `path`. A failed write leaves the old file and says why.
     virtual Status Write(const std::string& path, std::string_view content) = 0;
     // Adds to the end of the file, which is made where there is none; who reads it sees the addition at once.
     // A failed one leaves the file as it was.
     virtual Status Append(const std::string& path, std::string_view content) = 0;
     virtual Status Remove(const std::string& path) = 0;
-    // With all folders above it; one that stands there is fine.
+    // With all folders above it; one that is there is fine.
     virtual Status MakeFolder(const std::string& path) = 0;
-    // Makes `path` a symbolic link to `target`, replacing a link that stands there.
+    // Makes `path` a symbolic link to `target`, replacing a link that is there.
     virtual Status MakeLink(const std::string& path, const std::string& target) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Printer: a view on paper, as it stands on the screen.
+// Printer: a view on paper, as it is on the screen.
 #pragma once
 
 #include <string>

@@ -31,7 +31,7 @@ class Pump {
     virtual WallTime LocalTime() const = 0;
 
     // Runs events until `ready` holds (true) or the clock reaches `deadlineMs` (false). A condition that
-    // holds, or a deadline that lies behind, returns at once and runs nothing. `reason` says in a few words
+    // holds, or a deadline that is past, returns at once and runs nothing. `reason` says in a few words
     // what is waited for.
     bool WaitUntil(double deadlineMs, const Condition& ready, const char* reason);
 
@@ -45,7 +45,7 @@ class Pump {
     // included. A call that comes late is made once and not made up for. It must not wait.
     [[nodiscard]] std::shared_ptr<Ticker> Every(double periodMs, std::function<void()> tick);
 
-    // Ends the process with this exit status. Does not return: no line behind a wait runs in a dead program.
+    // Ends the process with this exit status. Does not return: no line after a wait runs in a dead program.
     [[noreturn]] virtual void EndProcess(int status) = 0;
 
     // The next turn of a wait calls OnInterrupt, once for each request. Without a handler nothing happens.

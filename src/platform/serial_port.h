@@ -24,7 +24,7 @@ class SerialPort {
     virtual void Close() = 0;
     virtual bool PortOpen() const = 0;
 
-    // Modem lines; a port that has none bears them without an error.
+    // Modem lines; a port that has none takes them without an error.
     virtual void SetDtrEnable(bool on) = 0;
     virtual void SetRtsEnable(bool on) = 0;
     virtual void SetHandshaking(int kind) = 0;  // 0 none, the only kind in use

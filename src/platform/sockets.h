@@ -1,4 +1,4 @@
-// Sockets: what reaches a meter behind an Ethernet node. Datagrams go out, the node calls back over TCP.
+// Sockets: what reaches a meter through an Ethernet node. Datagrams go out, the node calls back over TCP.
 #pragma once
 
 #include <functional>
@@ -42,7 +42,7 @@ class TcpSocket {
   public:
     virtual ~TcpSocket() = default;
 
-    // Waits for a caller at port 0..65535 of every address of the machine. A connection that stands is
+    // Waits for a caller at port 0..65535 of every address of the machine. A connection that is up is
     // closed.
     virtual Status Listen(int localPort) = 0;
     virtual SocketState State() const = 0;

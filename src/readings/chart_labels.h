@@ -10,7 +10,7 @@ namespace counter {
 struct ValueScale {
     float MidValue = 0;
     float SmallDiv = 1;  // never 0
-    int Decimals = 0;    // 0..6: the more of what stands behind the points of both texts
+    int Decimals = 0;    // 0..6: the more of what is after the points of both texts
 };
 
 // A small division of 0, or none, is 1.
@@ -24,7 +24,7 @@ float TypedNumber(std::string_view text);
 // none, "5.".
 std::string ValueLabel(const ValueScale& scale, int divisions);
 
-// Seconds: at most six decimals without trailing zeros, no zero before the point, and a point also behind a
+// Seconds: at most six decimals without trailing zeros, no zero before the point, and a point also after a
 // whole number: ".5", "60.". "0" for 0.
 std::string TimeLabel(double seconds);
 
@@ -32,7 +32,7 @@ std::string TimeLabel(double seconds);
 // write counts as one, though binary fractions miss it by a hair: (0.05 + 1.5) / 0.1 is 15.5.
 double WholeUnits(double number);
 
-// The decimal number that single precision stands for: 123.4 where the number held is 123.40000153.
+// The decimal number that single precision represents: 123.4 where the number held is 123.40000153.
 double AsTyped(float number);
 
 }  // namespace counter

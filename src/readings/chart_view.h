@@ -24,7 +24,7 @@ class ChartView : public ReadingView {
     void Activate() override;
 
     ChartSurface Chart;
-    // Writes the chart as a BMP file, replacing one that stands there; may be empty.
+    // Writes the chart as a BMP file, replacing one that is there; may be empty.
     std::function<Status(const std::string& path)> SaveBitmap;
 
   protected:
@@ -53,7 +53,7 @@ class ChartView : public ReadingView {
     // clang-format on
 
   protected:
-    // Clears the chart and runs with the scale as it stands in the entries.
+    // Clears the chart and runs with the scale as it is in the entries.
     virtual void Run() = 0;
     // Why OK is refused; empty where it isn't.
     virtual std::string Objection() const { return {}; }

@@ -55,7 +55,7 @@ void DrawCountAxis(ChartSurface& chart, float barScale) {
     }
 }
 
-// Clears the chart and draws the frame of a run. The top of the chart stands for `barScale`, above 0.
+// Clears the chart and draws the frame of a run. The top of the chart represents `barScale`, above 0.
 void DrawGraphFrame(ChartSurface& chart, const ValueScale& scale, float barScale) {
     chart.SetScale(-150, 1030, 1000, -80);
     Solid(chart, 0, 1030, 0, 0);
@@ -97,7 +97,7 @@ GraphView::GraphView(Session& session) : ChartView(session, kVerticalScale) {
     Load();
 }
 
-// A chart whose top stands for no count could show none.
+// A chart whose top represents no count could show none.
 std::string GraphView::Objection() const {
     return TypedNumber(txtVertScale.Text) > 0 ? "" : "Initial Vertical Scale must be a number above 0.";
 }
@@ -162,7 +162,7 @@ void GraphView::Blink(Side side) {
     }
 }
 
-// Where no arrow stands there is nothing to erase.
+// Where there is no arrow there is nothing to erase.
 void GraphView::Wipe(Side side) {
     bool& shown = side == Side::Low ? histogram_.LowShown : histogram_.HighShown;
     if (std::exchange(shown, false)) EraseArrow(Chart, side == Side::Low);

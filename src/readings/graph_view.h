@@ -18,7 +18,7 @@ using BinCounts = std::array<float, kBins>;
 
 struct Histogram {
     ValueScale Scale;
-    float BarScale = 1;  // the count that the chart's top stands for, above 0
+    float BarScale = 1;  // the count that the chart's top represents, above 0
     BinCounts BinCount{};
     // The bars as the last doubling drew them, with the grid over them; what came since lies over the grid.
     BinCounts UnderGrid{};
@@ -33,7 +33,7 @@ class GraphView : public ChartView {
   public:
     static constexpr std::string_view kName = "frmGRAPH";
     static constexpr std::string_view kTitle = "GRAPH";
-    // The record of the chart is made anew from the counts when it becomes longer, so that it stays small
+    // The record of the chart is rebuilt from the counts when it becomes longer, so that it stays small
     // however long a run takes. The picture stays as it was.
     static constexpr std::size_t kMostEntries = 1000;
 

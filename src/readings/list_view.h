@@ -1,7 +1,7 @@
 // ListView: the reading stream as a running table of texts.
 //
 // Readings go along a row from left to right, row after row, and after the last row start over at the top. A
-// blank cell runs ahead of the newest one, so that a reader sees where the list stands. Readings are text as
+// blank cell runs ahead of the newest one, so that a reader sees where the list is. Readings are text as
 // the meter sends it: nothing is parsed or cut.
 #pragma once
 
@@ -29,7 +29,7 @@ class ListView : public ReadingView {
     int GridHeight = 7800;
     int LineHeight = 240;  // of a line of the grid's text
 
-    // The grid as it is shown. It is sized anew on the first whole reading behind a start or a pause, which
+    // The grid as it is shown. It is sized again on the first whole reading after a start or a pause, which
     // isn't listed; cells that are still there keep their texts.
     int ListRows = 0;  // at least 1 once it is sized
     int ColumnWidth = 0;

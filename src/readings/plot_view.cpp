@@ -193,7 +193,7 @@ float PlotView::SecondsSinceMidnight() const {
     return static_cast<float>(whole + time.Millisecond / 1000.0);
 }
 
-// Before its first reading a sweep's clock stands, so no time of it has passed.
+// Before its first reading a sweep's clock is stopped, so no time of it has passed.
 void PlotView::PressPause() {
     if (Stream.ReadingPaused == 1) return;
     Stream.Pause();

@@ -29,7 +29,7 @@ class ReadingView {
     // Hooks into what shows the view; each may be empty.
     std::function<void()> Drawn;  // readings have been taken: table or chart may show more, controls don't
     std::function<void()> ShowMainMenu;  // hide this view, show the home view, which unloads this one
-    std::function<void()> ExitProgram;   // behind an End for which HoldExit has made the exit wait
+    std::function<void()> ExitProgram;   // after an End for which HoldExit has made the exit wait
     Printer* Paper = nullptr;
 
     // Before the view is shown: everything as new.
@@ -40,7 +40,7 @@ class ReadingView {
     // nothing, so a meter that was not stopped by End goes on sending.
     void Unload();
     // The program is told to exit. False: it may, now. True: End is under way and must still stop the meter;
-    // ExitProgram is called behind it.
+    // ExitProgram is called after it.
     bool HoldExit();
 
   protected:

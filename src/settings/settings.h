@@ -40,7 +40,7 @@ struct SettingsLines {
 
 struct Settings {
     SettingsLines Lines;      // line 1 normalised to 22 characters
-    SettingsLines FileLines;  // as they stand in the file
+    SettingsLines FileLines;  // as they are in the file
 
     int MeterType = 0;          // MeterKind: 0..3, 5..8
     int BaudIndex = -1;         // 0..6 into BaudTable; -1 where the digit is none of them
@@ -64,7 +64,7 @@ struct Settings {
     std::string MeterAddressLabel;  // as the meter shows it: "0." for 16 and so on
     std::string ModbusAddressHex;   // two digits
     std::string MeterNameSuffix;    // " Counter" or " Counter Transmitter"
-    bool EthernetMode = false;      // the meter sits behind a node
+    bool EthernetMode = false;      // the meter is at a node
     bool ModbusLink = false;        // Modbus of either kind
 };
 
@@ -85,7 +85,7 @@ std::string IllegalLine(const Settings& settings);
 // Both lines as the file holds them.
 std::string FormatSettings(const SettingsLines& lines);
 
-// The character that stands for an address 0..31 in settings and frames.
+// The character that means an address 0..31 in settings and frames.
 char AddressChar(int address);
 
 // Overwrites the characters from position `from`, counted from 1; a shorter line is filled with "0" first.

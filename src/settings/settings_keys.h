@@ -1,4 +1,4 @@
-// The keys of the settings: what a person reads and sets by name, and where it stands in the two lines.
+// The keys of the settings: what a person reads and sets by name, and where it is in the two lines.
 #pragma once
 
 #include <optional>

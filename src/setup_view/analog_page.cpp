@@ -28,7 +28,7 @@ void AnalogPage::Wire() {
         PutCode(Image(), Field::AnalogSource, SourceOfEntry(list.ListIndex));
         View.ViewRefresh();
     });
-    // The entry's number is stored as it stands, though the list may begin with Item 1; the refresh repairs a
+    // The entry's number is stored as it is, though the list may begin with Item 1; the refresh repairs a
     // 0. So without a filtered item the second output stays on Item 1: required.
     Bind({Source2.Inner, Field::AnalogSource2}, [this](Control& list) {
         PutCode(Image(), Field::AnalogSource2,

@@ -10,10 +10,10 @@ namespace counter {
 
 namespace {
 
-// Moves the point of a box so that code d leaves d - 1 digits behind it. A text that has it there already
+// Moves the point of a box so that code d leaves d - 1 digits after it. A text that has it there already
 // stays as it is, blanks included.
 void AlignPoint(std::string& text, int code) {
-    auto behind = static_cast<std::size_t>(std::clamp(code, 1, 6));  // the point and the digits behind it
+    auto behind = static_cast<std::size_t>(std::clamp(code, 1, 6));  // the point and the digits after it
     std::string digits(Trimmed(text));
     std::size_t point = digits.find('.');
     if (point != std::string::npos) {

@@ -18,7 +18,7 @@ using Entries = std::span<const std::string_view>;
 constexpr std::string_view kRemoteWithoutPanel[] = {" Remote A", " Remote S", " Remote 1", " Remote 2",
                                                     " Remote 3", " Remote 4", " Remote C"};
 
-// Whether a value's text stands for anything but 0.
+// Whether a value's text represents anything but 0.
 bool IsNotZero(std::string_view text) {
     return text.find_first_of("123456789") != std::string_view::npos;
 }

@@ -37,7 +37,7 @@ Entries ModesOf(const DerivedValues& values) {
     }
 }
 
-// Mode 3 is not in the list, so those above it stand one place lower.
+// Mode 3 is not in the list, so those above it are one place lower.
 int ModeEntry(const DerivedValues& values) {
     if (values.InputOption == InputBoard::DualSigCond)
         return values.ModeIndex > Mode::Total ? values.ModeIndex - 1 : values.ModeIndex;

@@ -53,7 +53,7 @@ struct Page {
     // The text of a value field, with the point that its row of the field table names.
     std::string TextOf(Field field) const;
     std::string TextOfByte(Field field) const;
-    // Stores the request for digit entry and has it opened. `lowPlace`: the dialog stands lower.
+    // Stores the request for digit entry and has it opened. `lowPlace`: the dialog is lower.
     void OpenEntry(Control& target, Field field, bool lowPlace = false) const;
 
     // --- What an alarm or an analog output can watch ---
@@ -65,11 +65,11 @@ struct Page {
     // Fills the list and selects the source in `field`. A source that isn't offered becomes Item 1 in the
     // image. Returns the source in force, 0..3.
     int RefreshSources(Control& list, Field field) const;
-    // The code 0..3 that the list's entry stands for.
+    // The code 0..3 that the list's entry means.
     int SourceOfEntry(int index) const;
 };
 
-// The code that a list's entry stands for, and the entry 0.. that stands for a code; -1 where there is none.
+// The code that a list's entry means, and the entry 0.. that means a code; -1 where there is none.
 int CodeOfEntry(const FieldRow& row, int index);
 int IndexOfCode(const FieldRow& row, int code);
 

@@ -33,7 +33,7 @@ struct ViewButtons : Page {
     bool readRunning_ = false;
 };
 
-// A reading with the decimals of point code 1..6; the point always stands, a lone 0 in front of it doesn't.
+// A reading with the decimals of point code 1..6; the point is always there, a lone 0 in front of it isn't.
 std::string ReadingText(double reading, int point);
 
 }  // namespace counter

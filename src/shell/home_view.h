@@ -22,7 +22,7 @@ class HomeView {
     HomeView(const HomeView&) = delete;
     HomeView& operator=(const HomeView&) = delete;
 
-    // Of its window; through a node it tells how the connection stands.
+    // Of its window; through a node it tells the state of the connection.
     std::string Title{kTitle};
 
     // Once, before the first Activate.

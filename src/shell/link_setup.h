@@ -27,7 +27,7 @@ class LinkSetup {
         TriedDevice& Tried;
         const PortCatalog& Catalog;
         ProgramFolder Folder;
-        std::optional<counter::Sockets> Sockets = {};  // for a meter behind a node
+        std::optional<counter::Sockets> Sockets = {};  // for a meter reached through a node
     };
 
     explicit LinkSetup(const World& world);

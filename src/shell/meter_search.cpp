@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::array<int, 7> kUsualRates = {5, 6, 4, 3, 2, 1, 0};  // 9600 baud is what a meter comes with
 constexpr std::array<int, 2> kParities = {Parity::Even, Parity::Odd};
-// Trials ask for the meter's own version; these two stand for its check, old and published.
+// Trials ask for the meter's own version; these two choose its check, old or published.
 constexpr int kOldCheckVersion = 80;
 constexpr int kPublishedCheckVersion = 81;
 static_assert(!HasPublishedCrc(kOldCheckVersion) && HasPublishedCrc(kPublishedCheckVersion));

@@ -1,5 +1,5 @@
-// NodeView: frmEther, the small view that logs into the Ethernet node at start, and the titles that tell how
-// the node's connection stands.
+// NodeView: frmEther, the small view that logs into the Ethernet node at start, and the titles that tell the
+// state of the node's connection.
 //
 // It is opened in the home view's place when the settings name a node; the home view comes up once the node
 // has called back.

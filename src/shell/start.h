@@ -7,7 +7,7 @@
 namespace counter {
 
 // Reads the settings and opens the port that they name; decides once which Modbus check the meter uses, by
-// the version in the settings as they stand now; sets the image to 260 zeros. Through a
+// the version in the settings as they are now; sets the image to 260 zeros. Through a
 // node the login (LogIntoNode) is still to come then. A file or port that can't be
 // opened is told by the status; the session can be worked with all the same.
 Status Start(Session& session);

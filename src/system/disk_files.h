@@ -9,7 +9,7 @@
 
 namespace counter {
 
-// Reasons are the system's bare texts, such as "No such file or directory"; the path stands beside them.
+// Reasons are the system's bare texts, such as "No such file or directory"; the path is given beside them.
 class DiskFiles : public Files {
   public:
     Status Read(const std::string& path, std::string& content) const override;
@@ -23,7 +23,7 @@ class DiskFiles : public Files {
     Status Remove(const std::string& path) override;
     Status MakeFolder(const std::string& path) override;
     Status List(const std::string& path, std::vector<std::string>& names) const override;
-    // At any moment the old or the new link stands there. Anything but a link is left and refused.
+    // At any moment the old or the new link is there. Anything but a link is left and refused.
     Status MakeLink(const std::string& path, const std::string& target) override;
     std::string LinkTarget(const std::string& path) const override;
     std::string FollowLinks(const std::string& path) const override;

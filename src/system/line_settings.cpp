@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::array kBauds = {300, 600, 1200, 2400, 4800, 9600, 19200};
 
-// What stands before the next comma, which is taken off with it.
+// What comes before the next comma, which is taken off with it.
 std::string_view TakePart(std::string_view& rest) {
     const std::size_t comma = std::min(rest.find(','), rest.size());
     const std::string_view part = rest.substr(0, comma);

@@ -5,7 +5,7 @@
 
 namespace counter {
 
-// How the group that owns a device stands to the user of this process.
+// How the group that owns a device relates to the user of this process.
 struct GroupAccess {
     std::string Group;  // its name; empty where membership would not open the device
     // The system's list of groups has the user in it, which counts from the next login on.
@@ -16,7 +16,7 @@ struct GroupAccess {
 // it counts as one that would not open the device.
 GroupAccess GroupAccessTo(const std::string& device);
 
-// What to do, in brackets behind the system's own reason and beginning with a blank; empty where no group
+// What to do, in brackets after the system's own reason and beginning with a blank; empty where no group
 // helps. " (it belongs to group dialout: sudo usermod -aG dialout $USER, then log out and in again)"
 std::string RefusalAdvice(const GroupAccess& access);
 

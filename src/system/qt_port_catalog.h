@@ -12,7 +12,7 @@ namespace counter {
 // The serial ports that the system knows, in its order, without their names by id.
 std::vector<PortDescription> SystemPorts();
 
-// Looks anew at every call: adaptors come and go.
+// Looks again at every call: adaptors come and go.
 class QtPortCatalog : public PortCatalog {
   public:
     using Lister = std::function<std::vector<PortDescription>()>;
@@ -23,7 +23,7 @@ class QtPortCatalog : public PortCatalog {
 
     std::vector<PortDescription> Ports() const override;
     // As the link says it, so that a name by id stays one; a relative target counts from ports/. A device
-    // that stands under ports/comN itself is that device. A number below 1 is a missing link.
+    // that is under ports/comN itself is that device. A number below 1 is a missing link.
     std::string DeviceOf(int number) const override;
 
   private:

@@ -18,7 +18,7 @@ namespace counter {
 // it again but Open. PortOpen() stays true until Close.
 class QtSerialPort : public SerialPort {
   public:
-    // `catalog` says which device a port number means, anew at every opening.
+    // `catalog` says which device a port number means, again at every opening.
     explicit QtSerialPort(const PortCatalog& catalog);
     ~QtSerialPort() override;
 

@@ -164,7 +164,7 @@ void QtTcpSocket::Close() {
 }
 
 int QtTcpSocket::LocalPort() const {
-    sockaddr_in6 address = {};  // the port stands at the same place in both families
+    sockaddr_in6 address = {};  // the port is at the same place in both families
     socklen_t size = sizeof address;
     if (state_ != SocketState::Listening) return 0;
     getsockname(descriptor_, reinterpret_cast<sockaddr*>(&address), &size);

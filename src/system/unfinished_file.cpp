@@ -12,7 +12,7 @@ namespace counter {
 
 namespace {
 
-// Hidden, and no name that a user would give: what bears it is removed.
+// Hidden, and no name that a user would give: what carries it is removed.
 constexpr const char* kName = "/.counter-unfinished-";
 constexpr int kMost = 100;  // runs that write into one folder at the same moment
 

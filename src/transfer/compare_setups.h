@@ -13,11 +13,11 @@ namespace counter {
 
 enum class PutRoad { AsciiSerial, AsciiNode, Modbus };
 
-// The road that a Put over this link takes.
+// The path that a Put over this link takes.
 PutRoad RoadOf(const LinkState& link);
 
 enum class Standing {
-    Written,     // a Put over the road writes it
+    Written,     // a Put on that path writes it
     NotWritten,  // it does not reach that far
     Hardware,    // what is fitted: boards, jumper; a Put does not change it
     ReadOnly,    // version and kind of the meter
@@ -41,7 +41,7 @@ FieldDifference DifferenceIn(Field field, const SetupImage& a, const SetupImage&
 std::vector<FieldDifference> CompareSetups(const SetupImage& a, const SetupImage& b, PutRoad road,
                                            int firmwareVersion);
 
-// Of two files every difference counts, and so does what one has behind its 260 digits.
+// Of two files every difference counts, and so does what one has after its 260 digits.
 std::vector<FieldDifference> CompareFiles(const SetupImage& a, const SetupImage& b);
 
 }  // namespace counter

@@ -60,7 +60,7 @@ void TakeIdentity(SetupTransfer& transfer) {
 }
 
 // Version 78 shows a two-relay board as a four-relay one; bit 2 of byte 0x2B tells them apart. A byte that
-// never came leaves the reply before it standing, and that is what is looked at.
+// never came leaves the reply before it in place, and that is what is looked at.
 bool GetRelayBoard(SetupTransfer& transfer) {
     constexpr int kTwoRelays = 2;  // stored code
     const int board = CodeOf(transfer.Image, Field::RelayOption);

@@ -17,7 +17,7 @@ struct AsciiWrite {
     const char* Command;
     std::span<const Stretch> Data;
     int PauseMs;  // before the frame
-    int Percent;  // progress behind it
+    int Percent;  // progress after it
 };
 
 // In the order in which they go out, the reset at the end not included.
@@ -26,8 +26,8 @@ std::span<const AsciiWrite> NodeWrites();
 
 // How an image field becomes register digits.
 enum class RegisterForm {
-    Plain,    // as it stands
-    Byte,     // behind two zeros
+    Plain,    // as it is
+    Byte,     // after two zeros
     Int32,    // ImageToInt32
     Sign32,   // ImageSignToInt32
     Float32,  // ImageToFloat32

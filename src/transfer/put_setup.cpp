@@ -86,7 +86,7 @@ bool WriteRow(SetupTransfer& transfer, const ModbusWrite& write) {
     return link.State.LinkError == 0;
 }
 
-// At 4800 baud and above the node is told before the first write and behind the last.
+// At 4800 baud and above the node is told before the first write and after the last.
 void TellNode(Link& link, bool on) {
     constexpr int kFastBaud = 4;
     if (link.State.EthernetMode && link.State.BaudIndex >= kFastBaud) link.Node->SendNodeCommand(on);

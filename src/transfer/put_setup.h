@@ -28,8 +28,8 @@ BoardCheck CheckMeterBoard(SetupTransfer& transfer);
 //   W91A, W911  positions 1..36, 37..72  through the node; 73..108 do not reach the meter: required
 //   W435  positions 249..260, 109..112
 //   WG2A  positions 141..204
-//   WB74  positions 205..248, behind 2000 ms
-//   |*C0  reset, behind 1500 ms
+//   WB74  positions 205..248, after 2000 ms
+//   |*C0  reset, after 1500 ms
 void PutSetupAscii(SetupTransfer& transfer);
 
 // Six writes, the fourth only above version 75; LinkError 1, 4, 7, 10, 11 or 14 for an answer of a wrong

@@ -14,7 +14,7 @@ std::string Int24ToImage(std::string_view digits);
 // plus 8 for a negative value, and five digits of magnitude.
 std::string Float32ToImage(std::string_view digits);
 
-// The way back, 6 digits in, 8 digits out. A field that the image is too short for stays short, behind two
+// The way back, 6 digits in, 8 digits out. A field that the image is too short for stays short, after two
 // zeros: the meter refuses such a frame.
 
 // Any first digit but "0" makes the value negative; kept within -999999..999999.

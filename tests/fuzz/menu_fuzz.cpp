@@ -1,4 +1,4 @@
-// The menu of any image: three bytes of meter and display, the rest is the image as it stands.
+// The menu of any image: three bytes of meter and display, the rest is the image as it is.
 #include "fuzz_input.h"
 #include "menu_view/menu_view.h"
 

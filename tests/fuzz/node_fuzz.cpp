@@ -1,7 +1,7 @@
 // A node that answers anything, in any pieces and at any time. One byte of protocol and version, then
 // arrivals, each a byte of time, a byte of length and the bytes: the first arrivals answer the first frame,
 // and so on. Of the time, bits 0 to 5 are units of 100 ms, bit 6 says that another arrival answers the same
-// frame, bit 7 ends the connection behind it. Two Gets end within their waits, with a number or with a whole
+// frame, bit 7 ends the connection after it. Two Gets end within their waits, with a number or with a whole
 // image.
 #include "fuzz_get.h"
 

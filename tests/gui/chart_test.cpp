@@ -34,7 +34,7 @@ struct ChartDesk : BenchMeterOf<GuiPump> {
     QImage OnScreen() {
         return Widget.screen()->grabWindow(Widget.winId()).toImage().convertToFormat(QImage::Format_RGB32);
     }
-    // Painted anew from the whole record.
+    // Painted again from the whole record.
     QImage Whole() const {
         ChartWidget fresh(Of.Chart, nullptr);
         fresh.resize(Widget.size());

@@ -1,4 +1,4 @@
-// Digit entry over the Setup view: keys and clicks reach it, it stands beside its field and closes as told.
+// Digit entry over the Setup view: keys and clicks reach it, it is beside its field and closes as told.
 #include <gtest/gtest.h>
 
 #include <QApplication>

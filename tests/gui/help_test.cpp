@@ -1,4 +1,4 @@
-// The help window: what it shows, where it stands, and the ways to close it.
+// The help window: what it shows, where it is, and the ways to close it.
 #include "desktop/pages/help_dialog.h"
 
 #include <gtest/gtest.h>

@@ -168,7 +168,7 @@ void Play(Dice& dice, bool calm, int acts) {
     if (testing::Test::HasFailure()) std::fputs(monkey.Story().c_str(), stderr);
 }
 
-// A program that ends in the middle of things is unwound through the toolkit, which then leaves behind the
+// A program that ends in the middle of things is unwound through the toolkit, which then leaves the
 // events that it was at, and for the next program what it showed.
 class Unwound {
   public:

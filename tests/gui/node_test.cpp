@@ -1,4 +1,4 @@
-// The desktop tool on a meter behind an Ethernet node: what stands in the home view's place until it has
+// The desktop tool on a meter at an Ethernet node: what is in the home view's place until it has
 // called.
 #include <gtest/gtest.h>
 

@@ -124,7 +124,7 @@ TEST(Segments, TextsAreCutIntoPlaces) {
     for (const auto& c : cases) EXPECT_EQ(GlyphsOf(c.Text), c.Glyphs) << c.Text;
 }
 
-// Colours that stand in a picture at least this often.
+// Colours that are in a picture at least this often.
 bool Shows(const QImage& image, const QColor& color, int atLeast) {
     int count = 0;
     for (int y = 0; y < image.height(); ++y) {

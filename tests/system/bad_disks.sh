@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Disks and folders that take no file: the status, the path with the system's reason, the old files whole, nothing
-# left behind; and that it works again with room.
+# left over; and that it works again with room.
 
 # Mounts of its own end with the test, however it ends.
 for private in "unshare --mount" "unshare --map-root-user --mount"; do
@@ -22,7 +22,7 @@ lay_down() {
     cp "$1/old.CT2" "$work/d.CT2"
     echo "time,reading" >"$1/old.csv"
 }
-# What stands on the disk, links and names included. The room that fills it does not count.
+# What is on the disk, links and names included. The room that fills it does not count.
 state() { (cd "$disk" && find . ! -name filler ! -type d | sort | while read -r f; do [ -L "$f" ] && readlink "$f" || md5sum "$f"; done); }
 
 # refused WHAT REASON ARGUMENT...: status 2, the path and the reason, and the disk as it was.

@@ -10,7 +10,7 @@ import os
 import re
 import sys
 
-ADAPTOR = "/dev/ttyUSB0"  # where a page names it, a simulated meter stands for it
+ADAPTOR = "/dev/ttyUSB0"  # where a page names it, a simulated meter takes its place
 NODE = "127.0.0.2"  # where a page starts a node, this address and TCP port 10001 are others in each run
 
 

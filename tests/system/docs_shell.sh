@@ -1,6 +1,6 @@
 # The shell of a page whose commands are run: put in front of its blocks. Output goes to files in $OUT, what is wrong to
 # file descriptor 3. A command that fails ends it; only that two setups differ (4) is no failure. A simulated meter that a
-# block starts is waited for behind it: a reader types more slowly than it takes to come up.
+# block starts is waited for after it: a reader types more slowly than it takes to come up.
 trap 'trap - ERR; kill $(jobs -p) 2>/dev/null; wait' EXIT
 trap 'status=$?; [ $status -eq 4 ] || { echo "block of line $line: status $status of: $BASH_COMMAND" >&3; exit 1; }' ERR
 block() {

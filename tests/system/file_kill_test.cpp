@@ -116,7 +116,7 @@ struct Row {
     const char* Name;
     const char* File;
     std::function<bool(KillBench&, bool newer)> Act;
-    bool Grows = false;  // line by line, and begun anew
+    bool Grows = false;  // line by line, and begun again
 };
 
 void PrintTo(const Row& row, std::ostream* out) {

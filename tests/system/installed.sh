@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What an installation holds: programs that find their data from where they stand, entries that a desktop takes, a
+# What an installation holds: programs that find their data from where they are, entries a desktop takes, a
 # manual page for each program, one version everywhere, words that the shell completes.
 . "$(dirname "$0")/common.sh"
 root=$(cd "$(dirname "$0")/../.." && pwd)
@@ -32,7 +32,7 @@ grep -qF "<release version=\"$version\"" "$share"/metainfo/*.xml || fail "metain
 gzip -dc "$share/doc/counter-setup/changelog.Debian.gz" | head -n 1 | grep -qF "($version-" || fail "changelog: not $version"
 grep -vE '^(#|$)' "$share"/doc/counter-setup/examples/*.rules && fail "the rule must not act as it is shipped"
 
-# completes "LINE" WORD...: what stands at the end of the line is completed by those words.
+# completes "LINE" WORD...: what is at the end of the line is completed by those words.
 export PATH="$prefix/bin:$PATH"
 . /usr/share/bash-completion/bash_completion
 . "$share/bash-completion/completions/counterctl"

@@ -4,7 +4,7 @@
 here=$(cd "$(dirname "$0")" && pwd)
 mkdir "$work/json"
 
-# document NAME STATUS ARGUMENT...: runs counterctl and keeps what stood on standard output.
+# document NAME STATUS ARGUMENT...: runs counterctl and keeps what was on standard output.
 document() {
     local name=$1
     shift

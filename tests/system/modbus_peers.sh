@@ -32,7 +32,7 @@ found = {line["field"]: (line["a"], line["b"]) for line in json.load(open(sys.ar
 assert found == {"Setpoint 1": ("+010000.", "+012345."), "Carried byte 153": ("2E", "00")}, found
 PYTHON
 # Hand work: readings with both signs, what libmodbus understood of resets and remote values, and its exception
-# for a reading that it does not have. The last reading comes behind all writes.
+# for a reading that it does not have. The last reading comes after all writes.
 reads() { ctl 0 read "$1"; [ "$(cat "$work/out")" = "$2" ] || { cat "$work/out"; fail "$1 is not $2"; }; }
 reads item1 123456
 reads peak -123

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A meter behind a node over real sockets: Get, Put and hand work in every protocol, and the node's faults.
+# A meter at a node over real sockets: Get, Put and hand work in every protocol, and the node's faults.
 . "$(dirname "$0")/node_common.sh"
 
 with() { sed "s/^\(.\{$(($1 - 1))\}\).\{${#2}\}/\1$2/"; }
@@ -17,7 +17,7 @@ transfer() {
 }
 custom_ascii() {
     transfer 0 ascii
-    # Nothing brings the last part of the first block to a meter behind a node.
+    # Nothing brings the last part of the first block to a meter at a node.
     hears '*1W911'
     ! grep -q W908 "$work/peer.log" || fail "W908 was sent"
     hears 'node: keep-alive'

@@ -3,7 +3,7 @@
 # at most. Sourced with BIN and FOLDER as arguments of the test.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-# start_node ARGUMENT...: a simulated meter behind a node at $ip.
+# start_node ARGUMENT...: a simulated meter whose node is at $ip.
 start_node() {
     stop_peer
     exec 3< <(echo "$BASHPID"; exec ${inside_node:-} "$bin/counter-sim" --node --node-ip "$ip" "$@" 2>>"$work/peer.log")

@@ -7,7 +7,7 @@ root=$(cd "$(dirname "$0")/../.." && pwd)
 cd "$root/data"
 command -v hunspell >/dev/null || { echo "FAILED: install hunspell and hunspell-en-us" >&2; exit 1; }
 
-# Help sources mark emphasis with "*" and begin comments with "#"; of a drawing only what stands in <text>.
+# Help sources mark emphasis with "*" and begin comments with "#"; of a drawing only what is in <text>.
 shown() {
     case $1 in
         *.svg) sed -n 's:.*<text[^>]*>\(.*\)</text>.*:\1:p' "$1" ;;

@@ -12,14 +12,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// In order of height: a room includes only itself and rooms that stand before it. Rooms that are not listed
+// In order of height: a room includes only itself and rooms that come before it. Rooms that are not listed
 // may be included by nobody.
 const std::vector<std::string> kRooms = {"meter",    "platform",    "settings",    "link",       "transfer",
                                          "controls", "digit_entry", "session",     "setup_view", "menu_view",
                                          "commands", "readings",    "calibration", "curve",      "help",
                                          "shell",    "cli",         "system",      "desktop",    "apps"};
 
-// Views stand side by side: none includes another.
+// Views are side by side: none includes another.
 const std::vector<std::string> kViews = {"setup_view",  "menu_view", "commands", "readings",
                                          "calibration", "curve",     "help"};
 

@@ -28,7 +28,7 @@ class Binder : public QObject {
     // Makes the widget of a control and binds it.
     QWidget* Make(Control& control, QWidget* parent);
     // A frame that only wraps one control, as a row: the frame's caption, then the control, then the labels
-    // that stand in the frame.
+    // that are in the frame.
     CaptionRow* MakeRow(Control& frame, Control& inner, QWidget* parent);
     // A group box, for a frame that holds more; its widgets are made with it as parent.
     QWidget* MakeGroup(Control& frame, QWidget* parent) { return Make(frame, parent); }

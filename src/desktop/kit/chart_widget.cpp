@@ -41,7 +41,7 @@ Corners CornersOf(const LineOrBox& entry) {
     return {entry.X1, entry.Y1, entry.X2, entry.Y2};
 }
 
-// More new entries than these are as good as all of the chart: an axis drawn anew crosses it.
+// More new entries than these are as good as all of the chart: an axis drawn again crosses it.
 constexpr std::size_t kFewEntries = 16;
 
 // Draws one entry.

@@ -24,7 +24,7 @@ class ChartMap {
     QPointF At(double x, double y) const;
 
     const QFont& Font() const { return font_; }
-    // The line that a text fills; its letters stand Ascent below the top.
+    // The line that a text fills; its baseline is Ascent below the top.
     QRectF LineOf(const ChartText& text) const;
     double Ascent() const { return ascent_; }
 
@@ -45,7 +45,7 @@ struct ChartColors {
     QColor Paper = Qt::white;
 };
 
-// The chart alone as a BMP file, black on white, replacing one that stands there.
+// The chart alone as a BMP file, black on white, replacing one that is there.
 Status SaveChartBitmap(const ChartSurface& chart, QSize size, const std::string& path);
 
 // Keeps a picture of what was painted and adds what is new in the record, so that a long trace costs nothing

@@ -6,7 +6,7 @@
 namespace counter {
 
 // "Meter Reset       Func Reset          Meter Reset" has three parts, two blanks or more between them. In
-// the heading runs of "-" stand between the columns, and its columns are wider than those of the entries, so
+// the heading runs of "-" are between the columns, and its columns are wider than those of the entries, so
 // each entry is drawn with blanks that put its parts below the columns. Box and heading have one fixed pitch.
 class ColumnList : public QComboBox {
   public:

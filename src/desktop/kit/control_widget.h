@@ -16,7 +16,7 @@ class ValueBox : public QLineEdit {
     explicit ValueBox(QWidget* parent);
     std::function<void()> Opened;
 
-    // The longest value stands in it whole.
+    // The longest value fits in it whole.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -28,15 +28,15 @@ class ValueBox : public QLineEdit {
     void Open();
 };
 
-// A caption and the field beside it, with whatever stands behind the field.
+// A caption and the field beside it, with whatever comes after the field.
 class CaptionRow : public QWidget {
   public:
     CaptionRow(QWidget* parent, const std::string& caption);
     QLabel& Caption() { return *caption_; }
     void AddField(QWidget* field, int stretch = 0);
-    // Rows that stand below one another have captions and fields of one width.
+    // Rows that are below one another have captions and fields of one width.
     void SetWidths(int caption, int field);
-    // Behind a change: a caption shows with its field alone and is its name, and what stands behind the field
+    // After a change: a caption shows with its field alone and is its name, and what comes after the field
     // keeps room for a short word, so that the field keeps its width.
     void FollowField();
 

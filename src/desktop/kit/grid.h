@@ -8,7 +8,7 @@ namespace counter {
 
 inline constexpr int kGrid = 8;
 
-// One step around the layout and between all that stands in it.
+// One step around the layout and between all that is in it.
 inline void PadByGrid(QLayout* layout) {
     layout->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
     layout->setSpacing(kGrid);

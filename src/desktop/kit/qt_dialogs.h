@@ -19,7 +19,7 @@ class QtDialogs : public Dialogs {
     // File dialogs begin in `folder`, later where the user was last.
     QtDialogs(Pump& pump, std::string folder) : pump_(pump), folder_(std::move(folder)) {}
 
-    // The window that boxes stand over; null: none yet.
+    // The window that boxes open over; null: none yet.
     void SetParent(QWidget* parent) { parent_ = parent; }
 
     void Show(const Message& message) override;

@@ -47,7 +47,7 @@ Status PrintOn(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
 }
 
 // Printed aside first: a full disk or a kill in the middle must not leave half of it where an older one
-// stood. A full disk is no error to the one who draws; the file then lacks its end.
+// was. A full disk is no error to the one who draws; the file then lacks its end.
 Status PrintInto(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
     const std::string path = QFile::encodeName(printer.outputFileName()).toStdString();
     const QTemporaryDir aside;

@@ -16,7 +16,7 @@ struct Spelling {
     SegmentSet Lit;
 };
 
-// The panel mixes upper and lower case, as each letter can be drawn at all; "I" stands at the left, so that
+// The panel mixes upper and lower case, as each letter can be drawn at all; "I" is at the left, so that
 // it is told from a 1.
 // clang-format off
 constexpr auto kSpelling = std::to_array<Spelling>({

@@ -31,7 +31,7 @@ inline constexpr SegmentSet kAllSegments = 0x7F;  // of a digit, without the sig
 // What a character lights; nothing where the display has no pattern for it. A blank lights no segment.
 std::optional<SegmentSet> SegmentsOf(char character);
 
-// One place of the display: a character and the point behind it.
+// One place of the display: a character and the point after it.
 struct SegmentGlyph {
     char Character = ' ';
     bool Point = false;
@@ -39,7 +39,7 @@ struct SegmentGlyph {
     friend bool operator==(const SegmentGlyph&, const SegmentGlyph&) = default;
 };
 
-// "12.3" is three places, the second with a point. A point with no character in front stands in a blank
+// "12.3" is three places, the second with a point. A point with no character in front is in a blank
 // place.
 std::vector<SegmentGlyph> GlyphsOf(std::string_view text);
 

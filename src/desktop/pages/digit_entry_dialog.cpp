@@ -34,7 +34,7 @@ DigitEntryDialog::DigitEntryDialog(DigitEntry& entry, QWidget* parent)
     };
 }
 
-// During the pause behind OK nothing more is taken.
+// During the pause after OK nothing more is taken.
 void DigitEntryDialog::AddButtons(QHBoxLayout& layout) {
     layout.addStretch(1);
     for (const char* name : {"cmdOK", "cmdCancel"}) {
@@ -100,7 +100,7 @@ bool DigitEntryDialog::eventFilter(QObject* object, QEvent* event) {
 }
 
 QPoint PlaceBeside(const QRect& field, const QSize& dialog, const QRect& screen, bool lowPlace) {
-    // The window's frame stands above the given place, so a row of the page is left free for it.
+    // The window's frame is above the given place, so a row of the page is left free for it.
     const int frame = field.height() + kGrid;
     const int below = field.bottom() + frame + (lowPlace ? field.height() : 0);
     const int above = field.top() - dialog.height() - kGrid;

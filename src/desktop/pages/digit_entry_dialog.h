@@ -49,7 +49,7 @@ class DigitEntryDialog : public QDialog {
     int beepsHeard_ = 0;
 };
 
-// Where a dialog of this size stands so that it doesn't cover the field: below it, else above, on the screen.
+// Where a dialog of this size goes so that it doesn't cover the field: below it, else above, on the screen.
 // The distance below is larger with `lowPlace`.
 QPoint PlaceBeside(const QRect& field, const QSize& dialog, const QRect& screen, bool lowPlace);
 

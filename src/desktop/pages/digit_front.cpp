@@ -28,7 +28,7 @@ QSize BoxSize(const QWidget& widget) {
     return {2 * digits.horizontalAdvance(QLatin1Char('0')), digits.height() + kGrid};
 }
 
-// One place of the display. A point that stands in the box is drawn behind its digit.
+// One place of the display. A point that is in the box is drawn after its digit.
 class DigitBox : public QWidget {
   public:
     DigitBox(const DigitEntry& entry, int box, DigitFront* front) : QWidget(front), entry_(entry), box_(box) {
@@ -132,7 +132,7 @@ DigitFront::DigitFront(DigitEntry& entry, QWidget* parent) : QWidget(parent), en
             if (Acted) Acted();
         };
         row->addWidget(box);
-        // No point stands behind the sign; mark 0 stands behind the last box.
+        // No point is after the sign; mark 0 is after the last box.
         if (i > 0) row->addWidget(new PointMark(entry, kDigitBoxes - 1 - i, this));
     }
 }

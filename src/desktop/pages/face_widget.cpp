@@ -19,7 +19,7 @@ struct Sides {
     std::vector<SegmentGlyph> Digits;  // kDigits of them
 };
 
-// The digits stand at the right, the sign has a place of its own.
+// The digits are at the right, the sign has a place of its own.
 Sides SidesOf(std::string_view text) {
     Sides sides;
     if (!text.empty() && (text[0] == '-' || text[0] == '+')) {

@@ -15,7 +15,7 @@ struct HelpPiece {
     bool Emphasised = false;
 };
 
-// Where the window stands, within the one that it is over.
+// Where the window is, within the one that it is over.
 enum class HelpPlace { Middle, LeftEdge, RightEdge };
 
 struct HelpContent {

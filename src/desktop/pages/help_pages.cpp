@@ -97,7 +97,7 @@ QWidget* BatchHelpPage::FirstFocus() {
     return txtHelp_;
 }
 
-// A printer that fails says so in its own words, behind the text.
+// A printer that fails says so in its own words, after the text.
 void BatchHelpPage::Print() {
     const Status status =
         world_.Paper.PrintText(Title().toStdString(), txtHelp_->toPlainText().toLatin1().toStdString());

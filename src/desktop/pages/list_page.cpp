@@ -87,7 +87,7 @@ class ReadingGrid : public QWidget {
         }
         setFont(font);
     }
-    // In front of a positive reading stands a blank for its sign.
+    // In front of a positive reading is a blank for its sign.
     static QString Shown(const std::string& text) {
         const QString shown = QtText(text);
         return shown.size() > kReadingCharacters ? shown.trimmed() : shown;

@@ -1,7 +1,7 @@
 // MenuPage: the whole setup as the meter's panel shows it, in the program's window.
 //
-// What stands beside a row of the main grid (Function, multipliers, a note) follows its scrolling. The view
-// is built anew each time that it comes to the front and thrown away when it is put away.
+// What is shown beside a row of the main grid (Function, multipliers, a note) follows its scrolling. The view
+// is rebuilt each time that it comes to the front and thrown away when it is put away.
 #pragma once
 
 #include <QLabel>
@@ -54,7 +54,7 @@ class MenuPage : public ViewPage {
     Printer& printer_;
     MenuView view_;
     SegmentGrid* grdMain_;
-    QWidget* beside_;  // the strip where the overlays stand
+    QWidget* beside_;  // the strip where the overlays are
     SegmentGrid* grdInput_;
     SegmentGrid* grdScale1_;
     SegmentGrid* grdScale2_;

@@ -11,7 +11,7 @@ namespace counter {
 
 class NodePage : public ViewPage {
   public:
-    // It stands in the place of the home view and has its title.
+    // It is in the place of the home view and has its title.
     NodePage(NodeView& view, HomeView& home, QWidget* parent);
     ~NodePage() override;
 

@@ -15,7 +15,7 @@
 
 namespace counter {
 
-// Rows whose captions have one width, in one box or in boxes that stand below one another.
+// Rows whose captions have one width, in one box or in boxes that are below one another.
 struct CaptionColumn {
     std::vector<CaptionRow*> Rows;
 };
@@ -31,7 +31,7 @@ class SetupLayout {
     // A box that is no control: it is on show while anything in it is.
     QGroupBox* PlainBox(const QString& title, QWidget* parent);
 
-    // Behind every refresh and change of font: what follows from what the controls now show.
+    // After every refresh and change of font: what follows from what the controls now show.
     void Follow();
 
   private:

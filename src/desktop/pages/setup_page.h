@@ -22,14 +22,14 @@ class SetupPage : public ViewPage {
     std::function<void()> ShowMainMenu;
 
     QString Title() const override { return QStringLiteral("Setup"); }
-    // Builds the view anew from the image.
+    // Rebuilds the view from the image.
     void ComeToFront() override;
     // Ends the Read loop, and an open digit entry without a trace.
     void PutAway() override;
     void Leave() override;
     void HelpKey() override { view_.HelpKey(); }
     QWidget* FirstFocus() override { return tabs_->tabBar(); }
-    // The view is built anew and comes back to the page on which help was asked for.
+    // The view is rebuilt and comes back to the page on which help was asked for.
     void HelpClosed();
 
     const Binder& Bound() const { return bound_; }

@@ -29,7 +29,7 @@ class Monkey {
         screen_.SetParent(&desk_.Window());
         boxes_.Meanwhile = [this](const Message& message) { screen_.Show(message); };
     }
-    // Acts this often, then closes what stands open and comes back when no wait is under way.
+    // Acts this often, then closes what is open and comes back when no wait is under way.
     void Play(int acts) {
         left_ = acts;
         beats_ = true;
@@ -83,7 +83,7 @@ class Monkey {
         return left_ > 0 ? dice_.Below(dice_.Pick(limits)) : 500;
     }
 
-    // What stands over the window; null: nothing.
+    // What is over the window; null: nothing.
     static QWidget* Over() {
         QWidget* popup = QApplication::activePopupWidget();
         return popup ? popup : QApplication::activeModalWidget();
@@ -91,7 +91,7 @@ class Monkey {
     void Act() {
         QWidget* over = Over();
         QWidget& top = over ? *over : desk_.Window();
-        // Its own questions run loops of their own, on which the virtual clock stands still.
+        // Its own questions run loops of their own, on which the virtual clock does not run.
         if (qobject_cast<QPrintDialog*>(over)) return Press(top, Qt::Key_Escape);
         boxes_.SaysYes = !dice_.OneIn(3);
         const int act = dice_.Below(100);
@@ -137,7 +137,7 @@ class Monkey {
         QPoint at(seen.left() + std::min(8, seen.width() / 2), seen.center().y());
         if (dice_.OneIn(2))
             at = seen.topLeft() + QPoint(dice_.Below(seen.width()), dice_.Below(seen.height()));
-        // The menu of a scroll bar runs a loop of its own, on which the virtual clock stands still.
+        // The menu of a scroll bar runs a loop of its own, on which the virtual clock does not run.
         const bool bar = qobject_cast<QScrollBar*>(top.childAt(widget->mapTo(&top, at)));
         const auto button = !bar && dice_.OneIn(12) ? Qt::RightButton : Qt::LeftButton;
         Tell((button == Qt::LeftButton ? "click " : "right click ") + NameOf(*widget));

@@ -29,7 +29,7 @@ class FontScale {
     QFont before_;
 };
 
-// Every widget with a text has the room that its text needs and lies within what it stands in.
+// Every widget with a text has the room that its text needs and lies within what it is in.
 inline void ExpectWhole(const QWidget& shown, const std::string& when) {
     for (const QWidget* widget : shown.findChildren<QWidget*>()) {
         const bool text = qobject_cast<const QLabel*>(widget) || qobject_cast<const QComboBox*>(widget) ||
@@ -41,8 +41,7 @@ inline void ExpectWhole(const QWidget& shown, const std::string& when) {
         const QSize need = widget->minimumSizeHint();
         EXPECT_TRUE(widget->width() >= need.width() && widget->height() >= need.height())
             << name << " " << QTest::toString(widget->size()) << " needs " << QTest::toString(need);
-        if (widget->objectName() == "lblNoChange")
-            continue;  // scrolls away with the row that it stands beside
+        if (widget->objectName() == "lblNoChange") continue;  // scrolls away with the row that it is beside
         EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry())) << name << " sticks out";
     }
     for (const QTabBar* strip : shown.findChildren<QTabBar*>()) {

@@ -14,7 +14,7 @@ CalibrationResult RunOn(CalibrationBench& bench, const std::string& frequency = 
     return RunCalibration(bench.Program.Link, frequency, [](CalibrationStage, const CalibrationResult&) {});
 }
 
-// Three roundings stand between the error and the factor: the mantissa, half of one of its 100,000 to 999,999
+// Three roundings are between the error and the factor: the mantissa, half of one of its 100,000 to 999,999
 // parts (up to 5 ppm near 1.00000); the reading, half of a count of 900,000; the factor, half a ppm. Up to 9
 // Hz the exponent would need two digits, so that the meter reads next to nothing and the factor is the
 // largest.

@@ -1,5 +1,5 @@
 // One case of the fault campaign: a command line of counterctl against a fresh simulated meter on the virtual
-// clock, with faults, and what is left behind it.
+// clock, with faults, and what is left after it.
 #pragma once
 
 #include <map>
@@ -29,7 +29,7 @@ struct Frame {
     int ReplyBytes = 0;  // of the meter, or of the node in its name; 0 where the tool awaits none
 };
 
-// What one command left behind.
+// What one command left.
 struct CaseResult {
     int Status = 0;
     std::string Out, Err;
@@ -109,8 +109,8 @@ inline std::string OtherSetup(const Road& road, int address) {
 }
 
 // Names and replies of all frames that a command sends when nothing goes wrong. A trace has a line for each
-// frame, and behind it what came: eight characters of time, a blank, ">" or "<", the bytes in hexadecimal
-// behind a blank each, two blanks, the text.
+// frame, and after it what came: eight characters of time, a blank, ">" or "<", the bytes in hexadecimal
+// after a blank each, two blanks, the text.
 inline std::vector<Frame> FramesOf(const Road& road, const Words& line, const Contents& files) {
     CaseBench bench(road, files, OptionsOf(road, {}));
     Words traced = {"--trace"};

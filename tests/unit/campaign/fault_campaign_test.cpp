@@ -1,4 +1,4 @@
-// The fault campaign: every command of counterctl that talks, over every road to the meter, with every fault
+// The fault campaign: every command of counterctl that talks, over every path to the meter, with every fault
 // at each of its frames, one at a time. What comes of it is a table to be read, fault_campaign.golden; what
 // has to hold whatever the table says is asserted for each case.
 #include <gtest/gtest.h>
@@ -189,7 +189,7 @@ struct Row {
     double LeastMs = 1e12, MostMs = 0;
 };
 
-// The table of one command over one road.
+// The table of one command over one path.
 class Block {
   public:
     Block(const Road& road, const Action& action)
@@ -285,7 +285,7 @@ class Block {
                MeterOf(memory_, result, clean_) + (result.NextGet == 0 ? "" : "; the next get FAILS");
     }
 
-    // Before each frame 300 ms, a second more through the node; behind each reply 200 ms, the silence of 62
+    // Before each frame 300 ms, a second more through the node; after each reply 200 ms, the silence of 62
     // ms that ends it and at most 120 ms in which it comes; and the pauses of the action.
     double DemandedMs(std::size_t framesSent) const {
         const Pauses& pauses = road_.Protocol == 0 ? action_.Ascii : action_.Modbus;

@@ -152,7 +152,7 @@ TEST(Edit, SettingsOrImageSayWhichMeterIsMeant) {
     EXPECT_EQ(bench.Shown("cmdRead")["visible"], true) << "the meter's kind comes from the image";
 }
 
-// The loop runs until its button is pressed again; the actions behind the first press run within it.
+// The loop runs until its button is pressed again; the actions after the first press run within it.
 TEST(Edit, TheReadLoopLetsActionsIn) {
     EditBench bench;
     bench.SetUp("07", 235);

@@ -34,7 +34,7 @@ struct CurveBench : HandBench {
         View.Controls.Type(View.txtFileName, name);
         View.Controls.Click(View.cmdGo);
     }
-    // What was written behind the explanation.
+    // What was written after the explanation.
     std::string Running() const {
         return View.picSend.Text.substr(
             std::min(View.picSend.Text.find(" SENDING"), View.picSend.Text.size()));
@@ -90,7 +90,7 @@ TEST(SendCurve, SendsTheSecondItemFirstAndReadsBack) {
 TEST(SendCurve, WithoutProofTheMeterIsNotReset) {
     const struct {
         const char *SilentAt, *Content;
-        const char* Has;  // blocks of the meter behind it
+        const char* Has;  // blocks of the meter after it
         const char* LastFrame;
     } cases[] = {
         // clang-format off

@@ -1,4 +1,4 @@
-// Opening and leaving digit entry: what stands in the boxes, what reaches the image and the field.
+// Opening and leaving digit entry: what is in the boxes, what reaches the image and the field.
 #include "digit_entry/digit_entry.h"
 
 #include <gtest/gtest.h>
@@ -93,7 +93,7 @@ TEST(StoreDigits, WritesImageAndField) {
     }
 }
 
-// Leaving: OK, Cancel and Enter differ in what they store and what they leave behind.
+// Leaving: OK, Cancel and Enter differ in what they store and what is left after them.
 TEST(Leaving, OkStoresAndCloses) {
     EntryDesk desk(kClock);
     EXPECT_EQ(desk.Shared.EntryReturn, 1);

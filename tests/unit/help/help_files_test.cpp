@@ -151,7 +151,7 @@ TEST(HelpFiles, ListsAreToldEntryByEntry) {
     }
 }
 
-// Each of the 128 codes stands in its column with its hexadecimal form and its character or name.
+// Each of the 128 codes is in its column with its hexadecimal form and its character or name.
 TEST(HelpFiles, CharacterTableKeepsItsColumns) {
     constexpr std::size_t kColumns[] = {0, 34, 47, 60};
     std::vector<std::string> lines;

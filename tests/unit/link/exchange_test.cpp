@@ -110,7 +110,7 @@ TEST(Receive, NobodyAnswersFor3000Ms) {
     EXPECT_EQ(bench.State().ReplyText, "49") << "the reply before stays";
 }
 
-// At 9600 baud the gap is 61.46 ms, at 300 baud 416.67, counted from 200 ms behind the first character.
+// At 9600 baud the gap is 61.46 ms, at 300 baud 416.67, counted from 200 ms after the first character.
 TEST(Receive, SilenceLongerThanTheGapEndsAReply) {
     const struct {
         const char *Name, *Baud;

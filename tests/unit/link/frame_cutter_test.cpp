@@ -20,7 +20,7 @@ constexpr FrameRules kLeadOnly = {0, 'L', '\0', 0};
 constexpr FrameRules kLeadOnlyLineFeeds = {1, 'L', '\0', 1};
 constexpr FrameRules kKeptBackStep = {0, '\r', '\0', 1};  // custom characters were in force before
 
-// What comes of arrivals; a frame that only sizes stands in brackets.
+// What comes of arrivals; a frame that only sizes is in brackets.
 Texts Cut(FrameCutter& cutter, const Texts& arrivals) {
     Texts texts;
     for (const std::string& bytes : arrivals) {

@@ -71,7 +71,7 @@ TEST(PrepareReadings, AsksAndSetsTheFrameRules) {
     }
 }
 
-// Each command waits 300 ms; a reply takes 20 ms to begin, then 200 and a gap of 60; then the pause behind
+// Each command waits 300 ms; a reply takes 20 ms to begin, then 200 and a gap of 60; then the pause after
 // it.
 TEST(PrepareReadings, PausesBetweenTheCommandsAndTheStepBackStays) {
     PrepareDesk desk;

@@ -1,4 +1,4 @@
-// Single readings in both protocols, and what stands in RawReply when none comes.
+// Single readings in both protocols, and what is in RawReply when none comes.
 #include "link/single_reading.h"
 
 #include <gtest/gtest.h>

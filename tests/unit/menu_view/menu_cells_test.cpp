@@ -28,7 +28,7 @@ int NumberIn(std::string cells) {
 // clang-format off
 TEST(MenuCells, OfValues) {
     ExpectAll({
-        // The point behind the last digit isn't lit, apart from the rows that set it.
+        // The point after the last digit isn't lit, apart from the rows that set it.
         {"PULSES begins in S",        {{193, "4A"}, {199, "C0"}},                 "PULSES", " 0| 1| 0| 2| 4.| | "},
         {"CutoFF moves right",        {{193, "4C"}, {199, "83"}},                 "CutoFF", "  |  | 1| 0| 0| 0| 0"},
         {"CutoFF with its point",     {{193, "4C"}, {199, "83"}, {151, "12"}},    "CutoFF", "  |  | 1| 0| 0| 0.| 0"},

@@ -60,7 +60,7 @@ TEST(GraphView, LabelsAreWholeNumbersWhateverTheScale) {
     const std::pair<const char*, const char*> cases[] = {
         {"3", "5"}, {"2.5", "0"}, {"17.5", "20"}, {"5e6", "5000000"}};
     for (const auto& [vertical, top] : cases) {
-        const GraphDesk desk(vertical);  // seven value labels stand behind the topmost count
+        const GraphDesk desk(vertical);  // seven value labels come after the topmost count
         EXPECT_EQ(std::get<ChartText>(desk.View.Chart.Record().end()[-8]).Text, top) << vertical;
     }
 }

@@ -36,7 +36,7 @@ TEST(ListView, RunsAlongRowsAndStartsOverAtTheTop) {
     ListDesk desk;
     desk.Start();
     const struct {
-        int Readings, Row, Column, BlankRow, BlankColumn;  // where the last reading and the blank stand
+        int Readings, Row, Column, BlankRow, BlankColumn;  // where the last reading and the blank are
     } cases[] = {{1, 0, 0, 0, 1},   {19, 0, 18, 0, 19}, {20, 0, 19, 1, 0}, {21, 1, 0, 1, 1},
                  {60, 2, 19, 0, 0}, {61, 0, 0, 0, 1},   {121, 0, 0, 0, 1}};
     int sent = 0;

@@ -119,7 +119,7 @@ Refusal SetupBench::Act(const std::string& deed) {
     return View.Controls.Check(*control, Number(what));
 }
 
-// Stands for the dialog: what it stores, and the state in which it leaves the view.
+// In place of the dialog: what it stores, and the state in which it leaves the view.
 Refusal SetupBench::Enter(Control& value, const std::string& digits) {
     const Refusal refusal = View.Controls.Click(value);
     if (refusal != Refusal::None) return refusal;

@@ -11,7 +11,7 @@
 //          chkLF 1        sets a box
 //          optBasic       clicks
 //          txtMBAddr := 0A  opens digit entry, which stores these digits and closes; "cancel" stores nothing
-//          @201=10        digits put into the image behind the view's back
+//          @201=10        digits put into the image without the view's knowing
 //          reopen         the view comes to the front again
 //          !cboCR #1      is refused, and changes nothing in the image
 //   Sees   cboMode=Rate   the selected entry, "(none)" without one; a text, a caption, or 0 and 1

@@ -49,7 +49,7 @@ int BitsOf(const Fields& fields, int pos) {
     return bits;
 }
 
-// What a rebuilt view need not agree in: looks that the rules leave behind from what was done before.
+// What a rebuilt view need not agree in: looks that the rules leave over from what was done before.
 // A transmitter's relay list can take the alarms away until the view is opened again.
 bool KeepsItsPast(const Control& control, int meterType) {
     static const std::set<std::string> kNames = {

@@ -1,5 +1,5 @@
 // The node's own check of logins, against the same vectors as the tool's: both were worked by hand, and
-// neither code was asked. How each came about stands in tests/unit/link/node_checksum_test.cpp.
+// neither code was asked. How each came about is in tests/unit/link/node_checksum_test.cpp.
 #include "sim/node_login.h"
 
 #include <gtest/gtest.h>

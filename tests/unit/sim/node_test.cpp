@@ -19,7 +19,7 @@ class NodeTool {
         : Box("0080A3010203", WithFaults(Speaking(protocol), faults)) {
         Box.Connected();
     }
-    // Segments that come out until nothing more is due, as hexadecimal digits; "close" behind one that ends
+    // Segments that come out until nothing more is due, as hexadecimal digits; "close" after one that ends
     // the connection.
     Words Ask(const std::string& bytes) {
         Box.Receive(bytes, NowMs);

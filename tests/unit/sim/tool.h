@@ -46,7 +46,7 @@ class Tool {
   public:
     explicit Tool(MeterOptions options = {}) : Meter(std::move(options)) {}
 
-    // Sends and waits until nothing more is due; the clock stands at the last event then.
+    // Sends and waits until nothing more is due; the clock is at the last event then.
     std::string Ask(std::string_view bytes) {
         Meter.Receive(bytes, NowMs);
         return Rest();

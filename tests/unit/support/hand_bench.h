@@ -18,7 +18,7 @@ class ScriptedPort : public MeterLine {
     std::function<std::string(const std::string& frame)> Answer = [](const std::string&) { return "-"; };
     bool Gone = false;
 
-    // The frames since the last call, each behind the milliseconds that passed since the frame before it or
+    // The frames since the last call, each after the milliseconds that passed since the frame before it or
     // since the last call: "300 *1B1; 560 *1C0". A frame without CR LF ends in "(no line end)".
     std::string Story() {
         lastMs_ = pump_.NowMs();
@@ -42,7 +42,7 @@ class ScriptedPort : public MeterLine {
     double lastMs_ = pump_.NowMs();
 };
 
-// A meter with address 1. The character time is 0, so that the silence behind a reply is 50 ms and an
+// A meter with address 1. The character time is 0, so that the silence after a reply is 50 ms and an
 // exchange takes 560: pause 300, answer 10, first part 200, silence 50. Without an answer it takes 3300.
 struct HandBench {
     VirtualPump Pump;

@@ -104,7 +104,7 @@ class NodeNet {
     Tcp tcp_{*this};
 };
 
-// A session whose meter sits behind the node. The serial line is there and must not be touched.
+// A session whose meter is reached through the node. The serial line is there and must not be touched.
 template <class PumpType>
 struct NodeBenchOf {
     // Settings as KEY=VALUE, faults as counter-sim takes them.

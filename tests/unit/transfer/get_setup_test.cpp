@@ -1,5 +1,5 @@
-// Get Setup against the simulated meter: which frames go out, what they cost, what each failure leaves
-// behind.
+// Get Setup against the simulated meter: which frames go out, what they cost, what each failure
+// leaves.
 #include <gtest/gtest.h>
 
 #include "meter/default_setup.h"
@@ -54,7 +54,7 @@ TEST(GetAscii, CommandsAndRelaysFollowTheVersion) {
     const struct {
         const char* Name;
         int Version, RelayCode;
-        Words Frames;  // behind the three blocks
+        Words Frames;  // after the three blocks
         int Relays;    // of the image, as a code
     } cases[] = {
         {"78, four relays", 78, 1, {"G130", "G12B", "G128", "C0"}, 1},

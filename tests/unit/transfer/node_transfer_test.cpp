@@ -92,7 +92,7 @@ TEST(NodePut, OverCustomAsciiTheFirstBlockGoesInPartsAndOnePartNot) {
     EXPECT_EQ(bench.Net.TheNode().Told(), Words{"keep-alive"}) << "no command to the node";
 }
 
-// The command in front goes by the baud rate of the settings before the Put, the one behind by that after it.
+// The command in front goes by the baud rate of the settings before the Put, the one after by that after it.
 TEST(NodePut, OverModbusFastLinesTellTheNode) {
     const struct {
         const char *Name, *Before;
