@@ -82,7 +82,7 @@ void CommunicationPage::Wire() {
 
 void CommunicationPage::NameTheWay() {
     fraSerComm.Caption =
-        Program.LinkState.EthernetMode == 1 ? "Serial Communications via Ethernet" : "Serial Communications";
+        Program.LinkState.EthernetMode ? "Serial Communications via Ethernet" : "Serial Communications";
 }
 
 void CommunicationPage::FillLists() {

@@ -27,10 +27,10 @@ void ScalingPage::WireCurve() {
 void ScalingPage::RefreshCurve() {
     curveInForce_ = false;
     if (Level() > 1) return;
-    if (Values().ExtendedMeter == 0) PutCode(Image(), Field::ClassAndCurve, 0);
+    if (!Values().ExtendedMeter) PutCode(Image(), Field::ClassAndCurve, 0);
     Control& list = CusCrv.Inner[Level()];
     CurveListFill();
-    bool offered = (Values().ModeWord & kWordCurve) != 0 && Values().ExtendedMeter == 1;
+    bool offered = (Values().ModeWord & kWordCurve) != 0 && Values().ExtendedMeter;
     Form::SetFrameActive(CusCrv.Frame[Level()], list, offered);
     Controls().SetIndex(list, std::max(CodeOf(Image(), Field::ClassAndCurve) - kNoCurve, 0));
     curveInForce_ = list.ListIndex >= 1 && offered;
@@ -40,7 +40,7 @@ void ScalingPage::CurveListFill() {
     if (Level() > 1) return;
     const DerivedValues& values = Values();
     int comms = Program.Settings.CommsEnabled;
-    bool phaseCurve = comms == 0 || (comms == 1 && PhaseCurveOffered(Meter().FirmwareVersion));
+    bool phaseCurve = comms == Comms::NoLink || (comms == Comms::Link && PhaseCurveOffered(Meter().FirmwareVersion));
     bool powerFactor =
         values.ModeIndex == Mode::Phase && values.FunctionIndex == Function::PhasePlusMinus180 && phaseCurve;
     const std::string_view entries[] = {

@@ -37,11 +37,11 @@ void InputDisplayPage::Wire() {
     Bind({CutoffEnable.Inner, Field::CutoffEnable}, [this](Control&) { PickCutoffEnable(); });
     Bind({PwrOnTot.Inner, Field::PowerOnTotal}, [this](Control&) { PickPowerOnTotal(); });
     Bind({TimeOut.Inner, Field::TimeOut}, [this](Control& box) {
-        OpenEntry(box, Values().PresetActive == 1 ? Field::Preset : Field::TimeOut);
+        OpenEntry(box, Values().PresetActive ? Field::Preset : Field::TimeOut);
     });
     BindAlso(TimeOut.Inner, Field::Preset);
     Bind({Pulses.Inner, Field::PulsesPerRev}, [this](Control& box) {
-        OpenEntry(box, Values().CutoffActive == 1 ? Field::CutoffValue : Field::PulsesPerRev, true);
+        OpenEntry(box, Values().CutoffActive ? Field::CutoffValue : Field::PulsesPerRev, true);
     });
     BindAlso(Pulses.Inner, Field::CutoffValue);
 }
@@ -58,13 +58,13 @@ void InputDisplayPage::FillFixedLists() {
 void InputDisplayPage::DisplayTypeFill() {
     Control& list = DType.Inner;
     Form::Fill(list, lists::kDisplayType);
-    if (Meter().NoPanelModel == 1)
+    if (Meter().NoPanelModel)
         std::copy(std::begin(kRemoteWithoutPanel), std::end(kRemoteWithoutPanel),
                   list.Entries.begin() + DisplayType::RemoteA);
     // Without an input board the meter is a remote display only.
     if (Values().InputOption == InputBoard::None)
         std::fill_n(list.Entries.begin(), DisplayType::RemoteA, " ");
-    if (Program.LinkState.ModbusLink != 0) {
+    if (Program.LinkState.ModbusLink) {
         list.Entries.pop_back();
         if (CodeOf(Image(), Field::DisplayType) == DisplayType::RemoteC)
             PutCode(Image(), Field::DisplayType, DisplayType::RemoteS);
@@ -139,7 +139,7 @@ void InputDisplayPage::RefreshPulsesAndItem() {
         DspyN.Frame.Visible = DspyN.Inner.Visible = false;
         return;
     }
-    bool cutoff = Values().CutoffActive == 1;
+    bool cutoff = Values().CutoffActive;
     Pulses.Frame.Visible = Pulses.Inner.Visible = CutoffEnable.Frame.Visible = cutoff;
     if (cutoff) Pulses.Frame.Caption = "Cutoff Value";
     DspyN.Frame.Visible = board;
@@ -184,7 +184,7 @@ void InputDisplayPage::RefreshAction() {
 }
 
 void InputDisplayPage::ShowCutoffValue() {
-    if (Values().CutoffActive != 1) return;
+    if (!Values().CutoffActive) return;
     Pulses.Inner.Text = TextOf(Field::CutoffValue);
     Pulses.Frame.Enabled = Pulses.Inner.Enabled = CutoffEnable.Inner.ListIndex != 1;
 }

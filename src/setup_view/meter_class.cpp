@@ -64,8 +64,8 @@ void MeterClass::BasicExtend(int extended) {
 
 void MeterClass::SendClass(int extended) {
     LinkState& link = Program.LinkState;
-    bool connected = Program.Settings.CommsEnabled != 0 || link.EthernetMode == 1;
-    if (!connected || link.ModbusLink != 0) return;
+    bool connected = Program.Settings.CommsEnabled != Comms::NoLink || link.EthernetMode;
+    if (!connected || link.ModbusLink) return;
     AskAscii(Program.Link, "X11FZ");
     if (link.LinkError != 0 || link.ReplyText.size() != kWordDigits) return;
     LinkDelay(Program.Link, kBetweenFramesMs);

@@ -79,7 +79,7 @@ void ViewButtons::ReadOnce() {
 
 bool ViewButtons::AskMeter(double& reading, int point) {
     LinkState& link = Program.LinkState;
-    if (link.ModbusLink != 1) {
+    if (!link.ModbusLink) {
         AskAscii(Program.Link, "B1");
         reading = LeadingNumber(link.ReplyText);
         return link.LinkError == 0;
