@@ -60,6 +60,26 @@ TEST(Sources, ThatArentOfferedAreItem1) {
     EXPECT_EQ(SourceInForce(values, 0), 3) << "a remote display has Item 3 alone";
 }
 
+// Decimal Point 1 has code 2, Decimal Point 2 code 5.
+TEST(Items, PointsFollowTheLayout) {
+    const struct {
+        const char* Name;
+        int ModeAndFunction, Level, Count;
+        std::array<int, 4> Points;
+    } cases[] = {
+        {"two items by Function 3", 0x03, 0, 2, {2, 2, 5, 0}},
+        {"layout 1", 0x26, 1, 2, {2, 5, 2, 0}},
+        {"layout 2", 0x0B, 2, 3, {5, 5, 2, 2}},
+        {"layout 3", 0x02, 3, 3, {5, 2, 1, 5}},
+    };
+    for (const auto& c : cases) {
+        const SetupImage image = With({{193, 0x01}, {199, c.ModeAndFunction}, {185, 0x04}, {151, 0x52}});
+        const DerivedValues values = DeriveFromImage(image, 83);
+        EXPECT_EQ(std::pair(values.ItemLevel, values.ItemCount), std::pair(c.Level, c.Count)) << c.Name;
+        EXPECT_EQ(values.ItemDecPts, c.Points) << c.Name;
+    }
+}
+
 TEST(Boards, AreReadFromTheirBits) {
     // clang-format off
     const struct {

@@ -38,6 +38,11 @@ class NodeTool {
     double NowMs = 1000;
 };
 
+TEST(Node, CustomAsciiPassesInOnePiece) {
+    NodeTool tool(LineProtocol::CustomAscii, {"G130:paced"});
+    EXPECT_EQ(tool.Ask("*1G130\r\n"), Words{"34390D"});
+}
+
 TEST(Node, ModbusIsFramedForTheLine) {
     for (const LineProtocol protocol : {LineProtocol::ModbusRtu, LineProtocol::ModbusAscii}) {
         NodeTool tool(protocol);
