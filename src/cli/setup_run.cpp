@@ -150,8 +150,9 @@ std::string SetupRun::RefusalLine(const Control& control, Refusal refusal) const
 std::string SetupRun::ComeToTab(int tab) {
     const Refusal refusal = view_.Controls.ComeToTab(tab);
     if (refusal == Refusal::None) return {};
-    return "tab " + std::to_string(tab) +
-           (refusal == Refusal::NoSuchEntry ? " does not exist" : " is not offered");
+    const std::string name = "tab " + std::to_string(tab);
+    if (refusal == Refusal::NoSuchEntry) return name + " does not exist";
+    return name + " is not offered. " + std::string(view_.WhyNotOffered(tab));
 }
 
 std::string SetupRun::ActOn(Control& control, const ScriptAction& action) {

@@ -26,7 +26,6 @@ void Delay(Link& link, float seconds) {
 }
 
 void WaitForInput(Link& link) {
-    link.State.PortFault = false;
     const double deadline = link.Pump.NowMs() + 1000;
     link.Pump.WaitUntil(
         deadline, [&] { return link.Port.Faulted() || link.Port.InBufferCount() != 0; }, "wait for input");

@@ -11,7 +11,7 @@
 #include <cstdlib>
 
 #include "controls/page_builder.h"
-#include "desktop/kit/colors.h"
+#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/status_strip.h"
 

@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-#include "desktop/kit/colors.h"
+#include "desktop/kit/screen_colors.h"
 #include "desktop/pages/face_widget.h"
 #include "menu_view/menu_items.h"
 #include "menu_view/menu_mnemonics.h"

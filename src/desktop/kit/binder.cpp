@@ -10,7 +10,7 @@
 #include <QProgressBar>
 #include <algorithm>
 
-#include "desktop/kit/colors.h"
+#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/qt_text.h"
 

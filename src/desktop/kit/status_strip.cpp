@@ -2,7 +2,7 @@
 
 #include <QHBoxLayout>
 
-#include "desktop/kit/colors.h"
+#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 

@@ -5,7 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "desktop/kit/colors.h"
+#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 

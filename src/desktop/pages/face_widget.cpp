@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <sstream>
 
-#include "desktop/kit/colors.h"
+#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/qt_text.h"
 #include "desktop/kit/segments.h"
 

@@ -11,7 +11,7 @@
 #include <QStyledItemDelegate>
 #include <vector>
 
-#include "desktop/kit/colors.h"
+#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/qt_text.h"
 #include "desktop/kit/segments.h"
 #include "meter/text.h"

@@ -77,7 +77,7 @@ TEST(Edit, WhatAUserCouldNotDoIsRefused) {
         {"frob", "line 1: no action 'frob'; actions are tab select check click enter cancel"},
         {"# one\n\ntab x", "line 3: usage: tab N, with N from 0 on"},
         {"tab 7", "line 1: tab 7 does not exist"},
-        {"tab 2", "line 1: tab 2 is not offered"},
+        {"tab 2", "line 1: tab 2 is not offered. This Mode and Function filter no item."},
         {"select cboFrob #1", "line 1: no control 'cboFrob'"},
         {"select", "line 1: a control is missing"},
         {"select # cboMode", "line 1: a control is missing"},
@@ -165,7 +165,7 @@ TEST(Edit, TheReadLoopLetsActionsIn) {
     EXPECT_EQ(bench.Shown("cmdRead")["caption"], "Read");
     EXPECT_EQ(bench.Digits(191, 2), "20");
     EXPECT_EQ(bench.Edit("click cmdRead\ntab 6\n"), 1);
-    EXPECT_EQ(bench.Err, "counterctl: line 2: tab 6 is not offered\n");
+    EXPECT_EQ(bench.Err, "counterctl: line 2: tab 6 is not offered. A transmitter has no panel to lock.\n");
 }
 
 TEST(Edit, MessagesAreToldOnBothRoads) {

@@ -1,4 +1,4 @@
-#include "desktop/kit/colors.h"
+#include "desktop/kit/screen_colors.h"
 
 namespace counter {
 
