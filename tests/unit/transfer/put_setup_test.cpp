@@ -126,6 +126,13 @@ TEST(BoardCheck, WarnsAndGoesOn) {
     }
 }
 
+TEST(Put, ALineLostAtTheResetLeavesIt) {
+    PutBench bench;
+    bench.Pump.After(6000, [&] { bench.Line.GoAway(); });
+    EXPECT_EQ(bench.Put(), 27);
+    EXPECT_EQ(bench.Program.LinkState.FramesWritten, (Words{"WR1A", "W435", "WG2A", "WB74"}));
+}
+
 // The bar in percent, and how long a Put takes: with each of its pauses.
 TEST(Put, StepsAndPausesOfBothTransfers) {
     const struct {
