@@ -53,8 +53,10 @@ constexpr Entries kOneBitType = Entries(kDeviationType).first(2);
 constexpr Mark kOver = Mark::Overlap;
 constexpr Mark kKept = Mark::Carried;
 
+}  // namespace
+
 // clang-format off
-constexpr auto kRows = std::to_array<FieldRow>({
+constexpr std::array<FieldRow, kFields> FieldRows = std::to_array<FieldRow>({
     Value(F::AnalogHi,             "Analog Hi Range Reading",       1, 2, P::AnalogSource),
     Value(F::AnalogLo,             "Analog Lo Range Reading",       7, 2, P::AnalogSource),
     Value(F::Deviation2,           "Deviation 2",                  13, 2, P::Alarm2Source),
@@ -206,16 +208,18 @@ constexpr auto kRows = std::to_array<FieldRow>({
 });
 // clang-format on
 
+namespace {
+
 consteval bool InOrder() {
-    for (std::size_t i = 0; i < kRows.size(); ++i) {
-        if (static_cast<std::size_t>(kRows[i].Handle) != i) return false;
-        if (i > 0 && kRows[i].Pos < kRows[i - 1].Pos) return false;
+    for (std::size_t i = 0; i < FieldRows.size(); ++i) {
+        if (static_cast<std::size_t>(FieldRows[i].Handle) != i) return false;
+        if (i > 0 && FieldRows[i].Pos < FieldRows[i - 1].Pos) return false;
     }
-    return kRows.size() == kFields;
+    return FieldRows.size() == kFields;
 }
 
 consteval bool BitsFitTheByte() {
-    for (const FieldRow& row : kRows) {
+    for (const FieldRow& row : FieldRows) {
         bool bits = 0 <= row.LoBit && row.LoBit <= row.HiBit && row.HiBit <= 7;
         bool place = row.Pos % 2 == 1 && row.Pos + row.Digits - 1 <= kImageDigits;
         if (!bits || !place || (row.Digits > 2 && row.IsBits())) return false;
@@ -226,7 +230,7 @@ consteval bool BitsFitTheByte() {
 // Rows that aren't marked as an overlap hold each bit of all digits once; a marked one shares all its bits.
 consteval bool EveryBitCoveredOnce() {
     std::array<std::array<bool, 8>, kImageDigits / 2> covered{};
-    for (const FieldRow& row : kRows) {
+    for (const FieldRow& row : FieldRows) {
         for (int byte = row.Pos / 2; byte < (row.Pos + row.Digits) / 2; ++byte) {
             for (int bit = row.LoBit; bit <= row.HiBit; ++bit) {
                 bool& there = covered[static_cast<std::size_t>(byte)][static_cast<std::size_t>(bit)];
@@ -244,7 +248,7 @@ consteval bool EveryBitCoveredOnce() {
 }
 
 consteval bool EntriesFitTheBits() {
-    for (const FieldRow& row : kRows) {
+    for (const FieldRow& row : FieldRows) {
         int codes = 1 << (row.HiBit - row.LoBit + 1);
         if (static_cast<int>(row.Entries.size()) > codes || row.Cap >= codes) return false;
         if (!row.Codes.empty() && row.Codes.size() != row.Entries.size()) return false;
@@ -256,8 +260,8 @@ consteval bool EntriesFitTheBits() {
 }
 
 consteval bool NamesDiffer() {
-    for (const FieldRow& row : kRows) {
-        for (const FieldRow& other : kRows) {
+    for (const FieldRow& row : FieldRows) {
+        for (const FieldRow& other : FieldRows) {
             if (row.Handle != other.Handle && row.Name == other.Name) return false;
         }
     }
@@ -273,11 +277,7 @@ static_assert(NamesDiffer(), "a field is found by its name");
 }  // namespace
 
 std::span<const FieldRow> FieldTable() {
-    return kRows;
-}
-
-const FieldRow& RowOf(Field field) {
-    return kRows[static_cast<std::size_t>(field)];
+    return FieldRows;
 }
 
 std::string_view FieldName(Field field) {

@@ -5,6 +5,7 @@
 // rows under another name.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -216,7 +217,10 @@ struct FieldRow {
 // All rows in the order of the handles.
 std::span<const FieldRow> FieldTable();
 
-const FieldRow& RowOf(Field field);
+extern const std::array<FieldRow, kFields> FieldRows;
+inline const FieldRow& RowOf(Field field) {
+    return FieldRows[static_cast<std::size_t>(field)];
+}
 std::string_view FieldName(Field field);
 
 // The list entry that represents a stored code, as spelled in the list; empty where there is none.

@@ -1,39 +1,9 @@
 // counterctl edit and show --as setup from the outside: scripts, refusals, what is written, the JSON
 // document.
-#include "cli/edit_script.h"
 #include "edit_bench.h"
 
 namespace counter::test {
 namespace {
-
-TEST(ScriptLine, IsTakenApart) {
-    const struct {
-        const char* Line;
-        ScriptVerb Verb;
-        const char* Control;
-        int Index, Number;
-        const char* Text;
-    } cases[] = {
-        {"", ScriptVerb::None, "", -1, -1, ""},
-        {"  # tab 1", ScriptVerb::None, "", -1, -1, ""},
-        {"\ttab  12\t# the last\r", ScriptVerb::Tab, "", -1, 12, ""},
-        {"select cboMode #3", ScriptVerb::Select, "cboMode", -1, 3, ""},
-        {"select cboMode #3 # Total", ScriptVerb::Select, "cboMode", -1, 3, ""},
-        {"select cboCusCrv[0] #2 Not Available ", ScriptVerb::Select, "cboCusCrv", 0, -1, "#2 Not Available"},
-        {"select cboMode  A + B # sum", ScriptVerb::Select, "cboMode", -1, -1, "A + B # sum"},
-        {"check chkLock[12] 1#set", ScriptVerb::Check, "chkLock", 12, 1, ""},
-        {"click cmdMainMenu # home", ScriptVerb::Click, "cmdMainMenu", -1, -1, ""},
-        {"enter txtSetpt[1] +01<2> 3~ #", ScriptVerb::Enter, "txtSetpt", 1, -1, "+01<2> 3~"},
-        {"cancel txtCal", ScriptVerb::Cancel, "txtCal", -1, -1, ""},
-    };
-    for (const auto& c : cases) {
-        ScriptAction action;
-        EXPECT_EQ(ParseScriptLine(c.Line, action), "") << c.Line;
-        EXPECT_EQ(std::tie(action.Verb, action.Control, action.Index, action.Number, action.Text),
-                  std::tuple(c.Verb, std::string(c.Control), c.Index, c.Number, std::string(c.Text)))
-            << c.Line;
-    }
-}
 
 TEST(Edit, EveryActionWritesItsField) {
     const struct {
@@ -57,6 +27,9 @@ TEST(Edit, EveryActionWritesItsField) {
         {"cancel behind Enter",        "cancel txtSetpt[1] -012345~",                    55, "FFCFC7"},
         {"byte",                       "select cboProtocol #1\nenter txtMBAddr 255",    111, "FF"},
         {"byte that is too large",     "select cboProtocol #1\nenter txtMBAddr 256",    111, "01"},
+        {"blanks, tab, CR, comment",   "\ttab  4\t# the last\r\nselect cboBaudRate #6 # fast", 191, "60"},
+        {"comment right behind",       "check chkLF 1#set",                             189, "A1"},
+        {"keys and a comment",         "enter txtSetpt[1] -012345 #",                    55, "FFCFC7"},
         {"from tab to tab, CR LF",     "tab 3\r\n\r\n# alarms\r\ntab 4\r\nselect cboBaudRate #6\r\n", 191, "60"},
         // clang-format on
     };
@@ -87,6 +60,8 @@ TEST(Edit, WhatAUserCouldNotDoIsRefused) {
          "line 1: cboDuplex has no entry #2; entries are #0 'Full Duplex' #1 'Half Duplex'"},
         {"select cboDuplex Full",
          "line 1: cboDuplex has no entry 'Full'; entries are #0 'Full Duplex' #1 'Half Duplex'"},
+        {"select cboDuplex #1 Half",
+         "line 1: cboDuplex has no entry '#1 Half'; entries are #0 'Full Duplex' #1 'Half Duplex'"},
         {"select chkLF #1", "line 1: chkLF is not a list"},
         {"check chkLF 2", "line 1: usage: check CONTROL 0|1"},
         {"check cboMode 1", "line 1: cboMode is not a check box"},

@@ -5,7 +5,6 @@
 
 #include <array>
 
-#include "controls/colors.h"
 #include "controls/page_builder.h"
 
 namespace counter {
@@ -174,13 +173,6 @@ TEST(Form, AnEntryTellsANewTextAndEnter) {
     EXPECT_EQ(bench.Controls.Type(entry, "6"), Refusal::Disabled);
     EXPECT_EQ(bench.Controls.Enter(entry), Refusal::Disabled);
     EXPECT_EQ(entry.Text, "5");
-}
-
-TEST(Colors, AreFoundByRole) {
-    EXPECT_EQ(ColorName(Color{255, 0, 0}), "ColorRed");
-    EXPECT_EQ(ColorName(Color{128, 0, 0}), "ColorDarkRed");
-    EXPECT_EQ(ColorName(Color{192, 255, 192}), "ColorLightGreen");
-    EXPECT_EQ(ColorName(Color{1, 2, 3}), "");
 }
 
 }  // namespace

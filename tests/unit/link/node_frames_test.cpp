@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "meter/hex_text.h"
+#include "sim/node_login.h"
 
 namespace counter::test {
 namespace {
@@ -24,6 +25,11 @@ TEST(NodeFrames, AsTheNodeReadsThem) {
         // clang-format on
     };
     for (const auto& c : cases) EXPECT_EQ(HexOfText(c.Frame), c.Digits) << c.Name;
+    for (int variant = 1; variant <= 8; ++variant)
+        EXPECT_EQ(sim::ParseNodeLogin(NodeLoginFrame("0080A3010203", variant, 10001),
+                                      NodeId("0080A3010203").substr(0, 6)),
+                  10001)
+            << variant;
 }
 
 TEST(NodeFrames, AStatusFrameIsKnownByLengthTokenAndMark) {

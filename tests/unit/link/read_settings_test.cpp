@@ -28,15 +28,9 @@ TEST(BringUp, LineSettingsOfEachProtocol) {
         BenchMeter bench({}, c.Settings);
         EXPECT_TRUE(bench.SwitchOn().Ok()) << c.Name;
         EXPECT_EQ(bench.Line.Calls(), (Words{"CommPort 1", c.Line, "Open", "DTR on"})) << c.Name;
+        bench.SwitchOn();
+        EXPECT_EQ(bench.Line.Calls()[4], "Close") << "an open port first";
     }
-}
-
-TEST(BringUp, AnOpenPortIsClosedFirst) {
-    BenchMeter bench;
-    bench.SwitchOn();
-    bench.SwitchOn();
-    EXPECT_EQ(bench.Line.Calls()[4], "Close");
-    EXPECT_TRUE(bench.Line.PortOpen());
 }
 
 TEST(BringUp, CharacterTimeAlsoWithoutALink) {

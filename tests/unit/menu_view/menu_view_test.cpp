@@ -49,23 +49,17 @@ TEST(MenuView, TakesWhatTheSetupViewLeft) {
     EXPECT_EQ(bench.Cells("An Hi"), "  | 0| 1| 0.| 0| 0| 0");
 }
 
-TEST(MenuView, NamesTheInputBoard) {
+TEST(MenuView, KnowsTheBoards) {
     const std::pair<const char*, const char*> cases[] = {{"48", " None"},
                                                          {"49", " Dual Signal Conditioner"},
                                                          {"4C", " V-to-F Converter"},
                                                          {"4A", " Quadrature"},
+                                                         {"4B", " Quadrature"},
                                                          {"4E", ""}};
     for (const auto& [digits, text] : cases) {
         EXPECT_EQ(MenuBench({{193, digits}}).View.lblSigCond, text) << digits;
     }
-}
-
-TEST(MenuView, AMeterWithoutPanelHasTheAnalogBoardOfItsVersion) {
-    const std::pair<int, int> cases[] = {{73, 1}, {74, 2}, {77, 2}, {78, 3}};
-    for (auto [version, option] : cases) {
-        EXPECT_EQ(MenuBench({{143, "04"}}, version, 7).View.AnalogOption, option) << version;
-        EXPECT_EQ(MenuBench({{143, "04"}}, version, 3).View.AnalogOption, 4) << version;
-    }
+    EXPECT_EQ(MenuBench({{143, "04"}}, 78, 7).View.AnalogOption, 3) << "a meter without panel";
 }
 
 TEST(MenuView, HelpFollowsTheRowCode) {

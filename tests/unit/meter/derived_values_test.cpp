@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <tuple>
 #include <utility>
 
 namespace counter {
@@ -19,15 +18,10 @@ TEST(NormaliseModeFunction, MakesThePairLegal) {
         {"mode 3 becomes rate",            1, 1,  3,  5,   {0,  0, 0x4144}},
         {"V-F mode on signal cond.",       1, 1,  8,  1,   {0,  0, 0x4144}},
         {"function 0 has no name",         1, 1,  4,  0,   {4,  1, 0x5C24}},
-        {"basic: phase, other function",   1, 0,  6,  2,   {0,  0, 0x4144}},
-        {"basic: function above 1",        1, 0,  2, 13,   {2,  0, 0x1140}},
         {"basic: interval 2 ends at 1",    1, 0,  4,  2,   {4,  1, 0x5C24}},
         {"V-F, no such function",          2, 1, 10,  0,  {10,  1, 0x2C94}},
         {"V-F function 8 has no name",     2, 1,  9,  8,   {9,  1, 0x2794}},
-        {"basic: V-F batch becomes 1",     2, 0,  9,  2,   {9,  1, 0x2794}},
-        {"basic: V-F total stays",         2, 0,  9,  3,   {9,  3, 0x2994}},
         {"quadrature rules the mode",      3, 1,  0,  1,  {12,  1, 0x7206}},
-        {"basic: quadrature total",        3, 0, 12,  1,  {12,  0, 0x3100}},
         {"no board keeps the pair",        0, 0,  9,  2,   {9,  2, 0x680F}},
         {"no board, no such mode",         0, 1, 15,  5,  {15,  1, 0x0000}},
         {"unknown board, no function",     5, 1,  1,  9,   {1,  1, 0x4C94}},
@@ -46,18 +40,6 @@ SetupImage With(std::initializer_list<std::pair<int, int>> bytes) {
     SetupImage image;
     for (auto [pos, value] : bytes) BytePut(image, pos, value);
     return image;
-}
-
-TEST(Sources, ThatArentOfferedAreItem1) {
-    DerivedValues values;
-    values.SourceItems = 2;
-    EXPECT_EQ(SourceInForce(values, 0), 1);
-    EXPECT_EQ(SourceInForce(values, 2), 2);
-    EXPECT_EQ(SourceInForce(values, 3), 1);
-    values.FilteredItem = 1;
-    EXPECT_EQ(SourceInForce(values, 0), 0);
-    values.DisplayType = 6;
-    EXPECT_EQ(SourceInForce(values, 0), 3) << "a remote display has Item 3 alone";
 }
 
 // Decimal Point 1 has code 2, Decimal Point 2 code 5.
@@ -104,24 +86,6 @@ TEST(Boards, AreReadFromTheirBits) {
     }
     EXPECT_EQ(DeriveFromImage(With({{235, 3}}), 83, 7).RelayOption, 1) << "a kind known otherwise";
     EXPECT_EQ(DeriveFromImage(With({{109, 0xFB}}), 83).ProtocolCode, 2);
-}
-
-TEST(DeviationCode, MeansSpanFrom82On) {
-    // clang-format off
-    const struct {
-        int Code, Version;
-        std::tuple<int, int, bool> Meaning;  // types of alarms 1 and 2, not in menu
-    } cases[] = {
-        {0, 82, {0, 0, false}}, {1, 82, {1, 0, false}}, {2, 82, {0, 1, false}}, {3, 82, {1, 1, false}},
-        {4, 82, {0, 0, true}},  {5, 82, {2, 0, false}}, {6, 82, {2, 1, false}}, {7, 82, {2, 2, false}},
-        {3, 81, {1, 1, false}}, {4, 81, {0, 0, true}},  {5, 81, {1, 0, true}},  {7, 81, {1, 1, true}},
-    };
-    // clang-format on
-    for (const auto& c : cases) {
-        DeviationCode code = DeviationFromCode(c.Code, c.Version);
-        EXPECT_EQ(std::tuple(code.Type1, code.Type2, code.NotInMenu), c.Meaning)
-            << c.Code << " at " << c.Version;
-    }
 }
 
 }  // namespace

@@ -130,14 +130,6 @@ TEST(FieldValue, TakesThePointOfTheSetupView) {
     }
 }
 
-TEST(FieldValue, VfBoardRulesStoredPoints) {
-    SetupImage image = DefaultWith(193, "4C");
-    DigitsPut(image, 199, "91");
-    EXPECT_EQ(ValueOfField(image, Field::Read0In).Text, "+0.00000");
-    DigitsPut(image, 199, "81");
-    EXPECT_EQ(ValueOfField(image, Field::HighIn2).Text, "+01.0000");
-}
-
 TEST(FieldValue, TakesWhatAShortOrDamagedImageHas) {
     EXPECT_EQ(FieldDigits(DefaultWith(109, "2c"), Field::Parity), "2c");
     EXPECT_EQ(FieldDigits(SetupImage{std::string(206, '1')}, Field::Deviation4), "11");

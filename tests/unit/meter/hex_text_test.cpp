@@ -11,12 +11,6 @@ TEST(HexByte, GoesBeyondFForASumAboveAByte) {
     for (auto [value, text] : cases) EXPECT_EQ(HexByte(value), text) << value;
 }
 
-TEST(HexOfText, WritesEveryByteAsTwoDigits) {
-    EXPECT_EQ(HexOfText(""), "");
-    EXPECT_EQ(HexOfText("*1B1\r"), "2A3142310D");
-    EXPECT_EQ(HexOfText(std::string_view("\0\x7F\xFF", 3)), "007FFF");
-}
-
 TEST(TextOfHex, ReadsPairs) {
     EXPECT_EQ(TextOfHex("2A310d"), "*1\r");
     EXPECT_EQ(TextOfHex("FF80"), "\xFF\x80");

@@ -4,7 +4,6 @@
 #include <rapidcheck/gtest.h>
 
 #include "image_with.h"
-#include "meter/boards.h"
 
 namespace counter {
 namespace {
@@ -32,26 +31,6 @@ TEST(BitsPut, KeepsTheOtherBitsAndSpillsUpwards) {
     }
 }
 
-TEST(BitsGet, RightAlignsTheField) {
-    // clang-format off
-    const struct {
-        const char* Name;
-        int HiBit, LoBit;
-        const char* Byte;
-        int Value;
-    } cases[] = {
-        {"bit 7 clear",         7, 7, "49",   0},
-        {"bit 7 set",           7, 7, "C9",   1},
-        {"whole byte",          7, 0, "FE", 254},
-        {"none: lo above hi",   2, 5, "FF",   0},
-        {"first digit damaged", 7, 0, "G9",   0},
-    };
-    // clang-format on
-    for (const auto& c : cases) {
-        EXPECT_EQ(BitsGet(With(171, c.Byte), c.HiBit, c.LoBit, 171), c.Value) << c.Name;
-    }
-}
-
 TEST(SetupImage, OutsideReadsAsNothingAndDropsWrites) {
     SetupImage image{"12345678f"};
     EXPECT_EQ(ByteGet(image, 9), 15) << "a lone last digit is its value";
@@ -66,6 +45,7 @@ TEST(SetupImage, OutsideReadsAsNothingAndDropsWrites) {
         DigitsPut(image, pos, "FFFFFF");
     }
     EXPECT_EQ(DigitsGet(image, 1, -1), "");
+    EXPECT_EQ(BitsGet(image, 2, 5, 1), 0) << "no bits at all";
     EXPECT_EQ(image.SetupData, "12345678f");
 
     EXPECT_EQ(HexDigitGet(image, 9), 15);
@@ -78,20 +58,6 @@ TEST(SetupImage, OutsideReadsAsNothingAndDropsWrites) {
     BytePut(longImage, 299, 0x5A0);  // the first two digits of three
     EXPECT_EQ(longImage.SetupData, std::string(298, '0') + "5A");
     EXPECT_EQ(ByteGet(longImage, 299), 0x5A);
-}
-
-TEST(InputOption, IsStoredByCode) {
-    const std::pair<const char*, int> cases[] = {{"F8", 0}, {"F9", 1}, {"FC", 2}, {"FA", 3},
-                                                 {"FB", 3}, {"FD", 5}, {"FF", 7}};
-    for (auto [byte, option] : cases) EXPECT_EQ(InputOptionFromSetup(With(193, byte)), option) << byte;
-    EXPECT_EQ(InputOptionCode(1), 1);
-    EXPECT_EQ(InputOptionCode(2), 4);
-    EXPECT_EQ(InputOptionCode(3), 2);
-}
-
-TEST(ExtendedMeter, IsAnyClassButZero) {
-    EXPECT_EQ(ExtendedMeterFromSetup(With(185, "F3")), 0);
-    EXPECT_EQ(ExtendedMeterFromSetup(With(185, "04")), 1);
 }
 
 RC_GTEST_PROP(SetupImage, FieldsOfAnyImageReadBackAsWritten, (std::string text)) {

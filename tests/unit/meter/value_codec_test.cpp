@@ -1,9 +1,6 @@
 #include "meter/value_codec.h"
 
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
-
-#include <cstdio>
 
 #include "image_with.h"
 
@@ -109,26 +106,6 @@ TEST(ClockText, IsMadeOfAnyValueText) {
     EXPECT_EQ(AddClkDP("123456"), "+12. 34. 56");
     EXPECT_EQ(AddClkDP(" -010203 "), "-01. 02. 03");
     EXPECT_EQ(AddClkDP(""), ". . ");
-}
-
-// A value of up to six digits survives decoding, entry and encoding.
-RC_GTEST_PROP(ValueCodec, SixDigitsSurvive, ()) {
-    int code = *rc::gen::inRange(2, 5);
-    int number = *rc::gen::inRange(0, 1000000);
-    int decPt = *rc::gen::inRange(1, 7);
-    bool negative = *rc::gen::arbitrary<bool>() && (number != 0 || code != 2);
-    char text[16];
-    std::snprintf(text, sizeof text, "%c%06d", negative ? '-' : '+', number);
-    std::string entered = std::string(text).insert(static_cast<std::size_t>(8 - decPt), ".");
-
-    SetupImage image;
-    ValueEncode(image, kPlain, code, kPos, entered);
-    SetupImage again = image;
-    std::string shown = ValueText(image, kPlain, code, kPos, decPt);
-    ValueEncode(again, kPlain, code, kPos, WithoutBlanksAndPoints(shown.substr(0, 2)) + shown.substr(2));
-
-    RC_ASSERT(shown == " " + entered);
-    RC_ASSERT(again.SetupData == image.SetupData);
 }
 
 }  // namespace

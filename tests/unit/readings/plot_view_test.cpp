@@ -165,11 +165,12 @@ TEST(PlotView, SaveAsksForAFileAndTellsAFailure) {
         return saved += path, Status{StatusKind::NoPermission, path, "Permission denied"};
     };
     for (const char* chosen : {"", "/a.BMP"}) {  // the first is a cancelled dialog
-        desk.Boxes.Chosen = chosen;
+        desk.Boxes.Path = chosen;
         Press(desk.View, desk.View.cmdSave);
         EXPECT_EQ(saved, chosen);
     }
-    EXPECT_EQ(desk.Boxes.Asked, "Save Graph As|.BMP files (*.BMP)|*.BMP");
+    EXPECT_EQ(desk.Boxes.Asked[0].Title + "|" + desk.Boxes.Asked[0].Filter,
+              "Save Graph As|.BMP files (*.BMP)|*.BMP");
     EXPECT_EQ(desk.View.lblStatus.Caption, "/a.BMP: Permission denied");
 }
 

@@ -27,16 +27,6 @@ class DayPump : public VirtualPump {
     double offsetMs_ = 0;
 };
 
-struct DeskDialogs : Dialogs {
-    void Show(const Message&) override {}
-    std::string AskSaveFile(const FileQuestion& question) override {
-        return Asked = question.Title + "|" + question.Filter, Chosen;
-    }
-    void Beep() override { ++Beeps; }
-    std::string Asked, Chosen;
-    int Beeps = 0;
-};
-
 struct ReadingsBench {
     ReadingsBench() {
         Line.Unplug();
@@ -57,7 +47,7 @@ struct ReadingsBench {
 
     DayPump Pump;
     MemoryFiles Store;
-    DeskDialogs Boxes;
+    RecordedDialogs Boxes;
     MeterLine Line{Pump, {}};
     Session Program{Pump, Line, Boxes, {Store, "home"}};
 
@@ -74,11 +64,6 @@ inline void TypeScale(ChartView& view, const char* mid, const char* small, const
     view.Controls.Type(view.txtMidVal, mid);
     view.Controls.Type(view.txtSmallVal, small);
     view.Controls.Type(view.txtThird, third);
-}
-
-inline void StartChart(ChartView& view, const char* mid, const char* small, const char* third) {
-    TypeScale(view, mid, small, third);
-    Press(view, view.cmdOK);
 }
 
 }  // namespace counter::test

@@ -28,13 +28,6 @@ struct LinkBench {
     const std::string& Result() { return View.lblResult.Caption; }
 };
 
-TEST(LinkSetup, LaysDownWhatANewFileBeginsWith) {
-    LinkBench bench;
-    EXPECT_EQ(bench.File(), "");
-    bench.View.Controls.Click(bench.View.cmdSave);
-    EXPECT_EQ(bench.File(), "3501000100100831010000\r\n2711000000000000F6CB00000000\r\n");
-}
-
 TEST(LinkSetup, KeepsWhatItDoesNotShow) {
     LinkBench bench;
     bench.Store.Contents["home/Settings.SSS"] = "351200710010083174321\r\n2711AABBCCDDEEFFF6CBC0A800071\r\n";
@@ -51,6 +44,8 @@ TEST(LinkSetup, APickedPortGetsTheNumberByItsLastingName) {
     EXPECT_EQ(bench.View.txtDevice.Text, "/dev/ttyUSB0");
     bench.View.Controls.Click(bench.View.cmdSave);
     EXPECT_EQ(bench.Store.LinkTarget("home/ports/com1"), "/dev/serial/by-id/usb-1");
+    EXPECT_EQ(bench.File(), "3501000100100831010000\r\n2711000000000000F6CB00000000\r\n")
+        << "as a new file begins";
 }
 
 TEST(LinkSetup, RefusesWhatIsIllegalAndWritesNothing) {

@@ -8,25 +8,6 @@
 namespace sim {
 namespace {
 
-TEST(Options, LegalFaults) {
-    const std::pair<const char*, Fault> kCases[] = {
-        // clang-format off
-        {"XR35:noreply",       {"XR35",   0,  FaultKind::NoReply}},
-        {"*:paced",            {"*",      0,  FaultKind::Paced}},
-        {"030011:exception=2", {"030011", 0,  FaultKind::Exception, 2}},
-        {"G130#2:cut=0",       {"G130",   2,  FaultKind::Cut}},
-        {"XB74:pause=20,1500", {"XB74",   0,  FaultKind::Pause, 20, 1500}},
-        {"*#13:late=2800",     {"*",      13, FaultKind::Late, 2800}},
-        {"|**|:badecho",       {"|**|",   0,  FaultKind::BadEcho}},
-        // clang-format on
-    };
-    for (const auto& [text, expected] : kCases) {
-        Fault fault;
-        EXPECT_EQ(ParseFault(text, fault), "");
-        EXPECT_EQ(fault, expected) << text;
-    }
-}
-
 TEST(Options, HelpListsEveryFaultAsItIsSpelled) {
     std::istringstream help(FaultHelp());
     int kind = 0;

@@ -92,14 +92,6 @@ TEST(Put, AModbusAddressOf0BecomesOneBeforeItReachesTheMeter) {
     EXPECT_EQ(bench.Program.LinkState.ModbusAddressHex, "01");
 }
 
-TEST(Put, OldMetersTakeNoCutoffValueOverModbus) {
-    for (const auto& [version, frames] : {std::pair{75, 6U}, {76, 7U}}) {
-        PutBench bench(MeterOf(kRtu, version), {kRtu.Setting, "FirmwareVersion=" + std::to_string(version)});
-        EXPECT_EQ(bench.Put(), 0);
-        EXPECT_EQ(bench.Line.Sent().size(), frames) << version;
-    }
-}
-
 TEST(BoardCheck, WarnsAndGoesOn) {
     const struct {
         const char *Name, *MeterMode, *ImageMode, *ImageType, *Text;
@@ -177,7 +169,6 @@ TEST(LinkSettings, FollowTheImage) {
         const char *Digits, *Line1;
     } cases[] = {
         {"nothing", 1, "002710", "3501000100100831010000"},
-        {"baud", 191, "10", "3101000100100831010000"},
         {"address 17", 189, "31", "3501000H00100831010000"},
         {"RTU, even", 109, "06", "3501120100100831010000"},
         {"parity without Modbus", 109, "02", "3501000100100831010000"},
@@ -235,8 +226,6 @@ TEST(Compare, KnowsWhatEachRoadWrites) {
         {Field::Calibration,  {NotWritten, NotWritten, NotWritten, NotWritten}},
         {Field::Carried113,   {NotWritten, NotWritten, NotWritten, NotWritten}},
         {Field::Carried141,   {Written, Written, NotWritten, NotWritten}},
-        {Field::Parity,       {Written, Written, Written, Written}},
-        {Field::Analog2Lo,    {Written, Written, Written, Written}},
         {Field::AnalogOption, {Hardware, Hardware, Hardware, Hardware}},
         {Field::CommOption,   {Hardware, Hardware, Hardware, Hardware}},
         {Field::InputOption,  {Hardware, Hardware, Hardware, Hardware}},
