@@ -176,12 +176,5 @@ TEST(Form, AnEntryTellsANewTextAndEnter) {
     EXPECT_EQ(entry.Text, "5");
 }
 
-TEST(Colors, AreFoundByRole) {
-    EXPECT_EQ(ColorName(Color{255, 0, 0}), "ColorRed");
-    EXPECT_EQ(ColorName(Color{128, 0, 0}), "ColorDarkRed");
-    EXPECT_EQ(ColorName(Color{192, 255, 192}), "ColorLightGreen");
-    EXPECT_EQ(ColorName(Color{1, 2, 3}), "");
-}
-
 }  // namespace
 }  // namespace counter
