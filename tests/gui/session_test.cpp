@@ -114,21 +114,27 @@ TEST(LinkWindow, ClosingItEndsItsSearch) {
     EXPECT_EQ(bench.View.lblResult.Caption, "Stopped.");
 }
 
-TEST(DesktopSession, AnExitDuringEndComesBehindTheMetersStop) {
+TEST(DesktopSession, AnExitComesAfterTheMetersStopAlsoDuringEnd) {
     for (const char* entry : {"mnuList", "mnuPlot", "mnuGraph"}) {
-        SCOPED_TRACE(entry);
-        GuiBench bench;
-        bench.Choose("mnuGet");
-        bench.Choose(entry);
-        if (bench.Find("txtMidVal")) {
-            TypeScale(bench, {"10000", "150", "30"});
-            EXPECT_EQ(bench.Find<QLineEdit>("txtMidVal")->text().trimmed(), "10000");
-            EXPECT_EQ(bench.Desk->Window().focusWidget()->objectName(), "cmdPause");
+        for (const bool during : {false, true}) {
+            SCOPED_TRACE(entry);
+            GuiBench bench;
+            bench.Choose("mnuGet");
+            bench.Choose(entry);
+            if (bench.Find("txtMidVal")) {
+                TypeScale(bench, {"10000", "150", "30"});
+                EXPECT_EQ(bench.Find<QLineEdit>("txtMidVal")->text().trimmed(), "10000");
+                EXPECT_EQ(bench.Desk->Window().focusWidget()->objectName(), "cmdPause");
+            }
+            bench.Pump.Pass(1500);
+            bench.Pump.After(100, [&bench] { bench.Desk->Interrupt(); });
+            EXPECT_EQ(ExitOf([&] {
+                          if (during) bench.Click("cmdEnd");
+                          bench.Pump.Pass(2000);
+                      }),
+                      0);
+            EXPECT_EQ(bench.Line.Sent().back(), "*1A1\r\n");
         }
-        bench.Pump.Pass(1500);
-        bench.Pump.After(100, [&bench] { bench.Desk->Interrupt(); });
-        EXPECT_EQ(ExitOf([&] { bench.Click("cmdEnd"), bench.Pump.Pass(2000); }), 0);
-        EXPECT_EQ(bench.Line.Sent().back(), "*1A1\r\n");
     }
 }
 
