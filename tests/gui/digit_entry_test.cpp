@@ -48,11 +48,10 @@ struct Entry {
     int Beeps;
 };
 
-// Gate Time is 000.00 at 177, Scale 1 +1.00000 at 43, Low In 1 at 103, the bytes at 111 and 149.
+// Gate Time is 000.00 at 177, Scale 1 +1.00000 at 43, Low In 1 at 103.
 // clang-format off
 constexpr Entry kEntries[] = {
     {"typed, OK",             0, "txtGateTime", "01250 ok",         177, "04E2", "012.50",    false, 0},
-    {"a point is swallowed",  0, "txtGateTime", "0.1250 ok",        177, "04E2", "012.50",    false, 0},
     {"clicks on boxes",       0, "txtGateTime", "00000 box3 1 ok",  177, "03E8", "010.00",    false, 0},
     {"arrows",                0, "txtGateTime", "00000 left left 7 ok", 177, "02BC", "007.00", false, 0},
     {"rejected",              0, "txtGateTime", "9x00100 ok",       177, "0064", "001.00",    false, 2},
@@ -65,8 +64,6 @@ constexpr Entry kEntries[] = {
     {"Tab, Enter on Cancel",  0, "txtGateTime", "01250 tab tab enter", 177, "",  "",          false, 0},
     {"and back",              0, "txtGateTime", "tab back 01250 ok", 177, "04E2", "012.50",   false, 0},
     {"a sign",                1, "txtScale1[0]", "-200000 ok",       43, "",     " -2.00000", false, 0},
-    {"a byte",                4, "txtCusRecog", "255 ok",           149, "FF",   "255",       false, 0},
-    {"a byte of 256",         4, "txtCusRecog", "256 ok",           149, "",     "",          true,  1},
 };
 // clang-format on
 
@@ -79,11 +76,8 @@ TEST(DigitEntryDialog, KeysAndClicksReachTheEntry) {
         ASSERT_TRUE(window.Page->Entry().isVisible()) << entry.Name;
         DoAll(window, entry.Steps);
         const std::string digits = entry.Digits, text = entry.Text;
-        if (text.empty()) {
-            EXPECT_EQ(window.Digits(entry.Pos, 4), stored) << entry.Name;
-        } else if (!digits.empty()) {
-            EXPECT_EQ(window.Digits(entry.Pos, static_cast<int>(digits.size())), digits) << entry.Name;
-        }
+        const std::string wanted = text.empty() ? stored : digits;
+        EXPECT_EQ(window.Digits(entry.Pos, static_cast<int>(wanted.size())), wanted) << entry.Name;
         const auto* field = static_cast<QLineEdit*>(window.WidgetOf(entry.Control));
         EXPECT_EQ(field->text().toStdString(), text.empty() ? shown : text) << entry.Name;
         EXPECT_EQ(window.Page->Entry().isVisible(), entry.Open) << entry.Name;

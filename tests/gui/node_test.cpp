@@ -57,13 +57,6 @@ TEST(DesktopNode, LogsInThenWorksTheMeterFromTheHomeView) {
     EXPECT_EQ(bench.Net.Both().Tcp.State(), SocketState::Closed);
 }
 
-TEST(DesktopNode, ANodeThatDoesNotCallIsToldAndEndsTheProgram) {
-    NodeDesk bench({"login:noreply"});
-    EXPECT_EQ(ExitOf([&] { bench.Desk->LogIn(); }), kNoNodeExit);
-    ASSERT_EQ(bench.Boxes.Shown.size(), 1U);
-    EXPECT_EQ(bench.Boxes.Shown[0].Text, "Ethernet connection interrupted. Restart program.");
-}
-
 TEST(DesktopNode, WhoClosesTheWindowNeedNotWaitForTheNode) {
     NodeDesk bench({"login:noreply"});
     bench.Pump.After(2500, [&] { bench.OnShow()->findChild<QWidget*>("cmdQuit")->setFocus(); });

@@ -81,14 +81,19 @@ void ExpectSame(const SetupWindow& window, const std::string& when) {
     }
 }
 
-TEST(SetupPage, WidgetsFollowTheFormOnEveryPage) {
+template <class Look>
+void OnEveryPage(const Look& look) {
     for (const GivenSetup& setup : kSetups) {
         SetupWindow window(setup.Given);
         for (int tab = 0; tab < 7; ++tab) {
             window.ClickTab(tab);
-            ExpectSame(window, std::string(setup.Name) + ", tab " + std::to_string(tab));
+            look(window, std::string(setup.Name) + ", tab " + std::to_string(tab));
         }
     }
+}
+
+TEST(SetupPage, WidgetsFollowTheFormOnEveryPage) {
+    OnEveryPage(ExpectSame);
 }
 
 struct Edit {
@@ -186,52 +191,41 @@ std::vector<QWidget*> TabOrder(SetupWindow& window) {
     return order;
 }
 
+bool TakesFocus(const Control& control) {
+    return control.Kind != ControlKind::Frame && control.Kind != ControlKind::Label &&
+           control.Kind != ControlKind::Picture && control.Kind != ControlKind::TabStrip;
+}
+
 TEST(SetupPage, TabReachesEveryEnabledControlInReadingOrder) {
-    for (const GivenSetup& setup : kSetups) {
-        SetupWindow window(setup.Given);
-        for (int tab = 0; tab < 7; ++tab) {
-            window.ClickTab(tab);
-            if (window.View.CurrentTab() != tab) continue;
-            const std::vector<QWidget*> order = TabOrder(window);
-            const std::set<QWidget*> reached(order.begin(), order.end());
-            for (Control& control : window.View.Controls) {
-                const bool noFocus =
-                    control.Kind == ControlKind::Frame || control.Kind == ControlKind::Label ||
-                    control.Kind == ControlKind::Picture || control.Kind == ControlKind::TabStrip;
-                if (noFocus || window.View.Controls.Reach(control) != Refusal::None) continue;
-                EXPECT_TRUE(reached.contains(window.Page->Bound().WidgetOf(control)))
-                    << setup.Name << ", tab " << tab << ": " << control.FullName();
-            }
-            for (std::size_t i = 1; i < order.size(); ++i) {
-                if (order[i]->parentWidget()->parentWidget() != order[i - 1]->parentWidget()->parentWidget())
-                    continue;  // within one box: downwards, then to the right
-                const QPoint here = order[i]->mapTo(&window.Window, QPoint());
-                const QPoint before = order[i - 1]->mapTo(&window.Window, QPoint());
-                EXPECT_TRUE(here.y() > before.y() || here.x() > before.x())
-                    << setup.Name << ", tab " << tab << ": " << order[i]->objectName().toStdString();
-            }
+    OnEveryPage([](SetupWindow& window, const std::string& when) {
+        const std::vector<QWidget*> order = TabOrder(window);
+        const std::set<QWidget*> reached(order.begin(), order.end());
+        for (Control& control : window.View.Controls) {
+            if (!TakesFocus(control) || window.View.Controls.Reach(control) != Refusal::None) continue;
+            EXPECT_TRUE(reached.contains(window.Page->Bound().WidgetOf(control)))
+                << when << ": " << control.FullName();
         }
-    }
+        for (std::size_t i = 1; i < order.size(); ++i) {
+            if (order[i]->parentWidget()->parentWidget() != order[i - 1]->parentWidget()->parentWidget())
+                continue;  // within one box: downwards, then to the right
+            const QPoint here = order[i]->mapTo(&window.Window, QPoint());
+            const QPoint before = order[i - 1]->mapTo(&window.Window, QPoint());
+            EXPECT_TRUE(here.y() > before.y() || here.x() > before.x())
+                << when << ": " << order[i]->objectName().toStdString();
+        }
+    });
 }
 
 TEST(SetupPage, NothingIsClipped) {
     for (const double factor : {1.0, 1.5, 2.0}) {
         const FontScale font(factor);
-        for (const GivenSetup& setup : kSetups) {
-            SetupWindow window(setup.Given);
-            for (int tab = 0; tab < 7; ++tab) {
-                window.ClickTab(tab);
-                const std::string when = std::string(setup.Name) + ", tab " + std::to_string(tab) + ", x " +
-                                         std::to_string(factor);
-                ExpectWhole(*window.Page, when);
-                auto* scroll = static_cast<QScrollArea*>(window.Tabs().currentWidget());
-                const QSize need = scroll->widget()->minimumSizeHint(), room = scroll->viewport()->size();
-                if (factor == 1.0) {
-                    EXPECT_TRUE(room.width() >= need.width() && room.height() >= need.height())
-                        << when << " scrolls: " << QTest::toString(need) << QTest::toString(room);
-                }
-            }
-        }
+        OnEveryPage([factor](const SetupWindow& window, const std::string& when) {
+            ExpectWhole(*window.Page, when + ", x " + std::to_string(factor));
+            auto* scroll = static_cast<QScrollArea*>(window.Tabs().currentWidget());
+            const QSize need = scroll->widget()->minimumSizeHint(), room = scroll->viewport()->size();
+            EXPECT_TRUE(factor > 1 || (room.width() >= need.width() && room.height() >= need.height()))
+                << when << " scrolls: " << QTest::toString(need) << QTest::toString(room);
+        });
     }
 }
 
@@ -269,19 +263,6 @@ TEST(SetupPage, ABatchCountHasNoResolution) {
     EXPECT_TRUE(row->Caption().isVisible());
     window.Pick("cboBatItm2", 1);
     EXPECT_FALSE(row->Caption().isVisible()) << "a caption without its list";
-}
-
-TEST(SetupPage, LeavingEndsTheReadLoop) {
-    SetupWindow window("type=7");
-    int left = 0;
-    window.Page->ShowMainMenu = [&] {
-        ++left;
-        window.Page->PutAway();
-    };
-    window.Pump.After(900, [&window] { window.Page->Leave(); });
-    window.Click("cmdRead");  // goes on when the loop has ended
-    EXPECT_EQ(left, 1);
-    EXPECT_EQ(window.Of("cmdRead").Caption, "Read");
 }
 
 TEST(SetupPage, WritingTheClassBringsTheFocusToItsOption) {

@@ -40,26 +40,26 @@ inline void TourSetup(GuiBench& bench, const TourStop& stop) {
     bench.Click("cmdMainMenu");
 }
 
-inline void TourReadings(GuiBench& bench, const TourStop& stop) {
-    const struct {
-        const char *Entry, *Name, *Middle, *Division, *Third;
-    } charts[] = {{"mnuPlot", "plot", "500", "20", "60"}, {"mnuGraph", "graph", "500", "30", "20"}};
-    for (const auto& chart : charts) {
-        bench.Choose(chart.Entry);
-        const char* third = bench.Find("txtHorzTime") ? "txtHorzTime" : "txtVertScale";
-        for (const auto& [name, text] : {std::pair(static_cast<const char*>("txtMidVal"), chart.Middle),
-                                         {"txtSmallVal", chart.Division},
-                                         {third, chart.Third}}) {
-            auto* entry = bench.Find<QLineEdit>(name);
-            entry->selectAll();
-            QTest::keyClicks(entry, text);
-            QTest::keyClick(entry, Qt::Key_Return);
-        }
-        bench.Click("cmdOK");
-        bench.Pump.Pass(40000);
-        stop(bench.Desk->Window(), chart.Name);
-        bench.Click("cmdEnd");
+// The numbers of a chart's scale by keys alone, each ended by Return; then Return again, on OK.
+inline void TypeScale(const GuiBench& bench, std::initializer_list<const char*> numbers) {
+    for (const char* number : numbers) {
+        QTest::keyClicks(bench.Desk->Window().focusWidget(), number);
+        QTest::keyClick(bench.Desk->Window().focusWidget(), Qt::Key_Return);
     }
+    QTest::keyClick(bench.Desk->Window().focusWidget(), Qt::Key_Return);
+    GuiPump::Settle();
+}
+
+inline void TourReadings(GuiBench& bench, const TourStop& stop) {
+    const auto chart = [&](const char* entry, const char* name, std::initializer_list<const char*> scale) {
+        bench.Choose(entry);
+        TypeScale(bench, scale);
+        bench.Pump.Pass(40000);
+        stop(bench.Desk->Window(), name);
+        bench.Click("cmdEnd");
+    };
+    chart("mnuPlot", "plot", {"500", "20", "60"});
+    chart("mnuGraph", "graph", {"500", "30", "20"});
     bench.Choose("mnuList");
     bench.Pump.Pass(9000);
     stop(bench.Desk->Window(), "list");

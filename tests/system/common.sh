@@ -36,4 +36,8 @@ start_peer() {
 }
 start_meter() { start_peer "$bin/counter-sim" "$@"; }
 
+hears() { grep -qF -- "$1" "$work/peer.log" || { cat "$work/peer.log"; fail "the meter never heard '$1'"; }; }
+# with POSITION DIGITS: standard input with the digits at a position, counted from 1, replaced.
+with() { sed "s/^\(.\{$(($1 - 1))\}\).\{${#2}\}/\1$2/"; }
+
 said() { grep -qF -- "$1" "$work/$2" || { cat "$work/$2"; fail "no '$1' on $2"; }; }

@@ -2,8 +2,6 @@
 # A meter at a node over real sockets: Get, Put and hand work in every protocol, and the node's faults.
 . "$(dirname "$0")/node_common.sh"
 
-with() { sed "s/^\(.\{$(($1 - 1))\}\).\{${#2}\}/\1$2/"; }
-
 # transfer PROTOCOL NAME: read, changed, written, proven.
 transfer() {
     lay_down SerialProtocol="$1"

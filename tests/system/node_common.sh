@@ -14,7 +14,6 @@ start_node() {
 # lay_down KEY=VALUE...: settings that name this story's node.
 lay_down() { ctl 0 settings init --force NodeAddress=0080A3010203 NodeIp="$ip" TcpPort="$port" "$@"; }
 
-hears() { grep -qF -- "$1" "$work/peer.log" || { cat "$work/peer.log"; fail "the node never heard '$1'"; }; }
 last_line() { [ "$(tail -n 1 "$work/err")" = "$1" ] || { cat "$work/err"; fail "last line is not '$1'"; }; }
 
 run=$(($$ % 1000))

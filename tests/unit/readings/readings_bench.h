@@ -66,4 +66,9 @@ inline void TypeScale(ChartView& view, const char* mid, const char* small, const
     view.Controls.Type(view.txtThird, third);
 }
 
+inline void StartChart(ChartView& view, const char* mid, const char* small, const char* third) {
+    TypeScale(view, mid, small, third);
+    Press(view, view.cmdOK);
+}
+
 }  // namespace counter::test

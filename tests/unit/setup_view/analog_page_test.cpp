@@ -5,7 +5,7 @@ namespace {
 
 TEST(AnalogPage, SourcesAndRanges) {
     // clang-format off
-    const Story stories[] = {
+    RunStories({
         {"range 3 on a unipolar board",  "167=0D",         "", "cboRange=4-20mA Current; cboRange.list=0-20mA Current|0-10V Voltage|4-20mA Current; @167=0D"},
         {"until it is picked",           "167=0D",         "cboRange #0", "@167=01"},
         {"range 3 on the bipolar board", "143=03; 167=0D", "", "cboRange=-10V to +10V; fraAnaOut2.show=0"},
@@ -22,9 +22,8 @@ TEST(AnalogPage, SourcesAndRanges) {
         {"readings follow the source",   "151=32; 167=06", "", "txtAnaHi= +0100.00; txtAnaLo= +0000.00"},
         {"at once",                      "151=32; 167=06", "cboSource #1", "txtAnaHi= +01000.0; @167=05"},
         {"coming to the page refreshes", "151=32; 167=05", "@167=06; tab 5", "txtAnaHi= +0100.00; cboSource=Item 2"},
-    };
+    });
     // clang-format on
-    RunStories(stories);
 }
 
 }  // namespace

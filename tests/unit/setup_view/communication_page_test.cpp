@@ -3,9 +3,9 @@
 namespace counter::test {
 namespace {
 
-TEST(CommunicationPage, RulesOfTheProtocol) {
+TEST(CommunicationPage, RulesFieldsAndBytes) {
     // clang-format off
-    const Story stories[] = {
+    RunStories({
         {"custom ASCII",            "",       "", "fraAddress.show=1; fraOutRate.show=1; chkLF.show=1; fraParity.show=0; fraMBAddr.show=0; fraMBTimeout.show=0; fraRTS.show=1; fraDuplex.show=1"},
         {"Modbus RTU",              "109=04", "", "fraAddress.show=0; chkAlmData.show=0; fraCR.show=0; fraRecogChr.show=0; fraCusRecog.show=0; fraParity.show=1; fraMBAddr.show=1; fraMBTimeout.show=0; fraRTS.show=0"},
         {"Modbus ASCII",            "109=08", "", "fraMBTimeout.show=1; cboProtocol=Modbus ASCII"},
@@ -25,17 +25,11 @@ TEST(CommunicationPage, RulesOfTheProtocol) {
         {"and goes with a new Function", "185=C4; 109=04", "cboFunction #0", "@185=74"},
         {"remote C",                "185=C4", "", "fraRmtDspyC.show=1; lblAscTbl.show=1; txtShow=8; txtStopChr=13; lblStopChr=cr "},
         {"through the node",        "ether=1", "", "fraSerComm=Serial Communications via Ethernet"},
-    };
-    // clang-format on
-    RunStories(stories);
-}
-
-TEST(CommunicationPage, FieldsAndBytes) {
-    // clang-format off
-    const Story stories[] = {
         {"byte 187",                  "",       "cboOutItems #7; cboCR #1; cboRTS #1; cboDuplex #1", "@187=9F"},
         {"bytes 189 and 191",         "",       "cboAddress #30; chkAlmData 1; chkLF 1; cboSerMode #0; cboOutRate #8; cboBaudRate #6; cboOutVal #1", "@189=DF; @191=E8"},
         {"byte 109",                  "109=08", "cboParity #2; cboMBTimeout #3", "@109=3A"},
+        {"a copy of the parity",      "109=08", "cboParity #2; cboProtocol #1", "parity=2"},
+        {"is none in ASCII, the meter's stays", "109=08", "cboParity #2; cboProtocol #0", "parity=0; @109=02"},
         {"box off",                   "189=E1", "chkLF 0", "@189=61"},
         {"address 0 has no entry",    "189=20", "", "cboAddress=(none); @189=20"},
         {"rates that are none",       "191=7F", "", "cboBaudRate=(none); cboOutRate=(none); @191=7F"},
@@ -48,21 +42,8 @@ TEST(CommunicationPage, FieldsAndBytes) {
         {"cancel behind an entry",    "",       "tab 4; txtTranStart := 41; cboRecogChr #1; txtCusRecog := cancel", "lblCusRecog=A"},
         {"cancelled remote C",        "185=C4; 247=42", "txtStartChr := cancel", "lblStartChr=B"},
         {"remote C characters",       "185=C4", "txtStartChr := 20; txtSkip := 05", "@247=20; lblStartChr=sp ; @243=05; txtSkip=5"},
-    };
+    });
     // clang-format on
-    RunStories(stories);
-}
-
-TEST(CommunicationPage, KeepsACopyOfTheParity) {
-    SetupBench bench("109=08");
-    bench.Open();
-    bench.Do("cboParity #2");
-    EXPECT_EQ(bench.Bench.Program.LinkState.ParityIndex, 2);
-    bench.Do("cboProtocol #1");
-    EXPECT_EQ(bench.Bench.Program.LinkState.ParityIndex, 2);
-    bench.Do("cboProtocol #0");
-    EXPECT_EQ(bench.Bench.Program.LinkState.ParityIndex, 0);
-    EXPECT_EQ(bench.Seen("@109"), "02") << "the meter's stays";
 }
 
 }  // namespace

@@ -6,7 +6,7 @@ namespace {
 
 TEST(InputDisplayPage, DisplayTypes) {
     // clang-format off
-    const Story stories[] = {
+    RunStories({
         {"all",                    "", "", "cboDType.list= Normal, Expnt| Norml 999999| 1 RH Zero| 2 RH Zeros| Time in Secs| Clock hhmmss| Rmt Dsply A| Rmt Dsply S| Rmt Dsply 1| Rmt Dsply 2| Rmt Dsply 3| Rmt Dsply 4| Rmt Dsply C"},
         {"no board: a remote display only", "193=48; 185=64", "", "cboDType.list= | | | | | | Rmt Dsply A| Rmt Dsply S| Rmt Dsply 1| Rmt Dsply 2| Rmt Dsply 3| Rmt Dsply 4| Rmt Dsply C"},
         {"no panel, Modbus link",  "nopanel=1; modbus=1", "", "cboDType.list= Normal, Expnt| Norml 999999| 1 RH Zero| 2 RH Zeros| Time in Secs| Clock hhmmss| Remote A| Remote S| Remote 1| Remote 2| Remote 3| Remote 4"},
@@ -15,14 +15,13 @@ TEST(InputDisplayPage, DisplayTypes) {
         {"to a remote type",       "197=0F", "cboDType #6; !tab 1; !tab 2", "@185=64; tab1=0; tab2=0; fraAction.show=0; fraTimeOut.on=1; cboExtAB=Enable Tare       Tare if enabled     Tare"},
         {"and back",               "197=0F; 185=64", "cboDType #1", "@185=14; tab1=1; tab2=1; fraAction.show=1; cboExtAB=Item 2            Item 3              Function Reset"},
         {"to remote C",            "", "cboDType #12", "@185=C4; fraRmtDspyC.show=1"},
-    };
+    });
     // clang-format on
-    RunStories(stories);
 }
 
-TEST(InputDisplayPage, BoxesByMode) {
+TEST(InputDisplayPage, BoxesByModeAndRestoredTotals) {
     // clang-format off
-    const Story stories[] = {
+    RunStories({
         {"time out",                    "",       "", "fraTimeOut=Time Out; txtTimeOut=003.00; lblTSecs.on=1; txtGateTime=000.10; txtCal= -00100."},
         {"no time out",                 "199=20", "!txtTimeOut", "fraTimeOut.on=0; txtTimeOut.on=0; lblTSecs.on=0"},
         {"preset, up and down",         "199=24; 151=12; 25=FFFFFF", "", "fraTimeOut=Preset; txtTimeOut= -00000.1; txtTimeOut.on=1; lblTSecs.on=0"},
@@ -43,50 +42,39 @@ TEST(InputDisplayPage, BoxesByMode) {
         {"control inputs from 78 on",   "233=4E; 197=09", "", "cboExtAB=Alarm 1 Active    Alarm 2 Active      Both 1,2 Active"},
         {"a meter with a panel",        "",       "", "cmdRead.show=0; lblValue.show=0; fraLeadZ.show=1; chkDevStatus.show=1"},
         {"a meter without",             "type=7", "", "cmdRead.show=1; lblValue.show=1; fraLeadZ.show=0; fraDspyN.show=1; fraAction.show=1"},
-    };
+        {"restored totals: pulses",             "193=4A; 199=C0",           "cboPwrOnTot #1",                 "@197=80; boxes=1; box=Set Pulses per Revolution = 0"},
+        {"restored totals: each time",          "193=4A; 199=C0",           "cboPwrOnTot #1; cboPwrOnTot #1", "boxes=2"},
+        {"restored totals: no pulses",          "193=4A; 199=C0; 161=0000", "cboPwrOnTot #1",                 "@197=80; boxes=0"},
+        {"restored totals: zeroed totals",      "193=4A; 199=C0; 197=80",   "cboPwrOnTot #0",                 "@197=00; boxes=0"},
+        {"restored totals: a Cutoff Value too", "193=4C; 199=83",           "cboPwrOnTot #1",                 "boxes=1"},
+        {"restored totals: box not on show",    "",                         "cboPwrOnTot #1",                 "@197=80; boxes=0"},
+    });
     // clang-format on
-    RunStories(stories);
-}
-
-TEST(InputDisplayPage, RestoredTotalsWantNoPulses) {
-    // clang-format off
-    const Story stories[] = {
-        {"pulses",             "193=4A; 199=C0",           "cboPwrOnTot #1",                 "@197=80; boxes=1; box=Set Pulses per Revolution = 0"},
-        {"each time",          "193=4A; 199=C0",           "cboPwrOnTot #1; cboPwrOnTot #1", "boxes=2"},
-        {"no pulses",          "193=4A; 199=C0; 161=0000", "cboPwrOnTot #1",                 "@197=80; boxes=0"},
-        {"zeroed totals",      "193=4A; 199=C0; 197=80",   "cboPwrOnTot #0",                 "@197=00; boxes=0"},
-        {"a Cutoff Value too", "193=4C; 199=83",           "cboPwrOnTot #1",                 "boxes=1"},
-        {"box not on show",    "",                         "cboPwrOnTot #1",                 "@197=80; boxes=0"},
-    };
-    // clang-format on
-    RunStories(stories);
 }
 
 TEST(FilterPage, ListsHaveASelectionOnTheirPageAlone) {
     // clang-format off
-    const Story stories[] = {
+    RunStories({
         {"just opened",              "195=6B", "", "tab2=1; fraFilter=Filter  Item 1; cboTimConst=(none); cboThresh=(none); cboPeakVal=(none); cboFType=(none)"},
         {"on the page",              "195=6B; 157=09; 197=0A", "tab 2", "cboTimConst= 0.4 Sec; cboThresh= High Adaptive; cboPeakVal= Filtered; cboFType= Conventional; cboAction= Peak then Valley; cboExtAB=Meter Reset       Display Blanking    Meter Reset"},
         {"a refresh takes it again", "", "tab 2; tab 5", "cboTimConst=(none)"},
         {"picks",                    "", "tab 2; cboTimConst #7; cboThresh #0; cboPeakVal #1; cboFType #1", "@195=67"},
         {"no filtered item",         "199=20", "!tab 2", "tab2=0; cboDVal.on=0; fraDVal.on=0; cboDVal.color=ColorGray"},
         {"batch filters item 3",     "199=02", "", "fraFilter=Filter  Item 3; cboDVal.color=ColorBlack"},
-    };
+    });
     // clang-format on
-    RunStories(stories);
 }
 
 TEST(LockoutsPage, OrderOfTheBits) {
     // clang-format off
-    const Story stories[] = {
+    RunStories({
         {"first byte",  "183=89",         "", "chkLock[0]=1; chkLock[3]=1; chkLock[4]=1; chkLock[7]=0; chkLock[1]=0"},
         {"second byte", "181=16",         "", "chkLock[9]=1; chkLock[10]=1; chkLock[15]=1; chkLock[12]=0"},
         {"picks",       "181=FF; 183=00", "tab 6; chkLock[0] 1; chkLock[5] 1; chkLock[8] 0; chkLock[14] 0", "@183=48; @181=D7"},
         {"jumper",      "193=C9",         "", "lblFPLock=Hardware Lockout jumper is installed"},
         {"captions",    "",               "", "lblFPLock=Hardware Lockout jumper is not installed; chkLock[7]=0; tab6=1"},
-    };
+    });
     // clang-format on
-    RunStories(stories);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@ namespace {
 
 TEST(ModeLists, OfferWhatBoardAndClassHave) {
     // clang-format off
-    const Story stories[] = {
+    RunStories({
         {"signal conditioners",      "",                       "", "cboMode.list=Rate|Period|Total|Time Interval|Stopwatch|Phase|Duty Cycle"},
         {"rate, extended",           "",                       "", "cboFunction.list=A, B|A Only| Batch|A, A Total|A, B Total|A + B|A - B|A X B|A / B|(A / B) -1"},
         {"signal conditioners, basic", "185=00",               "", "cboMode.list=Rate|Period|Total|Time Interval|Stopwatch; cboFunction.list=A, B|A Only; optBasic=1; optExtended=0"},
@@ -19,14 +19,13 @@ TEST(ModeLists, OfferWhatBoardAndClassHave) {
         {"phase curve from 77 on",   "199=62; 233=4D",         "", "cboCusCrv[0].on=1; cboCusCrv[0].list= Disabled| Power Factor| #2 Not Available"},
         {"phase curve, echoing link", "199=62; comms=2",       "", "cboCusCrv[0].list= Disabled| Curve #1| #2 Not Available"},
         {"names without a word",     "199=53",                 "", "cboFunction= 1/AB ; fraItem1[0].show=1; tab2=0; fraTimeOut.on=0; fraTrigSlpB[0].show=1; lblItem2[0]= A Rate"},
-    };
+    });
     // clang-format on
-    RunStories(stories);
 }
 
 TEST(ModeLists, APickRunsTheChain) {
     // clang-format off
-    const Story stories[] = {
+    RunStories({
         {"an illegal pair stays stored until a pick", "199=30", "",                  "cboMode=Rate; cboFunction=A, B; @199=30"},
         {"and goes with it",               "199=30",           "cboFunction #0",     "@199=30; cboMode=Rate"},
         {"or with the mode",               "199=30",           "cboMode #0",         "@199=00"},
@@ -45,9 +44,8 @@ TEST(ModeLists, APickRunsTheChain) {
         {"sum to basic",                   "199=0B; 185=08",   "optBasic",           "@199=00; @185=00; cboCusCrv[0].on=0"},
         {"to extended",                    "185=00; 199=01",   "optExtended",        "@185=04; cboCusCrv[0].on=1; cmdQExtended.back=ColorLightGray; cmdQBasic.back=ColorGray"},
         {"set already: curve 1 becomes 2", "185=08; 199=01",   "optExtended",        "@185=0C; cboCusCrv[0]= #2 Not Available"},
-    };
+    });
     // clang-format on
-    RunStories(stories);
 }
 
 }  // namespace

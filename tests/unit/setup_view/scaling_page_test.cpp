@@ -5,7 +5,7 @@ namespace {
 
 TEST(ScalingPage, FormsAndTexts) {
     // clang-format off
-    const Story stories[] = {
+    RunStories({
         {"default",                     "",                        "", "txtScale1[0]= +1.00000; cboMult1[0]=        1; txtOffset1[0]= +000000.; optScale1[0]=1; optCoord1[0]=0; txtLoIn1[0].on=0; cboMult2[0].on=1"},
         {"coordinates of group 1",      "197=20",                  "", "optCoord1[0]=1; txtHiRd1[0].on=1; fraHiRd1[0].on=1; txtScale1[0].on=0; fraMult1[0].on=0; txtScale2[0].on=1"},
         {"a pick of each form",         "",                        "optCoord2[0]; optCoord1[0]; optScale2[0]", "@197=20; txtScale2[0].on=1; txtLoIn1[0].on=1"},
@@ -32,14 +32,13 @@ TEST(ScalingPage, FormsAndTexts) {
         {"unknown resolution",          "199=0B; 155=3C",          "", "cboResoln[2]=   100000; @155=3C"},
         {"picked resolution",           "199=0B; 155=3C",          "cboResoln[2] #2", "@155=32"},
         {"an entry",                    "151=22; 197=20",          "tab 1; txtHiRd1[0] := 000064", "txtHiRd1[0]= +00010.0; @85=000064; tab=1"},
-    };
+    });
     // clang-format on
-    RunStories(stories);
 }
 
 TEST(ScalingPage, CurveAndRoot) {
     // clang-format off
-    const Story stories[] = {
+    RunStories({
         {"curve in force",            "199=01; 185=08", "!optScale1[0]", "optScale1[0]=0; optCoord1[0]=0; txtScale1[0].on=0; txtLoIn1[0].on=0; optScale2[0].on=0; txtRd0In[0].on=1; chkSqRt[0].on=0; cboCusCrv[0]= Curve #1"},
         {"curve that can't be",       "199=00; 185=08", "",              "optScale1[0]=1; optScale1[0].on=1; txtScale1[0].on=1; cboCusCrv[0].on=0; cboCusCrv[0].color=ColorGray"},
         {"curve dropped: the form is back", "199=01; 185=08; 197=20", "cboCusCrv[0] #0", "@185=04; optCoord1[0]=1; txtLoIn1[0].on=1; @197=20; txtRd0In[0].on=0"},
@@ -52,14 +51,13 @@ TEST(ScalingPage, CurveAndRoot) {
         {"root off",                  "199=01; 185=06", "chkSqRt[0] 0",    "@185=04; txtRd0In[0].on=0"},
         {"root where none is: kept",  "199=00; 185=06", "!chkSqRt[0] 1",   "chkSqRt[0]=0; chkSqRt[0].on=0; @185=06"},
         {"Read 0 In without a word",  "199=53",         "",                "fraRd0In[0].show=0"},
-    };
+    });
     // clang-format on
-    RunStories(stories);
 }
 
-TEST(ScalingPage, ItemsAndSlopes) {
+TEST(ScalingPage, ItemsSlopesAndBatch) {
     // clang-format off
-    const Story stories[] = {
+    RunStories({
         {"two items",                   "",               "", "fraItem1[0].show=1; fraItem2[0].show=1; fraItem1[1].show=0; lblItem1[0]= A Rate; lblItem2[0]= B Rate; fraTrigSlpB[4].show=1; fraTrigSlpB[0].show=0"},
         {"one item",                    "199=41",         "", "fraItem2[0].show=0; lblItem1[0]= Time Inteval A to B; fraTrigSlpB[0].show=1; fraTrigSlpB[4].show=0"},
         {"stopwatch has a grand total", "199=50",         "", "fraItem2[0].show=1; lblItem2[0]= Grand Total Time; fraTrigSlpB[0].show=0"},
@@ -70,69 +68,40 @@ TEST(ScalingPage, ItemsAndSlopes) {
         {"from three items to one",     "199=0B",         "cboFunction #1", "fraItem1[2].show=0; fraItem2[2].show=0; fraItem3[2].show=0; fraItem2[0].show=0"},
         {"slopes",                      "159=FD",         "cboTrigSlpA[0] #1; cboTrigSlpB[4] #0", "@159=FE"},
         {"slope A is the V-F board's",  "193=4C; 199=81", "!cboTrigSlpA[0] #1", "cboTrigSlpA[0].on=0; cboTrigSlpA[0].color=ColorGray"},
-    };
+        {"batch: bit 7 goes, bit 6 stays",       "171=E8", "",                        "@171=68; cboBatCount=Dn,Preset,All"},
+        {"batch: picks",                         "199=02; 171=40", "cboBatCount #6; cboBatStart #1; cboBatReset #1", "@171=75"},
+        {"batch: count of batches, just opened", "199=02; 171=02", "",                "lblItem2[3]= A Grand Total; cboResoln[3].show=1; cboBatItm2=# Batches"},
+        {"batch: built again: the wrong name",   "199=02; 171=02", "cboFunction #2",  "lblItem2[3]= A Rate + B Rate; cboResoln[3].show=0"},
+        {"batch: V-F: the right name",           "193=4C; 199=82; 171=02", "cboFunction #1", "lblItem2[3]= # of Batches; cboBatCount.on=0; @171=02"},
+        {"batch: count picked",                  "199=02", "cboBatItm2 #1",           "lblItem2[3]= # Batches; cboResoln[3].show=0; @171=02"},
+        {"batch: and left",                      "199=02; 171=02", "cboBatItm2 #0",   "lblItem2[3]= Grand Total; cboResoln[3].show=1; @171=00"},
+        {"batch: behind the last name is none",  "199=50; 171=02", "cboFunction #0",  "lblItem2[0]="},
+        {"batch: opened anew: no old selection", "199=02; 171=02", "@171=00; reopen", "lblItem2[3]= A Grand Total; cboBatItm2=Grand Total; cboResoln[3].show=1"},
+    });
     // clang-format on
-    RunStories(stories);
 }
 
-TEST(ScalingPage, Batch) {
-    // clang-format off
-    const Story stories[] = {
-        {"bit 7 goes, bit 6 stays",       "171=E8", "",                        "@171=68; cboBatCount=Dn,Preset,All"},
-        {"picks",                         "199=02; 171=40", "cboBatCount #6; cboBatStart #1; cboBatReset #1", "@171=75"},
-        {"count of batches, just opened", "199=02; 171=02", "",                "lblItem2[3]= A Grand Total; cboResoln[3].show=1; cboBatItm2=# Batches"},
-        {"built again: the wrong name",   "199=02; 171=02", "cboFunction #2",  "lblItem2[3]= A Rate + B Rate; cboResoln[3].show=0"},
-        {"V-F: the right name",           "193=4C; 199=82; 171=02", "cboFunction #1", "lblItem2[3]= # of Batches; cboBatCount.on=0; @171=02"},
-        {"count picked",                  "199=02", "cboBatItm2 #1",           "lblItem2[3]= # Batches; cboResoln[3].show=0; @171=02"},
-        {"and left",                      "199=02; 171=02", "cboBatItm2 #0",   "lblItem2[3]= Grand Total; cboResoln[3].show=1; @171=00"},
-        {"behind the last name is none",  "199=50; 171=02", "cboFunction #0",  "lblItem2[0]="},
-        {"opened anew: no old selection", "199=02; 171=02", "@171=00; reopen", "lblItem2[3]= A Grand Total; cboBatItm2=Grand Total; cboResoln[3].show=1"},
-    };
-    // clang-format on
-    RunStories(stories);
-}
-
-// What a click asks the dialog for.
 TEST(ScalingPage, ClicksAskForAnEntry) {
-    const struct {
-        const char *Name, *Given, *Box;
-        int Type, Pos, TimeEntry;
-        bool LowPlace;
-    } cases[] = {
-        // clang-format off
-        {"scale",                  "",                         "txtScale2[0]",  3, 31, 0, false},
-        {"offset 1",               "",                         "txtOffset1[0]", 2, 37, 0, false},
-        {"offset 1, clock",        "185=54",                   "txtOffset1[0]", 2, 37, 1, false},
-        {"offset 1, stopwatch",    "185=54; 199=50",           "txtOffset1[0]", 2, 37, 2, false},
-        {"offset 2, stopwatch",    "185=54; 199=50",           "txtOffset2[0]", 2, 25, 1, false},
-        {"low in 2",               "197=10",                   "txtLoIn2[0]",   4, 79, 0, false},
-        {"read 0 in",              "199=01; 185=06",           "txtRd0In[0]",   4, 79, 0, true},
-        {"time out",               "",                         "txtTimeOut",    0, 173, 0, false},
-        {"preset",                 "199=24",                   "txtTimeOut",    2, 25, 0, false},
-        {"pulses",                 "193=4A; 199=C0",           "txtPulses",     0, 161, 0, true},
-        {"cutoff value",           "193=4C; 199=83",           "txtPulses",     0, 145, 0, true},
-        {"calibration",            "",                         "txtCal",        1, 137, 0, false},
-        {"setpoint 3",             "193=29",                   "txtSetpt[3]",   2, 223, 0, false},
-        {"deviation 4",            "193=29",                   "txtDev[4]",     2, 205, 0, false},
-        {"second analog output",   "143=04",                   "txtAnaLo2",     2, 255, 0, false},
-        {"byte",                   "109=04",                   "txtMBAddr",     7, 111, 0, false},
-        // clang-format on
-    };
-    for (const auto& c : cases) {
-        SetupBench bench(c.Given);
-        bench.Open();
-        int opened = 0;
-        bench.View.OpenDigitEntry = [&] { ++opened; };
-        bench.Do(c.Box);
-        const ViewState& shared = bench.Bench.Program.Views;
-        EXPECT_EQ(opened, 1) << c.Name;
-        EXPECT_EQ(shared.FieldType, c.Type) << c.Name;
-        EXPECT_EQ(shared.FieldPos, c.Pos) << c.Name;
-        EXPECT_EQ(bench.Bench.Program.Derived.TimeEntry, c.TimeEntry) << c.Name;
-        EXPECT_EQ(shared.LowPlace, c.LowPlace) << c.Name;
-        ASSERT_NE(shared.EntryTarget, nullptr) << c.Name;
-        EXPECT_EQ(shared.FieldText, shared.EntryTarget->Text) << c.Name;
-    }
+    // clang-format off
+    RunStories({
+        {"scale",                "",               "txtScale2[0]",  "asked=type 3 at 31"},
+        {"offset 1",             "",               "txtOffset1[0]", "asked=type 2 at 37"},
+        {"offset 1, clock",      "185=54",         "txtOffset1[0]", "asked=type 2 at 37 time 1"},
+        {"offset 1, stopwatch",  "185=54; 199=50", "txtOffset1[0]", "asked=type 2 at 37 time 2"},
+        {"offset 2, stopwatch",  "185=54; 199=50", "txtOffset2[0]", "asked=type 2 at 25 time 1"},
+        {"low in 2",             "197=10",         "txtLoIn2[0]",   "asked=type 4 at 79"},
+        {"read 0 in",            "199=01; 185=06", "txtRd0In[0]",   "asked=type 4 at 79 low"},
+        {"time out",             "",               "txtTimeOut",    "asked=type 0 at 173"},
+        {"preset",               "199=24",         "txtTimeOut",    "asked=type 2 at 25"},
+        {"pulses",               "193=4A; 199=C0", "txtPulses",     "asked=type 0 at 161 low"},
+        {"cutoff value",         "193=4C; 199=83", "txtPulses",     "asked=type 0 at 145 low"},
+        {"calibration",          "",               "txtCal",        "asked=type 1 at 137"},
+        {"setpoint 3",           "193=29",         "txtSetpt[3]",   "asked=type 2 at 223"},
+        {"deviation 4",          "193=29",         "txtDev[4]",     "asked=type 2 at 205"},
+        {"second analog output", "143=04",         "txtAnaLo2",     "asked=type 2 at 255"},
+        {"byte",                 "109=04",         "txtMBAddr",     "asked=type 7 at 111"},
+    });
+    // clang-format on
 }
 
 }  // namespace

@@ -53,6 +53,15 @@ std::string Property(const Control& control, const std::string& name) {
     return name.empty() ? Shown(control) : "no property " + name;
 }
 
+// What the last click asks digit entry for.
+std::string Asked(const Session& session) {
+    const ViewState& shared = session.Views;
+    if (!shared.EntryTarget || shared.FieldText != shared.EntryTarget->Text) return "another text";
+    const int time = session.Derived.TimeEntry;
+    return "type " + std::to_string(shared.FieldType) + " at " + std::to_string(shared.FieldPos) +
+           (time == 0 ? "" : " time " + std::to_string(time)) + (shared.LowPlace ? " low" : "");
+}
+
 }  // namespace
 
 SetupBench::SetupBench(const std::string& given) {
@@ -91,6 +100,8 @@ void SetupBench::Do(const std::string& deeds) {
             Give(deed.substr(1));
         } else if (deed[0] == '!') {
             Refused(deed.substr(1));
+        } else if (deed[0] == '~') {
+            Bench.Pump.After(5, [this, slipsIn = deed.substr(1)] { Do(slipsIn); });
         } else {
             EXPECT_EQ(Act(deed), Refusal::None) << deed;
         }
@@ -143,13 +154,15 @@ std::string SetupBench::Seen(const std::string& what, std::size_t length) {
         return View.Buttons.tabSetup.Offered[static_cast<std::size_t>(what[3] - '0')] ? "1" : "0";
     if (what == "box") return boxes.empty() ? "no message" : boxes.back().Text;
     if (what == "boxes") return std::to_string(boxes.size());
+    if (what == "parity") return std::to_string(Bench.Program.LinkState.ParityIndex);
+    if (what == "asked") return Asked(Bench.Program);
     if (what == "ended") return Ended ? "1" : "0";
     const std::size_t point = std::min(what.find('.'), what.size());
     const Control* control = View.Controls.FindFull(what.substr(0, point));
     return control ? Property(*control, what.substr(std::min(point + 1, what.size()))) : "no control";
 }
 
-void RunStories(std::span<const Story> stories) {
+void RunStories(std::initializer_list<Story> stories) {
     for (const Story& story : stories) {
         SCOPED_TRACE(story.Name);
         SetupBench bench(story.Given);

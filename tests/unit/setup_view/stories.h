@@ -13,19 +13,22 @@
 //          txtMBAddr := 0A  opens digit entry, which stores these digits and closes; "cancel" stores nothing
 //          @201=10        digits put into the image without the view's knowing
 //          reopen         the view comes to the front again
+//          ~tab 5         is done 5 ms later, in the wait of what comes next
 //          !cboCR #1      is refused, and changes nothing in the image
 //   Sees   cboMode=Rate   the selected entry, "(none)" without one; a text, a caption, or 0 and 1
 //          cboMode.on=1   enabled; .show visible, .back and .color colours, .list entries joined by "|"
 //          @199=30        digits of the image
 //          tab5=1         offered; tab=0 the one on show
+//          parity=2      the link's copy of the parity
+//          asked=type 3 at 31   what the click asks digit entry for, "time 1" and "low" where they are
 //          box=...        the last message's text; boxes=1 how many
 //          ended=1        a message ended the program
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -59,6 +62,6 @@ class SetupBench {
 };
 
 // Runs each story and compares all that it sees.
-void RunStories(std::span<const Story> stories);
+void RunStories(std::initializer_list<Story> stories);
 
 }  // namespace counter::test

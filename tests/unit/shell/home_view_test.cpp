@@ -18,14 +18,12 @@ struct HomeBench : BenchMeter {
         EXPECT_TRUE(SwitchOn().Ok());
         Home.Load();
         Home.Activate();
-        Home.Open = [this](ViewId view) { Opened.push_back(view); };
     }
     Refusal Press(const char* name) { return Home.Controls.Click(*Home.Controls.Find(name)); }
     bool Enabled(const char* name) { return Home.Controls.Find(name)->Enabled; }
     const std::string& StatusLine() { return Home.lblPGText.Caption; }
 
     HomeView Home{Program};
-    std::vector<ViewId> Opened;
 };
 
 TEST(HomeView, AccessKeysAreUniqueUnderTheirHeading) {
@@ -99,15 +97,12 @@ TEST(HomeView, ASilentMeterIsToldAndNothingElseChanges) {
     EXPECT_EQ(bench.Home.lblPGText.TextColor, ColorRed) << bench.StatusLine();
     EXPECT_TRUE(bench.Home.lblPGText.Visible);
     EXPECT_FALSE(bench.Program.Home.Hourglass);
-}
-
-TEST(HomeView, APressInTheMiddleOfAGetRunsToItsEnd) {
-    HomeBench bench;
-    Refusal inner = Refusal::Hidden;
-    bench.Pump.After(500, [&] { inner = bench.Press("mnuGet"); });
+    bench.Line.GoAway();
+    bench.Line.NextOpen = {StatusKind::NotFound, "/dev/ttyUSB0", "No such file or directory"};
     bench.Press("mnuGet");
-    EXPECT_EQ(inner, Refusal::None);
-    EXPECT_FALSE(bench.Program.Home.Hourglass);
+    EXPECT_EQ(bench.StatusLine(), "Failed to Get data, check connections, then try again.      ( 27)");
+    EXPECT_EQ(bench.Program.Image.SetupData, before);
+    bench.Line.Plug();
     bench.Press("mnuGet");
     EXPECT_EQ(bench.Program.LinkState.LinkError, 0) << "everything is usable afterwards";
 }
@@ -174,11 +169,16 @@ TEST(HomeView, SetupFilesAreOpenedAndSaved) {
 
     bench.Boxes.Path = "missing.CT2";
     bench.Press("mnuOpen");
+    EXPECT_EQ(bench.StatusLine(), "missing.CT2: No such file or directory");
     EXPECT_EQ(bench.Home.lblPGText.TextColor, ColorRed);
     EXPECT_FALSE(bench.Enabled("mnuView"));
 
     bench.Press("mnuDefaultSet");
     bench.Boxes.Path = "a.CT2";
+    bench.Store.ReadOnly = {"a.CT2"};
+    bench.Press("mnuSaveAs");
+    EXPECT_TRUE(bench.StatusLine().starts_with("a.CT2: ")) << bench.StatusLine();
+    bench.Store.ReadOnly.clear();
     bench.Press("mnuSaveAs");
     EXPECT_EQ(bench.Store.Contents["a.CT2"], bench.Program.Image.SetupData + "\r\n");
     bench.Program.Image.SetupData[0] = '7';
@@ -194,13 +194,9 @@ TEST(HomeView, SetupFilesAreOpenedAndSaved) {
     bench.Press("mnuOpen");
     EXPECT_EQ(bench.Program.Image.SetupData[0], '7');
     EXPECT_EQ(bench.Program.Identity.SetupFromMeter, 0);
-}
-
-TEST(HomeView, AnEntryOpensItsView) {
-    HomeBench bench;
-    bench.Press("mnuPS");
-    EXPECT_EQ(bench.Opened, std::vector<ViewId>{ViewId::PowerSupply});
-    EXPECT_FALSE(bench.Program.Home.Hourglass);
+    bench.Boxes.Path = "missing.CT2";
+    bench.Press("mnuOpen");
+    EXPECT_EQ(bench.Program.Image.SetupData[0], '7') << "the setup stays";
 }
 
 }  // namespace

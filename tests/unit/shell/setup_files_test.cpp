@@ -27,12 +27,5 @@ TEST(SetupFiles, TextBecomesAnImage) {
     for (const auto& c : cases) EXPECT_EQ(ImageOfText(c.Text).SetupData, c.Expected) << c.Name;
 }
 
-TEST(SetupFiles, AFileThatCannotBeReadLeavesTheImage) {
-    MemoryFiles files;
-    SetupImage image{std::string(260, '5')};
-    EXPECT_EQ(LoadSetupFile(files, "none.CT2", image).Kind, StatusKind::NotFound);
-    EXPECT_EQ(image.SetupData, std::string(260, '5'));
-}
-
 }  // namespace
 }  // namespace counter::test
