@@ -19,7 +19,7 @@ tidy() {
 
 cppcheck_() {
     cppcheck --std=c++20 --enable=warning,performance,portability --inline-suppr --error-exitcode=1 --quiet -j "$jobs" \
-        -I src -I . --suppressions-list=tests/cppcheck.suppressions src sim
+        -I src -I . --suppressions-list=tools/cppcheck.suppressions src sim
 }
 
 # Lines of the logic rooms that the unit tests run: 90 of 100 at least.
