@@ -124,6 +124,7 @@ TEST(MenuCells, FollowTheRulesOfDigits) {
         {"AL SEt, state 3 counts on",    {{203, "0F"}},                           "AL SEt", " | |0|0|d|0|0"},
         {"An SEt of one output",         {{167, "E7"}},                           "An SEt", " | | | | |1|3"},
         {"SEr 2, address 21",            {{189, "B5"}},                           "SEr 2",  " | | |1|0|1|5."},
+        {"SEr 2, address 16",            {{189, "10"}},                           "SEr 2",  " | | |0|0|0|0."},
         {"SEr 2, address 31",            {{189, "1F"}},                           "SEr 2",  " | | |0|0|0|F."},
         {"SEr 2, address 11",            {{189, "0B"}},                           "SEr 2",  " | | |0|0|0|b"},
     });
