@@ -40,7 +40,8 @@ void ScalingPage::CurveListFill() {
     if (Level() > 1) return;
     const DerivedValues& values = Values();
     int comms = Program.Settings.CommsEnabled;
-    bool phaseCurve = comms == Comms::NoLink || (comms == Comms::Link && PhaseCurveOffered(Meter().FirmwareVersion));
+    bool phaseCurve =
+        comms == Comms::NoLink || (comms == Comms::Link && PhaseCurveOffered(Meter().FirmwareVersion));
     bool powerFactor =
         values.ModeIndex == Mode::Phase && values.FunctionIndex == Function::PhasePlusMinus180 && phaseCurve;
     const std::string_view entries[] = {

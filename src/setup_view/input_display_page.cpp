@@ -36,9 +36,8 @@ void InputDisplayPage::Wire() {
     Bind({DType.Inner, Field::DisplayType}, [this](Control&) { PickDisplayType(); });
     Bind({CutoffEnable.Inner, Field::CutoffEnable}, [this](Control&) { PickCutoffEnable(); });
     Bind({PwrOnTot.Inner, Field::PowerOnTotal}, [this](Control&) { PickPowerOnTotal(); });
-    Bind({TimeOut.Inner, Field::TimeOut}, [this](Control& box) {
-        OpenEntry(box, Values().PresetActive ? Field::Preset : Field::TimeOut);
-    });
+    Bind({TimeOut.Inner, Field::TimeOut},
+         [this](Control& box) { OpenEntry(box, Values().PresetActive ? Field::Preset : Field::TimeOut); });
     BindAlso(TimeOut.Inner, Field::Preset);
     Bind({Pulses.Inner, Field::PulsesPerRev}, [this](Control& box) {
         OpenEntry(box, Values().CutoffActive ? Field::CutoffValue : Field::PulsesPerRev, true);

@@ -203,7 +203,8 @@ void ScalingPage::RefreshSlopeB() {
     }
     if (Level() == 1 && values.FunctionIndex == Function::BTotalARate) show(1);
     if (Level() == 2) show(2);
-    if (values.ModeIndex == Mode::Stopwatch && values.FunctionIndex == Function::StopwatchInverseAToB) show(0);
+    if (values.ModeIndex == Mode::Stopwatch && values.FunctionIndex == Function::StopwatchInverseAToB)
+        show(0);
 }
 
 void ScalingPage::Read0InRefresh() {

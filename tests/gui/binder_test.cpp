@@ -11,8 +11,8 @@
 #include <cstdlib>
 
 #include "controls/page_builder.h"
-#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/control_widget.h"
+#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/status_strip.h"
 
 namespace counter {

@@ -10,9 +10,9 @@
 #include <QProgressBar>
 #include <algorithm>
 
-#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/qt_text.h"
+#include "desktop/kit/screen_colors.h"
 
 namespace counter {
 

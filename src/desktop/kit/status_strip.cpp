@@ -2,9 +2,9 @@
 
 #include <QHBoxLayout>
 
-#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
+#include "desktop/kit/screen_colors.h"
 
 namespace counter {
 
@@ -37,6 +37,18 @@ StatusStrip::StatusStrip(QWidget* parent)
 void StatusStrip::LeaveOutBar() {
     layout()->removeWidget(bar_);
     bar_->hide();
+}
+
+QVBoxLayout* StatusStrip::LieBelow(QWidget* page) {
+    auto* whole = new QVBoxLayout(page);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSpacing(0);
+    auto* column = new QVBoxLayout;
+    PadByGrid(column);
+    whole->addLayout(column, 1);
+    whole->addWidget(this);
+    LeaveOutBar();
+    return column;
 }
 
 void StatusStrip::ShowLine(const Control& line) {

@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QProgressBar>
+#include <QVBoxLayout>
 #include <QWidget>
 
 #include "controls/control.h"
@@ -15,12 +16,15 @@ class StatusStrip : public QWidget {
 
     // A label's caption in its colour; a hidden one leaves the strip empty.
     void ShowLine(const Control& line);
-    // A strip without a bar gives its place to the line.
-    void LeaveOutBar();
+    // At the foot of a page that has no layout yet, without a bar. Returns the page's column above it.
+    QVBoxLayout* LieBelow(QWidget* page);
     QLabel& Line() { return *line_; }
     QProgressBar& Bar() { return *bar_; }
 
   private:
+    // A strip without a bar gives its place to the line.
+    void LeaveOutBar();
+
     QLabel* line_;
     QProgressBar* bar_;
 };

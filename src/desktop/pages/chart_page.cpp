@@ -21,14 +21,7 @@ ChartPage::ChartPage(ChartView& view, std::string_view title, QWidget* parent)
       bound_(view.Controls),
       chart_(new ChartWidget(view.Chart, this)),
       strip_(new StatusStrip(this)) {
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(0, 0, 0, 0);
-    whole->setSpacing(0);
-    auto* column = new QVBoxLayout;
-    PadByGrid(column);
-    whole->addLayout(column, 1);
-    whole->addWidget(strip_);
-    strip_->LeaveOutBar();
+    QVBoxLayout* column = strip_->LieBelow(this);
     AddScaleEntry(*column);
     column->addWidget(chart_, 1);
     column->addLayout(bound_.MakeButtonRow(this, {&view.cmdNewScale, &view.cmdPause, &view.cmdContinue,

@@ -29,11 +29,7 @@ void AsReadingField(QWidget* widget) {
 
 CommandsPage::CommandsPage(CommandsView& view, QWidget* parent)
     : ViewPage(parent), view_(view), bound_(view.Controls), strip_(new StatusStrip(this)) {
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(0, 0, 0, 0);
-    whole->setSpacing(0);
-    auto* column = new QVBoxLayout;
-    PadByGrid(column);
+    QVBoxLayout* column = strip_->LieBelow(this);
     auto* groups = new QGridLayout;
     groups->setSpacing(kGrid);
     groups->addWidget(Readings(), 0, 0, 2, 1);
@@ -44,9 +40,6 @@ CommandsPage::CommandsPage(CommandsView& view, QWidget* parent)
     column->addLayout(groups);
     column->addStretch(1);
     column->addLayout(bound_.MakeButtonRow(this, {&view.cmdOK}));
-    whole->addLayout(column, 1);
-    whole->addWidget(strip_);
-    strip_->LeaveOutBar();
     bound_.BindSpecial(view.lblErrText, &strip_->Line(), [this] { strip_->ShowLine(view_.lblErrText); });
     bound_.Refresh();
 }

@@ -5,9 +5,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
+#include "desktop/kit/screen_colors.h"
 
 namespace counter {
 

@@ -3,8 +3,8 @@
 #include <QPainter>
 #include <sstream>
 
-#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/qt_text.h"
+#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/segments.h"
 
 namespace counter {

@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
-#include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
@@ -139,14 +138,7 @@ ListPage::ListPage(ListView& view, QWidget* parent)
       bound_(view.Controls),
       grid_(new ReadingGrid(view, this)),
       strip_(new StatusStrip(this)) {
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(0, 0, 0, 0);
-    whole->setSpacing(0);
-    auto* column = new QVBoxLayout;
-    PadByGrid(column);
-    whole->addLayout(column, 1);
-    whole->addWidget(strip_);
-    strip_->LeaveOutBar();
+    QVBoxLayout* column = strip_->LieBelow(this);
     column->addWidget(grid_, 1);
     column->addLayout(
         bound_.MakeButtonRow(this, {&view.cmdPause, &view.cmdContin, &view.cmdPrint, &view.cmdEnd}));

@@ -11,8 +11,8 @@
 #include <QStyledItemDelegate>
 #include <vector>
 
-#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/qt_text.h"
+#include "desktop/kit/screen_colors.h"
 #include "desktop/kit/segments.h"
 #include "meter/text.h"
 
