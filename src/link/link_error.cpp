@@ -71,6 +71,10 @@ std::string RefusalWords(int exception) {
 
 }  // namespace
 
+std::string LinkStepName(int step, ErrorSource source) {
+    return std::string(TextOf(source, step));
+}
+
 std::string LinkErrorMeaning(int linkError, ErrorSource source) {
     if (const std::string_view line = TextOf(From::Unknown, linkError); !line.empty())
         return std::string(line);

@@ -8,6 +8,8 @@
 
 namespace counter {
 
+class AwaitedReply;
+
 struct LinkState {
     // One exchange.
     std::string
@@ -17,9 +19,11 @@ struct LinkState {
     std::string ReplyText;  // the reply with its framing removed and blanks trimmed
     std::string RawReply;   // the reply before trimming
     bool ReplyHadEnd = false;                     // Custom ASCII: a CR or LF was after it
+    bool ReplyWasOdd = false;                     // Custom ASCII: a last digit without its pair was dropped
     int LinkError = 0;                            // 0 good, see link_error.h
     ErrorSource FailedIn = ErrorSource::Unknown;  // of a LinkError below 20
     bool PortFault = false;                       // WaitForInput met a port error
+    AwaitedReply* Awaited = nullptr;              // serial: the innermost one that is being taken in
 
     // Through the node.
     std::string NodeReply;      // what arrived last; empty: nothing yet

@@ -39,8 +39,7 @@ void PutFirstTwoDigits(SetupImage& image, int pos, unsigned value) {
 }  // namespace
 
 bool IsWholeSetup(std::string_view digits) {
-    return digits.size() == kImageDigits &&
-           std::all_of(digits.begin(), digits.end(), [](char c) { return HexDigitValue(c) >= 0; });
+    return digits.size() == kImageDigits && IsHexText(digits);
 }
 
 std::string WhyNoWholeSetup(std::string_view digits) {

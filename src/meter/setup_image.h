@@ -17,6 +17,7 @@ inline constexpr int kImageDigits = 260;
 
 struct SetupImage {
     std::string SetupData = std::string(kImageDigits, '0');
+    bool operator==(const SetupImage&) const = default;
 };
 
 // A text is a whole setup when it is 260 hexadecimal digits, of either case, and nothing else. What else a
