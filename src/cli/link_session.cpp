@@ -99,6 +99,7 @@ int LinkSession::LogIn() {
 int LinkSession::Get() {
     GetSetup(session_);
     if (session_.LinkState.LinkError != 0) return kLinkFailed;
+    if (!session_.Home.SetupDoubt.empty()) return kLinkFailed;
     const Status& kept = session_.Home.Backup;
     if (!kept.Ok()) {
         EndBar();
@@ -131,11 +132,13 @@ int LinkSession::End(const Json& more) {
 
 int LinkSession::EndAction(const ActionEnd& end) {
     const int error = session_.LinkState.LinkError;
-    const bool failed = end.Failed || error != 0;
+    const std::string& doubt = session_.Home.SetupDoubt;
+    const bool failed = end.Failed || error != 0 || !doubt.empty();
     Finish();
     if (call_.Json) {
         Json document = {{"status", Utf8(end.Status)}, {"LinkError", error}};
         if (error != 0) document["LinkErrorText"] = session_.LinkState.ErrorMeaning();
+        if (!doubt.empty()) document["doubt"] = doubt;
         document.update(end.More);
         document["messages"] = dialogs_.Messages();
         WriteJson(call_, document);
@@ -143,6 +146,7 @@ int LinkSession::EndAction(const ActionEnd& end) {
         call_.Text() << end.Plain << "\n";
     }
     if (error != 0) Complain(call_.World) << session_.LinkState.ErrorMeaning() << "\n";
+    if (error == 0 && !doubt.empty()) Complain(call_.World) << doubt << "\n";
     if (failed) call_.World.Err << end.Status << "\n";
     return failed ? kLinkFailed : kDone;
 }

@@ -79,7 +79,7 @@ void Succeed(Session& session, const Reading& reading) {
         note = AddedNote(note, "memory has the meter's setup, not what was chosen meanwhile");
     TakeIntoMemory(session, reading.Came);
     session.Identity.SetupFromMeter = true;
-    home.SetupDoubt = reading.Doubt.empty() ? "" : "Of what came from the meter, " + reading.Doubt + ".";
+    home.SetupDoubt = reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".";
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
     home.ShowProgress(false);
     // What may not be the meter's setup is no copy to go back to.
