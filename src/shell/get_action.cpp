@@ -41,18 +41,13 @@ struct Reading {
     }
 };
 
-void TakeIntoMemory(Session& session, const SetupImage& image) {
-    session.Image = image;
-    if (session.Home.Replaced) session.Home.Replaced();
-}
-
 void Fail(Session& session, const Reading& reading) {
     HomeState& home = session.Home;
     std::string note;
     if (session.Image != reading.Before) {
         note = "memory keeps what was chosen meanwhile";
     } else if (reading.Came != reading.Before) {
-        TakeIntoMemory(session, reading.Came);
+        session.Image = reading.Came;
         home.SetupDoubt = "The last Get failed: what is in memory is from the meter only in part.";
         note = "memory has only a part of the meter's setup";
     }
@@ -77,7 +72,7 @@ void Succeed(Session& session, const Reading& reading) {
     std::string note = reading.Doubt;
     if (reading.ChosenMeanwhile(session))
         note = AddedNote(note, "memory has the meter's setup, not what was chosen meanwhile");
-    TakeIntoMemory(session, reading.Came);
+    session.Image = reading.Came;
     session.Identity.SetupFromMeter = true;
     home.SetupDoubt = reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".";
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
@@ -123,6 +118,7 @@ void GetSetup(Session& session) {
     Reading reading{session.Image, session.Writes.Begun, session.Image, {}};
     Transfer(session, reading);
     Finish(session, reading);
+    if (session.Home.Replaced) session.Home.Replaced();
     if (CodeOf(session.Image, Field::DisplayType) == DisplayType::RemoteA)
         session.Dialogs.Show({"Note:", kRemoteNote, BoxIcon::None});
     session.Home.ShowHourglass(false);

@@ -13,6 +13,7 @@
 #include "support/monkey.h"
 #include "support/node_net.h"
 #include "support/temp_folder.h"
+#include "support/truth.h"
 
 namespace counter::test {
 namespace {
@@ -87,6 +88,7 @@ struct SerialDesk {
         return line.Meter().SetFaults(AnyFaults(dice)), "faults";
     }
     void Heal() { Bench.Line.Plug(), Bench.Line.NextOpen = {}, Bench.Line.Meter().SetFaults({}); }
+    std::string MeterImage() { return Bench.Line.Meter().ImageText(); }
     void LogIn() {}
     Desktop& Desk() { return *Bench.Desk; }
     GuiBench Bench;
@@ -108,6 +110,7 @@ struct NodeDesk {
         return Bench.Meter().SetFaults(AnyFaults(dice)), "faults";
     }
     void Heal() { Bench.Meter().SetFaults({}); }
+    std::string MeterImage() { return Bench.Meter().ImageText(); }
     void LogIn() {
         Bench.Pump.After(0, [this] { Of->LogIn(); });
     }
@@ -143,11 +146,13 @@ template <class World>
 void Play(Dice& dice, bool calm, int acts) {
     World world(dice, AnyMeter(dice, calm));
     LayOutFiles(dice, world.Bench.Store);
+    Truth truth(world.Bench.Program, world.Bench.Store, calm, [&] { return world.MeterImage(); });
     Monkey monkey(dice, world.Bench.Pump, world.Desk(), world.Bench.Boxes, calm, [&]() -> std::string {
         world.Bench.Boxes.Path = calm ? Folder().At("kept.CT2") : AnyPath(dice);
         if (calm || dice.OneIn(2)) return "another path";
         return dice.OneIn(3) ? (world.Heal(), "healed") : world.Break(dice);
     });
+    monkey.AfterAct = [&truth] { truth.Look(); };
     int status = -1;
     try {
         world.LogIn();

@@ -40,6 +40,7 @@ class Monkey {
         pump_.Pass(kLongestPauseMs);
         boxes_.Meanwhile = nullptr;
     }
+    std::function<void()> AfterAct;
     // What it did last, a line each.
     std::string Story() const {
         std::string story;
@@ -70,6 +71,7 @@ class Monkey {
         const Deeper deeper(depth_);
         Act();
         GuiPump::Settle();
+        if (AfterAct) AfterAct();
     }
     void Rest() {
         if (pump_.NowMs() > lastActMs_ + kLongestWaitMs) throw EndlessWait("no end of: " + pump_.Reasons());
