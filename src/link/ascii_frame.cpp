@@ -1,8 +1,18 @@
 #include "link/ascii_frame.h"
 
+#include <algorithm>
+
 #include "link/link_error.h"
 
 namespace counter {
+
+namespace {
+
+bool HasText(std::string_view received) {
+    return received.find_first_not_of("\r\n") != std::string_view::npos;
+}
+
+}  // namespace
 
 std::string FrameAscii(std::string_view command) {
     return std::string(command) + "\r\n";
@@ -23,6 +33,7 @@ void JudgeAscii(LinkState& link, std::string_view received) {
     const std::size_t length = !valueReply && end % 2 == 1 ? end - 1 : end;
     link.RawReply = std::string(received.substr(0, length));
     link.ReplyText = link.RawReply;
+    link.ReplyHadMore = HasText(received.substr(end));
 }
 
 void JudgeNodeAscii(LinkState& link, std::string_view received) {
@@ -31,6 +42,7 @@ void JudgeNodeAscii(LinkState& link, std::string_view received) {
     if (received.ends_with('\r')) received.remove_suffix(1);
     link.RawReply = std::string(received);
     link.ReplyText = link.RawReply;
+    link.ReplyHadMore = HasText(received.substr(std::min(received.find('\r'), received.size())));
 }
 
 }  // namespace counter

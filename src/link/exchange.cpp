@@ -105,16 +105,21 @@ void SendCommand(Link& link) {
     link.Port.SetRtsEnable(true);
     link.Port.Input();
     const std::string frame = state.CommandText;
+    const std::string request = state.ModbusPayload;
     link.Port.Output(frame);
     WaitForOutput(link);
     state.CommandText = frame;
+    state.ModbusPayload = request;
 }
 
 void ReceiveReply(Link& link) {
     LinkState& state = link.State;
     const std::string sent = state.CommandText;
+    const std::string request = state.ModbusPayload;
+    state.ReplyHadMore = false;
     if (state.EthernetMode) {
         ReceiveThroughNode(link);
+        state.ModbusPayload = request;
         if (state.LinkError == LinkErrors::kGood) state.ReplyText = TrimBlanks(state.ReplyText);
         return;
     }
@@ -122,8 +127,9 @@ void ReceiveReply(Link& link) {
     if (!WaitForFirstCharacter(link)) return;
     LinkDelay(link, kFirstPartMs);
     std::string reply = TakeUntilSilence(link);
-    if (state.LinkError != LinkErrors::kGood) return;
     state.CommandText = sent;  // the reply is this command's, whatever was sent meanwhile
+    state.ModbusPayload = request;
+    if (state.LinkError != LinkErrors::kGood) return;
     if (!RemoveEcho(state, reply)) return;
     if (Judge(state, reply)) state.ReplyText = TrimBlanks(state.ReplyText);
 }
