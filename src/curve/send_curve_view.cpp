@@ -102,11 +102,12 @@ void SendCurveView::Send(const CurveItems& items) {
     const auto write = [this, opening](const char* text) {
         if (opening == opening_) Write(text);
     };
-    if (!SendCurve(Program.Link, items, Target(), write)) {
+    const CurveEnd end = SendCurve(Program.Link, items, Target(), write, EndWanted);
+    if (end == CurveEnd::Failed) {
         write(kVerifyFailedText);
         write(kCheckCablingText);
-        return;
     }
+    if (end != CurveEnd::Stored) return;
     write(kStoredText);
     if (opening == opening_) Controls.SetFocus(cmdDone);
 }

@@ -35,6 +35,9 @@ class SendCurveView {
 
     // Closes the dialog; may be empty.
     std::function<void()> CloseDialog;
+    // The program is to end: a transfer then ends between two frames, but not with half a curve. May be
+    // empty.
+    std::function<bool()> EndWanted;
 
   private:
     static constexpr int kHelpNumber = 3104;  // of all hand work
