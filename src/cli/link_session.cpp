@@ -110,6 +110,7 @@ int LinkSession::TellStranger() {
 int LinkSession::Get() {
     GetSetup(session_);
     if (session_.LinkState.LinkError != 0) return kLinkFailed;
+    if (!session_.Home.SetupDoubt.empty()) return kLinkFailed;
     const Status& kept = session_.Home.Backup;
     if (!kept.Ok()) {
         EndBar();
@@ -142,11 +143,13 @@ int LinkSession::End(const Json& more) {
 
 int LinkSession::EndAction(const ActionEnd& end) {
     const int error = session_.LinkState.LinkError;
-    const bool failed = end.Failed || error != 0;
+    const std::string& doubt = session_.Home.SetupDoubt;
+    const bool failed = end.Failed || error != 0 || !doubt.empty();
     Finish();
     if (call_.Json) {
         Json document = {{"status", Utf8(end.Status)}, {"LinkError", error}};
         if (error != 0) document["LinkErrorText"] = session_.LinkState.ErrorMeaning();
+        if (!doubt.empty()) document["doubt"] = doubt;
         document.update(end.More);
         document["messages"] = dialogs_.Messages();
         WriteJson(call_, document);
@@ -154,6 +157,7 @@ int LinkSession::EndAction(const ActionEnd& end) {
         call_.Text() << end.Plain << "\n";
     }
     if (error != 0) Complain(call_.World) << session_.LinkState.ErrorMeaning() << "\n";
+    if (error == 0 && !doubt.empty()) Complain(call_.World) << doubt << "\n";
     if (failed) call_.World.Err << end.Status << "\n";
     return failed ? kLinkFailed : kDone;
 }

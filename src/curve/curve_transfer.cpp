@@ -31,6 +31,17 @@ bool HoldsBlock(Link& link, const char* block, const std::string& item, int othe
 
 }  // namespace
 
+const char* LeftBy(CurveEnd end) {
+    switch (end) {
+        case CurveEnd::NotBegun:
+            return "nothing was sent: the meter has the curve that it had";
+        case CurveEnd::Stored:
+            return "the curve was stored and verified before";
+        default:
+            return "both items were sent and not verified: send the curve again";
+    }
+}
+
 CurveEnd SendCurve(Link& link, const CurveItems& items, CurveBoard board,
                    const std::function<void(const char* text)>& tell,
                    const std::function<bool()>& endWanted) {

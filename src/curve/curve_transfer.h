@@ -34,6 +34,9 @@ enum class CurveEnd {
     NotVerified  // the end was wanted later: both items have gone out, and the curve is not taken in use
 };
 
+// What the meter was left with by a transfer that an end has cut short, for people.
+const char* LeftBy(CurveEnd end);
+
 // Sends the items and reads them back, telling the first three texts above when it is so. An item that comes
 // back as another one leaves LinkError at 1 (the second) or 2. `endWanted`, which may be empty, is looked at
 // between the frames; half a curve helps nobody, so that the second item follows the first whatever it says.

@@ -1,6 +1,7 @@
 #include "desktop/desktop.h"
 
 #include <QApplication>
+#include <cstdio>
 
 #include "desktop/pages/calibration_page.h"
 #include "desktop/pages/chart_page.h"
@@ -42,6 +43,7 @@ Desktop::Desktop(Session& session, Folders folders)
 
 // The pages go first: they hold on to their views.
 Desktop::~Desktop() {
+    session_.Home.Replaced = nullptr;
     if (hourglassShown_) QApplication::restoreOverrideCursor();
     window_.reset();
 }
@@ -54,6 +56,8 @@ void Desktop::Connect() {
     };
     home_.CloseSockets = [this] { session_.Node.Close(); };
     home_.HoldExit = [this] { return HoldExit(); };
+    home_.TellOutside = [](const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); };
+    session_.Home.Replaced = [this] { ShowReplaced(); };
     const std::function<void()> shown = session_.Home.Changed;
     session_.Home.Changed = [this, shown] {
         shown();
@@ -234,7 +238,13 @@ void Desktop::OpenHelp(int helpId, HelpFrom from, HelpPlace place) {
 
 void Desktop::Interrupt() {
     if (ViewPage* page = window_->Current(); page && page != homePage_) page->Leave();
-    home_.Exit();
+    home_.ExitFromOutside();
+}
+
+// A view that was opened in a wait of a Get shows the setup from before it.
+void Desktop::ShowReplaced() {
+    ViewPage* const page = window_->Current();
+    if (page && (page == setupPage_ || page == menuPage_)) page->ComeToFront();
 }
 
 void Desktop::ShowHourglass() {

@@ -72,6 +72,7 @@ class Desktop {
     HelpWorld WorldOfHelp();
     void MakeReading(ReadingView& view);
     void ShowHourglass();
+    void ShowReplaced();
     // True: a view must finish something first, and exits after it.
     bool HoldExit();
     void Connect();

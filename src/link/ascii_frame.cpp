@@ -30,14 +30,15 @@ void JudgeAscii(LinkState& link, std::string_view received) {
         return;
     }
     const bool valueReply = link.CommandText.size() > 2 && link.CommandText[2] == 'B';
-    const std::size_t length = !valueReply && end % 2 == 1 ? end - 1 : end;
-    link.RawReply = std::string(received.substr(0, length));
+    link.ReplyWasOdd = !valueReply && end % 2 == 1;
+    link.RawReply = std::string(received.substr(0, link.ReplyWasOdd ? end - 1 : end));
     link.ReplyText = link.RawReply;
     link.ReplyHadMore = HasText(received.substr(end));
 }
 
 void JudgeNodeAscii(LinkState& link, std::string_view received) {
     link.ReplyHadEnd = received.ends_with('\r') || received.ends_with('\n');
+    link.ReplyWasOdd = false;
     if (received.ends_with('\n')) received.remove_suffix(1);
     if (received.ends_with('\r')) received.remove_suffix(1);
     link.RawReply = std::string(received);

@@ -1,6 +1,7 @@
 #include "link/exchange.h"
 
 #include "link/ascii_frame.h"
+#include "link/awaited_reply.h"
 #include "link/link_error.h"
 #include "link/modbus_frame.h"
 #include "link/node_exchange.h"
@@ -12,11 +13,6 @@ namespace counter {
 namespace {
 
 constexpr double kBeforeSendMs = 300;
-constexpr double kFirstCharacterMs = 3000;
-constexpr double kFirstPartMs = 200;
-// Far above the four seconds that the longest block takes at 300 baud. A meter that was left in continuous
-// output may never fall silent; what came is then judged as it is, and found to have the wrong length.
-constexpr double kLongestReplyMs = 30'000;
 
 std::string TrimBlanks(const std::string& text) {
     const std::size_t first = text.find_first_not_of(' ');
@@ -40,35 +36,6 @@ void BuildFrame(LinkState& link) {
                            : FrameModbusAscii(link.ModbusPayload);
 }
 
-bool WaitForFirstCharacter(Link& link) {
-    link.Pump.WaitUntil(
-        link.Pump.NowMs() + kFirstCharacterMs,
-        [&] { return link.Port.Faulted() || link.Port.InBufferCount() > 0; }, "first character of a reply");
-    if (link.Port.Faulted()) {
-        link.State.LinkError = LinkErrors::kPortFault;
-    } else if (link.Port.InBufferCount() == 0) {
-        link.State.LinkError = LinkErrors::kNoReply;
-    }
-    return link.State.LinkError == LinkErrors::kGood;
-}
-
-// Takes in characters until none comes for ten characters' time and 50 ms.
-std::string TakeUntilSilence(Link& link) {
-    const double gapMs = static_cast<double>(link.State.CharTimeMs * 10 + 50);
-    std::string reply;
-    const double lastMs = link.Pump.NowMs() + kLongestReplyMs;
-    const auto input = [&] { return link.Port.Faulted() || link.Port.InBufferCount() > 0; };
-    while (link.Pump.NowMs() < lastMs &&
-           link.Pump.WaitUntil(link.Pump.NowMs() + gapMs, input, "end of a reply")) {
-        if (link.Port.Faulted()) {
-            link.State.LinkError = LinkErrors::kPortFault;
-            break;
-        }
-        reply += link.Port.Input();
-    }
-    return reply;
-}
-
 // Half duplex adapters send back what was sent, check fields and line end included.
 bool RemoveEcho(LinkState& link, std::string& reply) {
     if (!link.EchoMode) return true;
@@ -90,17 +57,19 @@ bool Judge(LinkState& link, const std::string& reply) {
 
 }  // namespace
 
-// Another press may send during each of these waits and leaves its own texts, so that these are put
-// back after it.
-void SendCommand(Link& link) {
+// In the wait of another exchange its reply comes first. Another press may send during each of these waits
+// and leaves its own texts, so that these are put back after it.
+bool SendCommand(Link& link, const std::function<bool()>& withdrawn) {
     LinkState& state = link.State;
     const std::string command = state.CommandText;
     const std::string payload = state.ModbusPayload;
     LinkDelay(link, kBeforeSendMs);
+    if (state.Awaited) state.Awaited->TakeIn();
+    if (withdrawn && withdrawn()) return false;
     state.CommandText = command;
     state.ModbusPayload = payload;
     BuildFrame(state);
-    if (state.EthernetMode) return SendThroughNode(link);
+    if (state.EthernetMode) return SendThroughNode(link), true;
     if (link.Port.InBufferCount() != 0) state.RawReply = link.Port.Input();
     link.Port.SetRtsEnable(true);
     link.Port.Input();
@@ -110,6 +79,7 @@ void SendCommand(Link& link) {
     WaitForOutput(link);
     state.CommandText = frame;
     state.ModbusPayload = request;
+    return true;
 }
 
 void ReceiveReply(Link& link) {
@@ -123,20 +93,19 @@ void ReceiveReply(Link& link) {
         if (state.LinkError == LinkErrors::kGood) state.ReplyText = TrimBlanks(state.ReplyText);
         return;
     }
-    state.LinkError = LinkErrors::kGood;
-    if (!WaitForFirstCharacter(link)) return;
-    LinkDelay(link, kFirstPartMs);
-    std::string reply = TakeUntilSilence(link);
+    AwaitedReply reply(link);
+    reply.TakeIn();
+    state.LinkError = reply.LinkError;
     state.CommandText = sent;  // the reply is this command's, whatever was sent meanwhile
     state.ModbusPayload = request;
     if (state.LinkError != LinkErrors::kGood) return;
-    if (!RemoveEcho(state, reply)) return;
-    if (Judge(state, reply)) state.ReplyText = TrimBlanks(state.ReplyText);
+    if (!RemoveEcho(state, reply.Bytes)) return;
+    if (Judge(state, reply.Bytes)) state.ReplyText = TrimBlanks(state.ReplyText);
 }
 
-void SendAscii(Link& link, std::string_view body) {
+bool SendAscii(Link& link, std::string_view body, const std::function<bool()>& withdrawn) {
     link.State.CommandText = AsciiCommand(link.State, body);
-    SendCommand(link);
+    return SendCommand(link, withdrawn);
 }
 
 void AskAscii(Link& link, std::string_view body) {

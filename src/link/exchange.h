@@ -9,6 +9,7 @@
 // Through the node the reply comes in one piece instead, see node_exchange.h.
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 #include "link/link.h"
@@ -16,15 +17,16 @@
 namespace counter {
 
 // Sends CommandText (Custom ASCII) or ModbusPayload (Modbus) as they are on entry, framed: what another press
-// sends during the waits has its own. Stale input is thrown away. A send has no failure report.
-void SendCommand(Link& link);
+// sends during the waits has its own. Stale input is thrown away. A send has no failure report. What is no
+// longer wanted when its turn has come is not sent, and false returned.
+bool SendCommand(Link& link, const std::function<bool()>& withdrawn = {});
 
 // Takes in the reply: sets LinkError and, where the reply allows, RawReply and ReplyText. Without a reply the
 // texts stay what they were. Ends after half a minute also where the meter sends on and on.
 void ReceiveReply(Link& link);
 
 // A Custom ASCII command for this meter's address, sent.
-void SendAscii(Link& link, std::string_view body);
+bool SendAscii(Link& link, std::string_view body, const std::function<bool()>& withdrawn = {});
 // The same, and its reply.
 void AskAscii(Link& link, std::string_view body);
 // A Modbus request as hexadecimal digits without address, and its reply.

@@ -76,6 +76,11 @@ std::string RefusalWords(int exception) {
 
 }  // namespace
 
+std::string LinkStepName(int step, ErrorSource source) {
+    const Words* words = FindWords(source, step);
+    return words == nullptr ? "" : std::string(words->Text);
+}
+
 std::string LinkErrorMeaning(int linkError, ErrorSource source) {
     if (const Words* line = FindWords(From::Unknown, linkError)) return std::string(line->Text);
     if (source == From::Refusal) return RefusalWords(linkError);

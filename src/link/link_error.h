@@ -73,6 +73,9 @@ inline constexpr int kOtherTransaction = 27;  // node: the reply of another Modb
 // What a number below 20 is of.
 enum class ErrorSource { Unknown, Refusal, GetAscii, GetModbus, PutModbus, Reading, Calibration, Curve };
 
+// What was done in the step whose number `step` is: "third block". Empty where there is none.
+std::string LinkStepName(int step, ErrorSource source);
+
 // The number in words, for people: "third block: wrong length".
 std::string LinkErrorMeaning(int linkError, ErrorSource source = ErrorSource::Unknown);
 

@@ -41,6 +41,14 @@ constexpr unsigned ParseHex(std::string_view digits) {
     return number;
 }
 
+// Nothing but digits, of either case; true for an empty text.
+constexpr bool IsHexText(std::string_view text) {
+    for (char digit : text) {
+        if (HexDigitValue(digit) < 0) return false;
+    }
+    return true;
+}
+
 // The last `digits` digits of the number, filled up with 0 at the left.
 std::string HexNumber(unsigned value, int digits);
 

@@ -10,11 +10,16 @@ void Tell(const HomeState& home) {
 
 }  // namespace
 
-void HomeState::ShowStatus(const std::string& text, Color color) {
+void HomeState::ShowStatus(const std::string& text, Color color, const std::string& note) {
     StatusText = text;
+    StatusNote = note;
     StatusColor = color;
     StatusVisible = true;
     Tell(*this);
+}
+
+std::string HomeState::StatusLine() const {
+    return StatusNote.empty() ? StatusText : StatusText + "  (" + StatusNote + ")";
 }
 
 void HomeState::HideStatus() {

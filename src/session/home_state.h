@@ -11,13 +11,15 @@ namespace counter {
 
 struct HomeState {
     std::string StatusText;  // the progress line
+    std::string StatusNote;  // what else is to be known, after the text of the line; goes with it
     Color StatusColor = ColorWhite;
     bool StatusVisible = false;
     int ProgressPercent = 0;  // 0..100
     bool ProgressVisible = false;
     bool Hourglass = false;
     std::string CurrentFileName;
-    Status Backup;  // how the last good Get's copy was kept
+    Status Backup;           // how the last good Get's copy was kept
+    std::string SetupDoubt;  // why the setup in memory may not be a whole one, a sentence; empty: it is
 
     // Menu entries that are enabled by what was loaded.
     bool ViewEnabled = false;
@@ -26,8 +28,12 @@ struct HomeState {
     bool CalibrationEnabled = false;
 
     std::function<void()> Changed;  // tells who shows it; may be empty
+    std::function<void()>
+        Replaced;  // another setup is in memory though the home view may not be on show; may be empty
 
-    void ShowStatus(const std::string& text, Color color);
+    void ShowStatus(const std::string& text, Color color, const std::string& note = {});
+    // The status line: text, and the note in brackets after it.
+    std::string StatusLine() const;
     void HideStatus();
     void ProgressTo(int percent);
     void ShowProgress(bool visible);

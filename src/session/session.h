@@ -18,6 +18,7 @@
 #include "platform/serial_port.h"
 #include "platform/sockets.h"
 #include "session/home_state.h"
+#include "session/setup_writes.h"
 #include "session/view_state.h"
 #include "settings/settings.h"
 
@@ -40,6 +41,7 @@ struct Session {
     DerivedValues Derived;
     HomeState Home;
     ViewState Views;
+    SetupWrites Writes;
 
     NodeClient Node{LinkState, Pump, Dialogs, Sockets};
     counter::Link Link{LinkState, Pump, Port, &Node};

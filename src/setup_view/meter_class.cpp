@@ -66,6 +66,7 @@ void MeterClass::SendClass(int extended) {
     LinkState& link = Program.LinkState;
     bool connected = Program.Settings.CommsEnabled != Comms::NoLink || link.EthernetMode;
     if (!connected || link.ModbusLink) return;
+    const SetupWriteScope writing(Program.Writes);
     AskAscii(Program.Link, "X11FZ");
     if (link.LinkError != 0 || link.ReplyText.size() != kWordDigits) return;
     LinkDelay(Program.Link, kBetweenFramesMs);

@@ -27,49 +27,102 @@ void BeginGet(Session& session) {
     session.Home.ShowProgress(true);
 }
 
-void Fail(Session& session) {
-    session.Identity.SetupFromMeter = false;
-    session.Home.ShowStatus("Failed to Get data, check connections, then try again.      ( " +
-                                std::to_string(session.LinkState.LinkError) + ")",
-                            ColorRed);
+// Two setups can come to be in memory during a Get: what the user chose meanwhile, and what came. The later
+// one has it whole: what came when all of it came, what was chosen when the Get failed.
+struct Reading {
+    const SetupImage Before;  // in memory as the Get began
+    const int WritesBegun;
+    SetupImage Came;  // so far; registers that no range names keep what they held
+    std::string Doubt;
+
+    // What a Get in a wait of this one brought is the same.
+    bool ChosenMeanwhile(const Session& session) const {
+        return session.Image != Before && session.Image != Came;
+    }
+};
+
+void TakeIntoMemory(Session& session, const SetupImage& image) {
+    session.Image = image;
+    if (session.Home.Replaced) session.Home.Replaced();
 }
 
-void Succeed(Session& session) {
+void Fail(Session& session, const Reading& reading) {
     HomeState& home = session.Home;
+    std::string note;
+    if (session.Image != reading.Before) {
+        note = "memory keeps what was chosen meanwhile";
+    } else if (reading.Came != reading.Before) {
+        TakeIntoMemory(session, reading.Came);
+        home.SetupDoubt = "The last Get failed: what is in memory is from the meter only in part.";
+        note = "memory has only a part of the meter's setup";
+    }
+    session.Identity.SetupFromMeter = false;
+    home.ShowStatus("Failed to Get data, check connections, then try again.      ( " +
+                        std::to_string(session.LinkState.LinkError) + ")",
+                    ColorRed, note);
+}
+
+// Blocks of before and after a write are no setup.
+void TellWritten(Session& session) {
+    session.Home.ShowStatus(
+        "The meter was written while it was read: what came was not taken. Get Setup once more.", ColorRed);
+}
+
+std::string AddedNote(const std::string& note, const std::string& more) {
+    return note.empty() || more.empty() ? note + more : note + "; " + more;
+}
+
+void Succeed(Session& session, const Reading& reading) {
+    HomeState& home = session.Home;
+    std::string note = reading.Doubt;
+    if (reading.ChosenMeanwhile(session))
+        note = AddedNote(note, "memory has the meter's setup, not what was chosen meanwhile");
+    TakeIntoMemory(session, reading.Came);
     session.Identity.SetupFromMeter = true;
+    home.SetupDoubt = reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".";
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
     home.ShowProgress(false);
-    home.ShowStatus("Getting data from the Counter.  Data received OK.", ColorGreen);
-    home.Backup = KeepBackup(session);
+    // What may not be the meter's setup is no copy to go back to.
+    home.Backup = reading.Doubt.empty() ? KeepBackup(session) : Status();
+    if (!home.Backup.Ok()) note = AddedNote(note, "no backup: " + home.Backup.Text());
+    home.ShowStatus("Getting data from the Counter.  Data received OK.", ColorGreen, note);
 }
 
 // Service technicians find the image of the last Get over Modbus here; nothing in the program reads it, so a
 // folder that takes no file is no failure of the Get.
-void WriteServiceFile(Session& session) {
-    session.Folder.Store.Write(session.Folder.At("DataFil2"), DataFil2Text(session.Image));
+void WriteServiceFile(Session& session, const SetupImage& image) {
+    session.Folder.Store.Write(session.Folder.At("DataFil2"), DataFil2Text(image));
 }
 
-void Transfer(Session& session) {
-    SetupTransfer transfer{session.Link, session.Image, session.Identity, session.Derived,
+void Transfer(Session& session, Reading& reading) {
+    SetupTransfer transfer{session.Link, reading.Came, session.Identity, session.Derived,
                            [&](int percent) { session.Home.ProgressTo(percent); }};
-    if (!session.LinkState.ModbusLink) {
+    if (session.LinkState.ModbusLink) {
+        GetSetupModbus(transfer);
+    } else {
         GetSetupAscii(transfer);
-        return;
     }
-    GetSetupModbus(transfer);
-    if (session.LinkState.LinkError == 0) WriteServiceFile(session);
+    reading.Doubt = transfer.Doubt;
+}
+
+bool WrittenMeanwhile(const Session& session, const Reading& reading) {
+    return session.Writes.Running > 0 || session.Writes.Begun != reading.WritesBegun;
+}
+
+void Finish(Session& session, const Reading& reading) {
+    if (WrittenMeanwhile(session, reading)) return TellWritten(session);
+    if (session.LinkState.LinkError != 0) return Fail(session, reading);
+    if (session.LinkState.ModbusLink) WriteServiceFile(session, reading.Came);
+    Succeed(session, reading);
 }
 
 }  // namespace
 
 void GetSetup(Session& session) {
     BeginGet(session);
-    Transfer(session);
-    if (session.LinkState.LinkError != 0) {
-        Fail(session);
-    } else {
-        Succeed(session);
-    }
+    Reading reading{session.Image, session.Writes.Begun, session.Image, {}};
+    Transfer(session, reading);
+    Finish(session, reading);
     if (CodeOf(session.Image, Field::DisplayType) == DisplayType::RemoteA)
         session.Dialogs.Show({"Note:", kRemoteNote, BoxIcon::None});
     session.Home.ShowHourglass(false);

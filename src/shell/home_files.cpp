@@ -32,6 +32,7 @@ void HomeView::TakeLoaded() {
 
 void HomeView::DefaultSetup() {
     BuildDefaultSetup(session_.Image);
+    session_.Home.SetupDoubt.clear();
     TakeLoaded();
     session_.Home.ShowProgress(false);
     session_.Home.ShowStatus("Default Setup data loaded.", ColorWhite);
@@ -40,13 +41,16 @@ void HomeView::DefaultSetup() {
 void HomeView::OpenSetup() {
     const std::string path = session_.Dialogs.AskOpenFile({"Open Setup File", std::string(kSetupFilter)});
     if (path.empty()) return;
-    if (Status status = LoadSetupFile(session_.Folder.Store, path, session_.Image); !status.Ok()) {
+    std::string wrong;
+    if (Status status = LoadSetupFile(session_.Folder.Store, path, session_.Image, wrong); !status.Ok()) {
         session_.Home.ShowStatus(status.Text(), ColorRed);
         return;
     }
     session_.Home.CurrentFileName = path;
+    session_.Home.SetupDoubt = wrong.empty() ? "" : "The file that was opened has " + wrong + ".";
     TakeLoaded();
-    session_.Home.ShowStatus("Setup data loaded from " + path, ColorWhite);
+    session_.Home.ShowStatus("Setup data loaded from " + path, ColorWhite,
+                             wrong.empty() ? "" : "no whole setup: " + wrong);
 }
 
 void HomeView::SaveSetup() {
@@ -88,9 +92,21 @@ void HomeView::Get() {
     session_.Views.EntryReturn = 0;
 }
 
+// What may be no whole setup goes out only after a question.
+bool HomeView::PutIsMeant() {
+    const std::string& doubt = session_.Home.SetupDoubt;
+    if (doubt.empty()) return true;
+    if (session_.Dialogs.Confirm({"Put Data", doubt + "\nWrite it into the meter?", BoxIcon::Stop}))
+        return true;
+    session_.Home.ShowStatus("Nothing was written.", ColorWhite);
+    return false;
+}
+
 void HomeView::Put() {
+    if (!PutIsMeant()) return;
     const Status settled = PutSetup(session_);
     if (!settled.Ok()) session_.Home.ShowStatus(settled.Text(), ColorRed);
+    session_.Writes.EndIfWanted();
 }
 
 }  // namespace counter

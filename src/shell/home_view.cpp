@@ -1,5 +1,7 @@
 #include "shell/home_view.h"
 
+#include <utility>
+
 #include "link/port_setup.h"
 #include "meter/meter_words.h"
 
@@ -20,10 +22,15 @@ HomeView::HomeView(Session& session) : session_(session) {
     AddMenu();
     Wire();
     session_.Home.Changed = [this] { ShowState(); };
+    session_.Writes.EndProgram = [this] {
+        TellWritten();
+        EndProgram();
+    };
 }
 
 HomeView::~HomeView() {
     session_.Home.Changed = nullptr;
+    session_.Writes.EndProgram = nullptr;
 }
 
 Control& HomeView::Add(ControlKind kind, std::string_view name, std::string_view caption) {
@@ -85,7 +92,7 @@ void HomeView::Activate() {
 
 void HomeView::ShowState() {
     const HomeState& home = session_.Home;
-    lblPGText.Caption = home.StatusText;
+    lblPGText.Caption = home.StatusLine();
     lblPGText.TextColor = home.StatusColor;
     lblPGText.Visible = home.StatusVisible;
     pbBar.Value = home.ProgressPercent;
@@ -160,7 +167,38 @@ void HomeView::OpenView(const HomeMenuRow& row) {
 }
 
 void HomeView::Exit() {
-    if (HoldExit && HoldExit()) return;
+    WantEnd(EndWish::User);
+}
+
+void HomeView::ExitFromOutside() {
+    WantEnd(EndWish::Outside);
+}
+
+void HomeView::WantEnd(EndWish wish) {
+    SetupWrites& writes = session_.Writes;
+    const bool first = !writes.EndWanted();
+    if (first) writes.Wish = wish;
+    if (first && HoldExit && HoldExit()) return;
+    if (first && writes.Running > 0) {
+        session_.Home.ShowStatus("The program ends after the frame in hand. A second Exit ends it at once.",
+                                 ColorWhite);
+        return;
+    }
+    TellWritten();
+    EndProgram();
+}
+
+// Only where a write was ended by it.
+void HomeView::TellWritten() {
+    SetupWrites& writes = session_.Writes;
+    if (!writes.SoFar) return;
+    const std::string text = std::exchange(writes.SoFar, nullptr)();
+    if (TellOutside) TellOutside(text);
+    const bool atOnce = writes.Running > 0;
+    if (writes.Wish == EndWish::User && !atOnce) session_.Dialogs.Show({"Exit", text, BoxIcon::Stop});
+}
+
+void HomeView::EndProgram() {
     SettingsLines lines = session_.Settings.Lines;
     if (lines.SettingsLine2.size() == kOldNodeLine) lines.SettingsLine2 += "0";
     SettingsPut(lines.SettingsLine2, kEndedAt, "1");

@@ -33,8 +33,12 @@ class HomeView {
     void RestoreScreen();
     // F1: help on what the user touched last.
     void HelpKey();
-    // Settings written, port closed, process ended. Returns only where the end has to wait.
+    // Settings written, port closed, process ended. Returns only where the end has to wait for what is under
+    // way to be left in good order; then that calls it again, and so may an impatient user: the second
+    // request is not held. What of a setup was written is told in a box, or where the request comes from
+    // outside, by TellOutside.
     void Exit();
+    void ExitFromOutside();
 
     // The text area is at its full height, 6000 units of 1/1440 inch, otherwise at 2700.
     bool TallText() const { return tallText_; }
@@ -47,6 +51,7 @@ class HomeView {
     std::function<void(Control& heading)> DropDown;  // the entries under a heading can be used now
     std::function<bool()> HoldExit;                  // true: something must be finished first, and calls Exit
     std::function<void()> CloseSockets;              // before the end
+    std::function<void(const std::string& text)> TellOutside;  // where it is seen though the window is gone
 
     Form Controls;
 
@@ -65,6 +70,9 @@ class HomeView {
     void ComeToHeading(const HomeMenuRow& row, Control& heading);
     void ComeToReadings(Control& heading);
     void OpenView(const HomeMenuRow& row);
+    void WantEnd(EndWish wish);
+    void TellWritten();
+    void EndProgram();
 
     // home_files.cpp
     void DefaultSetup();
@@ -75,6 +83,7 @@ class HomeView {
     void TakeLoaded();
     void Get();
     void Put();
+    bool PutIsMeant();
 
     Session& session_;
     std::array<Control*, static_cast<std::size_t>(HomeItem::Count)> items_ = {};

@@ -4,6 +4,7 @@
 
 #include "link/read_settings.h"
 #include "link/waits.h"
+#include "transfer/put_frames.h"
 #include "transfer/put_setup.h"
 
 namespace counter {
@@ -20,9 +21,14 @@ const char* BoardName(int board) {
     return kBoardNames[static_cast<std::size_t>(board)];
 }
 
-SetupTransfer TransferOf(Session& session) {
-    return {session.Link, session.Image, session.Identity, session.Derived,
-            [&session](int percent) { session.Home.ProgressTo(percent); }};
+// Of two Puts, one begun in a wait of the other, the meter is to hold the later: the earlier writes no more.
+SetupTransfer TransferOf(Session& session, SetupImage& image) {
+    SetupTransfer transfer{session.Link, image, session.Identity, session.Derived,
+                           [&session](int percent) { session.Home.ProgressTo(percent); }};
+    const int number = ++session.Writes.PutsBegun;
+    transfer.Superseded = [&session, number] { return session.Writes.PutsBegun != number; };
+    transfer.EndWanted = [&session] { return session.Writes.EndWanted(); };
+    return transfer;
 }
 
 void BeginPut(HomeState& home) {
@@ -32,8 +38,7 @@ void BeginPut(HomeState& home) {
     home.ShowProgress(true);
 }
 
-void CheckBoard(Session& session) {
-    SetupTransfer transfer = TransferOf(session);
+void CheckBoard(Session& session, SetupTransfer& transfer) {
     const BoardCheck check = CheckMeterBoard(transfer);
     if (!check.Compared) return;
     if (check.MeterBoard == check.ImageBoard) {
@@ -48,19 +53,26 @@ void CheckBoard(Session& session) {
                           BoxIcon::Stop});
 }
 
-Status Transfer(Session& session) {
-    SetupTransfer transfer = TransferOf(session);
+Status Transfer(Session& session, SetupTransfer& transfer) {
     if (session.LinkState.ModbusLink) return PutSetupModbus(transfer, session.BringUp);
     PutSetupAscii(transfer);
-    if (session.LinkState.LinkError != 0) return {};
+    if (session.LinkState.LinkError != 0 || transfer.GaveUp) return {};
     session.Home.ShowStatus(kAppearsDone, ColorGreen);
     session.Home.ShowProgress(false);
     LinkDelay(session.Link, 1000);
-    LineHolds(session.Link);
+    if (!transfer.IsSuperseded()) LineHolds(session.Link);
     return {};
 }
 
-Status Finish(Session& session, Status settled) {
+// For a later Put the line says already what has become of the meter.
+void GiveUp(Session& session, SetupTransfer& transfer) {
+    session.Home.ShowHourglass(false);
+    if (transfer.IsSuperseded()) return;
+    session.Home.ShowProgress(false);
+    session.Home.ShowStatus(PutSoFar(session.LinkState, session.Identity.FirmwareVersion), ColorRed);
+}
+
+Status Finish(Session& session, const SetupImage& image, Status settled) {
     session.Home.ShowHourglass(false);
     if (session.LinkState.LinkError != 0) {
         session.Home.ShowStatus("Data transfer unsuccessful. Check connections and try again. (" +
@@ -70,7 +82,7 @@ Status Finish(Session& session, Status settled) {
     }
     session.Home.ShowStatus(kAppearsDone, ColorGreen);
     // Over Modbus the settings have been saved already; then this finds nothing changed.
-    if (settled.Ok()) settled = SaveLinkSettings(session.Image, session.BringUp);
+    if (settled.Ok()) settled = SaveLinkSettings(image, session.BringUp);
     session.Home.ProgressPercent = 0;
     session.Home.ShowProgress(false);
     return settled;
@@ -79,11 +91,21 @@ Status Finish(Session& session, Status settled) {
 }  // namespace
 
 Status PutSetup(Session& session) {
+    const SetupWriteScope writing(
+        session.Writes, [&session] { return PutSoFar(session.LinkState, session.Identity.FirmwareVersion); });
     session.LinkState.FramesWritten.clear();
     if (Status status = ReadSettings(session.BringUp); !status.Ok()) return status;
+    const SetupImage chosen = session.Image;
+    SetupImage image = chosen;
+    SetupTransfer transfer = TransferOf(session, image);
     BeginPut(session.Home);
-    CheckBoard(session);
-    return Finish(session, Transfer(session));
+    CheckBoard(session, transfer);
+    Status settled = Transfer(session, transfer);
+    // What the meter's protocol made of the copy is true of the setup in memory, where that is still the
+    // same.
+    if (session.Image == chosen) session.Image = image;
+    if (transfer.GaveUp) return GiveUp(session, transfer), settled;
+    return Finish(session, image, settled);
 }
 
 }  // namespace counter

@@ -16,6 +16,10 @@ std::string TextOfImage(const SetupImage& image);
 
 // A file that can't be read leaves the image as it was.
 Status LoadSetupFile(const FileReader& files, const std::string& path, SetupImage& image);
+// The same, telling in `whyNoSetup` what keeps the file's line from being a whole setup; empty for one that
+// is.
+Status LoadSetupFile(const FileReader& files, const std::string& path, SetupImage& image,
+                     std::string& whyNoSetup);
 Status SaveSetupFile(Files& files, const std::string& path, const SetupImage& image);
 
 }  // namespace counter

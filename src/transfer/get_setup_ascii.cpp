@@ -6,18 +6,36 @@
 #include "link/waits.h"
 #include "meter/boards.h"
 #include "meter/firmware.h"
+#include "meter/hex_text.h"
 #include "transfer/get_setup.h"
 
 namespace counter {
 
 namespace {
 
+// Lengths alone prove a reply good. One that is right only because a digit too many was dropped from its end,
+// or that has other characters than digits, is taken, and told.
+void DoubtReply(SetupTransfer& transfer, int step) {
+    const LinkState& state = transfer.Line.State;
+    const bool digits = IsHexText(state.ReplyText);
+    if (!transfer.Doubt.empty() || (digits && !state.ReplyWasOdd && !state.ReplyHadMore)) return;
+    transfer.Doubt =
+        LinkStepName(step, ErrorSource::GetAscii) + (!digits ? ": not all that came are hexadecimal digits"
+                                                     : state.ReplyHadMore ? ": more than one reply came"
+                                                                          : ": a digit too many came");
+}
+
 // Asks and tests the length, the only proof of a good reply.
-bool Ask(Link& link, const char* command, std::size_t length, int step) {
+bool Ask(SetupTransfer& transfer, const char* command, std::size_t length, int step) {
+    Link& link = transfer.Line;
     AskAscii(link, command);
-    if (link.State.LinkError == 0 && link.State.ReplyText.size() != length)
+    if (link.State.LinkError != 0) return false;
+    if (link.State.ReplyText.size() != length) {
         link.State.Fail(step, ErrorSource::GetAscii);
-    return link.State.LinkError == 0;
+        return false;
+    }
+    DoubtReply(transfer, step);
+    return true;
 }
 
 void WakeUp(Link& link) {
@@ -36,16 +54,16 @@ void PauseAfterBlock(SetupTransfer& transfer) {
 bool GetBlocks(SetupTransfer& transfer) {
     Link& link = transfer.Line;
     std::string& data = transfer.Image.SetupData;
-    if (!Ask(link, "XR1AZ", 108, LinkErrors::kFirstBlock)) return false;
+    if (!Ask(transfer, "XR1AZ", 108, LinkErrors::kFirstBlock)) return false;
     data = link.State.ReplyText;
     PauseAfterBlock(transfer);
     transfer.ProgressTo(30);
-    if (!Ask(link, "XR35Z", 108, LinkErrors::kSecondBlock)) return false;
+    if (!Ask(transfer, "XR35Z", 108, LinkErrors::kSecondBlock)) return false;
     const std::string end = link.State.ReplyText.substr(0, 12);
     data += link.State.ReplyText.substr(12);
     PauseAfterBlock(transfer);
     transfer.ProgressTo(60);
-    if (!Ask(link, "XB74Z", 44, LinkErrors::kThirdBlock)) return false;
+    if (!Ask(transfer, "XB74Z", 44, LinkErrors::kThirdBlock)) return false;
     data += link.State.ReplyText + end;
     PauseAfterBlock(transfer);
     return true;
@@ -82,7 +100,7 @@ bool GetExtendedOption(SetupTransfer& transfer) {
     Link& link = transfer.Line;
     transfer.ProgressTo(100);
     LinkDelay(link, 200);
-    if (!Ask(link, "G128", 2, LinkErrors::kExtendedByte)) return false;
+    if (!Ask(transfer, "G128", 2, LinkErrors::kExtendedByte)) return false;
     const SetupImage reply{link.State.ReplyText};
     transfer.Derived.ExtendedMeter = BitsGet(reply, 7, 7, 1) == 1;
     if (!transfer.Derived.ExtendedMeter) PutCode(transfer.Image, Field::ClassAndCurve, 0);
@@ -92,7 +110,7 @@ bool GetExtendedOption(SetupTransfer& transfer) {
 bool GetAnalogBoard(SetupTransfer& transfer) {
     if (!AsksAnalogByte(transfer.Identity.FirmwareVersion)) return true;
     Link& link = transfer.Line;
-    if (!Ask(link, "R141", 2, LinkErrors::kAnalogByte)) return false;
+    if (!Ask(transfer, "R141", 2, LinkErrors::kAnalogByte)) return false;
     PutCode(transfer.Image, Field::AnalogOption, std::atoi(link.State.ReplyText.c_str()));
     return true;
 }
@@ -101,7 +119,7 @@ constexpr int kOptionBoardsPos = 193;
 
 // The bytes that the meter keeps apart from its setup words.
 bool GetLiveBytes(SetupTransfer& transfer) {
-    if (!Ask(transfer.Line, "G130", 2, LinkErrors::kBoardByte)) return false;
+    if (!Ask(transfer, "G130", 2, LinkErrors::kBoardByte)) return false;
     DigitsPut(transfer.Image, kOptionBoardsPos, transfer.Line.State.ReplyText);
     return GetRelayBoard(transfer) && GetExtendedOption(transfer) && GetAnalogBoard(transfer);
 }

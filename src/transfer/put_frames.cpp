@@ -1,8 +1,10 @@
 #include "transfer/put_frames.h"
 
+#include <algorithm>
 #include <array>
 
 #include "link/link_error.h"
+#include "meter/firmware.h"
 #include "transfer/setup_conversions.h"
 
 namespace counter {
@@ -74,6 +76,8 @@ constexpr std::array<ModbusWrite, 6> kModbusWrites = {{
 }};
 // clang-format on
 
+constexpr const char* kResetFrame = "C0";
+
 std::string RegisterDigits(const std::string& digits, RegisterForm form) {
     switch (form) {
         case F::Byte:
@@ -92,6 +96,10 @@ std::string RegisterDigits(const std::string& digits, RegisterForm form) {
 
 }  // namespace
 
+std::string FrameName(const ModbusWrite& write) {
+    return std::string(write.Head).substr(0, 6);
+}
+
 std::span<const AsciiWrite> SerialWrites() {
     return kSerialWrites;
 }
@@ -100,6 +108,37 @@ std::span<const AsciiWrite> NodeWrites() {
 }
 std::span<const ModbusWrite> ModbusWrites() {
     return kModbusWrites;
+}
+
+std::vector<std::string> PutFrames(const LinkState& link, int firmwareVersion) {
+    std::vector<std::string> frames;
+    if (link.ModbusLink) {
+        for (const ModbusWrite& write : kModbusWrites) {
+            if (write.NeedsCutoffRegister && !ModbusTakesCutoffValue(firmwareVersion)) continue;
+            frames.push_back(FrameName(write));
+        }
+        return frames;
+    }
+    for (const AsciiWrite& write : link.EthernetMode ? NodeWrites() : SerialWrites())
+        frames.emplace_back(write.Command);
+    frames.emplace_back(kResetFrame);
+    return frames;
+}
+
+std::string PutSoFar(const LinkState& link, int firmwareVersion) {
+    const std::vector<std::string>& written = link.FramesWritten;
+    if (written.empty()) return "Nothing was written: the meter keeps the setup that it had.";
+    std::string missing;
+    for (const std::string& frame : PutFrames(link, firmwareVersion)) {
+        if (std::find(written.begin(), written.end(), frame) == written.end()) missing += " " + frame;
+    }
+    if (missing.empty()) return "All was written: the meter has the whole setup.";
+    std::string text = "Written:";
+    for (const std::string& frame : written) text += " " + frame;
+    text += ". Not written:" + missing + ". ";
+    return text + (missing == std::string(" ") + kResetFrame
+                       ? "The meter has the whole setup, which takes effect when it is switched on again."
+                       : "The meter has parts of two setups: put one again.");
 }
 
 std::string AsciiData(const SetupImage& image, const AsciiWrite& write) {

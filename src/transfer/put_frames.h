@@ -3,7 +3,9 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
+#include "link/link_state.h"
 #include "meter/setup_image.h"
 
 namespace counter {
@@ -48,6 +50,15 @@ struct ModbusWrite {
 };
 
 std::span<const ModbusWrite> ModbusWrites();
+
+// Function and first register: "100001".
+std::string FrameName(const ModbusWrite& write);
+
+// The frames of a whole Put on this link, as LinkState::FramesWritten names them.
+std::vector<std::string> PutFrames(const LinkState& link, int firmwareVersion);
+
+// What a Put has brought into the meter, from the frames that have gone out: whole sentences for people.
+std::string PutSoFar(const LinkState& link, int firmwareVersion);
 
 std::string AsciiData(const SetupImage& image, const AsciiWrite& write);
 std::string ModbusData(const SetupImage& image, const ModbusWrite& write);

@@ -60,7 +60,8 @@ int AskBoardModbus(Link& link) {
 bool WriteBlock(SetupTransfer& transfer, const AsciiWrite& write) {
     Link& link = transfer.Line;
     if (write.PauseMs > 0) LinkDelay(link, write.PauseMs);
-    SendAscii(link, write.Command + AsciiData(transfer.Image, write) + "Z");
+    const std::string body = write.Command + AsciiData(transfer.Image, write) + "Z";
+    if (!SendAscii(link, body, [&] { return transfer.GivesUp(); })) return false;
     if (!LineHolds(link)) return false;
     link.State.FramesWritten.emplace_back(write.Command);
     transfer.ProgressTo(write.Percent);
@@ -76,10 +77,11 @@ bool WriteRow(SetupTransfer& transfer, const ModbusWrite& write) {
     Link& link = transfer.Line;
     const std::string payload = write.Head + ModbusData(transfer.Image, write);
     LinkDelay(link, PauseMs(link.State));
+    if (transfer.IsSuperseded()) return false;
     transfer.ProgressTo(write.Percent);
     link.State.ModbusPayload = payload;
-    SendCommand(link);
-    link.State.FramesWritten.push_back(std::string(write.Head).substr(0, 6));
+    if (!SendCommand(link, [&] { return transfer.GivesUp(); })) return false;
+    link.State.FramesWritten.push_back(FrameName(write));
     ReceiveReply(link);
     const auto wanted = static_cast<std::size_t>(kAnswerDigits + ModbusExtraDigits(link.State));
     if (link.State.LinkError == 0 && !ReplyAnswers(link.State, wanted))
@@ -113,8 +115,9 @@ void PutSetupAscii(SetupTransfer& transfer) {
         if (!WriteBlock(transfer, write)) return;
     }
     LinkDelay(link, kBeforeResetMs);
+    // The setup is in the meter whole: only a later one may keep the reset from it.
     link.State.CommandText = std::string("|*") + link.State.MeterAddressChar + "C0";
-    SendCommand(link);
+    if (!SendCommand(link, [&] { return transfer.IsSuperseded(); })) return;
     if (LineHolds(link)) link.State.FramesWritten.emplace_back("C0");
 }
 
@@ -130,6 +133,7 @@ Status PutSetupModbus(SetupTransfer& transfer, const BringUp& bringUp) {
             DigitsPut(image, kDisplayTypePos, std::to_string(DisplayType::RemoteS));
         if (!WriteRow(transfer, write)) return {};
     }
+    if (transfer.IsSuperseded()) return {};
     transfer.Line.State.ModbusAddressHex = FieldDigits(image, Field::ModbusAddress);
     Status saved = SaveLinkSettings(image, bringUp);
     TellNode(transfer.Line, false);  // by the baud rate that the settings now name: required

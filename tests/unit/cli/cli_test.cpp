@@ -271,6 +271,16 @@ TEST(Get, AnInterruptEndsItAtTheNextWait) {
     }
 }
 
+TEST(Get, RepliesThatCantBeRightAreNotSaved) {
+    MeterCli bench;
+    bench.Meter = WithFaults(bench.Meter, {"XR35Z:extra"});
+    EXPECT_EQ(bench.Run({"get", "m.CT2", "--json"}), 3);
+    EXPECT_EQ(bench.Store.Contents.count("m.CT2"), 0U);
+    EXPECT_EQ(Json::parse(bench.Out)["doubt"],
+              "Not all of what came can be right, second block: a digit too many came.");
+    EXPECT_EQ(bench.Run({"verify", "m.CT2"}), 2);
+}
+
 TEST(Get, MessagesGoToStandardErrorAndJson) {
     MeterCli bench;
     bench.Meter.Patches = {{185, "64"}};

@@ -199,5 +199,43 @@ TEST(HomeView, SetupFilesAreOpenedAndSaved) {
     EXPECT_EQ(bench.Program.Image.SetupData[0], '7') << "the setup stays";
 }
 
+// What may be no whole setup is told beside the text, and goes into a meter only after a question.
+TEST(HomeView, WhatIsNoWholeSetupIsLookedAt) {
+    const struct {
+        const char *Name, *File, *Fault;
+        const char* Note;  // of the status line
+    } cases[] = {
+        {"empty file", "", nullptr, "no whole setup: 0 characters instead of 260 hexadecimal digits"},
+        {"another kind of file", "%PDF-1.7\n", nullptr, "no whole setup: 8 characters instead of 260"},
+        {"first block with another character", nullptr, "XR1AZ:cut=107", "first block: not all that came"},
+        {"second block a digit longer", nullptr, "XR35Z:extra", "second block: a digit too many came"},
+        {"third block never comes", nullptr, "XB74Z:noreply", "memory has only a part of the meter's setup"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Name);
+        sim::MeterOptions meter;
+        if (c.Fault) meter = WithFaults(meter, {c.Fault});
+        HomeBench bench({}, meter);
+        bench.Boxes.Path = "x.CT2";
+        if (c.File) bench.Store.Contents["x.CT2"] = c.File;
+        bench.Press("mnuDefaultSet");
+        if (c.Fault && std::string_view(c.Fault).ends_with("107")) bench.Line.InjectAfter(1100, "#\r");
+        bench.Press(c.File ? "mnuOpen" : "mnuGet");
+        EXPECT_NE(bench.StatusLine().find(c.Note), std::string::npos) << bench.StatusLine();
+        EXPECT_EQ(bench.Store.Folders.count("home/backups"), 0U) << "no copy to go back to";
+        bench.Line.Forget();
+        bench.Boxes.SaysYes = false;
+        bench.Press("mnuPut");
+        ASSERT_FALSE(bench.Boxes.Shown.empty());
+        EXPECT_EQ(bench.Boxes.Shown.back().Title, "Put Data");
+        EXPECT_TRUE(bench.Line.Sent().empty());
+        bench.Boxes.SaysYes = true;
+        bench.Press("mnuPut");
+        EXPECT_EQ(bench.Line.Sent().size(), 7U);
+        bench.Press("mnuDefaultSet");
+        EXPECT_EQ(bench.Program.Home.SetupDoubt, "");
+    }
+}
+
 }  // namespace
 }  // namespace counter::test
