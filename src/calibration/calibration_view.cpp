@@ -77,14 +77,17 @@ CalibrationUser CalibrationView::User() {
     user.GoOn = [this](const std::string& doubt) {
         return Program.Dialogs.Confirm({kTitle, doubt + "\r\rGo on with the calibration?"});
     };
-    user.EndWanted = [this] { return endWanted_ || (EndWanted && EndWanted()); };
+    user.EndWanted = [this] { return endWanted_ || Program.Writes.EndWanted(); };
     return user;
 }
 
-// A program that is to exit says only what nobody may miss.
+// A program that is to exit says it in its own way.
 void CalibrationView::TellOutcome(const CalibrationResult& result) {
-    if (result.Good() || (exitWanted_ && result.NotKept.empty())) return;
-    Program.Dialogs.Show({kTitle, OutcomeOf(result)});
+    if (exitWanted_) {
+        Program.Writes.SoFar = [text = "Calibration: " + OutcomeOf(result)] { return text; };
+    } else if (!result.Good()) {
+        Program.Dialogs.Show({kTitle, OutcomeOf(result)});
+    }
 }
 
 bool CalibrationView::HoldExit() {

@@ -35,12 +35,10 @@ class CalibrationView {
     bool Running() const { return running_; }
 
     // The program is told to exit. False: it may, now. True: a run is under way, and ExitProgram is called
-    // after its last step.
+    // after its last step, with what it has written in Session::Writes.
     bool HoldExit();
     // The run under way, if any, is to end as soon as the meter has its own scale.
     void WantEnd() { endWanted_ = running_; }
-    // Asks the same from elsewhere, looked at in each rest; may be empty.
-    std::function<bool()> EndWanted;
 
     // Hooks into what shows the view; each may be empty.
     std::function<void()> ShowMainMenu;

@@ -49,11 +49,7 @@ CurveEnd Send(const CommandCall& call, LinkSession& link, const CurveItems& item
     const CurveEnd end = SendCurve(link.Program().Link, items, board, tell, [&] { return interrupted; });
     waits.OnInterrupt = usual;
     if (!interrupted) return end;
-    const char* left = end == CurveEnd::NotBegun ? "nothing was sent: the meter has the curve that it had"
-                       : end == CurveEnd::Stored
-                           ? "the curve was stored and verified before"
-                           : "both items were sent and not verified: send the curve again";
-    Complain(call.World) << left << std::endl;
+    Complain(call.World) << LeftBy(end) << std::endl;
     usual();
     return end;
 }

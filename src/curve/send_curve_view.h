@@ -2,7 +2,8 @@
 //
 // It keeps nothing: every Go begins with the explanation. A transfer that was begun runs to its end whatever
 // is pressed meanwhile, since half a curve helps nobody; after the dialog was left it writes nothing more
-// into it.
+// into it. A program that is to end does so when both items have gone out, and says that they were not
+// verified.
 #pragma once
 
 #include <functional>
@@ -35,9 +36,6 @@ class SendCurveView {
 
     // Closes the dialog; may be empty.
     std::function<void()> CloseDialog;
-    // The program is to end: a transfer then ends between two frames, but not with half a curve. May be
-    // empty.
-    std::function<bool()> EndWanted;
 
   private:
     static constexpr int kHelpNumber = 3104;  // of all hand work

@@ -81,6 +81,7 @@ TEST(CalibrationView, AnEndPutsTheScaleBackFirst) {
         bench.View.ExitProgram = [&] {
             ++ended;
             EXPECT_FALSE(bench.View.HoldExit()) << "it may go now";
+            EXPECT_NE(bench.Program.Writes.SoFar().find("factor back"), std::string::npos);
         };
         bench.Pump.After(8000,
                          [&] { exits ? static_cast<void>(bench.View.HoldExit()) : bench.View.WantEnd(); });
