@@ -48,6 +48,8 @@ constexpr FaultRow kFaults[] = {
      [](const Fault&, Strike& strike) { strike.BadEcho = true; }},
     {FaultKind::Gone, "gone", "=N", "the line goes away after N bytes of the reply",
      [](const Fault& fault, Strike& strike) { strike.Gone = fault.Value; }},
+    {FaultKind::Byte, "byte", "=AT,VALUE", "VALUE is byte AT of the reply, address and function being 0 and 1; the check field fits it",
+     [](const Fault& fault, Strike& strike) { strike.ByteAt = fault.Value, strike.ByteValue = fault.Value2; }},
     {FaultKind::WrongId, "wrongid", "", "node: the reply carries another transaction",
      [](const Fault&, Strike& strike) { strike.WrongId = true; }},
     {FaultKind::Pieces, "pieces", "=AT,MS", "node: the reply goes out after AT bytes and MS milliseconds later",
@@ -60,7 +62,7 @@ constexpr FaultRow kFaults[] = {
      [](const Fault&, Strike& strike) { strike.Twice = true; }},
 };
 // clang-format on
-constexpr std::span<const FaultRow> kLineFaults(kFaults, 12);
+constexpr std::span<const FaultRow> kLineFaults(kFaults, 13);
 constexpr std::span<const FaultRow> kNodeFaults = std::span(kFaults).subspan(kLineFaults.size());
 
 constexpr bool IsInOrder() {

@@ -22,6 +22,7 @@ enum class FaultKind {
     Echo,
     BadEcho,
     Gone,
+    Byte,
     WrongId,
     Pieces,
     Close,
@@ -43,7 +44,8 @@ struct Fault {
 struct Strike {
     bool NoReply = false, Extra = false, Garbage = false, BadCheck = false;
     bool Paced = false, Echo = false, BadEcho = false;
-    std::optional<int> Cut, Exception, Gone;
+    std::optional<int> Cut, Exception, Gone, ByteValue;
+    int ByteAt = 0;
     bool WrongId = false, Status = false, Twice = false;
     std::optional<int> Close, PiecesMs;
     int PiecesAt = 0;

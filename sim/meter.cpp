@@ -33,6 +33,12 @@ std::string Noise(std::string reply) {
     return reply;
 }
 
+// Nothing behind the end.
+void SetByte(std::string& reply, int at, int value) {
+    if (static_cast<std::size_t>(at) < reply.size())
+        reply[static_cast<std::size_t>(at)] = static_cast<char>(value);
+}
+
 }  // namespace
 
 Meter::Meter(MeterOptions options)
@@ -156,6 +162,7 @@ void Meter::CustomCommand(const std::string& line, double nowMs) {
     Echo(line + "\r\n", strike, nowMs);
     if (!command) return;
     auto reply = Execute(device_, *command, nowMs);
+    if (reply && strike.ByteValue) SetByte(*reply, strike.ByteAt, *strike.ByteValue);
     if (reply) *reply += (strike.Extra ? "0" : "") + device_.LineEnd();
     Send(reply.value_or(""), strike, nowMs);
     FollowTransmit(nowMs);
@@ -214,6 +221,10 @@ std::string Meter::ModbusReply(const ModbusFrame& frame, const Strike& strike, d
     ModbusFrame answer{frame.Address, strike.Exception ? ExceptionPdu(frame.Pdu, *strike.Exception)
                                                        : AnswerModbus(device_, frame.Pdu, nowMs)};
     if (strike.Extra) answer.Pdu += '\0';
+    if (strike.ByteValue && strike.ByteAt == 0)
+        answer.Address = *strike.ByteValue;
+    else if (strike.ByteValue)
+        SetByte(answer.Pdu, strike.ByteAt - 1, *strike.ByteValue);
     const bool rtu = line_.Protocol == LineProtocol::ModbusRtu;
     std::string reply = rtu ? RtuFrame(answer, crc_) : ModbusAsciiFrame(answer);
     if (strike.BadCheck) {

@@ -1,10 +1,12 @@
 #include "calibration/calibration_numbers.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
 #include "meter/hex_text.h"
 #include "meter/leading_number.h"
+#include "meter/text.h"
 
 namespace counter {
 
@@ -38,6 +40,15 @@ std::string WithExponent(std::string word, int exponent) {
 double ReadingOf(std::string reply) {
     if (const std::size_t point = reply.find('.'); point != std::string::npos) reply.erase(point, 1);
     return LeadingNumber(reply);
+}
+
+bool IsReading(std::string_view reply) {
+    reply = Trimmed(reply);
+    if (reply.starts_with('-') || reply.starts_with('+')) reply.remove_prefix(1);
+    const auto digits =
+        std::count_if(reply.begin(), reply.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const auto points = std::count(reply.begin(), reply.end(), '.');
+    return digits > 0 && points <= 1 && static_cast<std::size_t>(digits + points) == reply.size();
 }
 
 Correction CorrectionFor(double reading) {

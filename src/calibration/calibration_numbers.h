@@ -36,6 +36,9 @@ std::string WithExponent(std::string word, int exponent);
 // nothing to do with the test scale.
 double ReadingOf(std::string reply);
 
+// Whether a reply is a number as the meter shows one: a sign, digits, a point.
+bool IsReading(std::string_view reply);
+
 struct Correction {
     int Ppm = 0;           // -29999..29999
     bool Limited = false;  // it was larger

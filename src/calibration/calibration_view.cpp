@@ -39,7 +39,11 @@ void CalibrationView::Activate() {
     HideProgress();
     picCAL1.Text = kBeforeText;
     txtFreq.Text.clear();
-    Controls.SetFocus(txtFreq);
+    const bool modbus = Program.LinkState.ModbusLink;
+    txtFreq.Enabled = !modbus;
+    if (modbus) picCAL2.Text = kNeedsAsciiText;
+    picCAL2.Visible = modbus;
+    Controls.SetFocus(modbus ? cmdCANCEL : txtFreq);
     Controls.TellChanged();
 }
 
@@ -50,25 +54,45 @@ void CalibrationView::Unload() {
 }
 
 void CalibrationView::Calib() {
-    if (running_) return;
+    if (running_ || Program.LinkState.ModbusLink) return;
     running_ = true;
+    endWanted_ = false;
     Offer(cmdCANCEL, false);
     Offer(cmdOK, false);  // of a run before this one
     HideProgress();
     picCAL2.Text = kWaitText;
     picCAL2.Visible = true;
     Controls.TellChanged();
-    RunCalibration(Program.Link, std::string(Trimmed(txtFreq.Text)),
-                   [this](CalibrationStage stage, const CalibrationResult& sofar) {
-                       ShowStage(stage, sofar);
-                       Controls.TellChanged();
-                   });
+    TellOutcome(RunCalibration(Program.Link, std::string(Trimmed(txtFreq.Text)), User()));
     running_ = false;
     if (std::exchange(exitWanted_, false) && ExitProgram) ExitProgram();
 }
 
+CalibrationUser CalibrationView::User() {
+    CalibrationUser user;
+    user.Tell = [this](CalibrationStage stage, const CalibrationResult& sofar) {
+        ShowStage(stage, sofar);
+        Controls.TellChanged();
+    };
+    user.GoOn = [this](const std::string& doubt) {
+        return Program.Dialogs.Confirm({kTitle, doubt + "\r\rGo on with the calibration?"});
+    };
+    user.EndWanted = [this] { return endWanted_ || Program.Writes.EndWanted(); };
+    return user;
+}
+
+// A program that is to exit says it in its own way.
+void CalibrationView::TellOutcome(const CalibrationResult& result) {
+    if (exitWanted_) {
+        Program.Writes.SoFar = [text = "Calibration: " + OutcomeOf(result)] { return text; };
+    } else if (!result.Good()) {
+        Program.Dialogs.Show({kTitle, OutcomeOf(result)});
+    }
+}
+
 bool CalibrationView::HoldExit() {
     if (running_) exitWanted_ = true;
+    WantEnd();
     return running_;
 }
 
@@ -88,7 +112,7 @@ void CalibrationView::ShowStage(CalibrationStage stage, const CalibrationResult&
             txtScaleFactor.Text = std::to_string(sofar.Applied.Ppm);
             break;
         case CalibrationStage::Done:
-            lblDone.Visible = true;
+            lblDone.Visible = sofar.Good();
             Offer(cmdOK, true);
             Controls.SetFocus(cmdOK);
             break;

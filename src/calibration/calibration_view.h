@@ -1,8 +1,11 @@
 // CalibrationView: asks for the known frequency, runs the calibration and shows how far it is.
 //
-// Once begun, a run can't be interrupted: the meter has a test scale until the end of it. A second Enter does
-// nothing, the view can't be reset, and a program that is told to exit meanwhile does so after the last
-// step: a meter left with a test scale would show wrong values where it is used.
+// Once begun, a run offers nothing to press: the meter has a test scale until the end of it. A second Enter
+// does nothing and the view can't be reset. Whoever closes the window or ends the program meanwhile ends the
+// run at its next rest, and the meter has its own scale again before anything closes: with a test scale it
+// would show wrong values where it is used.
+//
+// Over Modbus there is no calibration: the view says so and takes no frequency.
 #pragma once
 
 #include <functional>
@@ -25,14 +28,17 @@ class CalibrationView {
     // The view is left. Nothing while a run is under way.
     void Unload();
 
-    // The whole procedure, on the frequency in txtFreq; nothing while it runs already.
+    // The whole procedure, on the frequency in txtFreq; nothing while it runs already. A doubt is a question
+    // to the user, and an end without a new factor, or with one that the meter did not keep, a message.
     void Calib();
     // From the first frame of the procedure to the last.
     bool Running() const { return running_; }
 
     // The program is told to exit. False: it may, now. True: a run is under way, and ExitProgram is called
-    // after its last step.
+    // after its last step, with what it has written in Session::Writes.
     bool HoldExit();
+    // The run under way, if any, is to end as soon as the meter has its own scale.
+    void WantEnd() { endWanted_ = running_; }
 
     // Hooks into what shows the view; each may be empty.
     std::function<void()> ShowMainMenu;
@@ -69,8 +75,11 @@ class CalibrationView {
     static void Offer(Control& button, bool offered);
     void ShowStage(CalibrationStage stage, const CalibrationResult& sofar);
     void BackToMainMenu();
+    CalibrationUser User();
+    void TellOutcome(const CalibrationResult& result);
 
     bool running_ = false;
+    bool endWanted_ = false;
     bool exitWanted_ = false;
 };
 

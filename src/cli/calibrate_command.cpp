@@ -13,12 +13,6 @@ namespace counter {
 
 namespace {
 
-// The procedure runs on whatever comes: required.
-constexpr const char* kMayBeLeft =
-    "the meter may be left with its test scale or a wrong correction; calibrate it again, and put back the "
-    "setup "
-    "that it had";
-
 // The procedure itself takes any text, and would calibrate for 1 Hz where it holds no number.
 bool IsFrequency(const std::string& word) {
     const double hertz = ExactNumber<double>(word).value_or(0);
@@ -41,22 +35,33 @@ std::string LineOf(CalibrationStage stage, const CalibrationResult& sofar) {
     return {};
 }
 
-CalibrationResult Run(const CommandCall& call, LinkSession& link) {
-    return RunCalibration(link.Program().Link, call.Words[0],
-                          [&call](CalibrationStage stage, const CalibrationResult& sofar) {
-                              const std::string line = LineOf(stage, sofar);
-                              if (!call.Json && !line.empty()) call.World.Out << line << std::endl;
-                          });
+CalibrationUser UserOf(const CommandCall& call, const bool& interrupted) {
+    CalibrationUser user;
+    user.Tell = [&call](CalibrationStage stage, const CalibrationResult& sofar) {
+        const std::string line = LineOf(stage, sofar);
+        if (!call.Json && !line.empty()) call.World.Out << line << std::endl;
+    };
+    user.GoOn = [&call](const std::string& doubt) {
+        Complain(call.World) << doubt << (call.Has("--force") ? "" : " --force goes on.") << std::endl;
+        return call.Has("--force");
+    };
+    user.EndWanted = [&interrupted] { return interrupted; };
+    return user;
 }
 
-// An interrupt waits for the end of the procedure: until then the meter has a test scale, and would show
-// wrong values for good. The program then ends as after any interrupt.
-CalibrationResult RunUninterrupted(const CommandCall& call, LinkSession& link) {
+// An interrupt ends the procedure at its next rest, and the meter has its own scale before the program ends
+// as after any interrupt: with a test scale it would show wrong values for good.
+CalibrationResult RunToAWholeMeter(const CommandCall& call, LinkSession& link) {
     Pump& waits = link.Program().Pump;
     bool interrupted = false;
-    const auto usual = std::exchange(waits.OnInterrupt, [&interrupted] { interrupted = true; });
-    const CalibrationResult result = Run(call, link);
+    const auto usual = std::exchange(waits.OnInterrupt, [&] {
+        if (!std::exchange(interrupted, true))
+            Complain(call.World) << "interrupted: leaving the meter whole" << std::endl;
+    });
+    const CalibrationResult result =
+        RunCalibration(link.Program().Link, call.Words[0], UserOf(call, interrupted));
     waits.OnInterrupt = usual;
+    if (interrupted || !result.Good()) Complain(call.World) << OutcomeOf(result) << std::endl;
     if (interrupted) usual();
     return result;
 }
@@ -67,17 +72,19 @@ int CalibrateCommand(const CommandCall& call) {
     if (!IsFrequency(call.Words[0])) {
         return RefuseCall(call, "HERTZ is a positive number without commas, such as 1000 or 59.94");
     }
-    if (StoredSettings(call).ModbusLink) return RefuseCall(call, "'calibrate' does not exist over Modbus");
+    if (StoredSettings(call).ModbusLink) return RefuseCall(call, kNeedsAsciiText);
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
     LinkState& state = link.Program().LinkState;
-    const CalibrationResult result = RunUninterrupted(call, link);
+    const CalibrationResult result = RunToAWholeMeter(call, link);
     state.Fail(result.LinkError, ErrorSource::Calibration);
-    ActionEnd end{kDoneText, kDoneText, {{"ppm", result.Applied.Ppm}, {"limited", result.Applied.Limited}}};
-    if (result.LinkError != 0) {
-        Complain(call.World) << kMayBeLeft << "\n";
+    ActionEnd end{kDoneText,
+                  kDoneText,
+                  {{"ppm", result.Applied.Ppm},
+                   {"limited", result.Applied.Limited},
+                   {"written", result.End == CalibrationEnd::Calibrated}}};
+    if (result.LinkError != 0)
         end.Status = WithNumber(CommandsView::kCommunicationsFailure, result.LinkError);
-    }
     return link.EndAction(end);
 }
 

@@ -100,10 +100,12 @@ const std::vector<CommandRow>& Table() {
          1, 1, {kRead}, {{"--board", "BOARD", "1, the main board (the default), or 2, the V-F board"}}, CurveCommand,
          "",
          "counterctl curve tank.PRM\n"},
-        {"calibrate", "HERTZ", "runs the calibration procedure",
-         1, 1, {}, {}, CalibrateCommand,
-         "HERTZ is the frequency at the input. Nothing interrupts the procedure: until its\n"
-         "end the meter has another scale.\n",
+        {"calibrate", "HERTZ [--force]", "runs the calibration procedure",
+         1, 1, {}, {{"--force", "", "goes on with a reading that is no measurement, or a scale that did not come whole"}},
+         CalibrateCommand,
+         "HERTZ is the frequency at the input. Exists in Custom ASCII only. What the meter has\n"
+         "kept is read back. An interrupt puts its scale and calibration factor back first,\n"
+         "or finishes what was measured, and says which.\n",
          "counterctl calibrate 1000\n"},
         {"help", "[COMMAND]", "tells about a command, with an example",
          0, 1, {}, {}, HelpCommand,

@@ -1,5 +1,6 @@
 // curve: a custom curve from a file of any name into the meter, verified.
 #include <optional>
+#include <utility>
 
 #include "cli/cli.h"
 #include "cli/cli_files.h"
@@ -24,20 +25,33 @@ Status LoadPrm(const CommandCall& call, CurveItems& items) {
     std::string content;
     if (Status status = call.World.Store.Read(path, content); !status.Ok()) return status;
     const auto parsed = ParsePrm(content);
-    if (!parsed)
-        return {StatusKind::Illegal, path, "no curve: it has two items, each of 84 hexadecimal digits"};
+    if (!parsed || !IsProperCurve(*parsed))
+        return {StatusKind::Illegal, path,
+                "no curve: it has two items, each of 84 hexadecimal digits in capitals"};
     items = *parsed;
     return {};
 }
 
-// A write that the meter did not keep can come with good replies, so the number may be 0.
-ActionEnd EndOf(bool stored, int linkError) {
-    if (!stored) {
-        const std::string failed = std::string(kVerifyFailedText) + kCheckCablingText;
-        return {WithNumber(failed, linkError), "", Json::object(), true};
-    }
+ActionEnd EndOf(CurveEnd curve, int linkError) {
+    if (curve == CurveEnd::Failed) return {WithNumber(kVerifyFailedText, linkError), ""};
     if (linkError != 0) return {WithNumber(CommandsView::kCommunicationsFailure, linkError), ""};
     return {kStoredText, kStoredText};
+}
+
+// An interrupt ends it between two frames, but leaves no half of a curve.
+CurveEnd Send(const CommandCall& call, LinkSession& link, const CurveItems& items, CurveBoard board) {
+    Pump& waits = link.Program().Pump;
+    bool interrupted = false;
+    const auto usual = std::exchange(waits.OnInterrupt, [&interrupted] { interrupted = true; });
+    const auto tell = [&call](const char* text) {
+        if (!call.Json) call.World.Out << text << std::endl;
+    };
+    const CurveEnd end = SendCurve(link.Program().Link, items, board, tell, [&] { return interrupted; });
+    waits.OnInterrupt = usual;
+    if (!interrupted) return end;
+    Complain(call.World) << LeftBy(end) << std::endl;
+    usual();
+    return end;
 }
 
 }  // namespace
@@ -52,11 +66,9 @@ int CurveCommand(const CommandCall& call) {
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
     LinkState& state = link.Program().LinkState;
-    const bool stored = SendCurve(link.Program().Link, items, *board, [&call](const char* text) {
-        if (!call.Json) call.World.Out << text << std::endl;
-    });
-    if (stored) LineHolds(link.Program().Link);
-    return link.EndAction(EndOf(stored, state.LinkError));
+    const CurveEnd end = Send(call, link, items, *board);
+    if (end == CurveEnd::Stored) LineHolds(link.Program().Link);
+    return link.EndAction(EndOf(end, state.LinkError));
 }
 
 }  // namespace counter

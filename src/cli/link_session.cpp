@@ -88,12 +88,23 @@ int LinkSession::LogIn() {
     const Status ports = LogIntoNode(session_);
     session_.Home.ProgressVisible = false;
     if (!ports.Ok()) return RefuseStatus(call_, ports);
-    if (session_.Node.Connected()) return kDone;
+    if (session_.Node.Connected()) return TellStranger();
     dialogs_.Show({"", kNoNodeCall, BoxIcon::None});
     Finish();
     if (call_.Json)
         WriteJson(call_, {{"status", kNoNodeCall}, {"LinkError", 0}, {"messages", dialogs_.Messages()}});
     return kLinkFailed;
+}
+
+// Any caller is taken for the node; one from elsewhere deserves a word.
+int LinkSession::TellStranger() {
+    const std::string caller = session_.Node.Caller(), &node = session_.Settings.NodeIp;
+    if (!caller.empty() && caller != node) {
+        EndBar();
+        Complain(call_.World) << "the call came from " << caller << ", not from the node's address, " << node
+                              << "\n";
+    }
+    return kDone;
 }
 
 int LinkSession::Get() {

@@ -63,6 +63,7 @@ class LinkSession {
 
   private:
     int LogIn();
+    int TellStranger();
     void ShowProgress();
     void EndBar();
     void OnInterrupt();

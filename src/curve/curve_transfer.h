@@ -27,10 +27,21 @@ inline constexpr const char* kVerifyFailedText = " VERIFY FAILED.  DATA MOST LIK
 inline constexpr const char* kCheckCablingText =
     " CHECK THE METER COMMUNICATIONS SETTINGS AND THE CABLING AND TRY AGAIN.";
 
-// Sends the items and reads them back, telling the first three texts above when it is so. True: both came
-// back as they were sent, and the meter was reset. False: one did not, or did not come; the meter keeps what
-// it received.
-bool SendCurve(Link& link, const CurveItems& items, CurveBoard board,
-               const std::function<void(const char* text)>& tell);
+enum class CurveEnd {
+    Stored,      // both items came back as they were sent, and the meter was reset
+    Failed,      // one did not, or did not come; the meter keeps what it received
+    NotBegun,    // the end was wanted before the first item
+    NotVerified  // the end was wanted later: both items have gone out, and the curve is not taken in use
+};
+
+// What the meter was left with by a transfer that an end has cut short, for people.
+const char* LeftBy(CurveEnd end);
+
+// Sends the items and reads them back, telling the first three texts above when it is so. An item that comes
+// back as another one leaves LinkError at 1 (the second) or 2. `endWanted`, which may be empty, is looked at
+// between the frames; half a curve helps nobody, so that the second item follows the first whatever it says.
+CurveEnd SendCurve(Link& link, const CurveItems& items, CurveBoard board,
+                   const std::function<void(const char* text)>& tell,
+                   const std::function<bool()>& endWanted = {});
 
 }  // namespace counter

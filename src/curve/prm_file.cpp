@@ -1,6 +1,7 @@
 #include "curve/prm_file.h"
 
 #include <algorithm>
+#include <array>
 
 #include "meter/text.h"
 
@@ -41,6 +42,14 @@ std::optional<std::string> TakeItem(std::string_view& rest) {
 }
 
 }  // namespace
+
+bool IsProperCurve(const CurveItems& items) {
+    constexpr std::size_t kItemDigits = 84;
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    return std::ranges::all_of(std::array{&items.First, &items.Second}, [&](const std::string* item) {
+        return item->size() == kItemDigits && item->find_first_not_of(kDigits) == std::string::npos;
+    });
+}
 
 std::optional<CurveItems> ParsePrm(std::string_view content) {
     content = content.substr(0, content.find(kEndOfText));

@@ -23,6 +23,10 @@ struct CurveItems {
 // Six times a proper item. What is longer is no curve, and would hold the line for minutes as one frame.
 inline constexpr std::size_t kMostItemLength = 512;
 
+// Whether each item is what a block of the meter holds: 84 upper-case hexadecimal digits. Another can only
+// fail when it is read back, with the meter's curve gone.
+bool IsProperCurve(const CurveItems& items);
+
 // Nothing where there are not two items or one is longer than kMostItemLength. What else an item is, nobody
 // asks: the meter's answer is the proof.
 std::optional<CurveItems> ParsePrm(std::string_view content);

@@ -102,13 +102,21 @@ void SendCurveView::Send(const CurveItems& items) {
     const auto write = [this, opening](const char* text) {
         if (opening == opening_) Write(text);
     };
-    if (!SendCurve(Program.Link, items, Target(), write)) {
+    CurveEnd end = CurveEnd::NotVerified;
+    {
+        const SetupWriteScope scope(Program.Writes,
+                                    [&end] { return std::string("Custom curve: ") + LeftBy(end); });
+        end = SendCurve(Program.Link, items, Target(), write, [this] { return Program.Writes.EndWanted(); });
+    }
+    if (end == CurveEnd::Failed) {
         write(kVerifyFailedText);
         write(kCheckCablingText);
-        return;
     }
-    write(kStoredText);
-    if (opening == opening_) Controls.SetFocus(cmdDone);
+    if (end == CurveEnd::Stored) {
+        write(kStoredText);
+        if (opening == opening_) Controls.SetFocus(cmdDone);
+    }
+    Program.Writes.EndIfWanted();
 }
 
 bool SendCurveView::AcceptsName(std::string_view name) {

@@ -2,7 +2,8 @@
 //
 // It keeps nothing: every Go begins with the explanation. A transfer that was begun runs to its end whatever
 // is pressed meanwhile, since half a curve helps nobody; after the dialog was left it writes nothing more
-// into it.
+// into it. A program that is to end does so when both items have gone out, and says that they were not
+// verified.
 #pragma once
 
 #include <functional>

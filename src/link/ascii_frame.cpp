@@ -1,8 +1,18 @@
 #include "link/ascii_frame.h"
 
+#include <algorithm>
+
 #include "link/link_error.h"
 
 namespace counter {
+
+namespace {
+
+bool HasText(std::string_view received) {
+    return received.find_first_not_of("\r\n") != std::string_view::npos;
+}
+
+}  // namespace
 
 std::string FrameAscii(std::string_view command) {
     return std::string(command) + "\r\n";
@@ -23,6 +33,7 @@ void JudgeAscii(LinkState& link, std::string_view received) {
     link.ReplyWasOdd = !valueReply && end % 2 == 1;
     link.RawReply = std::string(received.substr(0, link.ReplyWasOdd ? end - 1 : end));
     link.ReplyText = link.RawReply;
+    link.ReplyHadMore = HasText(received.substr(end));
 }
 
 void JudgeNodeAscii(LinkState& link, std::string_view received) {
@@ -32,6 +43,7 @@ void JudgeNodeAscii(LinkState& link, std::string_view received) {
     if (received.ends_with('\r')) received.remove_suffix(1);
     link.RawReply = std::string(received);
     link.ReplyText = link.RawReply;
+    link.ReplyHadMore = HasText(received.substr(std::min(received.find('\r'), received.size())));
 }
 
 }  // namespace counter

@@ -19,7 +19,8 @@ std::string AsciiCommand(const LinkState& link, std::string_view body);
 
 // Cuts `received` at its first CR into RawReply and ReplyText. Without a CR LinkError becomes 23 and both
 // texts stay. An odd last character goes, since data comes in pairs of digits; only the value replies of
-// B commands (third character of CommandText) may be odd.
+// B commands (third character of CommandText) may be odd. ReplyHadMore tells that another line came: then the
+// first may be the late reply to an earlier command, or a reading of the stream.
 void JudgeAscii(LinkState& link, std::string_view received);
 
 // The same for a reply through the node: a CR LF, LF or CR at its end goes, and nothing else.

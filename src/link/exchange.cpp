@@ -74,25 +74,31 @@ bool SendCommand(Link& link, const std::function<bool()>& withdrawn) {
     link.Port.SetRtsEnable(true);
     link.Port.Input();
     const std::string frame = state.CommandText;
+    const std::string request = state.ModbusPayload;
     link.Port.Output(frame);
     WaitForOutput(link);
     state.CommandText = frame;
+    state.ModbusPayload = request;
     return true;
 }
 
 void ReceiveReply(Link& link) {
     LinkState& state = link.State;
     const std::string sent = state.CommandText;
+    const std::string request = state.ModbusPayload;
+    state.ReplyHadMore = false;
     if (state.EthernetMode) {
         ReceiveThroughNode(link);
+        state.ModbusPayload = request;
         if (state.LinkError == LinkErrors::kGood) state.ReplyText = TrimBlanks(state.ReplyText);
         return;
     }
     AwaitedReply reply(link);
     reply.TakeIn();
     state.LinkError = reply.LinkError;
-    if (state.LinkError != LinkErrors::kGood) return;
     state.CommandText = sent;  // the reply is this command's, whatever was sent meanwhile
+    state.ModbusPayload = request;
+    if (state.LinkError != LinkErrors::kGood) return;
     if (!RemoveEcho(state, reply.Bytes)) return;
     if (Judge(state, reply.Bytes)) state.ReplyText = TrimBlanks(state.ReplyText);
 }

@@ -14,6 +14,7 @@ struct Words {
     From Source;  // Unknown: the line
     int Number;
     std::string_view Text;  // of a transfer the step, of a refusal what the meter has against it
+    std::string_view Fault = "wrong length";  // of a step
 };
 
 // clang-format off
@@ -52,35 +53,39 @@ constexpr auto kWords = std::to_array<Words>({
     {From::PutModbus,   LinkErrors::kBoardAnswer,      "register of the board"},
     {From::Reading,     LinkErrors::kReadingLength,    "reading"},
     {From::Calibration, LinkErrors::kScaleLength,      "scale and offset, or reading"},
-    {From::Calibration, LinkErrors::kExponentLength,   "exponent"},
+    {From::Calibration, LinkErrors::kExponentLength,   "exponent, or factor"},
+    {From::Calibration, LinkErrors::kNotKept,          "scale, exponent or factor", "not kept as written"},
+    {From::Calibration, LinkErrors::kNoMeasurement,    "reading", "no measurement"},
+    {From::Curve,       LinkErrors::kUpperBlock,       "second item", "not kept as sent"},
+    {From::Curve,       LinkErrors::kLowerBlock,       "first item", "not kept as sent"},
 });
 // clang-format on
 
-std::string_view TextOf(From source, int number) {
+const Words* FindWords(From source, int number) {
     const auto found = std::find_if(kWords.begin(), kWords.end(), [&](const Words& words) {
         return words.Source == source && words.Number == number;
     });
-    return found == kWords.end() ? std::string_view() : found->Text;
+    return found == kWords.end() ? nullptr : &*found;
 }
 
 std::string RefusalWords(int exception) {
-    const std::string why(TextOf(From::Refusal, exception));
-    return "the meter refused" + (why.empty() ? "" : ": " + why) + " (exception " +
+    const Words* why = FindWords(From::Refusal, exception);
+    return "the meter refused" + (why == nullptr ? "" : ": " + std::string(why->Text)) + " (exception " +
            std::to_string(exception) + ")";
 }
 
 }  // namespace
 
 std::string LinkStepName(int step, ErrorSource source) {
-    return std::string(TextOf(source, step));
+    const Words* words = FindWords(source, step);
+    return words == nullptr ? "" : std::string(words->Text);
 }
 
 std::string LinkErrorMeaning(int linkError, ErrorSource source) {
-    if (const std::string_view line = TextOf(From::Unknown, linkError); !line.empty())
-        return std::string(line);
+    if (const Words* line = FindWords(From::Unknown, linkError)) return std::string(line->Text);
     if (source == From::Refusal) return RefusalWords(linkError);
-    if (const std::string_view step = TextOf(source, linkError); !step.empty())
-        return std::string(step) + ": wrong length";
+    if (const Words* step = FindWords(source, linkError))
+        return std::string(step->Text) + ": " + std::string(step->Fault);
     return "a reply of the wrong length, or the meter refused with exception " + std::to_string(linkError);
 }
 

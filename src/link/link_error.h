@@ -47,9 +47,15 @@ inline constexpr int kBoardAnswer = 16;
 
 inline constexpr int kReadingLength = 1;  // a single reading; also a text that is no value
 
-// Calibration: what is read first.
-inline constexpr int kScaleLength = 1;
-inline constexpr int kExponentLength = 2;
+// Calibration.
+inline constexpr int kScaleLength = 1;     // of what is read first
+inline constexpr int kExponentLength = 2;  // or of the calibration factor
+inline constexpr int kNotKept = 3;         // other words come back than were written
+inline constexpr int kNoMeasurement = 4;   // a reading that no correction can come of
+
+// Custom curve: other digits come back than were sent.
+inline constexpr int kUpperBlock = 1;  // of the second item
+inline constexpr int kLowerBlock = 2;  // of the first
 
 // The line.
 inline constexpr int kNodeNoReply = 20;       // node: nothing before the deadline
@@ -65,7 +71,7 @@ inline constexpr int kOtherTransaction = 27;  // node: the reply of another Modb
 }  // namespace LinkErrors
 
 // What a number below 20 is of.
-enum class ErrorSource { Unknown, Refusal, GetAscii, GetModbus, PutModbus, Reading, Calibration };
+enum class ErrorSource { Unknown, Refusal, GetAscii, GetModbus, PutModbus, Reading, Calibration, Curve };
 
 // What was done in the step whose number `step` is: "third block". Empty where there is none.
 std::string LinkStepName(int step, ErrorSource source);

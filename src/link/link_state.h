@@ -14,13 +14,14 @@ struct LinkState {
     // One exchange.
     std::string
         CommandText;  // Custom ASCII: the command going in, the frame as sent coming out; Modbus: the frame
-    std::string
-        ModbusPayload;      // Modbus: the request as hexadecimal digits without address; new for every send
-    std::string ReplyText;  // the reply with its framing removed and blanks trimmed
-    std::string RawReply;   // the reply before trimming
-    bool ReplyHadEnd = false;                     // Custom ASCII: a CR or LF was after it
-    bool ReplyWasOdd = false;                     // Custom ASCII: a last digit without its pair was dropped
-    int LinkError = 0;                            // 0 good, see link_error.h
+    std::string ModbusPayload;  // Modbus: the request as hexadecimal digits, without address going in and
+                                // with it coming out; new for every send
+    std::string ReplyText;      // the reply with its framing removed and blanks trimmed
+    std::string RawReply;       // the reply before trimming
+    bool ReplyHadEnd = false;   // Custom ASCII: a CR or LF was after it
+    bool ReplyHadMore = false;  // more than a line end came behind its end; not in RTU
+    bool ReplyWasOdd = false;   // Custom ASCII: a last digit without its pair was dropped
+    int LinkError = 0;          // 0 good, see link_error.h
     ErrorSource FailedIn = ErrorSource::Unknown;  // of a LinkError below 20
     bool PortFault = false;                       // WaitForInput met a port error
     AwaitedReply* Awaited = nullptr;              // serial: the innermost one that is being taken in

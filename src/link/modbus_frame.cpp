@@ -83,6 +83,7 @@ bool JudgeModbusAscii(LinkState& link, std::string_view received) {
     }
     // CR LF are cut by position, whatever the first of them is.
     link.RawReply = std::string(received.substr(0, end == 0 ? 0 : end - 1));
+    link.ReplyHadMore = end + 1 != received.size();
     const std::string digits = link.RawReply.substr(std::min<std::size_t>(1, link.RawReply.size()));
     const std::size_t covered = digits.size() < 2 ? 0 : digits.size() - 2;
     link.ReplyText = digits + "  ";

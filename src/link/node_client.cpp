@@ -22,6 +22,9 @@ NodeClient::~NodeClient() {
 }
 
 Status NodeClient::Login(const NodeRecord& node, int variant) {
+    if (node.TcpPort == 0)
+        return {StatusKind::Illegal, "TcpPort 0",
+                "the node can't call it; the settings name one of 1 to 65535"};
     node_ = node;
     lost_ = false;
     ticks_ = 0;

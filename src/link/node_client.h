@@ -22,7 +22,7 @@ namespace counter {
 struct NodeRecord {
     std::string Address;  // 12 hexadecimal digits
     std::string Ip;       // dotted decimal
-    int TcpPort = 0;      // of this machine
+    int TcpPort = 0;      // of this machine, 1..65535
 };
 
 class NodeClient {
@@ -36,8 +36,9 @@ class NodeClient {
     NodeClient& operator=(const NodeClient&) = delete;
 
     // Asks for the call up to ten times, four seconds each. `variant` 1..8 of the login's check. The status
-    // is of the two ports, which must be free; whether the node has called, Connected() tells. From then on
-    // the node is kept awake once in 14 seconds by whatever wait is under way.
+    // is of the two ports, which must be free, and of the TCP port, which must not be 0; whether the node has
+    // called, Connected() tells. From then on the node is kept awake once in 14 seconds by whatever wait is
+    // under way.
     Status Login(const NodeRecord& node, int variant);
 
     SocketState State() const { return sockets_.Tcp.State(); }
@@ -45,6 +46,11 @@ class NodeClient {
     // True while the node is connected. Otherwise warns the user by a message box, after which the wait for
     // a reply ends.
     bool CheckConnected();
+    // Whoever has called: any caller is taken for the node, which may have an address of its own towards this
+    // machine. Empty without a connection, and where its address is not told.
+    std::string Caller() const { return sockets_.Tcp.Caller(); }
+    // The far end has said that it has all that was sent.
+    bool TookAll() const { return sockets_.Tcp.Unacknowledged() == 0; }
     // CheckConnected has found the connection broken since the login.
     bool Lost() const { return lost_; }
 

@@ -40,4 +40,14 @@ void ReceiveThroughNode(Link& link) {
     }
 }
 
+bool NodeTookAll(Link& link) {
+    constexpr double kLookAgainMs = 20;  // nothing tells of it
+    const double lastMs = link.Pump.NowMs() + ReplyMs(link.State.BaudIndex);
+    while (link.Node->Connected() && !link.Node->TookAll() && link.Pump.NowMs() < lastMs) {
+        link.Pump.WaitUntil(
+            link.Pump.NowMs() + kLookAgainMs, [] { return false; }, "node to take what was sent");
+    }
+    return link.Node->Connected() && !link.Node->Lost() && link.Node->TookAll();
+}
+
 }  // namespace counter

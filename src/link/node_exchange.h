@@ -15,4 +15,9 @@ void SendThroughNode(Link& link);
 // the break still counts.
 void ReceiveThroughNode(Link& link);
 
+// Whether the node has taken in all that was sent to it, which it says on its own within moments. Waits as
+// long as for a reply: a cable that was pulled keeps the connection up and everything back. No proof that the
+// meter has it. Leaves LinkError alone.
+bool NodeTookAll(Link& link);
+
 }  // namespace counter

@@ -32,14 +32,17 @@ inline constexpr std::array<SingleReading, 7> kSingleReadings = {{
 // clang-format on
 
 // Asks a Custom ASCII meter for a value; LinkError is 1 or 23 also for a text that can't be one, which is
-// in ReplyText and RawReply as it came.
+// in ReplyText and RawReply as it came. 1 too where two replies came: nothing in them says what they answer.
 void AskValue(Link& link, std::string_view command);
 
+// Whether ReplyText is the count that the last Modbus request has asked for.
+bool CountAnswers(const LinkState& link);
+
 // Asks for a reading and leaves its text in RawReply; LinkError tells how the receive ended, 1 for a Modbus
-// reply of another length and for no value, and whoever does not look at it shows what the last good reply
-// left. One value is without blanks at its ends, but a Modbus count that is not negative has one in front. A
-// line of values stays as it came, since its first character is the sign's place of its first value. Over
-// Modbus, what has no request is not asked for.
+// reply of another length or to another request and for no value, and whoever does not look at it shows what
+// the last good reply left. One value is without blanks at its ends, but a Modbus count that is not negative
+// has one in front. A line of values stays as it came, since its first character is the sign's place of its
+// first value. Over Modbus, what has no request is not asked for.
 void ReadSingle(Link& link, ReadingKind kind);
 
 }  // namespace counter

@@ -1,6 +1,7 @@
 #include "link/waits.h"
 
 #include "link/link_error.h"
+#include "link/node_exchange.h"
 
 namespace counter {
 
@@ -45,7 +46,7 @@ bool SerialLineHolds(Link& link) {
 
 bool LineHolds(Link& link) {
     if (!link.State.EthernetMode) return SerialLineHolds(link);
-    if (link.Node->Connected() && !link.Node->Lost()) return true;
+    if (NodeTookAll(link)) return true;
     link.State.LinkError = LinkErrors::kPortFault;
     return false;
 }

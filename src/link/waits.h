@@ -21,7 +21,8 @@ void WaitForOutput(Link& link);
 // no other proof that it went anywhere.
 bool SerialLineHolds(Link& link);
 
-// The same, and for the connection to the node as well.
+// The same, and for the connection to the node as well, which must have taken in what was sent: see
+// NodeTookAll.
 bool LineHolds(Link& link);
 
 }  // namespace counter

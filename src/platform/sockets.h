@@ -1,6 +1,7 @@
 // Sockets: what reaches a meter through an Ethernet node. Datagrams go out, the node calls back over TCP.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -49,6 +50,11 @@ class TcpSocket {
     // Dropped where nobody is connected.
     virtual void Send(std::string_view bytes) = 0;
     virtual void Close() = 0;
+    // Bytes given to Send that the far end has not said it has; 0 without a connection. They drain while the
+    // cable is whole, whatever the far end does with them, and no event tells of it.
+    virtual std::size_t Unacknowledged() const = 0;
+    // The address of the far end, dotted decimal where it is one of IPv4; empty without a connection.
+    virtual std::string Caller() const = 0;
 
     // Told from the event loop what has arrived since it was told last; may be empty. It must not wait.
     std::function<void(std::string_view bytes)> Arrived;
@@ -80,6 +86,8 @@ class NoTcpSocket : public TcpSocket {
     SocketState State() const override { return SocketState::Closed; }
     void Send(std::string_view) override {}
     void Close() override {}
+    std::size_t Unacknowledged() const override { return 0; }
+    std::string Caller() const override { return {}; }
 };
 
 struct NoSockets {

@@ -77,6 +77,8 @@ class TraceSockets {
         SocketState State() const override { return all_.inner_.Tcp.State(); }
         void Send(std::string_view bytes) override;
         void Close() override { all_.inner_.Tcp.Close(); }
+        std::size_t Unacknowledged() const override { return all_.inner_.Tcp.Unacknowledged(); }
+        std::string Caller() const override { return all_.inner_.Tcp.Caller(); }
 
       private:
         TraceSockets& all_;

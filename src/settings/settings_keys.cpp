@@ -26,7 +26,7 @@ constexpr std::array<SettingsKey, 15> kKeys = {{
     {"FirmwareVersion",     1, 13,  3, SettingsKind::Decimal,   &S::FirmwareVersion,   nullptr,         0,   255},
     {"CommsEnabled",        1, 16,  1, SettingsKind::Decimal,   &S::CommsEnabled,      nullptr,         0,     2},
     {"ProgramKind",         1, 17,  1, SettingsKind::Decimal,   &S::ProgramKind,       nullptr,         0,     9},
-    {"TcpPort",             2,  1,  4, SettingsKind::Hex,       &S::TcpPort,           nullptr,         0, 65535},
+    {"TcpPort",             2,  1,  4, SettingsKind::Hex,       &S::TcpPort,           nullptr,         1, 65535},
     {"NodeAddress",         2,  5, 12, SettingsKind::HexDigits, nullptr,               &S::NodeAddress},
     {"NodeUdpPort",         2, 17,  4, SettingsKind::Hex,       &S::NodeUdpPort,       nullptr,         0, 65535},
     {"NodeIp",              2, 21,  8, SettingsKind::IpAddress, nullptr,               &S::NodeIp},

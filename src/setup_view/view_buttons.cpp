@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "link/exchange.h"
+#include "link/single_reading.h"
 #include "link/waits.h"
 #include "meter/hex_text.h"
 #include "meter/leading_number.h"
@@ -80,12 +81,12 @@ void ViewButtons::ReadOnce() {
 bool ViewButtons::AskMeter(double& reading, int point) {
     LinkState& link = Program.LinkState;
     if (!link.ModbusLink) {
-        AskAscii(Program.Link, "B1");
+        AskValue(Program.Link, "B1");
         reading = LeadingNumber(link.ReplyText);
         return link.LinkError == 0;
     }
     AskModbus(Program.Link, "0400030002");
-    if (link.LinkError != 0 || link.ReplyText.size() < kNumberAt + kNumberDigits) return false;
+    if (link.LinkError != 0 || !CountAnswers(link)) return false;
     int number =
         static_cast<int>(ParseHex(std::string_view(link.ReplyText).substr(kNumberAt, kNumberDigits)));
     if (number > kMostReading) number -= kTwoTo24;

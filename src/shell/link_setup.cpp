@@ -28,6 +28,7 @@ constexpr std::array<std::string_view, 32> kAddresses = {
     "0",  "1",  "2",  "3",  "4",  "5",  "6",  "7",  "8",  "9",  "A",  "B",  "C",  "D",  "E",  "F",
     "0.", "1.", "2.", "3.", "4.", "5.", "6.", "7.", "8.", "9.", "A.", "B.", "C.", "D.", "E.", "F."};
 constexpr const char* kNoNode = "000000000000";
+constexpr std::string_view kTcpPortKey = "TcpPort";
 constexpr std::string_view kFindCaption = "&Find meter";
 constexpr std::string_view kStopCaption = "S&top";
 
@@ -143,7 +144,7 @@ std::string LinkSetup::TakeLines(SettingsLines& lines) const {
     Comms::Code comms = !node && chkEcho.Value == 1 ? Comms::EchoingLink : Comms::Link;
     if (!node && chkWork.Value == 1) comms = Comms::NoLink;
     const int meter = kMeterTypes[static_cast<std::size_t>(std::max(cboMeter.ListIndex, 0))];
-    const std::pair<const char*, std::string> values[] = {
+    const std::pair<std::string_view, std::string> values[] = {
         {"MeterType", std::to_string(meter)},
         {"BaudIndex", std::to_string(cboBaud.ListIndex)},
         {"CommPortNumber", std::to_string(portNumber_)},
@@ -157,9 +158,10 @@ std::string LinkSetup::TakeLines(SettingsLines& lines) const {
         {"NodeAddress", node ? std::string(Trimmed(txtNode.Text)) : kNoNode},
         {"NodeIp", std::string(Trimmed(txtNodeIp.Text))},
         {"NodeUdpPort", std::string(Trimmed(txtNodeUdp.Text))},
-        {"TcpPort", std::string(Trimmed(txtTcp.Text))},
+        {kTcpPortKey, std::string(Trimmed(txtTcp.Text))},
     };
     for (const auto& [name, value] : values) {
+        if (!node && name == kTcpPortKey) continue;  // means nothing, and may be the 0 of a new file
         std::string refusal = SetSettingsKey(lines, *FindSettingsKey(name), value);
         if (!refusal.empty()) return refusal;
     }

@@ -1,8 +1,11 @@
 #include "system/qt_sockets.h"
 
 #include <arpa/inet.h>
+#include <linux/sockios.h>
+#include <netdb.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -161,6 +164,24 @@ void QtTcpSocket::Close() {
     reads_.reset();
     CloseDescriptor(descriptor_);
     state_ = SocketState::Closed;
+}
+
+std::size_t QtTcpSocket::Unacknowledged() const {
+    int bytes = 0;
+    if (state_ != SocketState::Connected || ioctl(descriptor_, SIOCOUTQ, &bytes) != 0) return 0;
+    return static_cast<std::size_t>(bytes);
+}
+
+std::string QtTcpSocket::Caller() const {
+    sockaddr_storage address = {};
+    socklen_t size = sizeof address;
+    char text[NI_MAXHOST] = {};
+    auto* generic = reinterpret_cast<sockaddr*>(&address);
+    if (state_ != SocketState::Connected || getpeername(descriptor_, generic, &size) != 0) return {};
+    if (getnameinfo(generic, size, text, sizeof text, nullptr, 0, NI_NUMERICHOST) != 0) return {};
+    constexpr std::string_view kMapped = "::ffff:";
+    const std::string_view host = text;
+    return std::string(host.substr(host.starts_with(kMapped) ? kMapped.size() : 0));
 }
 
 int QtTcpSocket::LocalPort() const {

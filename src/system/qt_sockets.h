@@ -44,6 +44,8 @@ class QtTcpSocket : public TcpSocket {
     // What the far end leaves no room for, tens of thousands of bytes that it has not taken, is lost.
     void Send(std::string_view bytes) override;
     void Close() override;
+    std::size_t Unacknowledged() const override;
+    std::string Caller() const override;
 
     // The port that is listened at, another than was asked for only where that was 0; 0 where there is none.
     // For tests.

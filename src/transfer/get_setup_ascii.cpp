@@ -18,9 +18,11 @@ namespace {
 void DoubtReply(SetupTransfer& transfer, int step) {
     const LinkState& state = transfer.Line.State;
     const bool digits = IsHexText(state.ReplyText);
-    if (!transfer.Doubt.empty() || (digits && !state.ReplyWasOdd)) return;
-    transfer.Doubt = LinkStepName(step, ErrorSource::GetAscii) +
-                     (digits ? ": a digit too many came" : ": not all that came are hexadecimal digits");
+    if (!transfer.Doubt.empty() || (digits && !state.ReplyWasOdd && !state.ReplyHadMore)) return;
+    transfer.Doubt =
+        LinkStepName(step, ErrorSource::GetAscii) + (!digits ? ": not all that came are hexadecimal digits"
+                                                     : state.ReplyHadMore ? ": more than one reply came"
+                                                                          : ": a digit too many came");
 }
 
 // Asks and tests the length, the only proof of a good reply.

@@ -4,6 +4,7 @@
 
 #include "link/exchange.h"
 #include "link/link_error.h"
+#include "link/modbus_reply.h"
 #include "link/waits.h"
 #include "meter/firmware.h"
 #include "transfer/get_setup.h"
@@ -79,9 +80,9 @@ constexpr int kEchoLength = 12;
 
 bool Ask(Link& link, const char* request, int length, int step) {
     AskModbus(link, request);
-    const int wanted = length + ModbusExtraDigits(link.State);
-    const int got = static_cast<int>(link.State.ReplyText.size());
-    if (link.State.LinkError == 0 && got != wanted) link.State.Fail(step, ErrorSource::GetModbus);
+    const auto wanted = static_cast<std::size_t>(length + ModbusExtraDigits(link.State));
+    if (link.State.LinkError == 0 && !ReplyAnswers(link.State, wanted))
+        link.State.Fail(step, ErrorSource::GetModbus);
     return link.State.LinkError == 0;
 }
 

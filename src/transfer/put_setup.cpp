@@ -5,6 +5,7 @@
 
 #include "link/exchange.h"
 #include "link/link_error.h"
+#include "link/modbus_reply.h"
 #include "link/waits.h"
 #include "meter/field_value.h"
 #include "meter/firmware.h"
@@ -47,7 +48,7 @@ int AskBoardModbus(Link& link) {
     if (link.State.LinkError != 0) return -1;
     // The length is that of RTU also over Modbus ASCII, whose answer never has it: required.
     const std::size_t wanted = link.State.EthernetMode ? 10 : 14;
-    if (link.State.ReplyText.size() != wanted) {
+    if (!ReplyAnswers(link.State, wanted)) {
         link.State.Fail(LinkErrors::kBoardAnswer, ErrorSource::PutModbus);
         return -1;
     }
@@ -82,9 +83,9 @@ bool WriteRow(SetupTransfer& transfer, const ModbusWrite& write) {
     if (!SendCommand(link, [&] { return transfer.GivesUp(); })) return false;
     link.State.FramesWritten.push_back(FrameName(write));
     ReceiveReply(link);
-    const int wanted = kAnswerDigits + ModbusExtraDigits(link.State);
-    const int got = static_cast<int>(link.State.ReplyText.size());
-    if (link.State.LinkError == 0 && got != wanted) link.State.Fail(write.Step, ErrorSource::PutModbus);
+    const auto wanted = static_cast<std::size_t>(kAnswerDigits + ModbusExtraDigits(link.State));
+    if (link.State.LinkError == 0 && !ReplyAnswers(link.State, wanted))
+        link.State.Fail(write.Step, ErrorSource::PutModbus);
     return link.State.LinkError == 0;
 }
 

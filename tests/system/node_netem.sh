@@ -53,6 +53,21 @@ get_under() {
     fi
 }
 
+# A Put that nothing answers: what the node has not taken in is no success.
+put_while_pulled() {
+    lay_down
+    inside_node="ip netns exec $node"
+    start_node --verbose
+    ctl 0 default "$work/new.CT2"
+    once_pulled &
+    local status=0
+    timeout 60 ip netns exec "$tool" "$bin/counterctl" --dir "$home" put "$work/new.CT2" 2>"$work/err" || status=$?
+    cat "$work/err"
+    [ "$status" -eq 3 ] || fail "status $status, not 3"
+    said "not put whole; sent so far: W91A" err
+    last_line "Data transfer unsuccessful. Check connections and try again. (27)"
+}
+
 # under NUMBER: the story's cable, which goes with it.
 under() {
     trap 'stop_peer; cut_apart' EXIT
@@ -69,9 +84,10 @@ long_delay() { under 6 && both netem delay 400ms 100ms && get_under "0 3"; }
 light_loss() { under 7 && both netem loss 5% delay 30ms && get_under "0 3"; }
 heavy_loss() { under 8 && both netem loss 30% delay 100ms && get_under "0 3"; }
 nearly_deaf() { under 9 && both netem loss 70% && get_under "0 3"; }
+pulled_put() { under 11 && put_while_pulled; }
 deaf() { under 10 && both netem loss 100% && get_under 3; }
 
-cables="plain_cable slow_cable loose_cable pulled_cable no_cable"
+cables="plain_cable slow_cable loose_cable pulled_cable no_cable pulled_put"
 if (trap cut_apart EXIT; join 91 && both netem loss 1%) 2>"$work/why"; then
     cables="$cables small_delay long_delay light_loss heavy_loss nearly_deaf deaf"
 else

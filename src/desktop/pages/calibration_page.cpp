@@ -58,6 +58,7 @@ QString CalibrationPage::Title() const {
 
 void CalibrationPage::Leave() {
     if (view_.Running()) {
+        view_.WantEnd();
         QApplication::beep();
         return;
     }

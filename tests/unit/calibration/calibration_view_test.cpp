@@ -56,18 +56,11 @@ TEST(CalibrationView, ShowsItsStages) {
     EXPECT_EQ(bench.Port.Story(), "");
 }
 
-TEST(CalibrationView, NothingInterruptsARunAndAnExitWaitsForItsEnd) {
+TEST(CalibrationView, NoPressInterruptsARun) {
     ViewBench bench;
-    int exits = 0;
-    bench.View.ExitProgram = [&] {
-        ++exits;
-        EXPECT_FALSE(bench.View.HoldExit()) << "it may go now";
-        EXPECT_EQ(bench.Meter.Words(), "8000FF0186A0 0500 801E");
-    };
     for (const double ms : {100.0, 900.0, 5000.0, 9000.0, 12000.0, 15000.0}) {
         bench.Pump.After(ms, [&] {
-            EXPECT_TRUE(bench.View.Running() && bench.View.HoldExit());
-            EXPECT_EQ(exits, 0);
+            EXPECT_TRUE(bench.View.Running());
             EXPECT_EQ(bench.Press("cmdCANCEL"), Refusal::Hidden);
             EXPECT_EQ(bench.Press("cmdOK"), Refusal::Hidden);
             bench.EnterFrequency("5");
@@ -75,9 +68,50 @@ TEST(CalibrationView, NothingInterruptsARunAndAnExitWaitsForItsEnd) {
             bench.View.Activate();
         });
     }
-    for (int run = 0; run < 2; ++run) bench.EnterFrequency("1000");
-    EXPECT_EQ(exits, 1) << "the wish was for one exit";
+    bench.EnterFrequency("1000");
     EXPECT_TRUE(bench.View.lblDone.Visible);
+    EXPECT_TRUE(bench.Boxes.Shown.empty());
+}
+
+// Closing the window stays in the view and says what became of it; an exit goes.
+TEST(CalibrationView, AnEndPutsTheScaleBackFirst) {
+    for (const bool exits : {false, true}) {
+        ViewBench bench;
+        int ended = 0;
+        bench.View.ExitProgram = [&] {
+            ++ended;
+            EXPECT_FALSE(bench.View.HoldExit()) << "it may go now";
+            EXPECT_NE(bench.Program.Writes.SoFar().find("factor back"), std::string::npos);
+        };
+        bench.Pump.After(8000,
+                         [&] { exits ? static_cast<void>(bench.View.HoldExit()) : bench.View.WantEnd(); });
+        bench.EnterFrequency("1000");
+        EXPECT_LT(bench.Pump.NowMs(), 16000);
+        EXPECT_EQ(bench.Meter.Words(), "8000FF0186A0 0500 8064");
+        EXPECT_EQ(ended, exits ? 1 : 0);
+        EXPECT_EQ(bench.Boxes.Shown.size(), exits ? 0U : 1U);
+        EXPECT_FALSE(bench.View.lblDone.Visible);
+        bench.EnterFrequency("1000");
+        EXPECT_EQ(ended, exits ? 1 : 0) << "the wish was for one end";
+        EXPECT_TRUE(bench.View.lblDone.Visible);
+    }
+}
+
+TEST(CalibrationView, WhatIsNotDoneIsNotCalledSo) {
+    ViewBench kept;
+    kept.Meter.SilentAt = "W3118000FF0186A0Z";
+    kept.EnterFrequency("1000");
+    EXPECT_FALSE(kept.View.lblDone.Visible);
+    ASSERT_EQ(kept.Boxes.Shown.size(), 1U);
+    EXPECT_NE(kept.Boxes.Shown[0].Text.find("Not all that was written comes back"), std::string::npos);
+
+    ViewBench modbus;
+    modbus.UseModbusAscii();
+    modbus.View.Activate();
+    modbus.EnterFrequency("1000");
+    EXPECT_EQ(modbus.View.picCAL2.Text, kNeedsAsciiText);
+    EXPECT_EQ(modbus.Port.Story(), "");
+    EXPECT_EQ(modbus.Press("cmdCANCEL"), Refusal::None);
 }
 
 }  // namespace

@@ -10,17 +10,20 @@
 namespace counter::test {
 
 struct TimeBaseMeter {
-    double Hertz = 1000;        // at its input
-    double ErrorPpm = 30;       // its readings are too high by that, and by its calibration word
-    std::string SilentAt = "";  // the command that it does not hear
+    double Hertz = 1000;                     // at its input
+    double ErrorPpm = 30;                    // its readings are too high by that, and by its calibration word
+    std::string SilentAt = "";               // the command that it does not hear
+    std::string Garbled = "", Garbage = "";  // a command and what it answers instead
     std::string Word311 = "8000FF0186A0", Word124 = "0500", Word12B = "8064";
 
     std::string Words() const { return Word311 + " " + Word124 + " " + Word12B; }
     std::string Answer(const std::string& frame) {
         const std::string command = frame.substr(2);
         if (command == SilentAt) return "-";
+        if (command == Garbled) return Garbage;
         if (command == "X311Z") return Word311;
         if (command == "X124Z") return Word124;
+        if (command == "X12BZ") return Word12B;
         if (command == "B1") return Reading();
         for (std::string* word : {&Word311, &Word124, &Word12B}) {
             if (command.starts_with(word == &Word311 ? "W311" : word == &Word124 ? "W124" : "W12B"))

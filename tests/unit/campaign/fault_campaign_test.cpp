@@ -35,13 +35,13 @@ const Action kActions[] = {
     {"arnt",   {"put", "/moved.CT2"},                                 {5000, 5},  {7200, 8}},
     {"armnt",  {"put", "/new.CT2", "--backup", "/x.CT2", "--verify"}, {6010, 11}, {19210, 22}},
     {"a",      {"verify", "/same.CT2"},                               {705, 4},   {}},
-    {"armnt",  {"read", "item1"},                                     {200, 1},   {200, 1}},
+    {"armnt",  {"read", "item1"},                                     {400, 1},   {200, 1}},
     {"an",     {"read", "all+"},                                      {200, 1},   {}},
     {"at",     {"reset", "peak"},                                     {200, 1},   {200, 1}},
     {"at",     {"remote", "both", "5"},                               {200, 1},   {200, 1}},
     {"a",      {"stream", "--count", "3", "--csv", "/x.csv"},         {1100, 1},  {}},
     {"an",     {"curve", "/c.PRM"},                                   {200, 1},   {}},
-    {"an",     {"calibrate", "1000"},                                 {11700, 1}, {}},
+    {"an",     {"calibrate", "1000"},                                 {12100, 1}, {}},
 };
 
 // Values that depend on the length of the reply.
@@ -54,6 +54,7 @@ constexpr FaultRow kFaults[] = {
     {"late2900", Late, 2900, 0,       "aermnt"}, {"late5000",  Late, 5000, 0,    "aermnt"}, {"pause40", Pause, kHalf, 40,  "arm"},
     {"pause500", Pause, kHalf, 500,   "arm"},    {"paced",     Paced, 0, 0,      "armnt"},  {"echo",    Echo, 0, 0,        "armnt", true},
     {"badecho",  BadEcho, 0, 0,       "aermnt", true}, {"gone0", Gone, 0, 0,     "aerm", true}, {"gone/2", Gone, kHalf, 0, "aerm"},
+    {"address9", Byte, 0, 9,          "rmt"},    {"function1", Byte, 1, 1,       "rmt"},    {"third9",  Byte, 2, 9,        "rmt"},
     {"wrongid",  WrongId, 0, 0,       "t"},      {"pieces1",   Pieces, 1, 30,    "nt"},     {"pieces/2", Pieces, kHalf, 30, "nt"},
     {"close0",   Close, 0, 0,         "nt"},     {"close/2",   Close, kHalf, 0,  "nt"},     {"status",  sim::FaultKind::Status, 0, 0, "nt"},
 };
@@ -103,7 +104,7 @@ int LinkErrorOf(const CaseResult& result) {
 
 // Whether a line says what the number means, whatever was being done.
 bool IsMeaning(const std::string& line, int number) {
-    for (int source = 0; source <= static_cast<int>(ErrorSource::Calibration); ++source) {
+    for (int source = 0; source <= static_cast<int>(ErrorSource::Curve); ++source) {
         if (line == "counterctl: " + LinkErrorMeaning(number, static_cast<ErrorSource>(source))) return true;
     }
     return false;

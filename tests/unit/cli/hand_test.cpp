@@ -13,13 +13,23 @@ using Json = nlohmann::json;
 
 constexpr const char* kModbus = "3501200100100831010000\r\n2711000000000000F6CB00000000\r\n";
 
+std::string Item(std::size_t digits, char digit) {
+    return std::string(digits, digit) + "\n";
+}
+
 // A command on a line whose far end the test plays.
 struct HandCli : CliBench {
     VirtualPump Clock;
     ScriptedPort Line{Clock};
 
     explicit HandCli(const char* answer = "-") {
-        Store.Contents = {{"home/Settings.SSS", kAsciiSettings}, {"/c/any", "55\nAA\n"}, {"/c/one", "55"}};
+        Store.Contents = {{"home/Settings.SSS", kAsciiSettings},
+                          {"/c/any", Item(84, '5') + Item(84, 'A')},
+                          {"/c/one", "55"},
+                          {"/c/83", Item(84, '5') + Item(83, 'A')},
+                          {"/c/85", Item(85, '5') + Item(84, 'A')},
+                          {"/c/small", Item(84, 'a') + Item(84, 'A')},
+                          {"/c/mark", "\xEF\xBB\xBF" + Item(84, '5') + Item(84, 'A')}};
         Line.Answer = [answer](const std::string&) { return answer; };
         Make = [this] { return std::make_unique<BorrowedMachine>(Clock, Line); };
     }
@@ -78,6 +88,10 @@ TEST(HandWork, RefusalsSendNothing) {
         {kAsciiSettings,  {"curve", "/c/any", "--board", "3"}, "--board is 1"},
         {kAsciiSettings,  {"curve", "/c/none"},                "counterctl: /c/none: No such file or directory", 2},
         {kAsciiSettings,  {"curve", "/c/one"},                 "counterctl: /c/one: no curve: it has two items", 2},
+        {kAsciiSettings,  {"curve", "/c/83"},                  "each of 84 hexadecimal digits in capitals", 2},
+        {kAsciiSettings,  {"curve", "/c/85"},                  "each of 84 hexadecimal digits in capitals", 2},
+        {kAsciiSettings,  {"curve", "/c/small"},               "each of 84 hexadecimal digits in capitals", 2},
+        {kAsciiSettings,  {"curve", "/c/mark"},                "each of 84 hexadecimal digits in capitals", 2},
         {kAsciiSettings,  {"calibrate", "0"},                  "HERTZ is a positive number"},
         {kAsciiSettings,  {"calibrate", "1,000"},              "HERTZ is a positive number"},
         {kAsciiSettings,  {"calibrate", "inf"},                "HERTZ is a positive number"},
@@ -86,7 +100,7 @@ TEST(HandWork, RefusalsSendNothing) {
         {kModbus, {"remote", "c", "1"},                "'c' does not exist over Modbus"},
         {kModbus, {"remote", "display", "9e9"},        "-2147483648 to 2147483647"},
         {kModbus, {"curve", "/c/any"},                 "Cannot send the custom curve file"},
-        {kModbus, {"calibrate", "1000"},               "'calibrate' does not exist over Modbus"},
+        {kModbus, {"calibrate", "1000"},               "Calibration needs Custom ASCII"},
         // clang-format on
     };
     for (const auto& c : cases) {
@@ -102,9 +116,7 @@ TEST(HandWork, RefusalsSendNothing) {
 
 // The table of faults has the rest, frame by frame.
 TEST(HandWork, AFailedLinkIs3) {
-    const std::string verify =
-        " VERIFY FAILED.  DATA MOST LIKELY NOT RECEIVED BY METER."
-        " CHECK THE METER COMMUNICATIONS SETTINGS AND THE CABLING AND TRY AGAIN. ";
+    const std::string verify = " VERIFY FAILED.  DATA MOST LIKELY NOT RECEIVED BY METER. ";
     const struct {
         Words Line;
         const char *Answer, *Sent;
@@ -113,7 +125,7 @@ TEST(HandWork, AFailedLinkIs3) {
     } cases[] = {
         // clang-format off
         {{"read", "item1"},                   "-",  "*1B1",  "Communications failure.  Program may have to be re-started. (21)", 21},
-        {{"curve", "/c/any"},                 "00", "*1WL6", verify + "(0)",  0},
+        {{"curve", "/c/any"},                 "00", "*1WL6", verify + "(1)",  1},
         {{"curve", "/c/any", "--board", "2"}, "-",  "*1WLF", verify + "(21)", 21},
         // clang-format on
     };
@@ -129,23 +141,62 @@ TEST(HandWork, AFailedLinkIs3) {
     }
 }
 
-TEST(HandWork, AnInterruptEndsACurveButNotACalibration) {
-    HandCli curve;
-    curve.Clock.After(1000, [&] { curve.Clock.RequestInterrupt(); });
-    EXPECT_EQ(curve.Run({"curve", "/c/any"}), 130);
-    EXPECT_TRUE(curve.Line.Story().ends_with("*1XL69Z"));
-    for (const double ms : {1e9, 100.0, 9000.0}) {
+// No half of a curve, no test scale.
+TEST(HandWork, AnInterruptLeavesTheMeterWhole) {
+    const struct {
+        const char* Command;
+        double Ms;
+        int Status;
+        const char *EndsWith, *Says;
+    } cases[] = {
+        // clang-format off
+        {"curve",     400,   130, "*1WL54", "both items were sent and not verified"},
+        {"curve",     1000,  130, "*1XL69Z", "both items were sent and not verified"},
+        {"calibrate", 100,   130, "*1A1", "Nothing was written"},
+        {"calibrate", 9000,  130, "*1W12B8064; 1300 *1X311Z; 571 *1X124Z; 571 *1X12BZ", "back."},
+        {"calibrate", 1e9,   0,   "*1W3110000000186A0Z; 1300 *1W1240500Z; 1300 *1W12B801E; 1300 *1X311Z; 571 *1X124Z; 571 *1X12BZ", ""},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        HandCli cli;
+        std::string factor = "8064";
+        cli.Line.Answer = [&factor](const std::string& frame) -> std::string {
+            if (frame.starts_with("*1W12B")) factor = frame.substr(6, 4);
+            if (frame == "*1X311Z") return "0000000186A0";
+            return frame == "*1X124Z"   ? "0500"
+                   : frame == "*1X12BZ" ? factor
+                   : frame == "*1B1"    ? " 900027"
+                                        : "-";
+        };
+        cli.Clock.After(c.Ms, [&] { cli.Clock.RequestInterrupt(); });
+        const std::string word = c.Command == std::string("curve") ? "/c/any" : "1e3";
+        EXPECT_EQ(cli.Run({c.Command, word, "--json"}), c.Status) << c.Says;
+        const std::string story = cli.Line.Story(), ending = c.EndsWith;
+        const std::string last = ending == "*1WL54" ? story.substr(story.rfind(' ') + 1, 6) : story;
+        EXPECT_TRUE(last.ends_with(ending)) << story;
+        EXPECT_NE(cli.Err.find(c.Says), std::string::npos) << cli.Err;
+        if (c.Status == 0) {
+            EXPECT_EQ(
+                Json::parse(cli.Out).dump(),
+                R"({"LinkError":0,"limited":false,"messages":[],"ppm":-30,"status":"Done.","written":true})");
+        }
+    }
+}
+
+TEST(HandWork, ADoubtfulCalibrationNeedsForce) {
+    for (const bool force : {false, true}) {
         HandCli cli;
         cli.Line.Answer = [](const std::string& frame) {
             if (frame == "*1X311Z") return "0000000186A0";
-            return frame == "*1X124Z" ? "0500" : frame == "*1B1" ? " 900027" : "-";
+            return frame == "*1X124Z"   ? "0500"
+                   : frame == "*1X12BZ" ? "752F"
+                   : frame == "*1B1"    ? " 000000"
+                                        : "-";
         };
-        cli.Clock.After(ms, [&] { cli.Clock.RequestInterrupt(); });
-        EXPECT_EQ(cli.Run({"calibrate", "1e3", "--json"}), ms < 1e9 ? 130 : 0) << ms;
-        EXPECT_TRUE(cli.Line.Story().ends_with("*1W3110000000186A0Z; 1300 *1W1240500Z; 1300 *1W12B801E"));
-        if (ms < 1e9) continue;
-        EXPECT_EQ(Json::parse(cli.Out).dump(),
-                  R"({"LinkError":0,"limited":false,"messages":[],"ppm":-30,"status":"Done."})");
+        EXPECT_EQ(cli.Run(force ? Words{"calibrate", "1000", "--force"} : Words{"calibrate", "1000"}),
+                  force ? 0 : 3);
+        EXPECT_NE(cli.Err.find("is the frequency at the input?"), std::string::npos);
+        EXPECT_EQ(cli.Line.Story().find("*1W") != std::string::npos, force);
     }
 }
 

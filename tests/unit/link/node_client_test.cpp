@@ -42,6 +42,13 @@ TEST(Login, TheFirstCallerIsTakenWhoeverItIs) {
     EXPECT_TRUE(stranger.LogIn());
     stranger.Pump.Pass(1000);
     EXPECT_EQ(stranger.Net.Refused, 1) << "the node finds nobody";
+    EXPECT_EQ(stranger.Program.Node.Caller(), "192.168.0.66");
+}
+
+TEST(Login, APortThatNobodyCanCallIsNotAskedFor) {
+    NodeBench bench;
+    EXPECT_EQ(bench.Program.Node.Login({kNodeAddress, "192.168.0.5", 0}, 1).Kind, StatusKind::Illegal);
+    EXPECT_TRUE(bench.Net.Datagrams.empty());
 }
 
 TEST(KeepAlive, GoesOutEvery14thTickWhileConnected) {

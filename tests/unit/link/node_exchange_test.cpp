@@ -59,6 +59,21 @@ TEST(NodeReceive, ASilentMeterLeavesNoReading) {
     }
 }
 
+// The answer to an earlier question comes first: alone, or with the right one behind it in the same piece.
+TEST(NodeReceive, TwoAnswersToOneQuestionAreNoReading) {
+    const struct {
+        const char *First, *Second;
+        int LinkError;
+    } cases[] = {{"  1.5\r\n", "", 0}, {"  1.5\r\n", "  2.5\r\n", 1}, {"  1.5\r  2.5\r", "", 1}};
+    for (const auto& c : cases) {
+        QuietNode bench;
+        bench.ArriveAfter(1400, c.First);
+        if (*c.Second != '\0') bench.ArriveAfter(1550, c.Second);
+        ReadSingle(bench.L(), ReadingKind::Item2);
+        EXPECT_EQ(bench.State().LinkError, c.LinkError) << c.First << c.Second;
+    }
+}
+
 TEST(NodeReceive, CustomAsciiReplies) {
     const struct {
         const char *Name, *Reply, *RawReply, *ReplyText;

@@ -123,6 +123,7 @@ TEST(Keys, IllegalValuesChangeNothingAndSayWhatIsLegal) {
     } cases[] = {
         {"BaudIndex", "7", "BaudIndex is a number 0 to 6"},
         {"BaudIndex", "", "BaudIndex is a number 0 to 6"},
+        {"TcpPort", "0", "TcpPort is a number 1 to 65535"},
         {"BaudIndex", "5x", "BaudIndex is a number 0 to 6"},
         {"MeterType", "4", "MeterType is a number 0 to 8 other than 4"},
         {"CommPortNumber", "100", "CommPortNumber is a number 1 to 99"},

@@ -41,7 +41,13 @@ class NodeNet {
         node_.Disconnected();
     }
     // Somebody who is no node calls the tool's port.
-    void StrangerCalls() { tcp_.Now = SocketState::Connected; }
+    void StrangerCalls() {
+        tcp_.Now = SocketState::Connected;
+        CallerIp = "192.168.0.66";
+    }
+    // The connection stays up, and nothing that is sent arrives.
+    void PullCable() { pulled_ = true; }
+    std::string CallerIp = "192.168.0.5";
 
   private:
     struct Udp : UdpSocket {
@@ -62,6 +68,7 @@ class NodeNet {
         explicit Tcp(NodeNet& net) : Net(net) {}
         Status Listen(int localPort) override {
             Port = localPort;
+            Waiting = 0;
             Status status = std::exchange(Net.NextListen, {});
             Now = status.Ok() ? SocketState::Listening : SocketState::Closed;
             return status;
@@ -70,15 +77,21 @@ class NodeNet {
         void Send(std::string_view bytes) override {
             if (Now != SocketState::Connected) return;
             Net.Sent.emplace_back(bytes);
-            Net.node_.Receive(bytes, Net.pump_.NowMs());
+            if (Net.pulled_)
+                Waiting += bytes.size();
+            else
+                Net.node_.Receive(bytes, Net.pump_.NowMs());
         }
         // The node hears of it.
         void Close() override {
             if (std::exchange(Now, SocketState::Closed) == SocketState::Connected) Net.node_.Disconnected();
         }
+        std::size_t Unacknowledged() const override { return Waiting; }
+        std::string Caller() const override { return Now == SocketState::Connected ? Net.CallerIp : ""; }
         void Tell(std::string_view bytes) { TellArrived(bytes); }
         NodeNet& Net;
         int Port = 0;
+        std::size_t Waiting = 0;
         SocketState Now = SocketState::Closed;
     };
 
@@ -99,6 +112,7 @@ class NodeNet {
     }
 
     VirtualPump& pump_;
+    bool pulled_ = false;
     sim::Node node_;
     Udp udp_{*this};
     Tcp tcp_{*this};

@@ -133,6 +133,15 @@ TEST_F(QtSocketsTest, TheFirstCallerIsTakenAndTheOthersAreTurnedAway) {
     std::string got;
     EXPECT_TRUE(Comes([&] { return !(got = first.Read()).empty(); }));
     EXPECT_EQ(got, std::string("\0to\xFF", 4));
+    EXPECT_EQ(tcp_.Caller(), "127.0.0.1");
+    tcp_.Send(std::string(32'000'000, 'x'));  // more than the far end, which does not read, has room for
+    EXPECT_GT(tcp_.Unacknowledged(), 0U);
+    for (int turn = 0; turn < 1000 && tcp_.Unacknowledged() > 0; ++turn) {
+        while (!first.Read().empty()) {
+        }
+        pump_.WaitUntil(pump_.NowMs() + 10, [] { return false; }, "test");
+    }
+    EXPECT_EQ(tcp_.Unacknowledged(), 0U);
 }
 
 TEST_F(QtSocketsTest, AnEndIsNoticedBehindWhatCameBefore) {

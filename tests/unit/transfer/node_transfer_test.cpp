@@ -122,11 +122,13 @@ TEST(NodePut, OverModbusFastLinesTellTheNode) {
 }
 
 TEST(NodePut, OverCustomAsciiAConnectionThatBreaksIsNoSuccess) {
-    TransferNode bench(kLinkKinds[0]);
-    bench.Pump.After(9000, [&] { bench.Net.Break(); });
-    EXPECT_EQ(bench.Put(), 27);
-    EXPECT_FALSE(bench.State().FramesWritten.empty());
-    EXPECT_LT(bench.State().FramesWritten.size(), 5U);
+    for (const bool pulled : {false, true}) {
+        TransferNode bench(kLinkKinds[0]);
+        bench.Pump.After(9000, [&] { pulled ? bench.Net.PullCable() : bench.Net.Break(); });
+        EXPECT_EQ(bench.Put(), 27) << pulled;
+        EXPECT_FALSE(bench.State().FramesWritten.empty());
+        EXPECT_LT(bench.State().FramesWritten.size(), 5U);
+    }
 }
 
 }  // namespace
