@@ -33,6 +33,12 @@ void Take(int signalNumber, void (*handler)(int), struct sigaction& former) {
     sigaction(signalNumber, &action, &former);
 }
 
+// Whoever starts a program by nohup wants it to outlive the terminal.
+bool IsKeptFromHangUp(int signalNumber) {
+    struct sigaction now = {};
+    return signalNumber == SIGHUP && sigaction(SIGHUP, nullptr, &now) == 0 && now.sa_handler == SIG_IGN;
+}
+
 void Drain(int descriptor) {
     char bytes[64];
     while (read(descriptor, bytes, sizeof bytes) > 0) {
@@ -54,15 +60,17 @@ InterruptWatch::InterruptWatch(std::function<void()> tell) {
                          Drain(end);
                          tell();
                      });
-    Take(SIGINT, WakeOnSignal, formerInt_);
-    Take(SIGTERM, WakeOnSignal, formerTerm_);
+    for (std::size_t i = 0; i < kEndingSignals.size(); ++i) {
+        const int number = kEndingSignals[i];
+        Take(number, IsKeptFromHangUp(number) ? SIG_IGN : WakeOnSignal, former_[i]);
+    }
     Take(SIGPIPE, SIG_IGN, formerPipe_);
 }
 
 InterruptWatch::~InterruptWatch() {
     if (!notifier_) return;
-    sigaction(SIGINT, &formerInt_, nullptr);
-    sigaction(SIGTERM, &formerTerm_, nullptr);
+    for (std::size_t i = 0; i < kEndingSignals.size(); ++i)
+        sigaction(kEndingSignals[i], &former_[i], nullptr);
     sigaction(SIGPIPE, &formerPipe_, nullptr);
     notifier_.reset();
     wakeEnd = -1;

@@ -22,8 +22,8 @@ class QtPump : public Pump {
     // Flushes standard output and the other open streams; nothing is unwound.
     [[noreturn]] void EndProcess(int status) override;
 
-    // From now on an interrupt (the signals INT and TERM) wakes the wait under way and becomes a call of
-    // OnInterrupt, and a closed output pipe is a failed write. Ends with the pump.
+    // From now on an interrupt (the signals INT, TERM, HUP and QUIT) wakes the wait under way and becomes a
+    // call of OnInterrupt, and a closed output pipe is a failed write. Ends with the pump.
     void InstallInterruptHandler();
 
   protected:

@@ -1,12 +1,12 @@
 #include "system/qt_pump.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
+#include <csignal>
 #include <cstdio>
 #include <optional>
 
@@ -88,7 +88,7 @@ TEST_P(QtPumpTest, InterruptWakesTheWaitAndComesOnce) {
     pump_->InstallInterruptHandler();
     int interrupts = 0;
     pump_->OnInterrupt = [&] { ++interrupts; };
-    for (const int signalNumber : {SIGINT, SIGTERM}) {
+    for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
         interrupts = 0;
         Queue([=] { raise(signalNumber); });
         EXPECT_TRUE(Comes(Pump::kForever, [&] { return interrupts > 0; }));
@@ -96,6 +96,19 @@ TEST_P(QtPumpTest, InterruptWakesTheWaitAndComesOnce) {
         EXPECT_EQ(interrupts, 1);
     }
     raise(SIGPIPE);  // would end the program
+}
+
+// nohup: the program outlives its terminal.
+TEST_P(QtPumpTest, AHangUpThatIsIgnoredStaysIgnored) {
+    const auto former = std::signal(SIGHUP, SIG_IGN);
+    pump_->InstallInterruptHandler();
+    bool interrupted = false;
+    pump_->OnInterrupt = [&] { interrupted = true; };
+    Queue([] { raise(SIGHUP); });
+    Comes(5, kNever);
+    EXPECT_FALSE(interrupted);
+    pump_.reset();
+    std::signal(SIGHUP, former);
 }
 
 TEST_P(QtPumpTest, LocalTimeIsTheSystems) {
