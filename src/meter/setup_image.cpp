@@ -4,6 +4,7 @@
 
 #include "meter/field_code.h"
 #include "meter/hex_text.h"
+#include "meter/text.h"
 
 namespace counter {
 
@@ -36,6 +37,24 @@ void PutFirstTwoDigits(SetupImage& image, int pos, unsigned value) {
 }
 
 }  // namespace
+
+bool IsWholeSetup(std::string_view digits) {
+    return digits.size() == kImageDigits &&
+           std::all_of(digits.begin(), digits.end(), [](char c) { return HexDigitValue(c) >= 0; });
+}
+
+std::string WhyNoWholeSetup(std::string_view digits) {
+    std::string why;
+    if (digits.size() != kImageDigits) {
+        why = std::to_string(digits.size()) + (digits.size() == 1 ? " character" : " characters") +
+              " instead of " + std::to_string(kImageDigits) + " hexadecimal digits";
+    }
+    const auto wrong =
+        std::find_if(digits.begin(), digits.end(), [](char c) { return HexDigitValue(c) < 0; });
+    if (wrong == digits.end()) return why;
+    return why + (why.empty() ? "" : "; ") + "character " + std::to_string(wrong - digits.begin() + 1) +
+           " is '" + Printable({wrong, wrong + 1}) + "' and no hexadecimal digit";
+}
 
 int BitsGet(const SetupImage& image, int hiBit, int loBit, int pos) {
     unsigned field = static_cast<unsigned>(ByteGet(image, pos)) & MaskOf(hiBit, loBit);

@@ -19,6 +19,14 @@ struct SetupImage {
     std::string SetupData = std::string(kImageDigits, '0');
 };
 
+// A text is a whole setup when it is 260 hexadecimal digits, of either case, and nothing else. What else a
+// file holds can be worked on digit by digit, but is nothing to write into a meter: an empty file would be a
+// setup of zeros, the meter's address included.
+bool IsWholeSetup(std::string_view digits);
+// What keeps a text from being one, as "100 characters instead of 260 hexadecimal digits" or "character 17
+// is 'G' and no hexadecimal digit"; empty for a whole setup.
+std::string WhyNoWholeSetup(std::string_view digits);
+
 // The bits hiBit..loBit (0..7) of the byte at `pos`, right-aligned; 0 when loBit is above hiBit.
 int BitsGet(const SetupImage& image, int hiBit, int loBit, int pos);
 

@@ -50,6 +50,20 @@ inline std::string Utf8(std::string_view text) {
     return characters;
 }
 
+// The same for a terminal or a line of plain text: what a meter sends may hold anything at all, and a control
+// character moves the cursor, rings, or makes the terminal answer. Each becomes \xNN, those from 80 to 9F
+// too.
+inline std::string Printable(std::string_view text) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string printable;
+    for (const char c : text) {
+        const auto code = static_cast<unsigned char>(c);
+        const bool control = code < 0x20 || (code >= 0x7F && code < 0xA0);
+        printable += control ? std::string("\\x") + kDigits[code / 16] + kDigits[code % 16] : Utf8({&c, 1});
+    }
+    return printable;
+}
+
 // The other way: what people write, as the meter's one byte a character. Nothing where the meter has no such
 // character (U+0100 and above), and where the text is not UTF-8.
 inline std::optional<std::string> FromUtf8(std::string_view characters) {

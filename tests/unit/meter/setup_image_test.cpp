@@ -60,6 +60,31 @@ TEST(SetupImage, OutsideReadsAsNothingAndDropsWrites) {
     EXPECT_EQ(ByteGet(longImage, 299), 0x5A);
 }
 
+// What a meter must not be given, and what keeps it off a terminal.
+TEST(SetupImage, WholeIs260DigitsOfEitherCase) {
+    const std::string zeros(260, '0');
+    const struct {
+        std::string Digits, Why;
+    } cases[] = {
+        {zeros.substr(10) + "abcdefABCD", ""},
+        {"", "0 characters instead of 260 hexadecimal digits"},
+        {zeros.substr(1), "259 characters instead of 260 hexadecimal digits"},
+        {zeros + "0", "261 characters instead of 260 hexadecimal digits"},
+        {zeros.substr(1) + "G", "character 260 is 'G' and no hexadecimal digit"},
+        {zeros.substr(1) + " ", "character 260 is ' ' and no hexadecimal digit"},
+        {"\x1B",
+         "1 character instead of 260 hexadecimal digits; character 1 is '\\x1B' and no hexadecimal digit"},
+        {"0\x9B",
+         "2 characters instead of 260 hexadecimal digits; character 2 is '\\x9B' and no hexadecimal digit"},
+        {"0\xB5",
+         "2 characters instead of 260 hexadecimal digits; character 2 is '\u00B5' and no hexadecimal digit"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(WhyNoWholeSetup(c.Digits), c.Why);
+        EXPECT_EQ(IsWholeSetup(c.Digits), c.Why.empty()) << c.Digits;
+    }
+}
+
 RC_GTEST_PROP(SetupImage, FieldsOfAnyImageReadBackAsWritten, (std::string text)) {
     SetupImage image{text};
     int length = static_cast<int>(text.size());
