@@ -19,15 +19,14 @@ class ReadingsCsv {
     Status Try();
     // Takes back what Try made: there was no such file.
     void GiveUp();
-    // From here on the file is this table's, what it held is given up.
-    Status Begin();
+    // What the file held is given up with the first reading, and with the end of a table that has none.
     Status Add(const std::string& time, const std::vector<std::string>& items);
     // A table without a reading has its first line all the same.
     Status End();
 
   private:
     bool Wanted() const { return !path_.empty(); }
-    Status NameColumns(std::size_t items);
+    std::string NameColumns(std::size_t items);
 
     Files& store_;
     std::string path_;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "cli/cli.h"
 #include "cli/cli_files.h"
@@ -88,6 +89,7 @@ class StreamRun {
   private:
     void Stream();
     bool StartSilent();
+    bool IsEcho(const std::string& text);
     void WaitForReadings();
     void Take(const std::string& text);
     void WriteLine(const std::string& text);
@@ -101,6 +103,7 @@ class StreamRun {
     ReadingsCsv csv_;
     long long taken_ = 0;
     double lastMs_ = 0;  // of the newest reading, or of the start
+    std::string echo_;   // of the command, which the first frame may be
     bool interrupted_ = false;
     Status written_;  // of the first output that failed
 };
@@ -120,17 +123,18 @@ int StreamRun::Run() {
     return Report();
 }
 
-// What a file held is given up only here, for a meter that answers. However it ends, the meter is told to
-// stop.
+// However it ends, the meter is told to stop. What a file held is given up only here, for a meter that
+// answers.
 void StreamRun::Stream() {
-    written_ = csv_.Begin();
     auto cutter = std::make_unique<ListCutter>(program_.Frames);
     ListCutter& frames = *cutter;
     ReadingStream stream(program_.Link, std::move(cutter));
     stream.TakeFrame = [this](const Frame& frame) {
-        if (!Over()) Take(Stripped(frame.Text));
+        if (!Over() && !IsEcho(frame.Text)) Take(Stripped(frame.Text));
     };
     const bool whole = StartSilent();
+    const std::string& sent = program_.LinkState.CommandText;
+    echo_ = sent.substr(0, sent.find('\r'));
     lastMs_ = program_.Pump.NowMs();
     stream.AttachKeeping();
     if (whole) frames.BeginWithFrame();
@@ -150,6 +154,13 @@ bool StreamRun::StartSilent() {
     state.RawReply.clear();  // takes what the line had before a send
     SendAscii(program_.Link, "A0");
     return state.RawReply.empty() && !state.EchoMode;
+}
+
+// An adaptor may give the command back though the settings say nothing of it. A lead character of the frames
+// takes its first character away.
+bool StreamRun::IsEcho(const std::string& text) {
+    const std::string echo = std::exchange(echo_, {});
+    return !echo.empty() && (text.starts_with('*') || text == echo.substr(1));
 }
 
 // The time counts from here, the first moment at which a reading can come.

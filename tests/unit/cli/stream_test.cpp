@@ -129,7 +129,9 @@ TEST(Stream, CsvAndJsonGrowWhileItRuns) {
 TEST(Stream, LosesNoReadingAtItsStart) {
     const struct {
         const char *Noise, *Frames, *Out;
-    } cases[] = {{"", "+1.0\r+2.0\r", "+1.0\n+2.0\n"}, {"+0.", "0\r+1.0\r+2.0\r", "+1.0\n+2.0\n"}};
+    } cases[] = {{"", "+1.0\r+2.0\r", "+1.0\n+2.0\n"},
+                 {"+0.", "0\r+1.0\r+2.0\r", "+1.0\n+2.0\n"},
+                 {"", "*1A0\r\n+1.0\r+2.0\r", "+1.0\n+2.0\n"}};
     for (const auto& c : cases) {
         StreamCli cli;
         cli.WhenSent("*1G133\r\n", [&] { cli.Line.InjectAfter(500, c.Noise); });
