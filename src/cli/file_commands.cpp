@@ -3,6 +3,7 @@
 #include "cli/cli_output.h"
 #include "cli/differences.h"
 #include "cli/field_names.h"
+#include "cli/setup_reading.h"
 #include "cli/suggest.h"
 #include "meter/default_setup.h"
 #include "shell/setup_files.h"
@@ -35,7 +36,7 @@ Json FieldsJson(const SetupImage& image, const Fields& fields) {
 std::string FieldsTable(const SetupImage& image) {
     std::vector<std::vector<std::string>> lines = {{"Position", "Bits", "Digits", "Field", "Value"}};
     for (const FieldRow& row : FieldTable()) {
-        lines.push_back({std::to_string(row.Pos), BitsText(row), Utf8(FieldDigits(image, row.Handle)),
+        lines.push_back({std::to_string(row.Pos), BitsText(row), Printable(FieldDigits(image, row.Handle)),
                          std::string(row.Name), FieldValueText(image, row.Handle)});
     }
     return Columns(lines);
@@ -76,7 +77,7 @@ int ShowCommand(const CommandCall& call) {
         return RefuseCall(call, "--as is fields, menu or setup");
     }
     SetupImage image;
-    const Status status = LoadSetupFile(call.World.Store, call.Words[0], image);
+    const Status status = LoadAndTell(call, call.Words[0], image);
     if (!status.Ok()) return RefuseStatus(call, status);
     if (form == "setup") return ShowSetup(call, image);
     return form == "menu" ? ShowMenu(call, image) : ShowFields(call, image);
@@ -92,7 +93,7 @@ int FieldsCommand(const CommandCall& call) {
         fields.push_back(*field);
     }
     SetupImage image;
-    if (Status status = LoadSetupFile(call.World.Store, call.Words[0], image); !status.Ok())
+    if (Status status = LoadAndTell(call, call.Words[0], image); !status.Ok())
         return RefuseStatus(call, status);
     return fields.empty() ? ShowFields(call, image) : ShowSome(call, image, fields);
 }
@@ -100,10 +101,8 @@ int FieldsCommand(const CommandCall& call) {
 int DiffCommand(const CommandCall& call) {
     SetupImage a;
     SetupImage b;
-    if (Status status = LoadSetupFile(call.World.Store, call.Words[0], a); !status.Ok())
-        return RefuseStatus(call, status);
-    if (Status status = LoadSetupFile(call.World.Store, call.Words[1], b); !status.Ok())
-        return RefuseStatus(call, status);
+    if (Status status = LoadAndTell(call, call.Words[0], a); !status.Ok()) return RefuseStatus(call, status);
+    if (Status status = LoadAndTell(call, call.Words[1], b); !status.Ok()) return RefuseStatus(call, status);
     const Differences differences = CompareFiles(a, b);
     if (call.Json) {
         WriteJson(call, DifferencesJson(differences));

@@ -4,6 +4,7 @@
 #include "cli/cli.h"
 #include "cli/differences.h"
 #include "cli/link_session.h"
+#include "cli/setup_reading.h"
 #include "shell/setup_files.h"
 
 namespace counter {
@@ -81,7 +82,7 @@ int PutCommand(const CommandCall& call) {
 
 int VerifyCommand(const CommandCall& call) {
     SetupImage wanted;
-    if (Status status = LoadSetupFile(call.World.Store, call.Words[0], wanted); !status.Ok()) {
+    if (Status status = LoadAndTell(call, call.Words[0], wanted); !status.Ok()) {
         return RefuseStatus(call, status);
     }
     LinkSession link(call);

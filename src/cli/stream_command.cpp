@@ -2,24 +2,33 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <utility>
 
 #include "cli/cli.h"
 #include "cli/cli_files.h"
 #include "cli/exact_number.h"
 #include "cli/link_session.h"
+#include "cli/reading_items.h"
+#include "cli/readings_csv.h"
+#include "link/exchange.h"
 #include "link/link_error.h"
 #include "link/list_cutter.h"
 #include "link/prepare_readings.h"
 #include "link/reading_stream.h"
 #include "link/waits.h"
+#include "meter/leading_number.h"
 
 namespace counter {
 
 namespace {
 
+// A meter with a longer gate time is told of as well, which does it no harm.
+constexpr double kSilentMs = 10'000;
+
 struct Limits {
     long long Count = 0;         // readings; 0 without a limit
-    double Ms = Pump::kForever;  // from the command that starts the stream on
+    double Ms = Pump::kForever;  // from the first moment at which a reading can come
     std::string Csv;             // the file; empty for none
 };
 
@@ -38,10 +47,13 @@ std::string ReadLimits(const CommandCall& call, Limits& limits) {
     return {};
 }
 
+// With the zone: a file is also read where clocks go another way, and after they were put back.
 std::string IsoTime(const WallTime& time) {
-    char text[80];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02dT%02d:%02d:%02d.%03d", time.Year, time.Month, time.Day,
-                  time.Hour, time.Minute, time.Second, time.Millisecond);
+    char text[100];
+    const int offset = std::abs(time.MinutesEast);
+    std::snprintf(text, sizeof text, "%04d-%02d-%02dT%02d:%02d:%02d.%03d%c%02d:%02d", time.Year, time.Month,
+                  time.Day, time.Hour, time.Minute, time.Second, time.Millisecond,
+                  time.MinutesEast < 0 ? '-' : '+', offset / 60, offset % 60);
     return text;
 }
 
@@ -52,22 +64,10 @@ std::string Stripped(const std::string& text) {
     return {first, std::find_if(text.rbegin(), std::make_reverse_iterator(first), shown).base()};
 }
 
-// The number that a reading shows, with the meter's own decimals, as every reader of CSV takes it: no blanks
-// after the sign, no "+", a digit to either side of the point or no point. Empty where it shows none.
-std::string NumberText(std::string reading) {
-    std::erase(reading, ' ');
-    reading.erase(0, std::min(reading.find_first_of("+-.0123456789"), reading.size()));
-    const std::string sign = reading.starts_with('-') ? "-" : "";
-    if (reading.starts_with('-') || reading.starts_with('+')) reading.erase(0, 1);
-    const auto digits = [&](std::size_t from) {
-        return reading.substr(from,
-                              std::min(reading.find_first_not_of("0123456789", from), reading.size()) - from);
-    };
-    const std::string whole = digits(0);
-    const bool point = reading.size() > whole.size() && reading[whole.size()] == '.';
-    const std::string decimals = point ? digits(whole.size() + 1) : "";
-    if (whole.empty() && decimals.empty()) return {};
-    return sign + (whole.empty() ? "0" : whole) + (decimals.empty() ? "" : "." + decimals);
+Json ItemsJson(const std::vector<std::string>& items) {
+    Json list = Json::array();
+    for (const std::string& item : items) list.push_back(item.empty() ? Json() : Json(LeadingNumber(item)));
+    return list;
 }
 
 bool HasStream(const CommandCall& call) {
@@ -78,12 +78,19 @@ bool HasStream(const CommandCall& call) {
 class StreamRun {
   public:
     StreamRun(const CommandCall& call, LinkSession& link, const Limits& limits)
-        : call_(call), link_(link), program_(link.Program()), limits_(limits) {}
+        : call_(call),
+          link_(link),
+          program_(link.Program()),
+          limits_(limits),
+          csv_(call.World.Store, limits.Csv) {}
     // The exit status.
     int Run();
 
   private:
     void Stream();
+    bool StartSilent();
+    bool IsEcho(const std::string& text);
+    void WaitForReadings();
     void Take(const std::string& text);
     void WriteLine(const std::string& text);
     bool Over() const;
@@ -93,45 +100,82 @@ class StreamRun {
     LinkSession& link_;
     Session& program_;
     const Limits& limits_;
+    ReadingsCsv csv_;
     long long taken_ = 0;
+    double lastMs_ = 0;  // of the newest reading, or of the start
+    std::string echo_;   // of the command, which the first frame may be
     bool interrupted_ = false;
     Status written_;  // of the first output that failed
-    Json list_ = Json::array();
 };
 
 int StreamRun::Run() {
-    Files& store = call_.World.Store;
-    const bool fresh = !store.Exists(limits_.Csv);
-    if (!limits_.Csv.empty()) written_ = store.Append(limits_.Csv, "");  // refused before anything is sent
+    written_ = csv_.Try();
     if (written_.Ok()) {
         program_.Pump.OnInterrupt = [this] { interrupted_ = true; };
         program_.LinkState.LinkError =
             PrepareReadings(program_.Link, program_.Identity.FirmwareVersion, program_.Frames);
         if (program_.LinkState.LinkError == LinkErrors::kGood && !interrupted_)
             Stream();
-        else if (fresh && !limits_.Csv.empty())
-            store.Remove(limits_.Csv);
+        else
+            csv_.GiveUp();
     }
     link_.Finish();
     return Report();
 }
 
-// What a file held is given up only here, for a meter that answers. However it ends, the meter is told to
-// stop.
+// However it ends, the meter is told to stop. What a file held is given up only here, for a meter that
+// answers.
 void StreamRun::Stream() {
-    if (!limits_.Csv.empty()) written_ = call_.World.Store.Write(limits_.Csv, "time,reading\n");
-    ReadingStream stream(program_.Link, std::make_unique<ListCutter>(program_.Frames));
+    auto cutter = std::make_unique<ListCutter>(program_.Frames);
+    ListCutter& frames = *cutter;
+    ReadingStream stream(program_.Link, std::move(cutter));
     stream.TakeFrame = [this](const Frame& frame) {
-        if (!frame.OnlySizes && !Over()) Take(Stripped(frame.Text));
+        if (!Over() && !IsEcho(frame.Text)) Take(Stripped(frame.Text));
     };
-    const double deadline = program_.Pump.NowMs() + limits_.Ms;
-    StreamStart(program_.Link);
-    stream.Attach();
-    program_.Pump.WaitUntil(
-        deadline, [this] { return Over(); }, "readings");
+    const bool whole = StartSilent();
+    const std::string& sent = program_.LinkState.CommandText;
+    echo_ = sent.substr(0, sent.find('\r'));
+    lastMs_ = program_.Pump.NowMs();
+    stream.AttachKeeping();
+    if (whole) frames.BeginWithFrame();
+    stream.PumpInput();
+    WaitForReadings();
     SerialLineHolds(program_.Link);
     stream.Detach();
     StreamStop(program_.Link);
+    program_.Port.SetRtsEnable(false);
+    if (written_.Ok()) written_ = csv_.End();
+}
+
+// True where the line was silent before the command went out and nothing echoes it: then what comes is whole
+// frames from its first byte on. Otherwise the first end ends a frame that began earlier, or the echo.
+bool StreamRun::StartSilent() {
+    LinkState& state = program_.LinkState;
+    state.RawReply.clear();  // takes what the line had before a send
+    SendAscii(program_.Link, "A0");
+    return state.RawReply.empty() && !state.EchoMode;
+}
+
+// An adaptor may give the command back though the settings say nothing of it. A lead character of the frames
+// takes its first character away.
+bool StreamRun::IsEcho(const std::string& text) {
+    const std::string echo = std::exchange(echo_, {});
+    return !echo.empty() && (text.starts_with('*') || text == echo.substr(1));
+}
+
+// The time counts from here, the first moment at which a reading can come.
+void StreamRun::WaitForReadings() {
+    const double deadline = program_.Pump.NowMs() + limits_.Ms;
+    const auto over = [this] { return Over(); };
+    while (program_.Pump.NowMs() < lastMs_ + kSilentMs) {
+        const double until = std::min(deadline, lastMs_ + kSilentMs);
+        if (program_.Pump.WaitUntil(until, over, "readings") || program_.Pump.NowMs() >= deadline) return;
+    }
+    Complain(call_.World)
+        << "no reading for 10 seconds; waiting on. Where none comes within the meter's gate "
+           "time, check connections\n"
+        << std::flush;
+    program_.Pump.WaitUntil(deadline, over, "readings");
 }
 
 bool StreamRun::Over() const {
@@ -142,13 +186,15 @@ bool StreamRun::Over() const {
 void StreamRun::Take(const std::string& text) {
     if (text.empty()) return;
     ++taken_;
+    lastMs_ = program_.Pump.NowMs();
     const std::string time = IsoTime(program_.Pump.LocalTime());
-    if (!limits_.Csv.empty())
-        written_ = call_.World.Store.Append(limits_.Csv, time + "," + NumberText(text) + "\n");
+    const std::vector<std::string> items = ItemsOf(text);
+    written_ = csv_.Add(time, items);
+    if (!written_.Ok()) return;
     if (call_.Json) {
-        list_.push_back({{"time", time}, {"reading", Utf8(text)}});
-    } else if (written_.Ok() && !call_.OutIsFile) {
-        WriteLine(Utf8(text));
+        WriteLine(Json{{"time", time}, {"reading", Utf8(text)}, {"items", ItemsJson(items)}}.dump());
+    } else if (!call_.OutIsFile) {
+        WriteLine(Printable(text));
     }
 }
 
@@ -158,7 +204,6 @@ void StreamRun::WriteLine(const std::string& text) {
 }
 
 int StreamRun::Report() {
-    if (call_.Json && written_.Ok()) WriteLine(list_.dump(2));
     if (!written_.Ok()) return RefuseStatus(call_, written_);
     const int error = program_.LinkState.LinkError;
     if (error == LinkErrors::kGood || (interrupted_ && error != LinkErrors::kPortFault)) return kDone;

@@ -3,6 +3,7 @@
 
 #include "commands/active_items.h"
 #include "link/exchange.h"
+#include "link/waits.h"
 #include "meter/field_code.h"
 #include "meter/meter_words.h"
 
@@ -125,13 +126,14 @@ void CommandsView::ReadActive(bool withPeakValley, const char* status) {
     ShowValues(withPeakValley);
 }
 
-// False where there is nothing to show: the port failed, or the view was left meanwhile. A meter that does
-// not answer is no failure here: required, so the last good reply of any command is shown again.
+// False where there is nothing to show: the line failed, whether in a wait or in the exchange itself, or the
+// view was left meanwhile. A meter that does not answer is no failure here: required, so the last good reply
+// of any command is shown again.
 bool CommandsView::Ask(ReadingKind kind) {
     const int opening = opening_;
     ReadSingle(Program.Link, kind);
     if (opening != opening_) return false;
-    if (!Program.LinkState.PortFault) return true;
+    if (!Program.LinkState.PortFault && LineHolds(Program.Link)) return true;
     ShowStatus(kCommunicationsFailure, ColorRed);
     return false;
 }

@@ -203,8 +203,8 @@ ViewPage* Desktop::MakeChart(ChartView& view, std::string_view title) {
 }
 
 HelpWorld Desktop::WorldOfHelp() {
-    return {session_.Folder.Store, folders_.Help,       folders_.Boards, paper_,
-            session_.Views,        [this] { GoHome(); }};
+    return {session_.Folder.Store, folders_.Help,  folders_.Boards,     paper_,
+            session_.Dialogs,      session_.Views, [this] { GoHome(); }};
 }
 
 ViewPage* Desktop::MakeHelpScreen(ViewId view) {

@@ -36,6 +36,12 @@ int NumberOf(const std::string& digits) {
     return number;
 }
 
+// Gate Time and Time Out are hundredths of a second, wherever the point of the Cutoff Value beside them is.
+bool IsHundredths(const EntryState& state) {
+    return state.FieldType == 0 &&
+           (state.FieldPos == RowOf(Field::GateTime).Pos || state.FieldPos == RowOf(Field::TimeOut).Pos);
+}
+
 // As fields show a value: a blank, the sign, the digits.
 std::string WithSeparateSign(const std::string& text) {
     if (text.starts_with('-')) return " " + text;
@@ -68,6 +74,7 @@ DigitLimits DigitEntry::Limits() const {
 void DigitEntry::OpenDigitEntry() {
     work_.State.EntryReturn = 1;
     work_.State.EntryTarget->BackColor = ColorLightGreen;
+    stored_.reset();
     shown_ = true;
     LoadDigits();
 }
@@ -101,6 +108,7 @@ int DigitEntry::OpeningDecimal(int pointPlace, int pointCode) const {
     switch (work_.State.FieldType) {
         case 0:
         case 1:
+            if (IsHundredths(work_.State)) return 3;
             if (derived.CutoffActive) return derived.DecPt1;
             return work_.State.FieldType == 0 && work_.State.FieldPos == RowOf(Field::PulsesPerRev).Pos ? 1
                                                                                                         : 3;
@@ -129,8 +137,23 @@ bool DigitEntry::MarkLit(int mark) const {
     return marks_[static_cast<std::size_t>(mark)]->BackColor == ColorDarkRed;
 }
 
-// False where a byte is refused; nothing is stored then.
+// False where a byte is refused; nothing is stored then. What has been stored and not touched since is not
+// stored again: behind Enter a clock value counts as a plain number, and 01:02:03 would become 02:50:03.
 bool DigitEntry::StoreDigits() {
+    const DigitTexts texts = Texts();
+    if (stored_ == texts) return true;
+    if (!StoreTexts()) return false;
+    stored_ = texts;
+    return true;
+}
+
+DigitTexts DigitEntry::Texts() const {
+    DigitTexts texts;
+    std::transform(boxes_.begin(), boxes_.end(), texts.begin(), [](const Control* box) { return box->Text; });
+    return texts;
+}
+
+bool DigitEntry::StoreTexts() {
     EntryState& state = work_.State;
     state.FieldText.clear();
     for (int i = FirstBox(state.FieldType); i <= kLastBox; ++i) state.FieldText += Box(i).Text;

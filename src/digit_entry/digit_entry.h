@@ -7,16 +7,19 @@
 //   txtDigit   0    1    2    3    4    5    6      box 0 is the sign's place
 //   lblDP         5    4    3    2    1    0        mark k is lit for EntryDecimal k + 1
 //
-// Enter stores and leaves the dialog up; OK stores and closes; Cancel closes and takes nothing back.
+// Enter stores and leaves the dialog up; OK stores what Enter has not, and closes; Cancel closes and takes
+// nothing back.
 #pragma once
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "controls/entry_state.h"
 #include "controls/form.h"
 #include "digit_entry/digit_limits.h"
+#include "digit_entry/digit_text.h"
 #include "link/link.h"
 #include "meter/derived_values.h"
 #include "meter/setup_image.h"
@@ -81,6 +84,8 @@ class DigitEntry {
     int OpeningDecimal(int pointPlace, int pointCode) const;
     void LightMark();
     bool StoreDigits();
+    bool StoreTexts();
+    DigitTexts Texts() const;
     bool StoreByte();
     void Close();
 
@@ -94,6 +99,7 @@ class DigitEntry {
     EntryWork work_;
     std::array<Control*, kDigitBoxes> boxes_{};
     std::array<Control*, kMarks> marks_{};
+    std::optional<DigitTexts> stored_;  // what the boxes held when they were stored last in this opening
     bool shown_ = false;
     int focus_ = 0;
     int caret_ = 0;

@@ -19,6 +19,7 @@ struct FrameRules {
     char FrameEndChar = kCarriageReturn;  // ends a frame
     char FrameLeadChar = kNoCharacter;    // comes before the data
     int FrameBackStep = 0;                // 1: one character before FrameEndChar is not data
+    int Failure = 0;  // LinkError of the first question about them that failed; the rules are then a guess
 };
 
 }  // namespace counter

@@ -15,6 +15,8 @@ class ListCutter : public FrameCutter {
     // `rules` are read at each cut, so they may be prepared later.
     explicit ListCutter(const FrameRules& rules) : rules_(rules) {}
     void Restart() override;
+    // What is received next begins with a whole frame: the meter was silent before.
+    void BeginWithFrame() { frameState_ = 2; }
     void Receive(std::string_view bytes) override { buffer_.Append(bytes); }
     bool Next(Frame& frame) override;
 

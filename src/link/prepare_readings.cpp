@@ -40,7 +40,7 @@ void AskCustomCharacters(Link& link, FrameRules& rules, int& failure) {
 }  // namespace
 
 int PrepareReadings(Link& link, int firmwareVersion, FrameRules& rules) {
-    int failure = LinkErrors::kGood;
+    int& failure = rules.Failure = LinkErrors::kGood;
     SendAscii(link, "A1");
     LinkDelay(link, kStreamStopsMs);
     rules.LineFeedFlag = (AskByte(link, "G132", kBehindFlagsMs, failure) & kLineFeedBit) != 0 ? 1 : 0;

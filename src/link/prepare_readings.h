@@ -16,8 +16,7 @@ namespace counter {
 //
 // No failure ends it: a meter that doesn't answer leaves what is in RawReply to be taken, and a
 // text that is no hexadecimal number counts as 0. FrameBackStep keeps its value while custom characters are
-// off, which is required. Returns 0, or the LinkError of the first question that failed, for those who want
-// to know: after it the rules are a guess.
+// off, which is required. Returns the rules' Failure: 0, or the LinkError of the first question that failed.
 int PrepareReadings(Link& link, int firmwareVersion, FrameRules& rules);
 
 }  // namespace counter

@@ -24,8 +24,12 @@ void ReadingStream::Resume() {
 }
 
 void ReadingStream::Attach() {
-    link_.Port.Arrived = Listener{this};
+    AttachKeeping();
     DrainInput();
+}
+
+void ReadingStream::AttachKeeping() {
+    link_.Port.Arrived = Listener{this};
 }
 
 void ReadingStream::Detach() {

@@ -39,6 +39,8 @@ class ReadingStream {
     // From now on arriving input is taken, beginning within a frame. One stream at a time has the port: the
     // last one attached.
     void Attach();
+    // The same, but what has arrived by now stays for the next pass.
+    void AttachKeeping();
     // No arriving byte is taken any more; again is nothing.
     void Detach();
     bool Attached() const;

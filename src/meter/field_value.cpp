@@ -1,10 +1,12 @@
 #include "meter/field_value.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "meter/derived_values.h"
 #include "meter/field_code.h"
 #include "meter/field_lists.h"
+#include "meter/hex_text.h"
 #include "meter/mode_tables.h"
 #include "meter/text.h"
 #include "meter/value_codec.h"
@@ -95,6 +97,10 @@ std::string EntryShown(const SetupImage& image, Field field, int code) {
     }
 }
 
+bool IsHex(std::string_view digits) {
+    return std::all_of(digits.begin(), digits.end(), [](char c) { return HexDigitValue(c) >= 0; });
+}
+
 }  // namespace
 
 FieldValue ValueOfField(const SetupImage& image, Field field) {
@@ -113,10 +119,19 @@ std::string FieldDigits(const SetupImage& image, Field field) {
     return DigitsGet(image, row.Pos, row.Digits);
 }
 
+bool FieldIsHex(const SetupImage& image, Field field) {
+    return IsHex(FieldDigits(image, field));
+}
+
 bool FieldEqual(const SetupImage& a, const SetupImage& b, Field field) {
     const FieldRow& row = RowOf(field);
     for (int pos = row.Pos; pos < row.Pos + row.Digits; pos += 2) {
-        if (BitsGet(a, row.HiBit, row.LoBit, pos) != BitsGet(b, row.HiBit, row.LoBit, pos)) return false;
+        const std::string digitsA = DigitsGet(a, pos, 2);
+        const std::string digitsB = DigitsGet(b, pos, 2);
+        const bool same = IsHex(digitsA) && IsHex(digitsB)
+                              ? BitsGet(a, row.HiBit, row.LoBit, pos) == BitsGet(b, row.HiBit, row.LoBit, pos)
+                              : digitsA == digitsB;
+        if (!same) return false;
     }
     return true;
 }

@@ -22,8 +22,12 @@ FieldValue ValueOfField(const SetupImage& image, Field field);
 // The digits as stored: 2 for a byte and its bits, 4, 6 or 24 for others; less where the image ends.
 std::string FieldDigits(const SetupImage& image, Field field);
 
-// True where both images store the same bits in the field. Digits that are missing or not hexadecimal count
-// as they read, as a pair of zeros.
+// Whether the field's bytes are hexadecimal in all that is there of them. What isn't reads as 0 and still is
+// no 0: nobody may take a damaged file for a setup of zeros.
+bool FieldIsHex(const SetupImage& image, Field field);
+
+// True where both images store the same bits in the field. A byte that is not hexadecimal equals only the
+// same characters; missing digits count as they read, as a pair of zeros.
 bool FieldEqual(const SetupImage& a, const SetupImage& b, Field field);
 
 }  // namespace counter

@@ -17,6 +17,7 @@ namespace counter {
 struct WallTime {
     int Year = 0, Month = 0, Day = 0;                       // Month 1..12, Day 1..31
     int Hour = 0, Minute = 0, Second = 0, Millisecond = 0;  // 24 hours
+    int MinutesEast = 0;                                    // of UTC, as the clock goes at that time
 };
 
 class Pump {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "link/link_error.h"
+
 namespace counter {
 
 namespace {
@@ -14,7 +16,10 @@ int NoHelp(std::string_view) {
 
 ReadingView::ReadingView(Session& session, std::unique_ptr<FrameCutter> cutter)
     : Program(session), Stream(session.Link, std::move(cutter)), Build(Controls, kEveryTab, NoHelp) {
-    Stream.TakeFrame = [this](const Frame& frame) { TakeReading(frame.Text, frame.OnlySizes); };
+    Stream.TakeFrame = [this](const Frame& frame) {
+        if (!answered_) TakeFirst();
+        TakeReading(frame.Text, frame.OnlySizes);
+    };
     Stream.PassDone = [this] {
         if (Drawn) Drawn();
     };
@@ -63,16 +68,42 @@ void ReadingView::StopRun() {
     Stream.Pause();
 }
 
+void ReadingView::ComeUp() {
+    up_ = true;
+    answered_ = false;
+    TellStatus("");
+    Controls.TellChanged();
+}
+
+void ReadingView::TakeFirst() {
+    const bool stands = !StandingStatus().empty() && StatusLine->Caption == StandingStatus();
+    answered_ = true;
+    if (!stands) return;
+    TellStatus("");
+    Controls.TellChanged();
+}
+
+std::string ReadingView::StandingStatus() const {
+    const int error = Program.Frames.Failure;
+    if (!up_ || answered_ || error == LinkErrors::kGood) return {};
+    return "The meter did not say how its readings end, check connections: " +
+           LinkErrorMeaning(error, ErrorSource::Unknown) + "      ( " + std::to_string(error) + ")";
+}
+
 void ReadingView::TellStatus(const std::string& text) {
-    StatusLine->Caption = text;
-    StatusLine->Visible = !text.empty();
+    StatusLine->Caption = text.empty() ? StandingStatus() : text;
+    StatusLine->Visible = !StatusLine->Caption.empty();
     StatusLine->TextColor = ColorRed;
 }
 
+// What an earlier print left on the status line is no part of this one.
 void ReadingView::PressPrint() {
     if (!Paper) return;
+    TellStatus("");
+    Controls.TellChanged();
+    const int life = life_;
     const Status status = Paper->PrintView();
-    TellStatus(status.Ok() ? "" : status.Text());
+    if (life == life_) TellStatus(status.Ok() ? "" : status.Text());
 }
 
 // Pressed again during one of its waits it does nothing, since it is on its way.

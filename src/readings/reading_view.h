@@ -49,7 +49,7 @@ class ReadingView {
     // A button acts while the view is up and End was not pressed.
     void OnPress(Control& button, std::function<void()> action);
     bool Acts() const { return up_ && !ending_; }
-    void ComeUp() { up_ = true; }
+    void ComeUp();
 
     // A run begins, replacing the one before: the meter is told to send, 300 ms pass, and unless Holds says
     // otherwise of the number that comes back, the caller attaches the stream.
@@ -59,7 +59,8 @@ class ReadingView {
     // Input is thrown away from now on.
     void StopRun();
 
-    // On the status label, in red; an empty text hides it.
+    // On the status label, in red. An empty text hides it, unless the meter did not answer when the stream
+    // was prepared for: that stands until the first reading.
     void TellStatus(const std::string& text);
     void PressPrint();
     void PressEnd();
@@ -74,12 +75,15 @@ class ReadingView {
     Control* StatusLine = nullptr;  // where TellStatus shows
 
   private:
+    void TakeFirst();
+    std::string StandingStatus() const;
     void LetEventsRun();
     void LeaveByEnd();
 
     bool up_ = false;
     bool ending_ = false;
     bool exitWanted_ = false;
+    bool answered_ = false;  // a reading has come since the view came up
     int run_ = 0;
     int life_ = 0;  // another one after each Unload
 };

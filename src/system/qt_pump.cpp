@@ -32,6 +32,7 @@ WallTime QtPump::LocalTime() const {
     time.Minute = local.tm_min;
     time.Second = local.tm_sec;
     time.Millisecond = static_cast<int>(now.tv_nsec / 1'000'000);
+    time.MinutesEast = static_cast<int>(local.tm_gmtoff / 60);
     return time;
 }
 

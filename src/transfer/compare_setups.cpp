@@ -47,6 +47,11 @@ bool ReadAlike(const FieldValue& a, const FieldValue& b) {
     return a.IsNumber == b.IsNumber && a.Text == b.Text;
 }
 
+// What reads as nothing is shown as it is.
+FieldValue Shown(const SetupImage& image, Field field) {
+    return FieldIsHex(image, field) ? ValueOfField(image, field) : FieldValue{FieldDigits(image, field)};
+}
+
 std::string Surplus(const SetupImage& image) {
     return image.SetupData.size() > kImageDigits ? image.SetupData.substr(kImageDigits) : std::string();
 }
@@ -74,8 +79,8 @@ Standing StandingOf(Field field, PutRoad road, int firmwareVersion) {
 }
 
 FieldDifference DifferenceIn(Field field, const SetupImage& a, const SetupImage& b, Standing standing) {
-    FieldDifference difference = {RowOf(field).Name, RowOf(field).Pos, ValueOfField(a, field),
-                                  ValueOfField(b, field), standing};
+    FieldDifference difference = {RowOf(field).Name, RowOf(field).Pos, Shown(a, field), Shown(b, field),
+                                  standing};
     if (ReadAlike(difference.A, difference.B)) {
         difference.A = {FieldDigits(a, field)};
         difference.B = {FieldDigits(b, field)};

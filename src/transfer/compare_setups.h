@@ -28,8 +28,9 @@ Standing StandingOf(Field field, PutRoad road, int firmwareVersion);
 
 struct FieldDifference {
     std::string_view Name;
-    int Position;     // from 1
-    FieldValue A, B;  // as people read them; the digits where both read alike
+    int Position;  // from 1
+    FieldValue A,
+        B;  // as people read them; the digits where both read alike, or as they are where they are none
     Standing Stands = Standing::Written;
     bool Counts() const { return Stands == Standing::Written; }
 };

@@ -9,6 +9,9 @@
 #include <QTextBlock>
 #include <QTextEdit>
 
+#include "desktop/pages/help_pages.h"
+#include "support/bench_meter.h"
+#include "support/failing_printer.h"
 #include "support/gui_pump.h"
 
 namespace counter::test {
@@ -54,6 +57,28 @@ TEST(HelpDialog, ShowsItsPiecesAndNothingCanBeTyped) {
     QTest::keyClick(&bench.Text(), Qt::Key_X);
     EXPECT_EQ(bench.Marked(), "one [two] three\n\n<b>four</b>");
     EXPECT_LT(bench.Advance("iiii"), bench.Advance("MMMM"));
+}
+
+// A print that fails is told in a box, each time once, and what is on the page stays what it was.
+TEST(HelpPages, AFailedPrintIsTold) {
+    BenchMeter meter;
+    FailingPrinter printer;
+    const auto world = [&] {
+        return HelpWorld{meter.Store, {"none"}, {"none"}, printer, meter.Boxes, meter.Program.Views, [] {}};
+    };
+    QWidget window;
+    BatchHelpPage batch(world(), BatchHelpKind::Rate, &window);
+    JumperPage board(world(), kJumperScreens[0], &window);
+    for (ViewPage* page : std::initializer_list<ViewPage*>{&batch, &board}) {
+        page->ComeToFront();
+        auto* print = page->findChild<QPushButton*>(page == &batch ? "cmdPrint" : "cmdPrinter");
+        for (int i = 0; i < 2; ++i) print->click();
+        ASSERT_EQ(meter.Boxes.Shown.size(), 2U);
+        EXPECT_EQ(meter.Boxes.Shown[1].Title, page->Title().toStdString());
+        EXPECT_EQ(meter.Boxes.Shown[1].Text, "lp0: out of paper");
+        meter.Boxes.Shown.clear();
+    }
+    EXPECT_EQ(printer.Text, "The batch reference was not installed.");
 }
 
 TEST(HelpDialog, ATableKeepsItsColumns) {

@@ -12,6 +12,7 @@
 #include "desktop/pages/menu_page.h"
 #include "meter/default_setup.h"
 #include "support/bench_meter.h"
+#include "support/failing_printer.h"
 #include "support/gui_pump.h"
 
 namespace counter::test {
@@ -19,12 +20,6 @@ namespace {
 
 struct PutBits {
     int Pos, HiBit, LoBit, Value;
-};
-
-class FailingPrinter : public Printer {
-  public:
-    Status PrintView() override { return {StatusKind::NotFound, "lp0", "out of paper"}; }
-    Status PrintText(const std::string&, const std::string&) override { return {}; }
 };
 
 struct MenuPageBench {

@@ -20,7 +20,7 @@ lay_down() {
     ctl 0 settings init --force
     ctl 0 default "$1/old.CT2"
     cp "$1/old.CT2" "$work/d.CT2"
-    echo "time,reading" >"$1/old.csv"
+    echo "time,item1" >"$1/old.csv"
 }
 # What is on the disk, links and names included. The room that fills it does not count.
 state() { (cd "$disk" && find . ! -name filler ! -type d | sort | while read -r f; do [ -L "$f" ] && readlink "$f" || md5sum "$f"; done); }

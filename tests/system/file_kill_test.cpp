@@ -249,7 +249,7 @@ void KillRun::Judge(int round) {
 }
 
 bool KillRun::IsWhole(const std::string& content) const {
-    static const std::regex csv("time,reading\n(2026-03-04T05:06:07\\.089,[0-9]{6}\n)*");
+    static const std::regex csv("time,item1\n(2026-03-04T05:06:07\\.089-03:30,[0-9]{6}\n)*");
     return row_.Grows ? std::regex_match(content, csv) : content == old_ || content == new_;
 }
 

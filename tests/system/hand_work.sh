@@ -16,6 +16,12 @@ hears "*1C9"
 ctl 0 remote c "|*1H7"
 hears "|*1H7"
 
+# A terminal that is closed leaves no meter streaming.
+status=0
+timeout --preserve-status -s HUP 5 "$bin/counterctl" --dir "$home" stream >"$work/out" || status=$?
+[ $status -eq 0 ] || fail "a hang-up ends the stream with $status"
+[ "$(grep -o '\*1A[01]' "$work/peer.log" | tail -n 1)" = "*1A1" ] || fail "the meter streams on"
+
 ctl 0 settings set SerialProtocol=1
 start_meter --verbose --protocol rtu --signal constant --value 12345
 ctl 0 read item1

@@ -38,6 +38,8 @@ document read.failed 3 read item2
 document reset.one 0 reset peak
 document remote.one 0 remote display 5
 document stream.three 0 stream --count 3 --seconds 60
+[ "$(wc -l <"$work/out")" -eq 3 ] || fail "not a document a reading"
+sed -i 1q "$work/json/stream.three.json"
 printf 'A%.0s' {1..84} >"$work/curve"
 { echo; printf '5%.0s' {1..84}; echo; } >>"$work/curve"
 document curve.one 0 curve "$work/curve"

@@ -45,6 +45,11 @@ QString Lines(std::span<const std::string_view> lines) {
     return text;
 }
 
+// A printer that fails says so in its own words: in a box, since what is on the page goes on paper next time.
+void TellPrint(HelpWorld& world, const QString& title, const Status& status) {
+    if (!status.Ok()) world.Dialogs.Show({title.toStdString(), status.Text(), BoxIcon::Stop});
+}
+
 }  // namespace
 
 SetupHelpPage::SetupHelpPage(HelpWorld world, QWidget* parent) : ViewPage(parent), world_(std::move(world)) {
@@ -97,12 +102,11 @@ QWidget* BatchHelpPage::FirstFocus() {
     return txtHelp_;
 }
 
-// A printer that fails says so in its own words, after the text.
 void BatchHelpPage::Print() {
     const Status status =
         world_.Paper.PrintText(Title().toStdString(), txtHelp_->toPlainText().toLatin1().toStdString());
     cmdMainMenu_->setFocus();
-    if (!status.Ok()) txtHelp_->appendPlainText("\n" + QtText(status.Text()));
+    TellPrint(world_, Title(), status);
 }
 
 JumperPage::JumperPage(HelpWorld world, const JumperScreen& screen, QWidget* parent)
@@ -123,10 +127,8 @@ JumperPage::JumperPage(HelpWorld world, const JumperScreen& screen, QWidget* par
     QPushButton* print = Button("cmdPrinter", "Print", this);
     QPushButton* close = Button("cmdClose", "OK", this);
     cmdClose_ = close;
-    QObject::connect(print, &QPushButton::clicked, this, [this] {
-        const Status status = world_.Paper.PrintView();
-        if (!status.Ok()) text_->setText(QtText(status.Text()));
-    });
+    QObject::connect(print, &QPushButton::clicked, this,
+                     [this] { TellPrint(world_, Title(), world_.Paper.PrintView()); });
     QObject::connect(close, &QPushButton::clicked, this, [this] { Leave(); });
     AddButtons(column, print, close);
 }

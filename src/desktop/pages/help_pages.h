@@ -7,6 +7,7 @@
 #include "desktop/kit/view_page.h"
 #include "help/help_screens.h"
 #include "help/help_text.h"
+#include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/printer.h"
 #include "session/view_state.h"
@@ -26,6 +27,7 @@ struct HelpWorld {
     std::vector<std::string> HelpFolders;   // best first, as all of them
     std::vector<std::string> BoardFolders;  // of the drawings
     Printer& Paper;
+    counter::Dialogs& Dialogs;
     ViewState& Views;
     std::function<void()> GoHome;
 };

@@ -121,7 +121,7 @@ std::string Says(const CaseResult& result, const CaseResult& clean) {
 }
 
 bool IsWholeFile(const std::string& path, const std::string& content) {
-    if (path.ends_with(".csv")) return content.starts_with("time,reading\n") && content.ends_with('\n');
+    if (path.ends_with(".csv")) return content.starts_with("time,item1\n") && content.ends_with('\n');
     return content.size() == 262 && content.find_first_not_of("0123456789ABCDEF") == 260;
 }
 

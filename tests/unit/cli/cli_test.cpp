@@ -216,6 +216,35 @@ TEST(Diff, TellsTheFieldsThatDiffer) {
     EXPECT_EQ(bench.Run({"diff", "a", "none"}), 2);
 }
 
+// A damaged file is no setup of zeros, and is looked at all the same.
+TEST(Diff, WhatIsNoDigitDiffersAndIsTold) {
+    const struct {
+        std::string Text;
+        const char *Row, *Error;
+    } cases[] = {
+        {std::string(258, '0') + "0G\r\n", "255       Analog 2 Lo Range Reading  +000000.  00000G",
+         "x: no whole setup: character 260 is 'G' and no hexadecimal digit"},
+        {std::string(258, '0') + "\x1b\xff\r\n", "+000000.  0000\\x1B\u00FF", "character 259 is '\\x1B'"},
+        {"", nullptr, "0 characters instead of 260"},
+        {"%PDF-1.4\n%x", "%PDF-1", "8 characters instead of 260 hexadecimal digits; character 1 is '%'"},
+        {std::string(261, '0'), "261       Digits behind the setup", "261 characters"},
+    };
+    for (const auto& c : cases) {
+        MeterCli bench;
+        bench.Store.Contents["zeros"] = std::string(260, '0');
+        bench.Store.Contents["x"] = c.Text;
+        EXPECT_EQ(bench.Run({"diff", "zeros", "x"}), c.Row ? 4 : 0) << c.Error;
+        EXPECT_NE(bench.Out.find(c.Row ? c.Row : "No field"), std::string::npos) << bench.Out;
+        for (const Words& line :
+             {Words{"diff", "zeros", "x"}, {"show", "x"}, {"show", "x", "--as", "menu"}, {"verify", "x"}}) {
+            bench.Run(line);
+            EXPECT_NE(bench.Err.find(c.Error), std::string::npos) << line[0] << bench.Err;
+            EXPECT_EQ(std::count(bench.Err.begin(), bench.Err.end(), '\n'), 1) << bench.Err;
+            EXPECT_EQ(bench.Out.find('\x1b'), std::string::npos) << bench.Out;
+        }
+    }
+}
+
 TEST(Diff, CodesThatReadAlikeAreToldByTheirDigits) {
     MeterCli bench;
     bench.Run({"default", "a"});

@@ -25,6 +25,12 @@ struct StreamCli : CliBench {
     void FeedEvery(double ms, const std::string& frames) {
         Clock.After(ms, [this, ms, frames] { Line.Inject(frames), FeedEvery(ms, frames); });
     }
+    void WhenSent(const std::string& frame, std::function<void()> act) {
+        Clock.After(1, [this, frame, act = std::move(act)] {
+            const bool sent = !Line.Sent().empty() && Line.Sent().back() == frame;
+            sent ? act() : WhenSent(frame, act);
+        });
+    }
     std::string LastOfTheStream() const {
         std::string last;
         for (const std::string& frame : Line.Sent()) last = frame.starts_with("*1A") ? frame : last;
@@ -73,37 +79,87 @@ TEST(Stream, EndsAndAlwaysStopsTheMeter) {
 TEST(Stream, ReadingsAsTheMeterShowsThemAndAsNumbers) {
     // clang-format off
     const struct {
-        const char *Frame, *Line, *Number;
+        const char *Frame, *Line, *Numbers, *Json;
     } cases[] = {
-        {"+  12.50", "+  12.50", "12.50"}, {"-   5.0 ", "-   5.0", "-5.0"}, {"  123.  ", "123.", "123"}, {"-.5", "-.5", "-0.5"},
-        {"+000001",  "+000001",  "000001"}, {"7 kg", "7 kg", "7"},          {"------", "------", ""},    {"A12.5", "A12.5", "12.5"}};
+        {"+  12.50", "+  12.50", "12.50", "[12.5]"},   {"-   5.0 ", "-   5.0", "-5.0", "[-5.0]"}, {"  123.  ", "123.", "123", "[123.0]"},
+        {"-.5", "-.5", "-0.5", "[-0.5]"},              {"+000001", "+000001", "000001", "[1.0]"}, {"7 kg", "7 kg", "7,", "[7.0,null]"},
+        {"------", "------", "", "[null]"},            {"A12.5", "A12.5", "12.5", "[12.5]"},      {"+1.234E5", "+1.234E5", "1.234E5", "[123400.0]"},
+        {" 1.5E+3-1.5e-3", "1.5E+3-1.5e-3", "1.5E3,-1.5E-3", "[1500.0,-0.0015]"},                 {"5E", "5E", "5", "[5.0]"},
+        {" 000707. 000147.", "000707. 000147.", "000707,000147", "[707.0,147.0]"},
+        {"+001.00-002.50+  3.", "+001.00-002.50+  3.", "001.00,-002.50,3", "[1.0,-2.5,3.0]"},
+        {" 12.5 ------ 13", "12.5 ------ 13", "12.5,,13", "[12.5,null,13.0]"},
+        {"-\x1b[31m5\x07\x9b" "2", "-\\x1B[31m5\\x07\\x9B2", "", "[null]"}};
     // clang-format on
     for (const auto& c : cases) {
-        StreamCli cli;
-        cli.Line.Unplug();  // the frames are the test's own; the answers are zeros
-        cli.FeedEvery(250, "00\r");
-        cli.Clock.After(7000, [&] { cli.FeedEvery(50, c.Frame + std::string("\r")); });
-        cli.Run({"stream", "--count", "200", "--csv", "/a.csv"});
-        EXPECT_NE(cli.Out.find(std::string("\n") + c.Line + "\n"), std::string::npos) << cli.Out << cli.Err;
-        const std::string row = std::string("\n2026-03-04T05:06:07.089,") + c.Number + "\n";
-        EXPECT_NE(cli.Store.Contents["/a.csv"].find(row), std::string::npos) << c.Frame;
+        StreamCli plain;
+        StreamCli tables;
+        for (StreamCli* cli : {&plain, &tables}) {
+            cli->Line.Unplug();  // the frames are the test's own; the answers are zeros
+            cli->FeedEvery(250, "00\r");
+            cli->Clock.After(7000, [&, cli] { cli->FeedEvery(50, c.Frame + std::string("\r")); });
+        }
+        plain.Run({"stream", "--count", "200"});
+        EXPECT_NE(plain.Out.find(std::string("\n") + c.Line + "\n"), std::string::npos) << plain.Out;
+        tables.Run({"--json", "stream", "--count", "200", "--csv", "/a.csv"});
+        EXPECT_NE(tables.Out.find(std::string(R"(,"items":)") + c.Json + "}\n"), std::string::npos)
+            << tables.Out;
+        const std::string row = std::string("\n2026-03-04T05:06:07.089-03:30,") + c.Numbers;
+        EXPECT_NE(tables.Store.Contents["/a.csv"].find(row + "\n"), std::string::npos) << c.Frame;
     }
 }
 
-TEST(Stream, CsvGrowsWhileItRunsAndJsonIsOneDocument) {
+TEST(Stream, CsvAndJsonGrowWhileItRuns) {
     StreamCli cli;
     cli.Store.Contents["/a.csv"] = "old";
     long midway = 0;
     cli.Clock.After(8000, [&] { midway = LinesOf(cli.Store.Contents["/a.csv"]); });
     EXPECT_EQ(cli.Run({"--json", "stream", "--count", "150", "--csv", "/a.csv"}), 0);
-    EXPECT_TRUE(cli.Store.Contents["/a.csv"].starts_with("time,reading\n2026-"));
+    EXPECT_TRUE(cli.Store.Contents["/a.csv"].starts_with("time,item1\n2026-"));
     EXPECT_EQ(LinesOf(cli.Store.Contents["/a.csv"]), 151);
     EXPECT_GT(midway, 20);
     EXPECT_LT(midway, 151);
-    const auto list = nlohmann::json::parse(cli.Out);
-    ASSERT_EQ(list.size(), 150U);
-    EXPECT_EQ(list[0]["time"], "2026-03-04T05:06:07.089");
-    EXPECT_TRUE(list[149]["reading"].is_string());
+    EXPECT_EQ(LinesOf(cli.Out), 150);
+    const auto first = nlohmann::json::parse(cli.Out.substr(0, cli.Out.find('\n')));
+    EXPECT_EQ(first["time"], "2026-03-04T05:06:07.089-03:30");
+    EXPECT_TRUE(first["reading"].is_string());
+}
+
+// The meter is silent until its stream begins, so its first frame is whole; on a line that was not, the first
+// end is that of something else.
+TEST(Stream, LosesNoReadingAtItsStart) {
+    const struct {
+        const char *Noise, *Frames, *Out;
+    } cases[] = {{"", "+1.0\r+2.0\r", "+1.0\n+2.0\n"},
+                 {"+0.", "0\r+1.0\r+2.0\r", "+1.0\n+2.0\n"},
+                 {"", "*1A0\r\n+1.0\r+2.0\r", "+1.0\n+2.0\n"}};
+    for (const auto& c : cases) {
+        StreamCli cli;
+        cli.WhenSent("*1G133\r\n", [&] { cli.Line.InjectAfter(500, c.Noise); });
+        cli.WhenSent("*1A0\r\n", [&] { cli.Line.Inject(c.Frames); });
+        EXPECT_EQ(cli.Run({"stream", "--count", "2"}), 0) << cli.Err;
+        EXPECT_EQ(cli.Out, c.Out);
+    }
+}
+
+// The time begins when the meter has been asked to send; the line stays as before the stream. Silence is told
+// once, and is no failure.
+TEST(Stream, CountsItsTimeFromTheFirstMomentAndTellsSilence) {
+    StreamCli cli;
+    double startMs = 0;
+    double stopMs = 0;
+    cli.WhenSent("*1G133\r\n", [&] { cli.Clock.After(500, [&] { cli.Line.Unplug(); }); });
+    cli.WhenSent("*1A0\r\n", [&] {
+        startMs = cli.Clock.NowMs();
+        cli.WhenSent("*1A1\r\n", [&] { stopMs = cli.Clock.NowMs(); });
+    });
+    EXPECT_EQ(cli.Run({"stream", "--seconds", "25"}), 0);
+    EXPECT_NEAR(stopMs - startMs, 25'300, 5) << "the pause in front of each command is 300 ms";
+    EXPECT_EQ(cli.Out, "");
+    EXPECT_EQ(LinesOf(cli.Err), 1) << cli.Err;
+    EXPECT_NE(cli.Err.find("no reading for 10 seconds"), std::string::npos);
+    const auto& calls = cli.Line.Calls();
+    EXPECT_EQ(*std::find_if(calls.rbegin(), calls.rend(), [](auto& c) { return c.starts_with("RTS"); }),
+              "RTS off");
 }
 
 TEST(Stream, ASilentMeterCostsNoFile) {
@@ -120,7 +176,7 @@ TEST(Stream, ASilentMeterCostsNoFile) {
 TEST(Stream, CsvMayGoToStandardOutput) {
     StreamCli cli;
     EXPECT_EQ(cli.Run({"stream", "--count", "3", "--csv", "-"}), 0);
-    EXPECT_EQ(cli.Out.find("time,reading\n2026-03-04T05:06:07.089,"), 0U);
+    EXPECT_EQ(cli.Out.find("time,item1\n2026-03-04T05:06:07.089-03:30,"), 0U);
     EXPECT_EQ(LinesOf(cli.Out), 4) << "and nothing else";
     EXPECT_EQ(cli.Run({"stream", "--count", "3", "--csv", "-", "--json"}), 1);
 }

@@ -154,6 +154,19 @@ TEST(Panel, ReadingsThatBringLess) {
     }
 }
 
+// An adaptor that is pulled out fails in the exchange, not in a wait: what Item 1 was is no Item 2.
+TEST(Panel, APulledAdaptorIsACommunicationsFailure) {
+    for (const bool modbus : {false, true}) {
+        PanelBench bench(modbus);
+        bench.Answer(modbus ? ":0104040000000CEB" : " 1.5");
+        bench.Click("cmdItem1");
+        bench.Port.Answer = [&](const std::string&) { return bench.Port.Gone = true, "-"; };
+        bench.Click("cmdItem2");
+        EXPECT_EQ(bench.Fields(), modbus ? "[ 12][][][][]" : "[1.5][][][][]");
+        EXPECT_EQ(bench.Status(), "red Communications failure.  Program may have to be re-started.");
+    }
+}
+
 // Item 1 was asked for at 300 and is answered at 310; the second press comes at 320 and sends at 620.
 TEST(Panel, APressDuringAWaitRunsToItsEndInsideIt) {
     PanelBench bench;

@@ -25,7 +25,8 @@ TEST(OpenDigitEntry, SpreadsTheTextOverTheBoxes) {
         {"gate time",             {0, 177, "000.10"},                     "_ _ 0 0 0. 1 0",  2, 3, "2"},
         {"pulses per revolution", {0, 161, "01024."},                     "_ _ 0 1 0 2 4.",  2, 1, "0"},
         {"cutoff value",          {0, 145, "100.00", 4, 0, 1},            "_ _ 1 0. 0 0 0",  2, 4, "3"},
-        {"gate time at cutoff",   {0, 177, "000.10", 1, 0, 1},            "_ _ 0 0 0 1 0.",  2, 1, "0"},
+        {"gate time at cutoff",   {0, 177, "000.10", 1, 0, 1},            "_ _ 0 0 0. 1 0",  2, 3, "2"},
+        {"time out at cutoff",    {0, 173, "002.00", 6, 0, 1},            "_ _ 0 0 2. 0 0",  2, 3, "2"},
         {"calibration",           {1, 137, " -00100."},                   "_ - 0 0 1. 0 0",  1, 3, "2"},
         {"calibration at cutoff", {1, 137, " -00100.", 1, 0, 1},          "_ - 0 0 1 0 0.",  1, 1, "0"},
         {"setpoint",              {2, 55, " +010000."},                   "+ 0 1 0 0 0 0.",  0, 1, "0"},
@@ -128,11 +129,19 @@ TEST(Leaving, EnterStoresAndStaysUp) {
     desk.Dialog.Cancel();
     EXPECT_EQ(desk.Digits(37), "000E8B") << "Cancel does not undo Enter";
     EXPECT_EQ(desk.Shared.EntryReturn, 1);
+    for (const char* keys : {"+010203~", "+010203~~", "+010203~<>+"}) {
+        desk.Open(kClock);
+        desk.Type(keys);
+        desk.Dialog.Ok();
+        EXPECT_EQ(desk.Digits(37), "000E8B") << keys << ": nothing was touched since Enter";
+        EXPECT_EQ(desk.Target.Text, " +010203") << keys;
+        EXPECT_EQ(desk.Shared.EntryReturn, 1);
+    }
     desk.Open(kClock);
-    desk.Type("+010203~");
+    desk.Type("+010203~+010204");
     desk.Dialog.Ok();
-    EXPECT_EQ(desk.Digits(37), "0027DB") << "behind Enter the clock value is a plain number";
-    EXPECT_EQ(desk.Target.Text, " +01.0203") << "with its first point alone";
+    EXPECT_EQ(desk.Digits(37), "0027DC") << "behind Enter the clock value is a plain number";
+    EXPECT_EQ(desk.Target.Text, " +01.0204") << "with its first point alone";
 }
 
 TEST(Leaving, HelpClosesAndLetsTheViewBeBuiltAnew) {

@@ -85,6 +85,8 @@ TEST(PrepareReadings, PausesBetweenTheCommandsAndTheStepBackStays) {
     desk.State.RawReply = "80";
     EXPECT_EQ(desk.Ask({}, 34).LineFeedFlag, 1) << "silence: what stands in RawReply is taken";
     EXPECT_EQ(desk.Line.Story.find("G133"), std::string::npos) << "an old meter isn't asked";
+    EXPECT_EQ(desk.Rules.Failure, 21);
+    EXPECT_EQ(desk.Ask({{"G132", "00"}}, 34).Failure, 0);
 }
 
 }  // namespace

@@ -144,8 +144,10 @@ TEST(FieldEqual, ComparesTheBitsOfTheFieldAlone) {
     EXPECT_FALSE(FieldEqual(image, DefaultWith(55, "002711"), Field::Setpoint1));
     EXPECT_FALSE(FieldEqual(image, DefaultWith(55, "802710"), Field::Setpoint1));
     EXPECT_FALSE(FieldEqual(image, DefaultWith(135, "01"), Field::Carried113)) << "last of 24 digits";
-    EXPECT_TRUE(FieldEqual(DefaultWith(199, "G3"), DefaultWith(199, "00"), Field::Function))
-        << "both read as 0";
+    EXPECT_FALSE(FieldEqual(DefaultWith(199, "G3"), DefaultWith(199, "00"), Field::Function));
+    EXPECT_FALSE(FieldEqual(DefaultWith(199, "G3"), DefaultWith(199, "H3"), Field::Function));
+    EXPECT_TRUE(FieldEqual(DefaultWith(199, "G3"), DefaultWith(199, "G3"), Field::Function));
+    EXPECT_TRUE(FieldEqual(DefaultWith(199, "0a"), DefaultWith(199, "0A"), Field::Function));
     EXPECT_TRUE(FieldEqual(SetupImage{std::string(204, '0')}, SetupImage{}, Field::Setpoint3));
 }
 

@@ -36,6 +36,46 @@ void OpenList(LivesDesk& desk) {
     desk.Open(desk.List);
 }
 
+// A silent meter is told of until it sends a reading after all.
+TEST(Lives, AViewTellsThatTheMeterDidNotAnswer) {
+    LivesDesk desk;
+    const auto shown = [](ReadingView& view) { return view.Controls.Find("lblStatus")->Visible; };
+    for (ReadingView* view : std::initializer_list<ReadingView*>{&desk.List, &desk.Plot, &desk.Graph}) {
+        desk.Program.Frames.Failure = 21;
+        desk.Open(*view);
+        EXPECT_TRUE(shown(*view)) << "before any reading";
+        if (auto* chart = dynamic_cast<ChartView*>(view)) StartChart(*chart, "0", "1", "100");
+        EXPECT_TRUE(view->Controls.Find("lblStatus")->Caption.ends_with("( 21)"));
+        EXPECT_EQ(view->Controls.Find("lblStatus")->TextColor, ColorRed);
+        for (const char* reading : {"rest", "1", "2"}) desk.MeterSends(200, reading);
+        EXPECT_FALSE(shown(*view));
+        desk.Program.Frames.Failure = 0;
+        desk.Open(*view);
+        EXPECT_FALSE(shown(*view));
+        view->Unload();
+    }
+}
+
+struct WatchingPrinter : Printer {
+    std::function<bool()> Shown;
+    std::string Seen;
+    Status PrintView() override {
+        return Seen += Shown() ? "line " : "clean ", Status{StatusKind::NotFound, "lp0", "out of paper"};
+    }
+    Status PrintText(const std::string&, const std::string&) override { return {}; }
+};
+
+TEST(Lives, AFailedPrintIsNoPartOfTheNext) {
+    LivesDesk desk;
+    desk.Open(desk.List);
+    WatchingPrinter printer;
+    printer.Shown = [&] { return desk.List.lblStatus.Visible; };
+    desk.List.Paper = &printer;
+    for (int i = 0; i < 2; ++i) Press(desk.List, desk.List.cmdPrint);
+    EXPECT_EQ(printer.Seen, "clean clean ");
+    EXPECT_EQ(desk.List.lblStatus.Caption, "lp0: out of paper");
+}
+
 TEST(Lives, AfterNewScaleAndUnloadNoByteReachesAView) {
     LivesDesk desk;
     for (int round = 0; round < 50; ++round) {

@@ -23,7 +23,7 @@ struct EndlessWait : std::runtime_error {
 class VirtualPump : public Pump {
   public:
     double NowMs() const override { return nowMs_; }
-    WallTime LocalTime() const override { return {2026, 3, 4, 5, 6, 7, 89}; }
+    WallTime LocalTime() const override { return {2026, 3, 4, 5, 6, 7, 89, -210}; }
     [[noreturn]] void EndProcess(int status) override { throw ProcessEnded{status}; }
 
     // "After 300 ms": runs `event` when the clock reaches that time.
