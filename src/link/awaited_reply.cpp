@@ -1,5 +1,7 @@
 #include "link/awaited_reply.h"
 
+#include <utility>
+
 #include "link/link_error.h"
 #include "link/waits.h"
 
@@ -7,7 +9,6 @@ namespace counter {
 
 namespace {
 
-constexpr double kFirstCharacterMs = 3000;
 constexpr double kFirstPartMs = 200;
 // Far above the four seconds that the longest block takes at 300 baud. A meter that was left in continuous
 // output may never fall silent; what came is then judged as it is, and found to have the wrong length.
@@ -15,8 +16,8 @@ constexpr double kLongestReplyMs = 30'000;
 
 }  // namespace
 
-AwaitedReply::AwaitedReply(Link& link)
-    : link_(link), outer_(link.State.Awaited), firstBeforeMs_(link.Pump.NowMs() + kFirstCharacterMs) {
+AwaitedReply::AwaitedReply(Link& link, double longestMs)
+    : link_(link), outer_(link.State.Awaited), firstBeforeMs_(link.Pump.NowMs() + longestMs) {
     link.State.Awaited = this;
 }
 
@@ -26,9 +27,19 @@ AwaitedReply::~AwaitedReply() {
 
 // Whoever came in a wait of this may have taken all in meanwhile, or a part.
 void AwaitedReply::TakeIn() {
+    if (link_.State.EthernetMode) return TakeFromNode();
     if (Bytes.empty() && !FirstCharacterCame()) return;
     TakeUntilSilence();
     done_ = true;
+}
+
+void AwaitedReply::TakeFromNode() {
+    LinkState& state = link_.State;
+    link_.Pump.WaitUntil(
+        firstBeforeMs_, [&] { return done_ || !state.NodeReply.empty() || !link_.Node->Connected(); },
+        "reply through the node");
+    if (std::exchange(done_, true)) return;
+    Bytes = std::exchange(state.NodeReply, {});
 }
 
 bool AwaitedReply::Stirs() const {

@@ -13,6 +13,7 @@ namespace counter {
 namespace {
 
 constexpr double kBeforeSendMs = 300;
+constexpr double kFirstCharacterMs = 3000;
 
 std::string TrimBlanks(const std::string& text) {
     const std::size_t first = text.find_first_not_of(' ');
@@ -93,7 +94,7 @@ void ReceiveReply(Link& link) {
         if (state.LinkError == LinkErrors::kGood) state.ReplyText = TrimBlanks(state.ReplyText);
         return;
     }
-    AwaitedReply reply(link);
+    AwaitedReply reply(link, kFirstCharacterMs);
     reply.TakeIn();
     state.LinkError = reply.LinkError;
     state.CommandText = sent;  // the reply is this command's, whatever was sent meanwhile

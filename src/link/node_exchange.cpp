@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "link/ascii_frame.h"
+#include "link/awaited_reply.h"
 #include "link/link_error.h"
 #include "link/modbus_frame.h"
 
@@ -25,19 +26,18 @@ void SendThroughNode(Link& link) {
 
 void ReceiveThroughNode(Link& link) {
     LinkState& state = link.State;
+    const int asked = state.TransactionId;
+    AwaitedReply reply(link, ReplyMs(state.BaudIndex));
+    reply.TakeIn();
     state.LinkError = LinkErrors::kGood;
-    link.Pump.WaitUntil(
-        link.Pump.NowMs() + ReplyMs(state.BaudIndex),
-        [&] { return !state.NodeReply.empty() || !link.Node->Connected(); }, "reply through the node");
-    if (state.NodeReply.empty()) {
+    if (reply.Bytes.empty()) {
         if (link.Node->CheckConnected()) state.LinkError = LinkErrors::kNodeNoReply;
         return;
     }
-    if (!state.ModbusLink) {
-        JudgeNodeAscii(state, std::exchange(state.NodeReply, {}));
-    } else {
-        JudgeModbusTcp(state, state.NodeReply);
-    }
+    if (!state.ModbusLink) return JudgeNodeAscii(state, reply.Bytes);
+    const int latest = std::exchange(state.TransactionId, asked);  // of a press in the wait
+    JudgeModbusTcp(state, reply.Bytes);
+    state.TransactionId = latest;
 }
 
 bool NodeTookAll(Link& link) {
