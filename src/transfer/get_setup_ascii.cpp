@@ -14,7 +14,8 @@ namespace counter {
 namespace {
 
 // Lengths alone prove a reply good. One that is right only because a digit too many was dropped from its end,
-// or that has other characters than digits, is taken, and told.
+// that has other characters than digits, or that came with another, which may be the right one, is taken, and
+// told.
 void DoubtReply(SetupTransfer& transfer, int step) {
     const LinkState& state = transfer.Line.State;
     const bool digits = IsHexText(state.ReplyText);
