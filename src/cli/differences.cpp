@@ -12,7 +12,7 @@ std::string Table(const Differences& differences, bool counts, const std::string
     for (const FieldDifference& difference : differences) {
         if (difference.Counts() != counts) continue;
         lines.push_back({std::to_string(difference.Position), std::string(difference.Name),
-                         Utf8(difference.A.Text), Utf8(difference.B.Text)});
+                         Printable(difference.A.Text), Printable(difference.B.Text)});
     }
     return lines.size() == 1 ? std::string() : Columns(lines);
 }

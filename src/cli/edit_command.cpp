@@ -66,7 +66,7 @@ bool ByHand(const CommandCall& call) {
 int EditCommand(const CommandCall& call) {
     SetupImage image;
     std::string script;
-    if (Status status = LoadSetupFile(call.World.Store, call.Words[0], image); !status.Ok())
+    if (Status status = LoadSetupToChange(call.World.Store, call.Words[0], image); !status.Ok())
         return RefuseStatus(call, status);
     if (ByHand(call)) return EditByHand(call, image);
     if (Status status = ReadScript(call, script); !status.Ok()) return RefuseStatus(call, status);

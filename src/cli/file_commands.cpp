@@ -35,7 +35,7 @@ Json FieldsJson(const SetupImage& image, const Fields& fields) {
 std::string FieldsTable(const SetupImage& image) {
     std::vector<std::vector<std::string>> lines = {{"Position", "Bits", "Digits", "Field", "Value"}};
     for (const FieldRow& row : FieldTable()) {
-        lines.push_back({std::to_string(row.Pos), BitsText(row), Utf8(FieldDigits(image, row.Handle)),
+        lines.push_back({std::to_string(row.Pos), BitsText(row), Printable(FieldDigits(image, row.Handle)),
                          std::string(row.Name), FieldValueText(image, row.Handle)});
     }
     return Columns(lines);

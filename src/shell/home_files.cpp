@@ -1,10 +1,12 @@
 // What the File and Counter menus of the home view do with the setup.
 #include "link/port_setup.h"
 #include "meter/default_setup.h"
+#include "shell/backups.h"
 #include "shell/get_action.h"
 #include "shell/home_view.h"
 #include "shell/put_action.h"
 #include "shell/setup_files.h"
+#include "shell/start.h"
 
 namespace counter {
 
@@ -20,6 +22,14 @@ void ReopenLine(Session& session) {
     const bool serial = session.Settings.CommsEnabled != Comms::NoLink && !session.LinkState.EthernetMode;
     if (serial && session.Port.Faulted() && IllegalLine(session.Settings).empty())
         OpenPort(session.Link, session.Settings);
+}
+
+// The setup is there, but what a Put overwrites could not be had again.
+void TellBackup(Session& session) {
+    HomeState& home = session.Home;
+    const bool got = session.LinkState.LinkError == 0;
+    if (const std::string words = NoBackupWords(home.Backup); got && !words.empty())
+        home.ShowStatus(home.StatusText + "  But " + words, ColorRed);
 }
 
 }  // namespace
@@ -75,7 +85,8 @@ void HomeView::WriteSetup() {
     const std::string& path = session_.Home.CurrentFileName;
     const Status status = SaveSetupFile(session_.Folder.Store, path, session_.Image);
     if (status.Ok()) {
-        session_.Home.ShowStatus("Setup data saved in " + path, ColorWhite);
+        const std::string note = status.Note.empty() ? "" : ". " + status.Note;
+        session_.Home.ShowStatus("Setup data saved in " + path + note, ColorWhite);
     } else {
         session_.Home.ShowStatus(status.Text(), ColorRed);
     }
@@ -83,8 +94,10 @@ void HomeView::WriteSetup() {
 
 void HomeView::Get() {
     lblTest2.Caption.clear();
+    FollowSettings(session_);
     ReopenLine(session_);
     GetSetup(session_);
+    TellBackup(session_);
     session_.Views.EntryReturn = 0;
 }
 
