@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "cli/cli_output.h"
+#include "shell/setup_files.h"
 
 namespace counter {
 
@@ -76,6 +77,12 @@ Status HeldFiles::Read(const std::string& path, std::string& content) const {
 Status HeldFiles::Write(const std::string& path, std::string_view content) {
     held_[path] = std::string(content);
     return {};
+}
+
+Status LoadToEdit(const CommandCall& call, SetupImage& image) {
+    const bool over = call.OutPath() == call.Words[0] && call.Words[0] != kStandardStream;
+    return over ? LoadSetupToChange(call.World.Store, call.Words[0], image)
+                : LoadSetupFile(call.World.Store, call.Words[0], image);
 }
 
 ProgramFolder FolderOf(const CommandCall& call) {

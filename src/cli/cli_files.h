@@ -75,6 +75,10 @@ class HeldFiles : public PassingFiles {
     std::map<std::string, std::string> held_;
 };
 
+// The first FILE of a command that edits it. One that can be no setup at all is refused where it would be
+// written over: a picture, a letter.
+Status LoadToEdit(const CommandCall& call, SetupImage& image);
+
 // Settings.SSS in the program folder, and that folder.
 ProgramFolder FolderOf(const CommandCall& call);
 std::string SettingsPath(const CommandCall& call);

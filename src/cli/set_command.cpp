@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "cli/cli.h"
+#include "cli/cli_files.h"
 #include "cli/cli_output.h"
 #include "cli/differences.h"
 #include "cli/field_setter.h"
@@ -92,8 +93,7 @@ int SetCommand(const CommandCall& call) {
     if (const std::string wrong = ReadAssignments(call, assignments); !wrong.empty())
         return RefuseCall(call, wrong);
     SetupImage image;
-    if (Status status = LoadSetupToChange(call.World.Store, call.Words[0], image); !status.Ok())
-        return RefuseStatus(call, status);
+    if (Status status = LoadToEdit(call, image); !status.Ok()) return RefuseStatus(call, status);
     FieldSetter setter(std::move(assignments));
     SetupRun run(call, setter, [&](SetupRun& done) { return Finish(call, image, setter, done); });
     return run.Execute(image, false);

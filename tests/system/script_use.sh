@@ -71,6 +71,7 @@ done
 
 # Nobody at the other end of a pipe, or one who does not read: told, and an interrupt, a hang-up or a quit ends it.
 start_meter
+ctl 0 settings init --force
 mkfifo "$work/pipe"
 waits() {
     local signal=$1 text=$2 pid status=0

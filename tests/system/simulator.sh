@@ -28,7 +28,7 @@ stop_peer
 
 # A quit, and a hang-up where no image is to be read again, end it as well: the memory is saved.
 for end in QUIT HUP; do
-    start_meter --save "$work/saved"
+    start_peer env --default-signal=QUIT "$bin/counter-sim" --save "$work/saved"
     rm -f "$work/saved"
     kill "-$end" "$sim"
     stop_peer

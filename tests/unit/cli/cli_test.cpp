@@ -154,10 +154,10 @@ TEST(Settings, InitAndSetWriteWholeLines) {
     EXPECT_EQ(bench.Store.Folders.count("new"), 1U);
 }
 
-TEST(Settings, AStrangeBaudDigitIsShownAndRefused) {
+TEST(Settings, AStrangeBaudDigitIsShownAndWarnedOf) {
     MeterCli bench;
     bench.Store.Contents["home/Settings.SSS"] = "3x01000100100831010000\r\n\r\n";
-    EXPECT_EQ(bench.Run({"settings", "--json"}), 2);
+    EXPECT_EQ(bench.Run({"settings", "--json"}), 0);
     EXPECT_EQ(Json::parse(bench.Out)["BaudIndex"], -1);
     EXPECT_NE(bench.Err.find("none of 0 to 6"), std::string::npos);
     EXPECT_EQ(bench.Run({"settings", "set", "BaudIndex=5"}), 0);
@@ -194,6 +194,8 @@ TEST(Show, ByteSoupIsShownAndStaysJson) {
     EXPECT_EQ(bench.Run({"edit", "soup", "--out", "e", "--json"}), 0) << bench.Err;
     EXPECT_TRUE(Json::accept(bench.Out));
     EXPECT_EQ(bench.Store.Contents["e"].size(), 262U) << "what is written is whole";
+    EXPECT_EQ(bench.Run({"edit", "soup"}), 2) << "but a picture is not written over";
+    EXPECT_EQ(bench.Store.Contents["soup"], soup);
     EXPECT_EQ(bench.Run({"show", "none"}), 2);
     EXPECT_EQ(bench.Err, "counterctl: none: No such file or directory\n");
 }
