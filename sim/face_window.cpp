@@ -20,10 +20,9 @@ std::string PathOfProgram() {
     return (self.parent_path() / "counter-face").string();
 }
 
-[[noreturn]] void BecomeFace(const std::string& path, int input) {
+[[noreturn]] void BecomeFace(const std::string& path, int input, int output) {
     dup2(input, STDIN_FILENO);
-    const int nowhere = STDERR_FILENO;
-    dup2(nowhere, STDOUT_FILENO);  // this program's output names its line and nothing else
+    dup2(output, STDOUT_FILENO);
     execl(path.c_str(), path.c_str(), nullptr);
     _exit(127);
 }
@@ -48,14 +47,20 @@ FaceWindow::~FaceWindow() {
 std::string FaceWindow::Open() {
     const std::string path = PathOfProgram();
     if (access(path.c_str(), X_OK) != 0) return path + ": " + std::strerror(errno);
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0) return std::string("pipe: ") + std::strerror(errno);
+    int input[2], output[2];
+    if (pipe2(input, O_CLOEXEC) != 0) return std::string("pipe: ") + std::strerror(errno);
+    if (pipe2(output, O_CLOEXEC) != 0) return std::string("pipe: ") + std::strerror(errno);
     signal(SIGPIPE, SIG_IGN);  // a closed window is a failed write
     program_ = fork();
-    if (program_ == 0) BecomeFace(path, ends[0]);
-    close(ends[0]);
-    pipe_ = ends[1];
-    return program_ < 0 ? std::string("fork: ") + std::strerror(errno) : std::string();
+    if (program_ == 0) BecomeFace(path, input[0], output[1]);
+    const std::string failure = program_ < 0 ? std::string("fork: ") + std::strerror(errno) : std::string();
+    close(input[0]);
+    close(output[1]);
+    pipe_ = input[1];
+    char first = 0;
+    shown_ = failure.empty() && read(output[0], &first, 1) == 1;
+    close(output[0]);
+    return failure;
 }
 
 void FaceWindow::Show(const FaceState& face) {

@@ -19,14 +19,18 @@ class FaceWindow {
     FaceWindow(const FaceWindow&) = delete;
     FaceWindow& operator=(const FaceWindow&) = delete;
 
-    // Starts counter-face, which is beside this program. Empty, or why it can't be started.
+    // Starts counter-face, which is beside this program, and waits for its window. Empty, or why it can't be
+    // started.
     std::string Open();
+    // False where counter-face has ended without a window, and said why.
+    bool Shown() const { return shown_; }
     // A window that was closed meanwhile is no failure: the meter goes on without its face.
     void Show(const FaceState& face);
 
   private:
     int pipe_ = -1;
     pid_t program_ = -1;
+    bool shown_ = false;
 };
 
 }  // namespace sim

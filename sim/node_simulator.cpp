@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 
 #include "sim/run_loop.h"
@@ -36,7 +35,7 @@ bool NodeSimulator::Step(int signals) {
                         {sockets_.ConnectionHandle(), connection, 0}};
     const timespec rest = RestUntil(node_.NextDueMs());
     if (ppoll(handles, std::size(handles), &rest, nullptr) < 0) return errno == EINTR;
-    if (handles[0].revents && !HandleSignal(TakeSignal(signals))) return false;
+    if (handles[0].revents && !HandleSignal(TakeSignal(signals, !options_.ImageFile.empty()))) return false;
     if (handles[2].revents) Listen();
     std::string host;
     while (const auto datagram = sockets_.ReadDatagram(host)) node_.Datagram(*datagram, host, NowMs());
@@ -45,15 +44,15 @@ bool NodeSimulator::Step(int signals) {
     return true;
 }
 
-bool NodeSimulator::HandleSignal(int number) {
+bool NodeSimulator::HandleSignal(Asked asked) {
     std::string failure;
-    if (number == SIGUSR1) failure = Save();
-    if (number == SIGHUP) {
+    if (asked == Asked::Save) failure = Save();
+    if (asked == Asked::Reload) {
         failure = LoadImageFile(options_);
         if (failure.empty()) node_.Behind().LoadImage(StartImage(options_.Meter));
     }
     if (!failure.empty()) Fail(failure);
-    return number != SIGTERM && number != SIGINT;
+    return asked != Asked::End;
 }
 
 void NodeSimulator::Listen() {

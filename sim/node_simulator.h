@@ -4,6 +4,7 @@
 
 #include "sim/node.h"
 #include "sim/node_sockets.h"
+#include "sim/run_loop.h"
 #include "sim/simulator.h"
 
 namespace sim {
@@ -17,7 +18,7 @@ class NodeSimulator {
 
   private:
     bool Step(int signals);
-    bool HandleSignal(int number);
+    bool HandleSignal(Asked asked);
     void Listen();
     void Exchange();
     void TellAll();

@@ -34,15 +34,19 @@ timespec RestUntil(std::optional<double> dueMs) {
 int SignalHandle() {
     sigset_t mask;
     sigemptyset(&mask);
-    for (int number : {SIGHUP, SIGUSR1, SIGTERM, SIGINT}) sigaddset(&mask, number);
+    for (int number : {SIGHUP, SIGUSR1, SIGTERM, SIGINT, SIGQUIT}) sigaddset(&mask, number);
     sigprocmask(SIG_BLOCK, &mask, nullptr);
     std::signal(SIGPIPE, SIG_IGN);
     return signalfd(-1, &mask, SFD_NONBLOCK | SFD_CLOEXEC);
 }
 
-int TakeSignal(int handle) {
+// The kernel's own hang-up is that of a terminal: nobody can ask for another image by it.
+Asked TakeSignal(int handle, bool hasImage) {
     signalfd_siginfo info{};
-    return read(handle, &info, sizeof info) == sizeof info ? static_cast<int>(info.ssi_signo) : 0;
+    if (read(handle, &info, sizeof info) != sizeof info) return Asked::Nothing;
+    if (info.ssi_signo == SIGUSR1) return Asked::Save;
+    const bool reload = info.ssi_signo == SIGHUP && hasImage && info.ssi_code != SI_KERNEL;
+    return reload ? Asked::Reload : Asked::End;
 }
 
 int Fail(const std::string& text) {

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 
 #include "sim/run_loop.h"
@@ -24,6 +23,7 @@ int Simulator::Run() {
     // Before the signals are taken away from this program and from what it starts.
     if (options_.Face) {
         if (const auto failure = face_.Open(); !failure.empty()) return Fail(failure);
+        if (!face_.Shown()) return kNoDisplay;
         meter_.OnFaceChanged([this] { face_.Show(meter_.Face(NowMs())); });
     }
     const int signals = SignalHandle();
@@ -55,7 +55,7 @@ bool Simulator::Step(int signals) {
         {line_.DataHandle(), POLLIN, 0}, {signals, POLLIN, 0}, {line_.CloseHandle(), POLLIN, 0}};
     const timespec rest = RestUntil(meter_.NextDueMs());
     if (ppoll(handles, std::size(handles), &rest, nullptr) < 0) return errno == EINTR;
-    if (handles[1].revents && !HandleSignal(TakeSignal(signals))) return false;
+    if (handles[1].revents && !HandleSignal(TakeSignal(signals, !options_.ImageFile.empty()))) return false;
     if (handles[2].revents) {
         line_.AfterClose();
         meter_.FarEndClosed();
@@ -64,15 +64,15 @@ bool Simulator::Step(int signals) {
     return true;
 }
 
-bool Simulator::HandleSignal(int number) {
+bool Simulator::HandleSignal(Asked asked) {
     std::string failure;
-    if (number == SIGUSR1) failure = Save();
-    if (number == SIGHUP) {
+    if (asked == Asked::Save) failure = Save();
+    if (asked == Asked::Reload) {
         failure = LoadImageFile(options_);
         if (failure.empty()) meter_.LoadImage(StartImage(options_.Meter));
     }
     if (!failure.empty()) Fail(failure);
-    return number != SIGTERM && number != SIGINT;
+    return asked != Asked::End;
 }
 
 void Simulator::Exchange() {

@@ -1,6 +1,7 @@
 // Simulator: the meter on a pseudo terminal, run until a signal ends it.
 //
-// SIGHUP reads the image file again, SIGUSR1 saves the image, SIGTERM and SIGINT save and end.
+// SIGHUP reads the image file again, SIGUSR1 saves the image, SIGTERM, SIGINT and SIGQUIT save and end,
+// and so does SIGHUP from a terminal that hung up or without an image file.
 #pragma once
 
 #include <string>
@@ -8,6 +9,7 @@
 #include "sim/face_window.h"
 #include "sim/meter.h"
 #include "sim/pty_line.h"
+#include "sim/run_loop.h"
 
 namespace sim {
 
@@ -38,7 +40,7 @@ class Simulator {
   private:
     std::string Connect();
     bool Step(int signals);
-    bool HandleSignal(int number);
+    bool HandleSignal(Asked asked);
     void Exchange();
     void Tell(const std::string& text) const;
     std::string Save() const;

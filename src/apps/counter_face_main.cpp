@@ -1,12 +1,15 @@
 // counter-face: the window of a simulated meter's face, started by counter-sim. It shows the lines that come
-// on standard input, one for each change (ParseFaceLine), and ends with them.
+// on standard input, one for each change (ParseFaceLine), and ends with them. "shown" on standard output says
+// that the window is there.
 #include <unistd.h>
 
 #include <QApplication>
 #include <QSocketNotifier>
+#include <optional>
 #include <string>
 
 #include "desktop/pages/face_widget.h"
+#include "system/display_check.h"
 
 namespace counter {
 
@@ -25,7 +28,11 @@ void TakeLines(std::string& pending, FaceWidget& face) {
 }
 
 int Run(int argc, char** argv) {
-    QApplication application(argc, argv);
+    std::optional<QApplication> application;
+    {
+        const DisplayCheck check;
+        application.emplace(argc, argv);
+    }
     FaceWidget face;
     face.setWindowTitle("Simulated meter");
     std::string pending;
@@ -38,6 +45,8 @@ int Run(int argc, char** argv) {
         TakeLines(pending, face);
     });
     face.show();
+    // counter-sim waits for this: without it there is no window.
+    [[maybe_unused]] const ssize_t told = write(STDOUT_FILENO, "shown\n", 6);
     return QApplication::exec();
 }
 

@@ -1,9 +1,12 @@
 // counter-link: lays down or changes Settings.SSS, and tries what it says.
 #include <QApplication>
+#include <optional>
 
 #include "desktop/pages/link_window.h"
 #include "system/core_runtime.h"
 #include "system/disk_files.h"
+#include "system/display_check.h"
+#include "system/interrupt_watch.h"
 #include "system/program_folder.h"
 #include "system/qt_port_catalog.h"
 #include "system/qt_pump.h"
@@ -14,10 +17,16 @@ namespace counter {
 
 namespace {
 
+constexpr int kEndedBySignal = 130;
+
 int Run(int argc, char** argv) {
-    QApplication application(argc, argv);
+    std::optional<QApplication> application;
+    {
+        const DisplayCheck check;
+        application.emplace(argc, argv);
+    }
     SettleLocale();
-    const std::string folder = FolderArgument(application, "Lays down the settings of Counter Setup.");
+    const std::string folder = FolderArgument(*application, "Lays down the settings of Counter Setup.");
     DiskFiles files;
     QtPump pump;
     QtPortCatalog catalog(folder);
@@ -29,6 +38,12 @@ int Run(int argc, char** argv) {
     view.Load();
     view.Close = [&window] { window.close(); };
     window.show();
+    // A trial holds a port and, through a node, a connection: it is given up with the program.
+    const InterruptWatch ends([&] {
+        view.StopSearch();
+        port.Close();
+        pump.EndProcess(kEndedBySignal);
+    });
     return QApplication::exec();
 }
 

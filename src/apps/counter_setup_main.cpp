@@ -1,11 +1,13 @@
 // counter-setup: the desktop tool.
 #include <QApplication>
 #include <QTimer>
+#include <optional>
 
 #include "desktop/desktop.h"
 #include "desktop/first_start.h"
 #include "system/core_runtime.h"
 #include "system/disk_files.h"
+#include "system/display_check.h"
 #include "system/program_folder.h"
 #include "system/qt_port_catalog.h"
 #include "system/qt_pump.h"
@@ -17,9 +19,13 @@ namespace counter {
 namespace {
 
 int Run(int argc, char** argv) {
-    QApplication application(argc, argv);
+    std::optional<QApplication> application;
+    {
+        const DisplayCheck check;
+        application.emplace(argc, argv);
+    }
     SettleLocale();
-    const std::string folder = FolderArgument(application, "Setup tool for a panel counter/timer.");
+    const std::string folder = FolderArgument(*application, "Setup tool for a panel counter/timer.");
     DiskFiles files;
     QtPump pump;
     pump.InstallInterruptHandler();
@@ -37,11 +43,11 @@ int Run(int argc, char** argv) {
     desktop.Window().show();
     pump.OnInterrupt = [&desktop] { desktop.Interrupt(); };
     // The pump's own wait carries the whole run, so that whatever waits inside it nests.
-    QTimer::singleShot(0, &application, [&pump] {
+    QTimer::singleShot(0, &*application, [&pump] {
         pump.WaitUntil(
             Pump::kForever, [] { return false; }, "what the user does");
     });
-    QTimer::singleShot(0, &application, [&desktop] { desktop.LogIn(); });
+    QTimer::singleShot(0, &*application, [&desktop] { desktop.LogIn(); });
     return QApplication::exec();
 }
 

@@ -1,16 +1,16 @@
 // counterctl: the command line companion.
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <string_view>
 
 #include "cli/cli.h"
-#include "cli/cli_files.h"
 #include "system/core_runtime.h"
 #include "system/disk_files.h"
+#include "system/patient_output.h"
 #include "system/program_folder.h"
 #include "system/qt_port_catalog.h"
 #include "system/qt_pump.h"
@@ -21,15 +21,19 @@ namespace {
 
 class QtMachine : public counter::Machine {
   public:
-    explicit QtMachine(const std::string& programFolder) : catalog_(programFolder), port_(catalog_) {
+    QtMachine(const std::string& programFolder, counter::Patience& patience)
+        : patience_(patience), catalog_(programFolder), port_(catalog_) {
         pump_.InstallInterruptHandler();
+        patience_.EndWith(pump_.Interrupts());
     }
+    ~QtMachine() override { patience_.EndWith(nullptr); }
     counter::Pump& Pump() override { return pump_; }
     counter::SerialPort& Port() override { return port_; }
     const counter::PortCatalog& Catalog() override { return catalog_; }
     counter::Sockets Sockets() override { return sockets_.Both(); }
 
   private:
+    counter::Patience& patience_;
     counter::CoreRuntime runtime_;  // before all that lives in its event loop
     counter::QtPump pump_;
     counter::QtPortCatalog catalog_;
@@ -64,26 +68,39 @@ bool TakesColors(int descriptor) {
            std::string_view(kind) != "dumb";
 }
 
+// Only where it is taken at once: standard error may be the terminal that was stopped.
+void TellPeople(const std::string& line) {
+    pollfd err = {STDERR_FILENO, POLLOUT, 0};
+    const std::string text = "counterctl: " + line + "\n";
+    if (poll(&err, 1, 0) <= 0) return;
+    [[maybe_unused]] const ssize_t size = write(STDERR_FILENO, text.data(), text.size());
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     HoldStandardStreams();
-    counter::DiskFiles files;
-    counter::FileOutput written(stdout);
+    counter::Patience patience(TellPeople);
+    counter::DiskFiles files(patience);
+    counter::PatientOutput written(STDOUT_FILENO, patience, "standard output");
     std::ostream out(&written);
-    const counter::CliWorld world{out,
-                                  std::cerr,
-                                  IsTerminal(STDERR_FILENO),
-                                  files,
-                                  DefaultFolder,
-                                  [](const std::string& folder) -> std::unique_ptr<counter::Machine> {
-                                      return std::make_unique<QtMachine>(folder);
-                                  },
-                                  std::cin,
-                                  std::_Exit,
-                                  IsTerminal(STDIN_FILENO),
-                                  TakesColors(STDOUT_FILENO),
-                                  TakesColors(STDERR_FILENO),
-                                  [&written] { return written.WhyFailed(); }};
+    counter::PatientOutput complaints(STDERR_FILENO, patience, "standard error");
+    std::ostream err(&complaints);
+    err << std::unitbuf;
+    const counter::CliWorld world{
+        out,
+        err,
+        IsTerminal(STDERR_FILENO),
+        files,
+        DefaultFolder,
+        [&patience](const std::string& folder) -> std::unique_ptr<counter::Machine> {
+            return std::make_unique<QtMachine>(folder, patience);
+        },
+        std::cin,
+        std::_Exit,
+        IsTerminal(STDIN_FILENO),
+        TakesColors(STDOUT_FILENO),
+        TakesColors(STDERR_FILENO),
+        [&written] { return written.Failure(); }};
     return counter::RunCli(world, argc, argv);
 }

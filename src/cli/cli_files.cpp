@@ -1,14 +1,16 @@
 #include "cli/cli_files.h"
 
-#include <cerrno>
 #include <iterator>
-#include <system_error>
+#include <utility>
+
+#include "cli/cli_output.h"
+#include "shell/setup_files.h"
 
 namespace counter {
 
 Status OutputFailed(const CliWorld& world) {
-    const std::string reason = world.WhyOutFailed ? world.WhyOutFailed() : std::string();
-    return {StatusKind::Other, "standard output", reason.empty() ? "can't be written" : reason};
+    const Status status = world.WhyOutFailed ? world.WhyOutFailed() : Status{};
+    return status.Ok() ? Status{StatusKind::Other, "standard output", "can't be written"} : status;
 }
 
 Status StreamFiles::Read(const std::string& path, std::string& content) const {
@@ -19,7 +21,10 @@ Status StreamFiles::Read(const std::string& path, std::string& content) const {
 }
 
 Status StreamFiles::Write(const std::string& path, std::string_view content) {
-    return path == kStandardStream ? Send(content) : PassingFiles::Write(path, content);
+    if (path == kStandardStream) return Send(content);
+    Status status = PassingFiles::Write(path, content);
+    if (status.Ok() && !status.Note.empty()) Complain(world_) << OneLine(status.Note) << std::endl;
+    return status;
 }
 
 Status StreamFiles::Append(const std::string& path, std::string_view content) {
@@ -29,6 +34,29 @@ Status StreamFiles::Append(const std::string& path, std::string_view content) {
 Status StreamFiles::Send(std::string_view content) {
     world_.Out << content << std::flush;
     return world_.Out ? Status{} : OutputFailed(world_);
+}
+
+SettingsWait SettingsTurn::Wait() {
+    return {[this]() -> counter::Pump& { return Pump(); },
+            [this](const std::string& line) { Complain(call_.World) << line << std::endl; }};
+}
+
+Pump& SettingsTurn::Pump() {
+    machine_ = call_.World.MakeMachine(call_.Folder);
+    counter::Pump& pump = machine_->Pump();
+    pump.OnInterrupt = [this, &pump] {
+        Complain(call_.World) << "interrupted" << std::endl;
+        pump.EndProcess(kInterrupted);
+    };
+    return pump;
+}
+
+std::optional<std::string> HeldFiles::Take(const std::string& path) {
+    const auto found = held_.find(path);
+    if (found == held_.end()) return std::nullopt;
+    std::string content = std::move(found->second);
+    held_.erase(found);
+    return content;
 }
 
 Status HeldFiles::Flush() {
@@ -51,32 +79,14 @@ Status HeldFiles::Write(const std::string& path, std::string_view content) {
     return {};
 }
 
-FileOutput::FileOutput(std::FILE* file) : file_(file) {
-    setp(waiting_.data(), waiting_.data() + waiting_.size());
+Status LoadToEdit(const CommandCall& call, SetupImage& image) {
+    const bool over = call.OutPath() == call.Words[0] && call.Words[0] != kStandardStream;
+    return over ? LoadSetupToChange(call.World.Store, call.Words[0], image)
+                : LoadSetupFile(call.World.Store, call.Words[0], image);
 }
 
-std::string FileOutput::WhyFailed() const {
-    return error_ == 0 ? std::string() : std::generic_category().message(error_);
-}
-
-FileOutput::int_type FileOutput::overflow(int_type character) {
-    if (!Send()) return traits_type::eof();
-    if (traits_type::eq_int_type(character, traits_type::eof())) return traits_type::not_eof(character);
-    return sputc(traits_type::to_char_type(character));
-}
-
-int FileOutput::sync() {
-    return Send() ? 0 : -1;
-}
-
-// What could not be written is given up: the stream is bad from then on.
-bool FileOutput::Send() {
-    const auto size = static_cast<std::size_t>(pptr() - pbase());
-    errno = 0;
-    const bool sent = std::fwrite(pbase(), 1, size, file_) == size && std::fflush(file_) == 0;
-    if (!sent && error_ == 0) error_ = errno == 0 ? EIO : errno;
-    setp(waiting_.data(), waiting_.data() + waiting_.size());
-    return sent;
+ProgramFolder FolderOf(const CommandCall& call) {
+    return {call.World.Store, call.Folder};
 }
 
 std::string SettingsPath(const CommandCall& call) {

@@ -1,15 +1,14 @@
-// Files as counterctl sees them: "-" for a standard stream, writes that wait for the end of a run, what
-// Settings.SSS says, and the stream onto standard output itself.
+// Files as counterctl sees them: "-" for a standard stream, writes that wait for the end of a run, and what
+// Settings.SSS says.
 #pragma once
 
-#include <array>
-#include <cstdio>
 #include <map>
+#include <memory>
 #include <optional>
-#include <streambuf>
 #include <string>
 
 #include "cli/cli.h"
+#include "link/change_settings.h"
 #include "platform/passing_files.h"
 #include "settings/settings.h"
 
@@ -36,6 +35,20 @@ class StreamFiles : public PassingFiles {
     const CliWorld& world_;
 };
 
+// How counterctl waits for another program that is changing Settings.SSS: told on standard error, ended by an
+// interrupt. The machine whose clock it takes is made only when there is one to wait for.
+class SettingsTurn {
+  public:
+    explicit SettingsTurn(const CommandCall& call) : call_(call) {}
+    SettingsWait Wait();
+
+  private:
+    counter::Pump& Pump();
+
+    const CommandCall& call_;
+    std::unique_ptr<Machine> machine_;
+};
+
 // Files whose writes wait until the whole run is known to be good. Reads see what was written and is still
 // held. Everything else goes through at once.
 class HeldFiles : public PassingFiles {
@@ -44,6 +57,13 @@ class HeldFiles : public PassingFiles {
 
     // Writes what is held, each file whole or not at all; the first that fails ends it.
     Status Flush();
+    // What is held for `path`, which is held no longer; nothing where nothing was written.
+    std::optional<std::string> Take(const std::string& path);
+    // Nothing is changed before the end, so nobody is kept from it before.
+    Status Lock(const std::string&, std::unique_ptr<FileLock>& lock) override {
+        lock.reset();
+        return {};
+    }
 
     Status Read(const std::string& path, std::string& content) const override;
     Status Write(const std::string& path, std::string_view content) override;
@@ -55,27 +75,12 @@ class HeldFiles : public PassingFiles {
     std::map<std::string, std::string> held_;
 };
 
-// A stream onto standard output that remembers why the system took no more.
-class FileOutput : public std::streambuf {
-  public:
-    explicit FileOutput(std::FILE* file);
+// The first FILE of a command that edits it. One that can be no setup at all is refused where it would be
+// written over: a picture, a letter.
+Status LoadToEdit(const CommandCall& call, SetupImage& image);
 
-    // The system's words for the first write that failed; empty where none did.
-    std::string WhyFailed() const;
-
-  protected:
-    int_type overflow(int_type character) override;
-    int sync() override;
-
-  private:
-    bool Send();
-
-    std::FILE* file_;
-    int error_ = 0;
-    std::array<char, 1 << 14> waiting_;  // a setup as JSON in few writes
-};
-
-// Settings.SSS in the program folder.
+// Settings.SSS in the program folder, and that folder.
+ProgramFolder FolderOf(const CommandCall& call);
 std::string SettingsPath(const CommandCall& call);
 
 // What it says, for what must be known before a port is opened or a node called, and without either.

@@ -16,6 +16,10 @@ namespace counter {
 
 using Json = nlohmann::ordered_json;  // keys in the order in which they are written
 
+// A document as text, without a control character in it: a meter can send any, and a terminal obeys them.
+// `indent` blanks a level, -1 for one line.
+std::string JsonText(const Json& document, int indent);
+
 // One document on standard output.
 void WriteJson(const CommandCall& call, const Json& document);
 
@@ -23,7 +27,8 @@ void WriteJson(const CommandCall& call, const Json& document);
 std::ostream& Complain(const CliWorld& world);
 // The text with blanks for its line ends: whoever reads standard error counts on a line each.
 std::string OneLine(std::string text);
-// "counterctl: PATH: REASON" on standard error. Returns exit status 2.
+// "counterctl: PATH: REASON" on standard error. Returns exit status 2; where a wait was given up because the
+// program is to end, "counterctl: interrupted" and 130.
 int RefuseStatus(const CommandCall& call, const Status& status);
 // "counterctl: REASON" on standard error. Returns exit status 1.
 int RefuseCall(const CommandCall& call, const std::string& reason);

@@ -11,6 +11,7 @@
 #include "platform/pump.h"
 #include "platform/serial_port.h"
 #include "platform/sockets.h"
+#include "platform/status.h"
 
 namespace counter {
 
@@ -44,8 +45,8 @@ struct CliWorld {
     // Colours and bold print on either stream.
     bool OutColors = false;
     bool ErrColors = false;
-    // The system's words for why Out takes no more; may be empty, and answer nothing.
-    std::function<std::string()> WhyOutFailed = {};
+    // Why Out takes no more; may be empty, and answer Ok where it is not known.
+    std::function<Status()> WhyOutFailed = {};
 
     // The same world with other files.
     CliWorld With(Files& files) const {

@@ -2,6 +2,7 @@
 #include <iterator>
 
 #include "cli/cli.h"
+#include "cli/cli_files.h"
 #include "cli/cli_output.h"
 #include "cli/edit_console.h"
 #include "cli/script_player.h"
@@ -66,8 +67,7 @@ bool ByHand(const CommandCall& call) {
 int EditCommand(const CommandCall& call) {
     SetupImage image;
     std::string script;
-    if (Status status = LoadSetupFile(call.World.Store, call.Words[0], image); !status.Ok())
-        return RefuseStatus(call, status);
+    if (Status status = LoadToEdit(call, image); !status.Ok()) return RefuseStatus(call, status);
     if (ByHand(call)) return EditByHand(call, image);
     if (Status status = ReadScript(call, script); !status.Ok()) return RefuseStatus(call, status);
     ScriptPlayer player(script);

@@ -143,7 +143,7 @@ void EditConsole::TellChanges(SetupRun& run, const Picture& before) {
         if (is.Reachable && !was.Reachable) come += " " + control.FullName();
         if (was.Reachable && !is.Reachable) gone += " " + control.FullName();
         if (is.Reachable && is.Value != was.Value)
-            lines.push_back({"  " + control.FullName(), Utf8(was.Value), "->", Utf8(is.Value)});
+            lines.push_back({"  " + control.FullName(), Printable(was.Value), "->", Printable(is.Value)});
     }
     world_.Err << Columns(lines);
     if (!come.empty()) Say("  can be reached now:" + come);
@@ -158,8 +158,8 @@ void EditConsole::List(SetupRun& run, const std::string& filter) {
         if (!IsActedOn(control) || form.Reach(control) != Refusal::None) continue;
         const std::string caption = CaptionAround(control);
         if (!Contains(control.FullName(), filter) && !Contains(caption, filter)) continue;
-        lines.push_back({control.FullName(), std::string(KindName(control.Kind)), Utf8(caption),
-                         Utf8(ValueShown(control)), Utf8(EntriesLine(control))});
+        lines.push_back({control.FullName(), std::string(KindName(control.Kind)), Printable(caption),
+                         Printable(ValueShown(control)), Printable(EntriesLine(control))});
     }
     world_.Err << (lines.empty() ? "nothing of that name can be reached now\n" : Columns(lines));
 }
@@ -170,13 +170,13 @@ void EditConsole::Show(SetupRun& run, const std::string& name) {
     if (control == nullptr) return Say(run.NoControl(name));
     const bool acted = IsActedOn(*control);
     std::string text = name + ": " + std::string(acted ? KindName(control->Kind) : "shown only");
-    text += " '" + Utf8(CaptionAround(*control)) + "'";
-    if (const std::string value = ValueShown(*control); !value.empty()) text += ", " + Utf8(value);
+    text += " '" + Printable(CaptionAround(*control)) + "'";
+    if (const std::string value = ValueShown(*control); !value.empty()) text += ", " + Printable(value);
     if (acted) text += ", " + run.View().WhyRefused(form.Reach(*control), *control);
     Say(text);
     for (std::size_t i = 0; i < control->Entries.size(); ++i) {
         const std::string entry(Trimmed(control->Entries[i]));
-        Say("  #" + std::to_string(i) + " " + Utf8(entry));
+        Say("  #" + std::to_string(i) + " " + Printable(entry));
     }
 }
 

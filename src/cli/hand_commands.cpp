@@ -132,12 +132,12 @@ class Panel {
 
     // A value alone is a line that a script takes as it is; several have their names in front.
     std::string Lines(const ButtonWord& word) {
-        if (word.Fields.size() == 1) return Utf8(Trimmed(TextOf(word.Fields[0])));
+        if (word.Fields.size() == 1) return Printable(Trimmed(TextOf(word.Fields[0])));
         std::string text;
         for (const char* field : word.Fields) {
             if (TextOf(field).empty()) continue;
             text += text.empty() ? "" : "\n";
-            text += std::string(field).substr(3) + "  " + Utf8(Trimmed(TextOf(field)));
+            text += std::string(field).substr(3) + "  " + Printable(Trimmed(TextOf(field)));
         }
         return text;
     }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "link/port_setup.h"
+#include "shell/backups.h"
 #include "shell/get_action.h"
 #include "shell/put_action.h"
 #include "shell/start.h"
@@ -111,16 +112,12 @@ int LinkSession::Get() {
     GetSetup(session_);
     if (session_.LinkState.LinkError != 0) return kLinkFailed;
     if (!session_.Home.SetupDoubt.empty()) return kLinkFailed;
-    const Status& kept = session_.Home.Backup;
-    if (!kept.Ok()) {
-        EndBar();
-        Complain(call_.World) << "no backup: " << kept.Text() << "\n";
-    }
+    if (const std::string words = NoBackupWords(session_.Home.Backup); !words.empty()) Tell(words);
     return kDone;
 }
 
 Status LinkSession::Put() {
-    putting_ = true;
+    WillPut();
     return PutSetup(session_);
 }
 
@@ -181,9 +178,13 @@ void LinkSession::OnInterrupt() {
     machine_->Pump().EndProcess(kInterrupted);
 }
 
-void LinkSession::TellSent() {
+void LinkSession::Tell(const std::string& line) {
     EndBar();
-    Complain(call_.World) << "not put whole" << SentSoFar() << "\n";
+    Complain(call_.World) << line << "\n";
+}
+
+void LinkSession::TellSent() {
+    Tell("not put whole" + SentSoFar());
 }
 
 std::string LinkSession::SentSoFar() const {

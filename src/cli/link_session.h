@@ -48,6 +48,10 @@ class LinkSession {
     int Begin();
     // Get Setup. Returns 0, or 3 for a failure that End tells.
     int Get();
+    // From now on an interrupt says what of a Put has gone out, be it nothing.
+    void WillPut() { putting_ = true; }
+    // A line on standard error, after the bar.
+    void Tell(const std::string& line);
     // Put Setup of the session's image. The status is of settings and port, which follow it.
     Status Put();
     // Which frames of a Put that failed have gone out: the meter may hold what was in them.

@@ -20,7 +20,8 @@ void JumpingPump::EndProcess(int status) {
 }
 
 OfflineSession::OfflineSession(const CommandCall& call)
-    : dialogs_(call.World.Err),
+    : call_(call),
+      dialogs_(call.World.Err),
       files_(call.World.Store),
       session_(pump_, port_, dialogs_, {files_, call.Folder}) {}
 
@@ -30,10 +31,21 @@ void OfflineSession::Begin(const SetupImage& image) {
     if (session_.Folder.Store.Read(session_.Folder.At(kSettingsFile), text).Ok()) {
         // Whether the port could be opened, and at what speed, is of no concern: none is meant.
         ReadSettings(session_.BringUp);
+        read_ = session_.Settings.Lines;
     } else {
         TakeIdentityOfImage();
         if (!HasPanel(session_.Identity.MeterType)) session_.Identity.NoPanelModel = true;
     }
+}
+
+Status OfflineSession::WriteHeld() {
+    if (const auto settings = files_.Take(session_.Folder.At(kSettingsFile))) {
+        SettingsTurn turn(call_);
+        SettingsLines wanted = SplitSettings(*settings);
+        if (Status saved = SaveSettings(FolderOf(call_), turn.Wait(), read_, wanted); !saved.Ok())
+            return saved;
+    }
+    return files_.Flush();
 }
 
 void OfflineSession::ImageIsFromMeter() {

@@ -62,7 +62,7 @@ class OfflineSession {
     void ImageIsFromMeter();
 
     // Writes what the view has changed of the settings: only once the run is known to be good.
-    Status WriteHeld() { return files_.Flush(); }
+    Status WriteHeld();
 
     Session& Program() { return session_; }
     JumpingPump& Pump() { return pump_; }
@@ -71,6 +71,8 @@ class OfflineSession {
   private:
     void TakeIdentityOfImage();
 
+    const CommandCall& call_;
+    SettingsLines read_;  // the settings as they were at the begin
     JumpingPump pump_;
     ClosedPort port_;
     LineDialogs dialogs_;

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "cli/cli.h"
+#include "cli/cli_files.h"
 #include "cli/cli_output.h"
 #include "cli/differences.h"
 #include "cli/field_setter.h"
@@ -65,7 +66,8 @@ SetResult Compare(const SetupImage& before, const SetupImage& after,
 std::string Told(const Differences& consequences) {
     std::vector<std::vector<std::string>> lines;
     for (const FieldDifference& line : consequences)
-        lines.push_back({"  " + std::string(line.Name), Utf8(line.A.Text), "->", Utf8(line.B.Text)});
+        lines.push_back(
+            {"  " + std::string(line.Name), Printable(line.A.Text), "->", Printable(line.B.Text)});
     return lines.empty() ? std::string() : "Changed with it:\n" + Columns(lines);
 }
 
@@ -91,8 +93,7 @@ int SetCommand(const CommandCall& call) {
     if (const std::string wrong = ReadAssignments(call, assignments); !wrong.empty())
         return RefuseCall(call, wrong);
     SetupImage image;
-    if (Status status = LoadSetupFile(call.World.Store, call.Words[0], image); !status.Ok())
-        return RefuseStatus(call, status);
+    if (Status status = LoadToEdit(call, image); !status.Ok()) return RefuseStatus(call, status);
     FieldSetter setter(std::move(assignments));
     SetupRun run(call, setter, [&](SetupRun& done) { return Finish(call, image, setter, done); });
     return run.Execute(image, false);

@@ -33,11 +33,11 @@ Json SettingsJson(const Settings& settings) {
 std::string SettingsTable(const Settings& settings) {
     std::vector<std::vector<std::string>> lines;
     for (const SettingsKey& key : SettingsKeys()) {
-        lines.push_back({std::string(key.Name), Utf8(SettingsText(settings, key))});
+        lines.push_back({std::string(key.Name), Printable(SettingsText(settings, key))});
     }
     lines.push_back({"EthernetMode", std::to_string(settings.EthernetMode)});
-    lines.push_back({"SettingsLine1", Utf8(settings.FileLines.SettingsLine1)});
-    lines.push_back({"SettingsLine2", Utf8(settings.FileLines.SettingsLine2)});
+    lines.push_back({"SettingsLine1", Printable(settings.FileLines.SettingsLine1)});
+    lines.push_back({"SettingsLine2", Printable(settings.FileLines.SettingsLine2)});
     return Columns(lines);
 }
 
@@ -51,8 +51,11 @@ int PrintSettings(const CommandCall& call) {
     } else {
         call.World.Out << SettingsTable(settings);
     }
-    if (settings.BaudIndex >= 0 || settings.EthernetMode) return kDone;
-    return RefuseStatus(call, {StatusKind::Illegal, SettingsPath(call), kBaudDigitReason});
+    if (settings.BaudIndex < 0 && !settings.EthernetMode)
+        Complain(call.World) << OneLine(
+                                    Status{StatusKind::Illegal, SettingsPath(call), kBaudDigitReason}.Text())
+                             << "; no port can be opened so\n";
+    return kDone;
 }
 
 std::string NoKey(const std::string& word) {
@@ -78,32 +81,30 @@ std::string Apply(const CommandCall& call, SettingsLines& lines) {
     return {};
 }
 
-int WriteLines(const CommandCall& call, const SettingsLines& lines) {
-    const Status status = call.World.Store.Write(SettingsPath(call), FormatSettings(lines));
-    return status.Ok() ? kDone : RefuseStatus(call, status);
-}
-
 int InitSettings(const CommandCall& call) {
     SettingsLines lines = NewSettingsLines();
     if (const std::string refusal = Apply(call, lines); !refusal.empty()) return RefuseCall(call, refusal);
-    if (call.World.Store.Exists(SettingsPath(call)) && !call.Has("--force")) {
-        return RefuseStatus(call,
-                            {StatusKind::Illegal, SettingsPath(call), "File exists; --force replaces it"});
-    }
     if (Status status = call.World.Store.MakeFolder(call.Folder); !status.Ok())
         return RefuseStatus(call, status);
-    return WriteLines(call, lines);
+    SettingsTurn turn(call);
+    std::unique_ptr<FileLock> lock;
+    Status status = LockSettings(FolderOf(call), turn.Wait(), lock);
+    if (status.Ok() && call.World.Store.Exists(SettingsPath(call)) && !call.Has("--force"))
+        status = {StatusKind::Illegal, SettingsPath(call), "File exists; --force replaces it"};
+    if (status.Ok()) status = call.World.Store.Write(SettingsPath(call), FormatSettings(lines));
+    return status.Ok() ? kDone : RefuseStatus(call, status);
 }
 
 int ChangeSettings(const CommandCall& call) {
     SettingsLines scratch = NewSettingsLines();
     if (call.Words.size() < 2) return RefuseCall(call, "usage: counterctl settings set KEY=VALUE...");
     if (const std::string refusal = Apply(call, scratch); !refusal.empty()) return RefuseCall(call, refusal);
-    SettingsLines lines;
-    if (Status status = ReadLines(call, lines); !status.Ok()) return RefuseStatus(call, status);
-    lines.SettingsLine1 = NormaliseLine1(lines.SettingsLine1);
-    Apply(call, lines);
-    return WriteLines(call, lines);
+    SettingsTurn turn(call);
+    const Status status = ChangeSettings(FolderOf(call), turn.Wait(), [&call](SettingsLines& lines) {
+        Apply(call, lines);
+        return Status{};
+    });
+    return status.Ok() ? kDone : RefuseStatus(call, status);
 }
 
 }  // namespace

@@ -156,7 +156,7 @@ class PageWriter {
                 return child == *field || child->Kind == ControlKind::Label;
             });
         if (!wraps) {
-            Text += std::string(indent, ' ') + Utf8(CaptionOf(frame)) + "\n";
+            Text += std::string(indent, ' ') + Printable(CaptionOf(frame)) + "\n";
             Children(children, indent + kIndent);
             return;
         }
@@ -171,10 +171,10 @@ class PageWriter {
     void Line(std::size_t indent, const std::string& caption, const std::string& value,
               const Control& control) {
         if (caption.empty() && value.empty()) return;
-        std::string line = std::string(indent, ' ') + Utf8(caption);
+        std::string line = std::string(indent, ' ') + Printable(caption);
         if (!value.empty()) {
             line.resize(std::max(line.size() + 2, kValueColumn), ' ');
-            line += Utf8(value);
+            line += Printable(value);
         }
         line.resize(std::max(line.size() + 2, kNameColumn), ' ');
         Text += line + control.FullName() + (control.Enabled ? "\n" : "  (disabled)\n");

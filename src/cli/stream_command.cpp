@@ -204,7 +204,8 @@ void StreamRun::WriteLine(const std::string& text) {
 }
 
 int StreamRun::Report() {
-    if (!written_.Ok()) return RefuseStatus(call_, written_);
+    const bool givenUp = interrupted_ && written_.Kind == StatusKind::Interrupted;
+    if (!written_.Ok() && !givenUp) return RefuseStatus(call_, written_);
     const int error = program_.LinkState.LinkError;
     if (error == LinkErrors::kGood || (interrupted_ && error != LinkErrors::kPortFault)) return kDone;
     Complain(call_.World) << program_.LinkState.ErrorMeaning()

@@ -42,6 +42,13 @@ bool IsWholeSetup(std::string_view digits) {
     return digits.size() == kImageDigits && IsHexText(digits);
 }
 
+bool CanBeSetup(std::string_view digits) {
+    const auto isDigit = [](char c) { return HexDigitValue(c) >= 0; };
+    const auto count = static_cast<std::size_t>(std::count_if(digits.begin(), digits.end(), isDigit));
+    if (digits.size() < kImageDigits) return !digits.empty() && count == digits.size();
+    return count > digits.size() / 2;  // digits that a disk or an editor has spoilt
+}
+
 std::string WhyNoWholeSetup(std::string_view digits) {
     std::string why;
     if (digits.size() != kImageDigits) {

@@ -28,6 +28,10 @@ bool IsWholeSetup(std::string_view digits);
 // is 'G' and no hexadecimal digit"; empty for a whole setup.
 std::string WhyNoWholeSetup(std::string_view digits);
 
+// Whether a text can be a setup at all, one that is short, long or damaged included: what was once written as
+// one. A text of nothing, a picture or a letter can't.
+bool CanBeSetup(std::string_view digits);
+
 // The bits hiBit..loBit (0..7) of the byte at `pos`, right-aligned; 0 when loBit is above hiBit.
 int BitsGet(const SetupImage& image, int hiBit, int loBit, int pos);
 

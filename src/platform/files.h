@@ -1,6 +1,7 @@
 // Files: reading and writing files whole, and adding to those that grow while they are written.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,12 +31,32 @@ class FileReader {
     // The path at the end of all links, absolute where it exists. A link whose target is missing gives the
     // path of what is missing; links that go round in a circle give `path` itself.
     virtual std::string FollowLinks(const std::string& path) const { return path; }
+    // One file under two names, by links of either kind or two spellings; a device or pipe is none, as it has
+    // nothing that could be written over.
+    virtual bool SameFile(const std::string& a, const std::string& b) const {
+        return FollowLinks(Absolute(a)) == FollowLinks(Absolute(b));
+    }
     // The path from the root, without "." and ".."; links in it stay.
     virtual std::string Absolute(const std::string& path) const { return path; }
 };
 
+// Something that one program at a time has, until the object goes.
+class FileLock {
+  public:
+    FileLock() = default;
+    virtual ~FileLock() = default;
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+};
+
 class Files : public FileReader {
   public:
+    // The lock under which `path` is read and written again, whether or not the file is there. Busy, at once,
+    // while another has it. Where there are no locks, `lock` is left empty.
+    virtual Status Lock(const std::string&, std::unique_ptr<FileLock>& lock) {
+        lock.reset();
+        return {};
+    }
     // Whole or not at all: at any moment, kill and power cut included, either the old or the new content
     // is under `path`. A failed write leaves the old file and says why.
     virtual Status Write(const std::string& path, std::string_view content) = 0;

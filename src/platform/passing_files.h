@@ -20,6 +20,9 @@ class PassingFiles : public Files {
     Status Append(const std::string& path, std::string_view content) override {
         return behind_.Append(path, content);
     }
+    Status Lock(const std::string& path, std::unique_ptr<FileLock>& lock) override {
+        return behind_.Lock(path, lock);
+    }
     bool Exists(const std::string& path) const override { return behind_.Exists(path); }
     Status Remove(const std::string& path) override { return behind_.Remove(path); }
     Status MakeFolder(const std::string& path) override { return behind_.MakeFolder(path); }
@@ -31,6 +34,9 @@ class PassingFiles : public Files {
     }
     std::string LinkTarget(const std::string& path) const override { return behind_.LinkTarget(path); }
     std::string FollowLinks(const std::string& path) const override { return behind_.FollowLinks(path); }
+    bool SameFile(const std::string& a, const std::string& b) const override {
+        return behind_.SameFile(a, b);
+    }
     std::string Absolute(const std::string& path) const override { return behind_.Absolute(path); }
 
   private:

@@ -12,6 +12,7 @@ enum class StatusKind {
     Busy,          // somebody else holds it
     Illegal,       // it is there, but not what is needed: a folder, a bad setting
     Gone,          // a device that was there went away
+    Interrupted,   // the program is to end, and a wait was given up
     Other,
 };
 
@@ -19,6 +20,8 @@ struct Status {
     StatusKind Kind = StatusKind::Ok;
     std::string Path;    // the file, folder or device meant
     std::string Reason;  // the system's own words
+    // Of an action that went well, what its user should know; empty for nothing.
+    std::string Note = {};
 
     bool Ok() const { return Kind == StatusKind::Ok; }
     // "PATH: REASON", one line.

@@ -93,6 +93,13 @@ void ParseLine2(const std::string& line, Settings& settings) {
     settings.EthernetMode = !AllAre(settings.NodeAddress, '0') && !AllAre(settings.NodeAddress, 'F');
 }
 
+void TakeChanges(const std::string& from, const std::string& to, std::string& now) {
+    for (std::size_t i = 0; i < to.size(); ++i) {
+        if (i < from.size() && from[i] == to[i]) continue;
+        SettingsPut(now, static_cast<int>(i) + 1, to.substr(i, 1));
+    }
+}
+
 }  // namespace
 
 SettingsLines SplitSettings(std::string_view text) {
@@ -138,6 +145,12 @@ std::string FormatSettings(const SettingsLines& lines) {
 
 char AddressChar(int address) {
     return static_cast<char>(address < 10 ? '0' + address : 'A' + address - 10);
+}
+
+SettingsLines WithChanges(const SettingsLines& from, const SettingsLines& to, SettingsLines now) {
+    TakeChanges(from.SettingsLine1, to.SettingsLine1, now.SettingsLine1);
+    TakeChanges(from.SettingsLine2, to.SettingsLine2, now.SettingsLine2);
+    return now;
 }
 
 void SettingsPut(std::string& line, int from, std::string_view text) {

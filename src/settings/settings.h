@@ -36,6 +36,8 @@ enum Code : int { NoCalibration = 7, OtherProgram = 8 };  // any other: the whol
 struct SettingsLines {
     std::string SettingsLine1;
     std::string SettingsLine2;
+
+    bool operator==(const SettingsLines&) const = default;
 };
 
 struct Settings {
@@ -87,6 +89,9 @@ std::string FormatSettings(const SettingsLines& lines);
 
 // The character that means an address 0..31 in settings and frames.
 char AddressChar(int address);
+
+// `now` with the characters in which `to` differs from `from`, those beyond the end of `from` included.
+SettingsLines WithChanges(const SettingsLines& from, const SettingsLines& to, SettingsLines now);
 
 // Overwrites the characters from position `from`, counted from 1; a shorter line is filled with "0" first.
 void SettingsPut(std::string& line, int from, std::string_view text);

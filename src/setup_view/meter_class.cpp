@@ -1,10 +1,10 @@
 #include "setup_view/meter_class.h"
 
+#include "link/change_settings.h"
 #include "link/exchange.h"
 #include "link/port_setup.h"
 #include "link/waits.h"
 #include "meter/hex_text.h"
-#include "settings/settings.h"
 #include "setup_view/setup_view.h"
 
 namespace counter {
@@ -77,18 +77,17 @@ void MeterClass::SendClass(int extended) {
 // that can't be written leaves the port as it is, and the home view says why.
 void MeterClass::SetBaud9600() {
     const std::string path = Program.Folder.At(kSettingsFile);
-    std::string text;
-    Status status = Program.Folder.Store.Read(path, text);
-    if (const std::string reason = IllegalLine(At9600(Program.Settings)); status.Ok() && !reason.empty())
-        status = {StatusKind::Illegal, path, reason};
-    if (status.Ok()) {
-        SettingsLines lines = SplitSettings(text);
-        lines.SettingsLine1 = NormaliseLine1(lines.SettingsLine1);
-        SettingsPut(lines.SettingsLine1, 2, std::to_string(kBaud9600));
-        if (lines.SettingsLine2.size() == kOldNodeLine) lines.SettingsLine2 += "0";
-        status = Program.Folder.Store.Write(path, FormatSettings(lines));
-        if (status.Ok()) Program.Settings.Lines = lines;
-    }
+    SettingsLines changed;
+    const Status status =
+        ChangeSettings(Program.Folder, WaitOn(Program.Pump), [&](SettingsLines& lines) -> Status {
+            if (const std::string reason = IllegalLine(At9600(Program.Settings)); !reason.empty())
+                return {StatusKind::Illegal, path, reason};
+            SettingsPut(lines.SettingsLine1, 2, std::to_string(kBaud9600));
+            if (lines.SettingsLine2.size() == kOldNodeLine) lines.SettingsLine2 += "0";
+            changed = lines;
+            return {};
+        });
+    if (status.Ok()) Program.Settings.Lines = Program.Settings.FileLines = changed;
     if (!status.Ok()) {
         Program.Home.ShowStatus(status.Text(), ColorRed);
         return;

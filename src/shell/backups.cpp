@@ -10,6 +10,8 @@ namespace counter {
 
 namespace {
 
+// A Get waits for this: a folder into which somebody has copied thousands is brought down over some of them.
+constexpr std::size_t kMostRemoved = 200;
 constexpr const char* kNameExample = "2026-11-24_23-05-59-123_address-";
 
 // Whatever else lies in the folder is the user's, a backup that he has given more of a name included.
@@ -24,15 +26,24 @@ bool IsBackup(const std::string& name) {
     return name.substr(end) == ".CT2";
 }
 
-// Names begin with the date, so their order is that of time.
-void RemoveOldest(Files& files, const std::string& folder) {
+// Names begin with the date, so their order is that of time, as far as the clock was right. One that is dated
+// later than the backup just written was written before it all the same: those go first. So whatever the
+// clock does, what was written last stays.
+std::vector<std::string> InOrderOfGoing(const std::vector<std::string>& names, const std::string& written) {
+    std::vector<std::string> later, earlier;
+    for (const std::string& name : names) {
+        if (IsBackup(name) && name != written) (name > written ? later : earlier).push_back(name);
+    }
+    later.insert(later.end(), earlier.begin(), earlier.end());
+    return later;
+}
+
+void RemoveOldest(Files& files, const std::string& folder, const std::string& written) {
     std::vector<std::string> names;
     if (!files.List(folder, names).Ok()) return;
-    std::vector<std::string> backups;
-    for (const std::string& name : names) {
-        if (IsBackup(name)) backups.push_back(name);
-    }
-    for (std::size_t i = 0; i + kBackupsKept < backups.size(); ++i) files.Remove(folder + "/" + backups[i]);
+    const std::vector<std::string> others = InOrderOfGoing(names, written);
+    const std::size_t tooMany = others.size() + 1 - std::min<std::size_t>(others.size() + 1, kBackupsKept);
+    for (std::size_t i = 0; i < std::min(tooMany, kMostRemoved); ++i) files.Remove(folder + "/" + others[i]);
 }
 
 }  // namespace
@@ -51,9 +62,14 @@ Status KeepBackup(Session& session) {
     Files& files = session.Folder.Store;
     const std::string folder = session.Folder.At("backups");
     if (Status status = files.MakeFolder(folder); !status.Ok()) return status;
-    Status status = SaveSetupFile(files, folder + "/" + BackupName(session), session.Image);
-    if (status.Ok()) RemoveOldest(files, folder);
+    const std::string name = BackupName(session);
+    Status status = SaveSetupFile(files, folder + "/" + name, session.Image);
+    if (status.Ok()) RemoveOldest(files, folder, name);
     return status;
+}
+
+std::string NoBackupWords(const Status& kept) {
+    return kept.Ok() ? std::string() : "no backup: " + kept.Text();
 }
 
 }  // namespace counter

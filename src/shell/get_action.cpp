@@ -74,12 +74,14 @@ void Succeed(Session& session, const Reading& reading) {
         note = AddedNote(note, "memory has the meter's setup, not what was chosen meanwhile");
     session.Image = reading.Came;
     session.Identity.SetupFromMeter = true;
-    home.SetupDoubt = reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".";
+    home.SetupDoubt =
+        reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".";
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
     home.ShowProgress(false);
     // What may not be the meter's setup is no copy to go back to.
     home.Backup = reading.Doubt.empty() ? KeepBackup(session) : Status();
-    if (!home.Backup.Ok()) note = AddedNote(note, "no backup: " + home.Backup.Text());
+    // What a Put overwrites now could not be had again.
+    note = AddedNote(note, NoBackupWords(home.Backup));
     home.ShowStatus("Getting data from the Counter.  Data received OK.", ColorGreen, note);
 }
 

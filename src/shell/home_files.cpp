@@ -5,6 +5,7 @@
 #include "shell/home_view.h"
 #include "shell/put_action.h"
 #include "shell/setup_files.h"
+#include "shell/start.h"
 
 namespace counter {
 
@@ -79,7 +80,7 @@ void HomeView::WriteSetup() {
     const std::string& path = session_.Home.CurrentFileName;
     const Status status = SaveSetupFile(session_.Folder.Store, path, session_.Image);
     if (status.Ok()) {
-        session_.Home.ShowStatus("Setup data saved in " + path, ColorWhite);
+        session_.Home.ShowStatus("Setup data saved in " + path, ColorWhite, status.Note);
     } else {
         session_.Home.ShowStatus(status.Text(), ColorRed);
     }
@@ -87,6 +88,7 @@ void HomeView::WriteSetup() {
 
 void HomeView::Get() {
     lblTest2.Caption.clear();
+    FollowSettings(session_);
     ReopenLine(session_);
     GetSetup(session_);
     session_.Views.EntryReturn = 0;

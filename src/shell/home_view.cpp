@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "link/change_settings.h"
 #include "link/port_setup.h"
 #include "meter/meter_words.h"
 
@@ -203,7 +204,7 @@ void HomeView::EndProgram() {
     if (lines.SettingsLine2.size() == kOldNodeLine) lines.SettingsLine2 += "0";
     SettingsPut(lines.SettingsLine2, kEndedAt, "1");
     // A folder that takes no file leaves the settings as they were, which are good as well.
-    session_.Folder.Store.Write(session_.Folder.At(kSettingsFile), FormatSettings(lines));
+    SaveSettings(session_.Folder, WaitOn(session_.Pump), session_.Settings.FileLines, lines);
     ClosePort(session_.Link);
     if (CloseSockets) CloseSockets();
     session_.Pump.EndProcess(0);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "link/change_settings.h"
 #include "meter/field_lists.h"
 #include "meter/text.h"
 #include "session/session.h"
@@ -172,12 +173,24 @@ void LinkSetup::Save() {
     SettingsLines lines = lines_;
     if (const std::string wrong = TakeLines(lines); !wrong.empty()) return ShowResult(wrong, ColorRed);
     if (const Status status = WriteAll(lines); !status.Ok()) return ShowResult(status.Text(), ColorRed);
-    lines_ = lines;
+    TakeWritten(lines);
     ShowResult("Saved in " + world_.Folder.At(kSettingsFile), ColorGreen);
 }
 
+// What another program has changed meanwhile is kept, and shown from now on.
+void LinkSetup::TakeWritten(const SettingsLines& lines) {
+    SettingsLines shown = lines_;
+    TakeLines(shown);
+    lines_ = lines;
+    if (shown == lines) return;
+    Settings settings;
+    ParseSettings(lines, settings);
+    ShowSettings(settings);
+    ListPorts();
+}
+
 // The port first: settings whose port means nothing are of no use.
-Status LinkSetup::WriteAll(const SettingsLines& lines) {
+Status LinkSetup::WriteAll(SettingsLines& lines) {
     if (Status status = world_.Folder.Store.MakeFolder(world_.Folder.Path); !status.Ok()) return status;
     const bool same = world_.Catalog.DeviceOf(portNumber_) == txtDevice.Text;
     if (txtDevice.Enabled && !same) {
@@ -185,7 +198,7 @@ Status LinkSetup::WriteAll(const SettingsLines& lines) {
             !status.Ok())
             return status;
     }
-    return world_.Folder.Store.Write(world_.Folder.At(kSettingsFile), FormatSettings(lines));
+    return SaveSettings(world_.Folder, WaitOn(world_.Pump), lines_, lines);
 }
 
 void LinkSetup::Test() {

@@ -55,7 +55,9 @@ class LinkSetup {
     // The lines as the view says; an empty text, or what is wrong with it.
     std::string TakeLines(SettingsLines& lines) const;
     void Save();
-    Status WriteAll(const SettingsLines& lines);
+    // Afterwards `lines` are those of the file.
+    Status WriteAll(SettingsLines& lines);
+    void TakeWritten(const SettingsLines& lines);
     void Test();
     void FindOrStop();
     void Find();

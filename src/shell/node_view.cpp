@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "link/change_settings.h"
 #include "link/port_setup.h"
 #include "shell/start.h"
 
@@ -62,7 +63,8 @@ void NodeView::Tick() {
 void NodeView::GiveUp(const std::string& reason) {
     session_.Dialogs.Show({"", reason, BoxIcon::None});
     // A folder that takes no file leaves the settings as they were, which is what is wanted.
-    session_.Folder.Store.Write(session_.Folder.At(kSettingsFile), FormatSettings(session_.Settings.Lines));
+    SaveSettings(session_.Folder, WaitOn(session_.Pump), session_.Settings.FileLines,
+                 session_.Settings.Lines);
     ClosePort(session_.Link);
     session_.Node.Close();
     session_.Pump.EndProcess(kNoNodeExit);

@@ -20,6 +20,15 @@ Status LoadSetupFile(const FileReader& files, const std::string& path, SetupImag
 // is.
 Status LoadSetupFile(const FileReader& files, const std::string& path, SetupImage& image,
                      std::string& whyNoSetup);
+// How the reason begins for a file that was refused for what is in it.
+inline constexpr const char* kIsNoSetup = "is no setup";
+
+// The same for a setup that is to go into a meter: a file that is not one line of 260 hexadecimal digits is
+// Illegal, with what is wrong with it, and `image` stays as it was.
+Status LoadWholeSetupFile(const FileReader& files, const std::string& path, SetupImage& image);
+// The same for a setup that is to be changed and written: a file that can be no setup at all is Illegal.
+Status LoadSetupToChange(const FileReader& files, const std::string& path, SetupImage& image);
+
 Status SaveSetupFile(Files& files, const std::string& path, const SetupImage& image);
 
 }  // namespace counter

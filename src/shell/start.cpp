@@ -21,6 +21,12 @@ Status Start(Session& session) {
     return status;
 }
 
+void FollowSettings(Session& session) {
+    std::string text;
+    if (!session.Folder.Store.Read(session.Folder.At(kSettingsFile), text).Ok()) return;
+    if (SplitSettings(text) != session.Settings.FileLines) ReadSettings(session.BringUp);
+}
+
 Status LogIntoNode(Session& session) {
     const Settings& stored = session.Settings;
     Status status =

@@ -15,6 +15,11 @@ Status Start(Session& session);
 // What tells that no node has called back, in a message box or on standard error.
 inline constexpr const char* kNoNodeCall = "Ethernet connection interrupted. Restart program.";
 
+// Takes over what another program has changed in Settings.SSS since it was read, the port included. A file
+// that can't be read now leaves all as it was; a port that can't be opened shows in the transfer's own
+// number.
+void FollowSettings(Session& session);
+
 // Through a node: asks it to call back, 40 seconds at most, with a check that is picked at random. The status
 // is of the two ports that this takes; whether the node has called, session.Node.Connected() tells.
 Status LogIntoNode(Session& session);

@@ -1,6 +1,7 @@
 #include "system/disk_files.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -8,8 +9,11 @@
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
+#include "system/file_rights.h"
 #include "system/links.h"
+#include "system/streams.h"
 #include "system/system_status.h"
 #include "system/unfinished_file.h"
 
@@ -25,18 +29,6 @@ Status StatusOf(const std::string& path, int error) {
 
 // No file of this program is longer than some lines; a device such as /dev/zero has no end.
 constexpr std::size_t kLargestFile = 64U << 20;
-
-// 0, or the system's error; EFBIG for a file that is too large to be one of ours.
-int ReadAll(int descriptor, std::string& content) {
-    char block[16384];
-    for (;;) {
-        const ssize_t size = read(descriptor, block, sizeof block);
-        if (size == 0) return 0;
-        if (content.size() > kLargestFile) return EFBIG;
-        if (size > 0) content.append(block, static_cast<std::size_t>(size));
-        if (size < 0 && errno != EINTR) return errno;
-    }
-}
 
 int WriteAll(int descriptor, std::string_view content) {
     while (!content.empty()) {
@@ -56,10 +48,10 @@ bool IsStream(const std::string& path) {
     return path.rfind("/dev/", 0) == 0 && lstat(path.c_str(), &there) == 0 && S_ISLNK(there.st_mode);
 }
 
-int WriteStream(const std::string& path, std::string_view content) {
-    const int descriptor = open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NOCTTY);
-    if (descriptor < 0) return errno;
-    const int error = WriteAll(descriptor, content);
+int WriteToStream(const std::string& path, std::string_view content, const Patience& patience) {
+    int descriptor = -1;
+    if (const int error = OpenToWrite(path, patience, descriptor)) return error;
+    const int error = WriteStream(descriptor, content, patience, "a reader of " + path);
     return close(descriptor) != 0 && error == 0 ? errno : error;
 }
 
@@ -85,17 +77,11 @@ void SyncFolderOf(const std::string& path) {
     close(folder);
 }
 
-// Who may use the file does not change with it.
-void TakeOverMode(int handle, const std::string& path) {
-    struct stat there = {};
-    if (stat(path.c_str(), &there) == 0) fchmod(handle, there.st_mode & 0777);
-}
-
 int WriteWhole(const std::string& path, std::string_view content) {
     if (const int error = WhyNotReplace(path)) return error;
     UnfinishedFile file;
     if (const int error = file.Open(FolderOf(path))) return error;
-    TakeOverMode(file.Handle(), path);
+    KeepRights(path, file.Handle());
     if (const int error = WriteAll(file.Handle(), content)) return error;
     if (fsync(file.Handle()) != 0) return errno;
     if (const int error = file.RenameTo(path)) return error;
@@ -103,23 +89,51 @@ int WriteWhole(const std::string& path, std::string_view content) {
     return 0;
 }
 
+class FolderLock : public FileLock {
+  public:
+    explicit FolderLock(int folder) : folder_(folder) {}
+    ~FolderLock() override { close(folder_); }
+
+  private:
+    int folder_;
+};
+
 }  // namespace
+
+Status DiskFiles::Lock(const std::string& path, std::unique_ptr<FileLock>& lock) {
+    lock.reset();
+    const int folder = open(FolderOf(counter::FollowLinks(path)).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0) return {};  // what is wrong with it shows when the file is read
+    if (flock(folder, LOCK_EX | LOCK_NB) == 0) {
+        lock = std::make_unique<FolderLock>(folder);
+        return {};
+    }
+    const bool held = errno == EWOULDBLOCK;
+    close(folder);
+    if (held) return {StatusKind::Busy, path, "another program is changing it"};
+    return {};
+}
 
 Status DiskFiles::Read(const std::string& path, std::string& content) const {
     content.clear();
-    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     if (descriptor < 0) return SystemStatus(path, errno);
-    const int error = ReadAll(descriptor, content);
+    const int error = ReadStream(descriptor, content, kLargestFile, patience_, "a writer of " + path);
     close(descriptor);
     return StatusOf(path, error);
 }
 
 Status DiskFiles::Write(const std::string& path, std::string_view content) {
-    if (IsStream(path)) return StatusOf(path, WriteStream(path, content));
-    return StatusOf(path, WriteWhole(counter::FollowLinks(path), content));
+    if (IsStream(path)) return StatusOf(path, WriteToStream(path, content, patience_));
+    const std::string named = counter::FollowLinks(path);
+    std::string note = LostNames(named);
+    Status status = StatusOf(path, WriteWhole(named, content));
+    if (status.Ok()) status.Note = std::move(note);
+    return status;
 }
 
 Status DiskFiles::Append(const std::string& path, std::string_view content) {
+    if (IsStream(path)) return StatusOf(path, WriteToStream(path, content, patience_));
     const int descriptor = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666);
     if (descriptor < 0) return SystemStatus(path, errno);
     struct stat before = {};
@@ -170,6 +184,12 @@ Status DiskFiles::MakeLink(const std::string& path, const std::string& target) {
 std::string DiskFiles::LinkTarget(const std::string& path) const {
     std::error_code error;
     return fs::read_symlink(path, error).string();
+}
+
+bool DiskFiles::SameFile(const std::string& a, const std::string& b) const {
+    struct stat one = {}, other = {};
+    if (stat(a.c_str(), &one) != 0 || stat(b.c_str(), &other) != 0) return FileReader::SameFile(a, b);
+    return S_ISREG(one.st_mode) && one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
 std::string DiskFiles::FollowLinks(const std::string& path) const {

@@ -1,6 +1,7 @@
 #include "system/interrupt_watch.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <QSocketNotifier>
@@ -56,8 +57,9 @@ InterruptWatch::InterruptWatch(std::function<void()> tell) {
     wakeEnd = ends_[1];
     notifier_ = std::make_unique<QSocketNotifier>(ends_[0], QSocketNotifier::Read);
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
-                     [end = ends_[0], tell = std::move(tell)] {
-                         Drain(end);
+                     [this, tell = std::move(tell)] {
+                         Drain(ends_[0]);
+                         came_ = true;
                          tell();
                      });
     for (std::size_t i = 0; i < kEndingSignals.size(); ++i) {
@@ -76,6 +78,11 @@ InterruptWatch::~InterruptWatch() {
     wakeEnd = -1;
     close(ends_[0]);
     close(ends_[1]);
+}
+
+bool InterruptWatch::Came() const {
+    pollfd end = {ends_[0], POLLIN, 0};
+    return came_ || poll(&end, 1, 0) > 0;
 }
 
 }  // namespace counter

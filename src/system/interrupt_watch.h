@@ -24,6 +24,8 @@ class InterruptWatch {
     explicit InterruptWatch(std::function<void()> tell);
     // Gives the signals back to whoever had them.
     ~InterruptWatch();
+    // Whether a signal has come, told yet or not.
+    bool Came() const;
     InterruptWatch(const InterruptWatch&) = delete;
     InterruptWatch& operator=(const InterruptWatch&) = delete;
 
@@ -32,6 +34,7 @@ class InterruptWatch {
     std::unique_ptr<QSocketNotifier> notifier_;
     std::array<struct sigaction, kEndingSignals.size()> former_ = {};
     struct sigaction formerPipe_ = {};
+    bool came_ = false;
 };
 
 }  // namespace counter

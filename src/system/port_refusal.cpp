@@ -1,11 +1,14 @@
 #include "system/port_refusal.h"
 
+#include <errno.h>
 #include <grp.h>
 #include <pwd.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <fstream>
 #include <vector>
 
 namespace counter {
@@ -43,6 +46,25 @@ std::string RefusalAdvice(const GroupAccess& access) {
     }
     return " (it belongs to group " + access.Group + ": sudo usermod -aG " + access.Group +
            " $USER, then log out and in again)";
+}
+
+// The path below /dev with "_" for each slash, as LCK..ttyUSB0.
+std::string LockAdvice(const std::string& device, const std::vector<std::string>& folders) {
+    std::string name = device.starts_with("/dev/") ? device.substr(5) : device;
+    std::replace(name.begin(), name.end(), '/', '_');
+    for (const std::string& folder : folders) {
+        const std::string path = folder + "/LCK.." + name;
+        std::ifstream file(path);
+        if (!file) continue;
+        pid_t owner = 0;
+        file >> owner;
+        const std::string held = " (lock file " + path;
+        if (owner <= 0) return held + ", which names no program: remove it where none uses the port)";
+        const std::string number = std::to_string(owner);
+        if (kill(owner, 0) == 0 || errno != ESRCH) return held + " of process " + number + ")";
+        return held + " of process " + number + ", which has ended: remove it)";
+    }
+    return {};
 }
 
 }  // namespace counter

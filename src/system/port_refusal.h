@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace counter {
 
@@ -19,5 +20,10 @@ GroupAccess GroupAccessTo(const std::string& device);
 // What to do, in brackets after the system's own reason and beginning with a blank; empty where no group
 // helps. " (it belongs to group dialout: sudo usermod -aG dialout $USER, then log out and in again)"
 std::string RefusalAdvice(const GroupAccess& access);
+
+// Programs that use a serial port leave a lock file with their number. Says whose it is, and what to do with
+// one that a program has left behind; empty where there is none. `folders` are looked through in order.
+std::string LockAdvice(const std::string& device,
+                       const std::vector<std::string>& folders = {"/var/lock", "/run/lock", "/tmp"});
 
 }  // namespace counter

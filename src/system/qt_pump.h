@@ -25,6 +25,8 @@ class QtPump : public Pump {
     // From now on an interrupt (the signals INT, TERM, HUP and QUIT) wakes the wait under way and becomes a
     // call of OnInterrupt, and a closed output pipe is a failed write. Ends with the pump.
     void InstallInterruptHandler();
+    // What it has installed; null before.
+    const InterruptWatch* Interrupts() const { return interrupts_.get(); }
 
   protected:
     void RunEvents(double deadlineMs) override;

@@ -40,7 +40,11 @@ Status OpenFailure(const std::string& named, const std::string& device, const QS
         if (error == EACCES) status.Reason += RefusalAdvice(GroupAccessTo(device));
         return status;
     }
-    if (port.error() == QSerialPort::PermissionError) return SystemStatus(path, EBUSY);
+    if (port.error() == QSerialPort::PermissionError) {
+        Status status = SystemStatus(path, EBUSY);
+        status.Reason += LockAdvice(device);
+        return status;
+    }
     return {StatusKind::Other, path, port.errorString().toStdString()};
 }
 

@@ -28,6 +28,8 @@ StatusKind KindOf(int error) {
         case EINVAL:
         case ENOTTY:
             return StatusKind::Illegal;
+        case EINTR:
+            return StatusKind::Interrupted;
         default:
             return StatusKind::Other;
     }

@@ -1,6 +1,7 @@
 // What a Put changes of the tool's own link.
 #include <cstdio>
 
+#include "link/change_settings.h"
 #include "transfer/put_setup.h"
 
 namespace counter {
@@ -36,10 +37,10 @@ Status SaveLinkSettings(const SetupImage& image, const BringUp& bringUp) {
     const std::string line = LinkSettingsLine(lines.SettingsLine1, image);
     bringUp.Link.State.ModbusLink = CodeOf(image, Field::SerialProtocol) != Protocol::CustomAscii;
     if (line == lines.SettingsLine1) return {};
-    Status written = bringUp.Folder.Store.Write(bringUp.Folder.At(kSettingsFile),
-                                                FormatSettings({line, lines.SettingsLine2}));
-    if (!written.Ok()) return written;
-    lines.SettingsLine1 = line;
+    SettingsLines wanted{line, lines.SettingsLine2};
+    if (Status saved = SaveSettings(bringUp.Folder, WaitOn(bringUp.Link.Pump), lines, wanted); !saved.Ok())
+        return saved;
+    lines = wanted;
     return ReadSettings(bringUp);
 }
 

@@ -53,6 +53,45 @@ for i in {1..20}; do get_one "$i" & done | sort -u >"$work/ends"
 [ "$(cat "$work/ends")" = good ] || fail "nobody got the port, or $(cat "$work/ends")"
 for got in "$work"/many*; do [ "$(wc -c <"$got")" = 262 ] || fail "a setup that is not whole"; done
 
+# Two programs that change the settings at once, again and again: neither loses what it changed.
+changes=
+for i in {1..20}; do
+    ctl 0 settings init --force
+    for change in "BaudIndex=6" "ModbusAddress=$i" "TcpPort=$((4000 + i))" "MeterAddressValue=$i"; do
+        "$exe" --dir "$home" settings set "$change" &
+        changes+=" $!"
+    done
+    for one in $changes; do wait "$one" || fail "settings set"; done
+    changes=
+    ctl 0 settings
+    for value in "BaudIndex *6" "ModbusAddress *$i" "TcpPort *$((4000 + i))" "MeterAddressValue *$i"; do
+        grep -qx "$value" "$work/out" || { cat "$work/out"; fail "$value is lost"; }
+    done
+done
+
+# Nobody at the other end of a pipe, or one who does not read: told, and an interrupt, a hang-up or a quit ends it.
+start_meter
+ctl 0 settings init --force
+mkfifo "$work/pipe"
+waits() {
+    local signal=$1 text=$2 pid status=0
+    shift 2
+    "$@" 2>"$work/err" &
+    pid=$!
+    for i in {1..100}; do grep -qF "$text" "$work/err" && break; sleep 0.1; done
+    said "$text" err
+    kill "-$signal" "$pid"
+    wait "$pid" || status=$?
+    [ "$status" -eq 130 ] || { cat "$work/err"; fail "$*: status $status after $signal"; }
+}
+waits INT "waiting for a reader of $work/pipe" "$exe" --dir "$home" get "$work/pipe"
+exec 5<>"$work/pipe"
+head -c 65536 /dev/zero >&5 # full
+full_pipe() { exec "$exe" --dir "$home" get - >&5; }
+waits QUIT "waiting for a reader of standard output" full_pipe
+waits HUP "waiting for a reader of standard output" full_pipe
+exec 5>&-
+
 # Colours are for terminals, and not for those who mind.
 at_terminal() { script -qec "$1" /dev/null </dev/null | tr -d '\r' | head -n 1; }
 [[ "$(TERM=xterm at_terminal "$exe frob")" == $'\e[31mcounterctl:\e[0m no command'* ]] || fail "no colour at a terminal"

@@ -26,6 +26,19 @@ stop_peer
 [ "$(cut -c 177-180 "$work/saved")" = 000A ] || fail "nothing was saved at the end"
 [ -L "$work/line" ] || fail "another program's link is gone"
 
+# A quit, and a hang-up where no image is to be read again, end it as well: the memory is saved.
+for end in QUIT HUP; do
+    start_peer env --default-signal=QUIT "$bin/counter-sim" --save "$work/saved"
+    rm -f "$work/saved"
+    kill "-$end" "$sim"
+    stop_peer
+    [ -s "$work/saved" ] || fail "nothing was saved at $end"
+done
+status=0
+env -u DISPLAY -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb "$bin/counter-sim" --face >"$work/out" 2>"$work/err" || status=$?
+[ "$status" -eq 4 ] || { cat "$work/err"; fail "--face without a display: $status"; }
+[ "$(wc -l <"$work/err")" -eq 1 ] || { cat "$work/err"; fail "more than one line"; }
+
 # Every kind of signal; and a stream ends with its line, also when the tool is killed.
 for signal in constant ramp sine steps noise; do
     start_meter --signal $signal --value -500 --amplitude 0 --period 0.5 --seed 7 --rate max --set 151=13

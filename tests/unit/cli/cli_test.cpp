@@ -154,10 +154,10 @@ TEST(Settings, InitAndSetWriteWholeLines) {
     EXPECT_EQ(bench.Store.Folders.count("new"), 1U);
 }
 
-TEST(Settings, AStrangeBaudDigitIsShownAndRefused) {
+TEST(Settings, AStrangeBaudDigitIsShownAndWarnedOf) {
     MeterCli bench;
     bench.Store.Contents["home/Settings.SSS"] = "3x01000100100831010000\r\n\r\n";
-    EXPECT_EQ(bench.Run({"settings", "--json"}), 2);
+    EXPECT_EQ(bench.Run({"settings", "--json"}), 0);
     EXPECT_EQ(Json::parse(bench.Out)["BaudIndex"], -1);
     EXPECT_NE(bench.Err.find("none of 0 to 6"), std::string::npos);
     EXPECT_EQ(bench.Run({"settings", "set", "BaudIndex=5"}), 0);
@@ -194,6 +194,8 @@ TEST(Show, ByteSoupIsShownAndStaysJson) {
     EXPECT_EQ(bench.Run({"edit", "soup", "--out", "e", "--json"}), 0) << bench.Err;
     EXPECT_TRUE(Json::accept(bench.Out));
     EXPECT_EQ(bench.Store.Contents["e"].size(), 262U) << "what is written is whole";
+    EXPECT_EQ(bench.Run({"edit", "soup"}), 2) << "but a picture is not written over";
+    EXPECT_EQ(bench.Store.Contents["soup"], soup);
     EXPECT_EQ(bench.Run({"show", "none"}), 2);
     EXPECT_EQ(bench.Err, "counterctl: none: No such file or directory\n");
 }
@@ -367,6 +369,42 @@ TEST(Put, NothingIsSentWithoutItsBackup) {
     EXPECT_EQ(bench.Err.find("WR1A"), std::string::npos);
     EXPECT_EQ(bench.LastErrLine(), "counterctl: old.CT2: Permission denied");
     EXPECT_EQ(bench.Run({"put", "none.CT2"}), 2);
+}
+
+// What would leave the meter, or the only copy, as nobody wants it.
+TEST(Put, WhatIsNoSetupOrItsOwnBackupIsRefused) {
+    const struct {
+        const char* Name;
+        std::string File;
+        std::vector<std::string> Call;
+        int Status;
+        const char* Says;
+    } cases[] = {
+        {"empty", "", {}, 2, "new.CT2: is no setup: 0 characters instead of 260"},
+        {"a letter", "%PDF-1.4\n", {}, 2, "character 1 is '%'"},
+        {"two lines", ChangedSetup() + "00\r\n", {}, 2, "more than one line"},
+        {"forced", "%PDF-1.4\n", {"--force"}, 0, ""},
+        {"small letters", ChangedSetup().replace(258, 2, "ab"), {}, 0, ""},
+        {"onto itself",
+         ChangedSetup(),
+         {"--backup", "new.CT2"},
+         1,
+         "--backup new.CT2 would write over new.CT2"},
+        {"by a link", ChangedSetup(), {"--backup", "link"}, 1, "--backup link would write over new.CT2"},
+        {"onto the settings", ChangedSetup(), {"--backup", "home/Settings.SSS"}, 1, "is the program's own"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Name);
+        MeterCli bench;
+        bench.Store.Contents["new.CT2"] = c.File;
+        bench.Store.Links["link"] = "new.CT2";
+        std::vector<std::string> call = {"put", "new.CT2", "--trace"};
+        call.insert(call.end(), c.Call.begin(), c.Call.end());
+        EXPECT_EQ(bench.Run(call), c.Status) << bench.Err;
+        EXPECT_NE(bench.Err.find(c.Says), std::string::npos) << bench.Err;
+        EXPECT_EQ(bench.Err.find("WR1A") != std::string::npos, c.Status == 0);
+        EXPECT_EQ(bench.Store.Contents["new.CT2"], c.File);
+    }
 }
 
 TEST(Put, MessagesGoToStandardError) {

@@ -36,5 +36,24 @@ TEST(Backups, TheNewest100AreKeptAndTheUsersFilesToo) {
         << "settings, three of the user's, a hundred backups";
 }
 
+// A clock that was set back: what was written last is there, and so is what was written before it.
+TEST(Backups, TheNewestStaysWhateverTheOthersAreDated) {
+    BenchMeter bench;
+    bench.SwitchOn();
+    const std::string folder = "home/backups/";
+    for (int i = 0; i < 350; ++i) {
+        const std::string number = std::to_string(1000 + i).substr(1);
+        bench.Store.Contents[folder + "2031-01-01_00-00-00-" + number + "_address-01.CT2"] = "later";
+    }
+    const std::string before = folder + "2026-03-04_05-06-07-088_address-01.CT2";
+    const std::string written = folder + "2026-03-04_05-06-07-089_address-01.CT2";
+    bench.Store.Contents[before] = "before";
+    for (const std::size_t left : {352 - 200, 100}) {
+        EXPECT_TRUE(KeepBackup(bench.Program).Ok());
+        EXPECT_EQ(bench.Store.Contents.count(before) + bench.Store.Contents.count(written), 2U);
+        EXPECT_EQ(bench.Store.Contents.size(), 1 + left) << "with the settings";
+    }
+}
+
 }  // namespace
 }  // namespace counter::test

@@ -126,6 +126,25 @@ TEST(HomeView, ExitMarksTheNodeLine) {
               "3501000100100831010000\r\n2711000000000000F6CB000000001\r\n");
 }
 
+// What counter-link or counterctl has changed while the window was open.
+TEST(HomeView, AnotherProgramsSettingsHoldForTheNextGetAndOutliveTheExit) {
+    const std::string theirs = "3501000G00100831010000\r\n2711000000000000F6CB0A0A0A0A";
+    HomeBench bench({}, [] {
+        sim::MeterOptions options;
+        options.Address = 16;
+        return options;
+    }());
+    bench.Press("mnuGet");
+    EXPECT_EQ(bench.Program.LinkState.LinkError, 21);
+    bench.Store.Contents["home/Settings.SSS"] = theirs + "\r\n";
+    bench.Press("mnuGet");
+    EXPECT_EQ(bench.Program.LinkState.LinkError, 0);
+    const std::string later = "3601" + theirs.substr(4);
+    bench.Store.Contents["home/Settings.SSS"] = later + "\r\n";
+    EXPECT_THROW(bench.Press("mnuExit"), ProcessEnded);
+    EXPECT_EQ(bench.Store.Contents["home/Settings.SSS"], later + "1\r\n");
+}
+
 TEST(HomeView, HeadingsRestoreTheScreenAndKeepTheirTopic) {
     HomeBench bench;
     EXPECT_TRUE(bench.Home.cmdOK.Visible);

@@ -6,9 +6,11 @@
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <functional>
+#include <memory>
 
 #include "support/temp_folder.h"
 
@@ -148,6 +150,43 @@ TEST_F(DiskFilesTest, PipeIsWrittenWhereItStands) {
     char byte = 0;
     EXPECT_EQ(read(reader, &byte, 1), 1);
     close(reader);
+}
+
+// Who may use a file does not change with it, and names that go on naming the old one are told.
+TEST_F(DiskFilesTest, AFileWrittenOverKeepsItsRightsAndTellsOfItsOtherNames) {
+    const std::string path = folder_.At("file");
+    ASSERT_TRUE(files_.Write(path, "old").Ok());
+    const bool root = geteuid() == 0;
+    ASSERT_TRUE(!root || chown(path.c_str(), 1, 2) == 0);
+    ASSERT_EQ(chmod(path.c_str(), 0640), 0);
+    const bool attributes = setxattr(path.c_str(), "user.line", "press 4", 7, 0) == 0;
+    EXPECT_EQ(files_.Write(path, "new").Note, "");
+    struct stat now = {};
+    ASSERT_EQ(stat(path.c_str(), &now), 0);
+    EXPECT_EQ(now.st_mode & 07777, 0640U);
+    EXPECT_EQ(root ? now.st_uid * 10 + now.st_gid : 12, 12U);
+    char value[8] = {};
+    EXPECT_TRUE(!attributes || getxattr(path.c_str(), "user.line", value, sizeof value) == 7);
+
+    ASSERT_EQ(link(path.c_str(), folder_.At("other").c_str()), 0);
+    ASSERT_EQ(symlink("other", folder_.At("link").c_str()), 0);
+    EXPECT_TRUE(files_.SameFile(path, folder_.At("other")));
+    EXPECT_TRUE(files_.SameFile(path, folder_.At("link")));
+    EXPECT_FALSE(files_.SameFile(path, folder_.At("none")));
+    EXPECT_FALSE(files_.SameFile("/dev/null", "/dev/null")) << "nothing could be lost";
+    EXPECT_EQ(files_.Write(path, "newer").Note,
+              path + " had 1 more name (hard links), which still hold what was there before");
+    EXPECT_EQ(Content("other"), "new");
+}
+
+TEST_F(DiskFilesTest, ALockIsOneProgramsAndOutlivesTheFile) {
+    std::unique_ptr<FileLock> mine, theirs;
+    ASSERT_TRUE(files_.Lock(folder_.At("file"), mine).Ok());
+    ASSERT_TRUE(files_.Write(folder_.At("file"), "another file by now").Ok());
+    EXPECT_EQ(DiskFiles().Lock(folder_.At("file"), theirs).Kind, StatusKind::Busy);
+    mine.reset();
+    EXPECT_TRUE(DiskFiles().Lock(folder_.At("file"), theirs).Ok());
+    EXPECT_NE(theirs, nullptr);
 }
 
 }  // namespace counter

@@ -23,6 +23,24 @@ TEST(PortRefusal, AdvisesWhatGetsThisUserIn) {
     for (const auto& c : cases) EXPECT_EQ(RefusalAdvice(c.Access), c.Text) << c.Name;
 }
 
+TEST(PortRefusal, NamesTheLockFileAndWhoseItIs) {
+    const TempFolder folder;
+    const struct {
+        const char *Device, *File, *Text, *Says;
+    } cases[] = {
+        {"/dev/ttyS9", "LCK..ttyS9", "         1\n", " of process 1)"},
+        {"/dev/pts/9", "LCK..pts_9", "99999999\nminicom\nbench\n",
+         " of process 99999999, which has ended: remove it)"},
+        {"/dev/ttyS8", "LCK..ttyS8", "", ", which names no program: remove it where none uses the port)"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(LockAdvice(c.Device, {folder.At("none"), folder.Path}), "");
+        ASSERT_TRUE(DiskFiles().Write(folder.At(c.File), c.Text).Ok());
+        EXPECT_EQ(LockAdvice(c.Device, {folder.At("none"), folder.Path}),
+                  " (lock file " + folder.At(c.File) + c.Says);
+    }
+}
+
 TEST(PortRefusal, LooksAtTheDevicesGroupAndTheSystemsListOfItsMembers) {
     constexpr uid_t kDaemon = 1;  // an account of every system, with a group of its own and that number
     const uid_t user = geteuid();

@@ -139,7 +139,8 @@ TEST_F(QtSocketsTest, TheFirstCallerIsTakenAndTheOthersAreTurnedAway) {
     for (int turn = 0; turn < 1000 && tcp_.Unacknowledged() > 0; ++turn) {
         while (!first.Read().empty()) {
         }
-        pump_.WaitUntil(pump_.NowMs() + 10, [] { return false; }, "test");
+        pump_.WaitUntil(
+            pump_.NowMs() + 10, [] { return false; }, "test");
     }
     EXPECT_EQ(tcp_.Unacknowledged(), 0U);
 }
