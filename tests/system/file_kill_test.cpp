@@ -17,7 +17,6 @@
 #include "meter/default_setup.h"
 #include "shell/home_view.h"
 #include "shell/link_setup.h"
-#include "shell/node_view.h"
 #include "sim/sim_files.h"
 #include "support/bench_meter.h"
 #include "support/meter_kinds.h"
@@ -91,12 +90,6 @@ bool LeaveHome(KillBench& bench, bool newer) {
     return newer ? KillBench::EndsProcess([&] { view.Exit(); }) : bench.Lay({"BaudIndex=6"});
 }
 
-bool GiveUpNode(KillBench& bench, bool newer) {
-    NodeView view(bench.Program);
-    bench.Program.LinkState.NodeFirstRun = 1;
-    return newer ? KillBench::EndsProcess([&] { view.Activate(); }) : bench.Lay({"BaudIndex=6"});
-}
-
 bool SaveLink(KillBench& bench, bool newer) {
     const FixedCatalog ports;
     LinkSetup view({bench.Clock, bench.Ascii, bench.Tried, ports, {bench.Store, bench.Folder.Path}});
@@ -130,7 +123,6 @@ const char* const kBackup = "backups/2026-03-04_05-06-07-089_address-01.CT2";
 const std::vector<Row> kRows = {
     {"Put follows the meter", kSettings, [](KillBench& b, bool n) { return SaveLinkSettings(n ? b.Other : b.Program.Image, b.Program.BringUp).Ok(); }},
     {"Exit",                  kSettings, LeaveHome},
-    {"node gives up",         kSettings, GiveUpNode},
     {"counter-link's Save",   kSettings, SaveLink},
     {"counter-link's port",   "ports/com1", [](KillBench& b, bool n) { return b.Cli({"ports", "map", "1", n ? "/dev/null" : "/dev/zero"}); }},
     {"settings init",         kSettings, [](KillBench& b, bool n) { return b.Cli({"settings", "init", "--force", n ? "BaudIndex=6" : "BaudIndex=5"}); }},
