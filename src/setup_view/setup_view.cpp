@@ -2,7 +2,9 @@
 #include "setup_view/setup_view.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "link/waits.h"
 #include "meter/field_code.h"
 
 namespace counter {
@@ -39,18 +41,26 @@ void SetupView::Activate() {
     Controls.TellChanged();
 }
 
+void SetupView::PutAway() {
+    Buttons.StopReading();
+    onShow_ = false;
+    ++stay_;
+}
+
 void SetupView::Build() {
+    onShow_ = true;
+    const int stay = ++stay_;
     opening_ = true;
     SetHandlers(false);
     TakeIdentity();
     Buttons.tabSetup.ListIndex = kInputTab;
     FillLists();
+    Class.SayNothing();
     Boards.OptionBoardsFill();
-    Analog.FillLists();  // they depend on the board
     InputRefresh();
+    if (stay != stay_) return;
     Input.DisplayTypeFill();
     SrcUpdate(Program.Derived);
-    Input.ShowOpeningTexts();
     Modes.ShowClass();
     // Bit 7 goes, bit 6 is kept: required.
     PutCode(Program.Image, Field::Spare171, CodeOf(Program.Image, Field::Spare171) & 1);
@@ -61,6 +71,23 @@ void SetupView::Build() {
     opening_ = false;
     SetHandlers(true);
     ViewRefresh();
+    // In a wait of the build the user may have come to another page than the first.
+    if (stay == stay_ && CurrentTab() != kInputTab) CameTo(CurrentTab());
+}
+
+bool SetupView::LetUserAct(double ms) {
+    const int stay = stay_;
+    const bool opening = std::exchange(opening_, false);
+    const bool live = std::exchange(Program.Views.SetupRefreshOn, true);
+    const bool hourglass = Program.Home.Hourglass;
+    const bool longer = ExceedsABlink(LinkDelayMs(Program.Link, ms));
+    if (longer) Program.Home.ShowHourglass(true);
+    LinkDelay(Program.Link, ms);
+    if (longer) Program.Home.ShowHourglass(hourglass);
+    if (stay != stay_) return false;
+    opening_ = opening;
+    Program.Views.SetupRefreshOn = live;
+    return true;
 }
 
 void SetupView::TakeIdentity() {
@@ -93,6 +120,8 @@ void SetupView::ShowSelections() {
 }
 
 void SetupView::EntryClosed() {
+    if (!onShow_) Program.Views.EntryReturn = 0;
+    if (Program.Views.EntryReturn == 0) return;
     Control* entered = Program.Views.EntryTarget;
     Activate();
     if (entered) Communication.EntryClosed(*entered);
@@ -105,7 +134,10 @@ void SetupView::HelpKey() {
 }
 
 void SetupView::RestorePage() {
-    Buttons.tabSetup.ListIndex = Program.Views.PageTab;
+    const int page = Program.Views.PageTab;
+    if (!Buttons.tabSetup.Offered[static_cast<std::size_t>(page)]) return;
+    Buttons.tabSetup.ListIndex = page;
+    CameTo(page);
     Controls.TellChanged();
 }
 
@@ -116,6 +148,7 @@ void SetupView::CameTo(int tab) {
 }
 
 void SetupView::Focus(Control& control) {
+    if (!onShow_) return;
     Program.Views.HelpId = control.HelpNumber;
     if (TakeFocus) TakeFocus(control);
 }
