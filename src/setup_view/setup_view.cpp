@@ -36,7 +36,7 @@ void SetupView::Activate() {
         Program.Views.EntryReturn = 0;
         ViewRefresh();
     } else {
-        Build();
+        Build(kInputTab);
     }
     Controls.TellChanged();
 }
@@ -47,13 +47,13 @@ void SetupView::PutAway() {
     ++stay_;
 }
 
-void SetupView::Build() {
+void SetupView::Build(int page) {
     onShow_ = true;
     const int stay = ++stay_;
     opening_ = true;
     SetHandlers(false);
     TakeIdentity();
-    Buttons.tabSetup.ListIndex = kInputTab;
+    Buttons.tabSetup.ListIndex = page;
     FillLists();
     Class.SayNothing();
     Boards.OptionBoardsFill();
@@ -71,8 +71,15 @@ void SetupView::Build() {
     opening_ = false;
     SetHandlers(true);
     ViewRefresh();
-    // In a wait of the build the user may have come to another page than the first.
-    if (stay == stay_ && CurrentTab() != kInputTab) CameTo(CurrentTab());
+    if (stay == stay_) ComeToPageOnShow();
+}
+
+// The page that was asked for, or that the user has come to in a wait of the build. What the analog page
+// wants, a refresh, has just been.
+void SetupView::ComeToPageOnShow() {
+    int& page = Buttons.tabSetup.ListIndex;
+    if (!Buttons.tabSetup.Offered[static_cast<std::size_t>(page)]) page = kInputTab;
+    if (page != kAnalogTab) CameTo(page);
 }
 
 bool SetupView::LetUserAct(double ms) {
@@ -81,6 +88,7 @@ bool SetupView::LetUserAct(double ms) {
     const bool live = std::exchange(Program.Views.SetupRefreshOn, true);
     const bool hourglass = Program.Home.Hourglass;
     const bool longer = ExceedsABlink(LinkDelayMs(Program.Link, ms));
+    if (longer && opening) Controls.TellChanged();  // he acts on this setup, not on the one before it
     if (longer) Program.Home.ShowHourglass(true);
     LinkDelay(Program.Link, ms);
     if (longer) Program.Home.ShowHourglass(hourglass);
@@ -133,11 +141,8 @@ void SetupView::HelpKey() {
     if (OpenHelp) OpenHelp(Program.Views.HelpId);
 }
 
-void SetupView::RestorePage() {
-    const int page = Program.Views.PageTab;
-    if (!Buttons.tabSetup.Offered[static_cast<std::size_t>(page)]) return;
-    Buttons.tabSetup.ListIndex = page;
-    CameTo(page);
+void SetupView::ComeBack() {
+    Build(Program.Views.PageTab);
     Controls.TellChanged();
 }
 

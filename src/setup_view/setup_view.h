@@ -56,8 +56,9 @@ class SetupView {
     void EntryClosed();
     // F1: remembers the page in Views.PageTab and calls OpenHelp with the help number in force.
     void HelpKey();
-    // Comes back to the page that HelpKey or a digit entry remembered, as a user comes to it.
-    void RestorePage();
+    // Help has closed: the view is built from the image on the page that HelpKey or a digit entry
+    // remembered, as a user comes to it.
+    void ComeBack();
     int CurrentTab() const { return Buttons.tabSetup.ListIndex; }
 
     // --- Which control shows which field ---
@@ -143,7 +144,8 @@ class SetupView {
     };
 
   private:
-    void Build();
+    void Build(int page);
+    void ComeToPageOnShow();
     void TakeIdentity();
     void FillLists();
     void ShowSelections();

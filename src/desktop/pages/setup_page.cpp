@@ -129,8 +129,7 @@ void SetupPage::Leave() {
 
 void SetupPage::HelpClosed() {
     DropEntry();
-    view_.Activate();
-    view_.RestorePage();
+    view_.ComeBack();
 }
 
 // What comes next builds the view in full, and no field looks edited.

@@ -19,7 +19,7 @@ TEST(SetupView, ComesToTheFront) {
 TEST(SetupView, APageComesBackAsItIsComeTo) {
     // clang-format off
     RunStories({
-        {"filter",        "195=6B",         "tab 2; help", "tab=2; cboTimConst= 0.4 Sec; cboFType= Conventional"},
+        {"filter",        "195=6B",         "tab 2; ~cboTimConst #7; help", "tab=2; cboTimConst= 6.4 Sec; cboFType= Conventional"},
         {"communication", "187=41",         "tab 4; help", "tab=4; fraTranStart.show=1; fraTranStop.show=1; lblAscTbl.show=1; fraCusRecog.show=0"},
         {"batch",         "199=02; 171=02", "tab 1; help", "tab=1; lblItem2[3]= # Batches; cboResoln[3].show=0"},
         {"behind an entry of a script", "195=6B", "tab 2; txtSetpt[1] := 000064", "tab=2; cboTimConst= 0.4 Sec"},
@@ -84,8 +84,7 @@ TEST(SetupView, HelpFollowsWhatWasTouched) {
     }
     bench.Do("tab 3");
     bench.View.HelpKey();
-    bench.View.Activate();
-    bench.View.RestorePage();
+    bench.View.ComeBack();
     EXPECT_EQ(bench.Seen("tab"), "3");
 }
 

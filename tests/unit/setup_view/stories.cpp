@@ -95,10 +95,11 @@ void SetupBench::Open() {
 
 void SetupBench::Do(const std::string& deeds) {
     for (const std::string& deed : Parts(deeds)) {
-        if (deed == "reopen" || deed == "help") {
-            if (deed == "help") View.HelpKey();
+        if (deed == "reopen") {
             View.Activate();
-            if (deed == "help") View.RestorePage();
+        } else if (deed == "help") {
+            View.HelpKey();
+            View.ComeBack();
         } else if (deed[0] == '@') {
             Give(deed.substr(1));
         } else if (deed[0] == '!') {

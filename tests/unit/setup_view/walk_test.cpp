@@ -195,8 +195,7 @@ class Walk {
     void AskHelp() {
         const int tab = bench_.View.CurrentTab();
         bench_.View.HelpKey();
-        bench_.View.Activate();
-        bench_.View.RestorePage();
+        bench_.View.ComeBack();
         ASSERT_EQ(bench_.View.CurrentTab(), tab);
         CompareWithFresh("help");
     }
