@@ -187,8 +187,8 @@ void InputDisplayPage::LeaveRemoteC() {
 void InputDisplayPage::PickDisplayType() {
     PutCode(Image(), Field::DisplayType, DType.Inner.ListIndex);
     Values().DisplayType = DType.Inner.ListIndex;
+    View.OfferByDisplayType();  // before the refresh waits, so that nobody comes to a page that goes
     View.ViewRefresh();
-    View.OfferByDisplayType();
 }
 
 void InputDisplayPage::PickCutoffEnable() {
