@@ -38,7 +38,6 @@ TEST(CommunicationPage, RulesFieldsAndBytes) {
         {"entered address",           "109=04", "txtMBAddr := 0A", "@111=0A; txtMBAddr=10"},
         {"names of characters",       "",       "", "txtCusRecog=35; lblCusRecog=#; txtTranStop=13; lblTranStop=cr ; lblTranStart=nul"},
         {"entered character",         "",       "tab 4; txtTranStart := 41", "@239=41; lblTranStart=A; @237=0D"},
-        {"keeps the way to the table", "187=41", "tab 4; txtTranStart := 41", "lblAscTbl.show=1; fraTranStop.show=1"},
         {"cancelled character",       "",       "cboRecogChr #1; txtCusRecog := cancel", "lblCusRecog=#; @149=23"},
         {"cancel behind an entry",    "",       "tab 4; txtTranStart := 41; cboRecogChr #1; txtCusRecog := cancel", "lblCusRecog=#"},
         {"cancelled remote C",        "185=C4; 247=42", "txtStartChr := cancel", "lblStartChr=B"},

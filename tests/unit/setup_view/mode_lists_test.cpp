@@ -41,7 +41,6 @@ TEST(ModeLists, APickRunsTheChain) {
         {"no board: the pair stays as stored", "199=13",       "cboInOpt #0",        "@193=48; @199=13; cboFunction=None; fraGateTime.show=0; fraDspyN.show=0"},
         {"and is there with the next",     "199=1B",           "cboInOpt #0; cboInOpt #1", "@199=1B; cboFunction=A + B"},
         {"V-F 15 to basic",                "193=4C; 199=8F",   "optBasic",           "@199=81; cboFunction=A Only; cmdQBasic.back=ColorLightGray"},
-        {"no mode to go on from: rebuilt", "193=4D; 185=08; 199=01", "optBasic",     "@185=00; cboCusCrv[0].on=0"},
         {"phase to basic",                 "199=61",           "optBasic",           "cboMode=Rate; cboFunction=A, B; @199=00; @185=00; cmdQBasic.back=ColorLightGray; cmdQExtended.back=ColorGray"},
         {"phase -180 to basic",            "199=62",           "optBasic",           "cboMode=Rate; cboFunction=A, B; @199=00"},
         {"sum to basic",                   "199=0B; 185=08",   "optBasic",           "@199=00; @185=00; cboCusCrv[0].on=0"},

@@ -16,9 +16,6 @@ TEST(OptionBoards, AreShownAndFollowed) {
         {"no comm board",             "",        "cboComOpt #0", "@193=41; tab4=0"},
         {"no analog board",           "",        "cboAnaOpt #0", "@143=00; tab5=0"},
         {"none stored",               "143=00",  "cboAnaOpt #1", "@143=01; tab5=1; fraAnaOut.show=1"},
-        {"two outputs picked",        "",        "cboAnaOpt #4", "fraAnaOut2.show=1; fraAnaOut=Analog Output 1"},
-        {"and left",                  "143=04",  "cboAnaOpt #1", "fraAnaOut2.show=0; fraRange=Range"},
-        {"below zero picked",         "167=0D",  "cboAnaOpt #3", "cboRange=-10V to +10V; @167=0D"},
         {"boards of a meter are fixed", "frommeter=1", "!cboInOpt #0; !cboRlyOpt #0; !cboComOpt #0", "cboAnaOpt.on=1"},
         {"without a panel",           "type=7; 143=00; 193=48", "", "fraRlyOpt.show=0; fraComOpt.show=0; fraAnaOpt.show=0; tab3=1; tab5=1; tab6=0; cboAnaOpt=16 Bit Uni/Bipolar"},
     });

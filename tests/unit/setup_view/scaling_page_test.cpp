@@ -46,7 +46,6 @@ TEST(ScalingPage, CurveAndRoot) {
         {"curve picked: no root",     "199=01; 185=06", "cboCusCrv[0] #1", "@185=08; cboCusCrv[0].back=ColorLightYellow; chkSqRt[0]=0; chkSqRt[0].on=0"},
         {"curve 2 without V-F",       "199=01",         "cboCusCrv[0] #2", "@185=0C; cboCusCrv[0].back=ColorRed"},
         {"curve 2 stored",            "199=01; 185=0C", "",                "cboCusCrv[0].back=ColorRed"},
-        {"and its board picked",      "199=03; 185=0C", "cboInOpt #2",     "cboCusCrv[0].back=ColorLightYellow"},
         {"curve 2 with V-F",          "193=4C; 199=81", "cboCusCrv[0] #2", "@185=0C; cboCusCrv[0].back=ColorLightYellow; cboCusCrv[0]= Curve #2"},
         {"basic meter loses its curve", "193=4C; 199=81; 185=00", "",      "cboCusCrv[0].on=0; cboCusCrv[0]= Disabled"},
         {"root",                      "199=01",         "chkSqRt[0] 1",    "@185=06; txtRd0In[0].on=1; fraRd0In[0].on=1"},

