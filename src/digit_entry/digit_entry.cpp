@@ -190,7 +190,11 @@ void DigitEntry::Ok() {
     if (!StoreDigits()) return;
     Close();
     work_.Derived.TimeEntry = 0;
+    Controls.TellChanged();  // the dialog is hidden before the pause
+    const bool longer = ShowHourglass && ExceedsABlink(LinkDelayMs(work_.Line, kAfterDialogMs));
+    if (longer) ShowHourglass(true);
     LinkDelay(work_.Line, kAfterDialogMs);
+    if (longer) ShowHourglass(false);
     work_.State.SetupRefreshOn = true;
 }
 

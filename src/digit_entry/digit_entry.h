@@ -62,6 +62,8 @@ class DigitEntry {
     // Closes without a trace, as when its view is opened again.
     void Unload() { shown_ = false; }
 
+    // The pause behind OK is longer than a blink, and over; may be empty.
+    std::function<void(bool shown)> ShowHourglass;
     // Shows the help of this number; may be empty.
     std::function<void(int helpNumber)> OpenHelp;
 

@@ -18,7 +18,11 @@ void Pause(Link& link, double ms, const char* reason) {
 }  // namespace
 
 void LinkDelay(Link& link, double ms) {
-    Pause(link, link.State.EthernetMode ? ms + kNodeExtraMs : ms, "link delay");
+    Pause(link, LinkDelayMs(link, ms), "link delay");
+}
+
+double LinkDelayMs(const Link& link, double ms) {
+    return link.State.EthernetMode ? ms + kNodeExtraMs : ms;
 }
 
 void Delay(Link& link, float seconds) {

@@ -7,6 +7,12 @@ namespace counter {
 
 // Waits `ms` milliseconds, 1000 more in Ethernet mode, while events run.
 void LinkDelay(Link& link, double ms);
+// How long that is.
+double LinkDelayMs(const Link& link, double ms);
+// Whether a wait is so long that a user takes it for a program that hangs, unless he is shown otherwise.
+constexpr bool ExceedsABlink(double ms) {
+    return ms > 300;
+}
 
 // Waits `seconds`, while events run; 0 takes 0.55 less 0.1 for each step of BaudIndex.
 void Delay(Link& link, float seconds);

@@ -21,10 +21,12 @@ DerivedValues Derived(const SetupImage& image) {
 
 std::string TextOfValue(const SetupImage& image, const FieldRow& row) {
     DerivedValues values = Derived(image);
-    // A stopwatch that shows a clock keeps its offsets in seconds.
-    bool clock = (row.Handle == Field::Offset1 || row.Handle == Field::Offset2) &&
-                 values.ClockMode == DisplayType::Clock;
-    ValueContext context{values.InputOption, values.ModeIndex, clock ? TimeEntry::Seconds : TimeEntry::None};
+    // Offsets are shown as a clock's where the display is one; a stopwatch's are stored in seconds.
+    const bool clock = (row.Handle == Field::Offset1 || row.Handle == Field::Offset2) &&
+                       values.DisplayType == DisplayType::Clock;
+    const bool seconds = clock && values.ClockMode == DisplayType::Clock;
+    ValueContext context{values.InputOption, values.ModeIndex,
+                         seconds ? TimeEntry::Seconds : TimeEntry::None};
     int point = PointCode(image, values, row);
     std::string text(Trimmed(ValueText(image, context, row.ValueCode, row.Pos, point)));
     return clock ? AddClkDP(WithoutBlanksAndPoints(text)) : text;

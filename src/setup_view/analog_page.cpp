@@ -41,11 +41,14 @@ bool AnalogPage::DualBoard() const {
     return Values().AnalogOption == AnalogBoard::Dual16Bit && BipolarAnalogOffered(Meter().FirmwareVersion);
 }
 
-void AnalogPage::FillLists() {
+void AnalogPage::FollowBoard() {
+    SetupView::Quiet quiet(View);
     bool bipolar =
         Values().AnalogOption == AnalogBoard::Bipolar16Bit && BipolarAnalogOffered(Meter().FirmwareVersion);
     Form::Fill(Range.Inner, Entries(lists::kAnalogRange).first(bipolar ? 4 : 3));
     Form::Fill(Range2.Inner, lists::kAnalogRange2);
+    ShowRanges();
+    fraAnaOut.Visible = Values().AnalogOption != AnalogBoard::None;
     fraAnaOut2.Visible = DualBoard();
     std::string number = DualBoard() ? " 1" : "";
     fraAnaOut.Caption = "Analog Output" + number;

@@ -24,8 +24,8 @@ struct AnalogPage : Page {
     // clang-format on
 
     void Wire();
-    // Range lists and captions follow the board that is known when the view opens.
-    void FillLists();
+    // Frames, captions and range lists follow the board in AnalogOption.
+    void FollowBoard();
     // Sources and ranges; sources that aren't offered are repaired in the image.
     void RefreshSourcesAndRanges();
     void RefreshReadings();

@@ -1,7 +1,5 @@
 #include "setup_view/communication_page.h"
 
-#include <cstdlib>
-
 #include <vector>
 
 #include "meter/meter_words.h"
@@ -93,13 +91,14 @@ void CommunicationPage::FillLists() {
 }
 
 // The rules of the protocol run before the lists of recognition and transmission characters have a selection,
-// so a freshly opened view shows the custom character and no special ones: required.
+// and once more when they have.
 void CommunicationPage::ShowFields() {
     Show(PlainLists(*this));
     Show(Protocol.Inner, Field::SerialProtocol);
     Values().ProtocolCode = CodeOf(Image(), Field::SerialProtocol);
     MBRules(Values().ProtocolCode);
     Show(ListsAfterProtocol(*this));
+    MBRules(Values().ProtocolCode);
     if (CodeOf(Image(), Field::ModbusAddress) == 0) PutCode(Image(), Field::ModbusAddress, 1);
     ShowBytes();
 }
@@ -119,13 +118,18 @@ void CommunicationPage::MBRules(int protocol) {
         shown->Visible = ascii;
     Parity.Frame.Visible = MBAddr.Frame.Visible = !ascii;
     MBTimeout.Frame.Visible = !ascii && protocol != Protocol::ModbusRtu;  // RTU has no time-out of its own
-    fraRmtDspyC.Visible = ascii && Values().DisplayType == DisplayType::RemoteC;
     RTS.Frame.Visible = ascii && Meter().MeterType == MeterKind::Counter;
     Duplex.Frame.Visible = true;
     bool special = ascii && TranChars.Inner.ListIndex == 1;
     TranStart.Frame.Visible = TranStop.Frame.Visible = special;
-    lblAscTbl.Visible = fraRmtDspyC.Visible || special;
     CusRecog.Frame.Visible = ascii && RecogChr.Inner.ListIndex != 0;
+    ShowRemoteC();
+}
+
+void CommunicationPage::ShowRemoteC() {
+    const bool ascii = Values().ProtocolCode == Protocol::CustomAscii;
+    fraRmtDspyC.Visible = ascii && Values().DisplayType == DisplayType::RemoteC;
+    lblAscTbl.Visible = fraRmtDspyC.Visible || (ascii && TranChars.Inner.ListIndex == 1);
 }
 
 // A remote display sends nothing of its own. Both special characters show here whatever the list of
@@ -143,8 +147,10 @@ void CommunicationPage::Come() {
 void CommunicationPage::PickProtocol() {
     int protocol = Protocol.Inner.ListIndex;
     PutCode(Image(), Field::SerialProtocol, protocol);
+    const int stay = View.Stay();
     if (protocol != Protocol::CustomAscii && View.Input.DType.Inner.ListIndex == DisplayType::RemoteC)
         View.Input.LeaveRemoteC();
+    if (stay != View.Stay()) return;
     if (protocol == Protocol::CustomAscii) Program.LinkState.ParityIndex = Parity::None;
     Values().ProtocolCode = protocol;
     MBRules(protocol);
@@ -159,12 +165,9 @@ void CommunicationPage::EntryClosed(const Control& entered) {
     // An address 0 is in the image until the view is opened again or the setup is written.
     if (&entered == &MBAddr.Inner && MBAddr.Inner.Text.find_first_not_of(" 0") == std::string::npos)
         MBAddr.Inner.Text = " 1";
-    // The characters of the remote display go by their box; the others by the last byte that was entered in
-    // any box, which after a Cancel is another one: required.
-    const bool remote = &entered == &StartChr.Inner || &entered == &StopChr.Inner;
-    const int code = remote ? std::atoi(entered.Text.c_str()) : Program.Views.EntryByte;
+    // A byte that was cancelled is the one that was there.
     for (const ByteBox& byte : Bytes(*this)) {
-        if (&entered == &byte.Box && byte.Name) byte.Name->Caption = AsciiName(code);
+        if (&entered == &byte.Box && byte.Name) byte.Name->Caption = AsciiName(CodeOf(Image(), byte.Of));
     }
 }
 

@@ -52,6 +52,8 @@ struct CommunicationPage : Page {
     void ShowFields();
     // Which fields make sense under protocol 0..3.
     void MBRules(int protocol);
+    // The frame of a remote display "C", and the way to the table of characters.
+    void ShowRemoteC();
     // Coming to the page.
     void Come();
     // What an entered byte rules beside its own box.

@@ -34,6 +34,9 @@ void ScalingPage::RefreshCurve() {
     Form::SetFrameActive(CusCrv.Frame[Level()], list, offered);
     Controls().SetIndex(list, std::max(CodeOf(Image(), Field::ClassAndCurve) - kNoCurve, 0));
     curveInForce_ = list.ListIndex >= 1 && offered;
+    const bool impossible =
+        list.ListIndex == kCurve2 - kNoCurve && Values().InputOption != InputBoard::VfConverter;
+    list.BackColor = impossible ? ColorRed : ColorLightYellow;
 }
 
 void ScalingPage::CurveListFill() {
@@ -54,8 +57,6 @@ void ScalingPage::PickCurve(Control& list) {
     int code = list.ListIndex + kNoCurve;
     PutCode(Image(), Field::ClassAndCurve, code);
     if (code > kNoCurve) PutCode(Image(), Field::SquareRoot, 0);
-    bool impossible = code == kCurve2 && Values().InputOption != InputBoard::VfConverter;
-    list.BackColor = impossible ? ColorRed : ColorLightYellow;
     SqRtRefresh();
     View.ViewRefresh();
 }

@@ -73,16 +73,8 @@ void InputDisplayPage::DisplayTypeFill() {
     View.OfferByDisplayType();
 }
 
-void InputDisplayPage::ShowOpeningTexts() {
-    GateTime.Inner.Text = TextOf(Field::GateTime);
-    if (!Values().PresetActive) TimeOut.Inner.Text = TextOf(Field::TimeOut);
-    txtCal.Text = TextOf(Field::Calibration);
-}
-
 void InputDisplayPage::ShowByMeterKind() {
-    bool panel = HasPanel(Meter().MeterType);
-    LeadZ.Frame.Visible = panel;
-    DspyN.Frame.Visible = Action.Frame.Visible = panel && Values().InputOption != InputBoard::None;
+    LeadZ.Frame.Visible = HasPanel(Meter().MeterType);
 }
 
 void InputDisplayPage::ShowSelections() {
@@ -100,26 +92,25 @@ void InputDisplayPage::CutoffRefresh() {
     Form::SetFrameActive(CutoffEnable.Frame, CutoffEnable.Inner, known);
 }
 
-void InputDisplayPage::RefreshGateTime() {
+void InputDisplayPage::RefreshPlainValues() {
     GateTime.Frame.Visible = Values().InputOption != InputBoard::None;
+    GateTime.Inner.Text = TextOf(Field::GateTime);
+    txtCal.Text = TextOf(Field::Calibration);
 }
 
 void InputDisplayPage::RefreshTimeOut() {
     DerivedValues& values = Values();
     ActiveBoxesUpdate(values);
     bool timeOut = TimesOut(values);
-    bool shown = timeOut || values.PresetActive;
-    TimeOut.Frame.Enabled = TimeOut.Inner.Enabled = shown;
+    TimeOut.Frame.Enabled = TimeOut.Inner.Enabled = timeOut || values.PresetActive;
     lblTSecs.Enabled = timeOut;
-    if (!shown) return;
-    TimeOut.Frame.Caption = timeOut ? "Time Out" : "Preset";
-    TimeOut.Inner.Text = TextOf(timeOut ? Field::TimeOut : Field::Preset);
+    TimeOut.Frame.Caption = values.PresetActive ? "Preset" : "Time Out";
+    TimeOut.Inner.Text = TextOf(values.PresetActive ? Field::Preset : Field::TimeOut);
 }
 
 void InputDisplayPage::RefreshDisplayType() {
     Show(DType.Inner, Field::DisplayType);
-    bool remoteC = DType.Inner.ListIndex == DisplayType::RemoteC;
-    View.Communication.fraRmtDspyC.Visible = View.Communication.lblAscTbl.Visible = remoteC;
+    View.Communication.ShowRemoteC();
 }
 
 void InputDisplayPage::RefreshDisplayFilter() {
@@ -129,19 +120,25 @@ void InputDisplayPage::RefreshDisplayFilter() {
 
 void InputDisplayPage::RefreshPulsesAndItem() {
     bool board = Values().InputOption != InputBoard::None;
+    const bool cutoff = Values().CutoffActive;
+    CutoffEnable.Frame.Visible = cutoff;
+    Pulses.Frame.Enabled = Pulses.Inner.Enabled = !cutoff || CutoffEnable.Inner.ListIndex != 1;
     if (Values().ModeIndex == Mode::Quadrature) {
         Pulses.Frame.Visible = board;
         if (board) {
             Pulses.Inner.Visible = true;
             Pulses.Frame.Caption = "Pulses per Rev";
+            Pulses.Inner.Text = TextOf(Field::PulsesPerRev);
         }
         DspyN.Frame.Visible = DspyN.Inner.Visible = false;
         return;
     }
-    bool cutoff = Values().CutoffActive;
-    Pulses.Frame.Visible = Pulses.Inner.Visible = CutoffEnable.Frame.Visible = cutoff;
-    if (cutoff) Pulses.Frame.Caption = "Cutoff Value";
-    DspyN.Frame.Visible = board;
+    Pulses.Frame.Visible = Pulses.Inner.Visible = cutoff;
+    if (cutoff) {
+        Pulses.Frame.Caption = "Cutoff Value";
+        Pulses.Inner.Text = TextOf(Field::CutoffValue);
+    }
+    DspyN.Frame.Visible = board && HasPanel(Meter().MeterType);
     DspyN.Inner.Visible = true;
     RefreshDisplayItem();
 }
@@ -178,14 +175,8 @@ void InputDisplayPage::RefillActions() {
 }
 
 void InputDisplayPage::RefreshAction() {
-    Action.Frame.Visible = !IsRemoteDisplay(Values().DisplayType);
+    Action.Frame.Visible = HasPanel(Meter().MeterType) && !IsRemoteDisplay(Values().DisplayType);
     Show(Action.Inner, Field::PeakKeyAction);
-}
-
-void InputDisplayPage::ShowCutoffValue() {
-    if (!Values().CutoffActive) return;
-    Pulses.Inner.Text = TextOf(Field::CutoffValue);
-    Pulses.Frame.Enabled = Pulses.Inner.Enabled = CutoffEnable.Inner.ListIndex != 1;
 }
 
 void InputDisplayPage::LeaveRemoteC() {
@@ -196,14 +187,13 @@ void InputDisplayPage::LeaveRemoteC() {
 void InputDisplayPage::PickDisplayType() {
     PutCode(Image(), Field::DisplayType, DType.Inner.ListIndex);
     Values().DisplayType = DType.Inner.ListIndex;
+    View.OfferByDisplayType();  // before the refresh waits, so that nobody comes to a page that goes
     View.ViewRefresh();
-    View.OfferByDisplayType();
 }
 
 void InputDisplayPage::PickCutoffEnable() {
     PutCode(Image(), Field::CutoffEnable, CutoffEnable.Inner.ListIndex);
     View.ViewRefresh();
-    ShowCutoffValue();
 }
 
 // The box may show the Cutoff Value; the message then comes for that value, required.

@@ -42,13 +42,13 @@ struct InputDisplayPage : Page {
     // The list of Display Types, which depends on board and link. Sets DisplayType; a "Remote C" display that
     // a Modbus link can't have becomes type 7 in the image.
     void DisplayTypeFill();
-    void ShowOpeningTexts();
     void ShowByMeterKind();
     void ShowSelections();
 
     // Refreshing it.
     void CutoffRefresh();
-    void RefreshGateTime();
+    // Gate Time and calibration.
+    void RefreshPlainValues();
     void RefreshTimeOut();
     void RefreshDisplayType();
     void RefreshDisplayFilter();
@@ -58,8 +58,6 @@ struct InputDisplayPage : Page {
     // Entries follow version and Display Type; the selection stays.
     void RefillControlInputs();
     void RefillActions();
-    // The Pulses box where it shows the Cutoff Value.
-    void ShowCutoffValue();
     // A rule picks type 7 where a "Remote C" display can't be.
     void LeaveRemoteC();
 

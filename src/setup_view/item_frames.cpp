@@ -10,6 +10,7 @@ namespace counter {
 
 namespace {
 
+constexpr int kBatchLevel = 3;
 constexpr int kHide = 4;  // a count of items that no layout has
 
 // Functions that have a second item in layout 0, and Modes that have one in each Function.
@@ -51,8 +52,8 @@ void ScalingPage::FraItemVisibility(int level, int count) {
     if (show) lblItem1[level].Caption = ItemName(1);
     if (!show || second) fraItem2[level].Visible = second;
     if (second) {
-        bool batches = BatItm2.Inner.ListIndex == 1;
-        Resoln.Inner[3].Visible = !batches;
+        bool batches = level == kBatchLevel && BatItm2.Inner.ListIndex == 1;
+        Resoln.Inner[kBatchLevel].Visible = !batches;
         // The next name is right for V-F batches and wrong for a rate batch, whose own handler corrects it:
         // required.
         lblItem2[level].Caption = ItemName(2, batches ? 1 : 0);
@@ -62,11 +63,10 @@ void ScalingPage::FraItemVisibility(int level, int count) {
     if (show) lblItem3[level].Caption = ItemName(3);
 }
 
-// The name of item 1 to 3; `more` takes one further down the names. After the last there is none.
+// The name of item 1 to 3; `more` takes one further down the names, which no batch's is the last of.
 std::string ScalingPage::ItemName(int item, int more) const {
     const auto& row = ItemRows[static_cast<std::size_t>(Values().ItemRow)];
-    const int index = row[static_cast<std::size_t>(item) - 1] + more;
-    return index < std::ssize(ItemNames) ? std::string(ItemNames[static_cast<std::size_t>(index)]) : "";
+    return std::string(ItemNames[static_cast<std::size_t>(row[static_cast<std::size_t>(item) - 1] + more)]);
 }
 
 void ScalingPage::WireBatch() {
@@ -74,22 +74,29 @@ void ScalingPage::WireBatch() {
     Controls().On(BatItm2.Inner, [this](Control& list) { PickBatchItem2(list); });
 }
 
+// The frames were shown before their list had a selection; a count of batches makes up for that.
 void ScalingPage::BatchFill() {
     Fill(Bound(*this));
     Show(Bound(*this));
+    if (BatItm2.Inner.ListIndex == 1) ShowBatchItem2();
 }
 
 // A V-F batch has no choice of its end; the stored bits stay.
 void ScalingPage::RefreshBatchCount() {
-    if (Level() == 3)
+    if (Level() == kBatchLevel)
         Form::SetFrameActive(BatCount.Frame, BatCount.Inner, Values().InputOption == InputBoard::DualSigCond);
 }
 
-// A count of batches has no Resolution.
 void ScalingPage::PickBatchItem2(Control& list) {
     PutCode(Image(), Field::BatchItem2, list.ListIndex);
-    lblItem2[3].Caption = list.ListIndex == 1 ? " # Batches" : " Grand Total";
-    Resoln.Inner[3].Visible = list.ListIndex == 0;
+    ShowBatchItem2();
+}
+
+// A count of batches has no Resolution.
+void ScalingPage::ShowBatchItem2() {
+    const bool batches = BatItm2.Inner.ListIndex == 1;
+    lblItem2[kBatchLevel].Caption = batches ? " # Batches" : " Grand Total";
+    Resoln.Inner[kBatchLevel].Visible = !batches;
 }
 
 }  // namespace counter

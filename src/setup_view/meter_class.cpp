@@ -45,32 +45,49 @@ void MeterClass::MarkClass() {
     (Values().ExtendedMeter ? cmdQExtended : cmdQBasic).BackColor = ColorLightGray;
 }
 
+// Behind the write the button alone is marked: it tells the meter's class, which the image need not have.
 void MeterClass::PressClass(Control& button, int extended) {
+    const int stay = View.Stay();
     button.BackColor = ColorWhite;
-    BasicExtend(extended);
+    const bool written = BasicExtend(extended);
+    if (stay != View.Stay()) return;
+    if (written) ColorCommands();
     button.BackColor = ColorLightGray;
     View.Focus(extended ? View.Modes.optExtended : View.Modes.optBasic);
 }
 
-void MeterClass::BasicExtend(int extended) {
+bool MeterClass::BasicExtend(int extended) {
+    const int stay = View.Stay();
     Program.Home.ShowHourglass(true);
     View.Buttons.picText.Text = extended ? "Writing EXTENDED meter" : "Writing BASIC meter";
     View.Controls.TellChanged();
-    SendClass(extended);
+    std::string_view why = WhyNotWritten();
+    const bool written = why.empty() && SendClass(extended);
+    if (why.empty() && !written) why = "The meter has not answered as it should, so nothing was written.";
     LinkDelay(Program.Link, kBetweenFramesMs);
-    View.Buttons.picText.Text.clear();
+    if (stay == View.Stay()) View.Buttons.picText.Text = why;
     Program.Home.ShowHourglass(false);
+    return written;
 }
 
-void MeterClass::SendClass(int extended) {
+std::string_view MeterClass::WhyNotWritten() const {
+    if (Program.Settings.CommsEnabled == Comms::NoLink && !Program.LinkState.EthernetMode)
+        return "There is no link to a meter, so nothing is written.";
+    return Program.LinkState.ModbusLink ? "Over Modbus the meter's class can't be written." : "";
+}
+
+void MeterClass::SayNothing() {
+    View.Buttons.picText.Text.clear();
+}
+
+bool MeterClass::SendClass(int extended) {
     LinkState& link = Program.LinkState;
-    bool connected = Program.Settings.CommsEnabled != Comms::NoLink || link.EthernetMode;
-    if (!connected || link.ModbusLink) return;
     const SetupWriteScope writing(Program.Writes);
     AskAscii(Program.Link, "X11FZ");
-    if (link.LinkError != 0 || link.ReplyText.size() != kWordDigits) return;
+    if (link.LinkError != 0 || link.ReplyText.size() != kWordDigits) return false;
     LinkDelay(Program.Link, kBetweenFramesMs);
     SendAscii(Program.Link, "W11F" + WithClass(link.ReplyText, extended) + "Z");
+    return true;
 }
 
 // The file and the open port change; the BaudIndex in memory stays until the settings are read again. A file

@@ -27,12 +27,16 @@ struct MeterClass : Page {
     //   X11FZ                     the word that holds it, four digits come back
     //   W11F, four digits and Z   100 ms later: bits 3..2 of the first byte changed and no other
     //
-    // Nothing is written without a link, over Modbus, or when the answer has another length. The image stays.
-    void BasicExtend(int extended);
+    // Nothing is written without a link, over Modbus, or when the answer has another length; picText says so
+    // until the view is built again or another class is written. The image stays. True if written.
+    bool BasicExtend(int extended);
+    // Why the meter's class can't be written now, a sentence; empty: it can.
+    std::string_view WhyNotWritten() const;
+    void SayNothing();
 
   private:
     void PressClass(Control& button, int extended);
-    void SendClass(int extended);
+    bool SendClass(int extended);
     void SetBaud9600();
 };
 

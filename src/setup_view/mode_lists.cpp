@@ -58,11 +58,27 @@ void ModeLists::Normalise() {
     NormaliseModeFunction(Values(), Meter().FirmwareVersion);
 }
 
+// Without a board Mode and Function are those that are stored, legal or not.
 void ModeLists::PickInputBoard(int inputOption) {
     Values().InputOption = inputOption;
+    if (inputOption == InputBoard::None) {
+        Values().ModeIndex = CodeOf(Image(), Field::Mode);
+        Values().FunctionIndex = CodeOf(Image(), Field::Function);
+    }
     PutCode(Image(), Field::InputOption, InputOptionCode(inputOption));
+    {
+        SetupView::Quiet quiet(View);
+        View.Input.DisplayTypeFill();  // a meter without a board has remote types alone
+    }
     Normalise();
     ModeListFill();
+    RebuildWithout(Mode.Inner);
+}
+
+// Each list that is filled goes on to the next by its selection. One that has none ends the chain, and the
+// view follows the image all the same.
+void ModeLists::RebuildWithout(const Control& list) {
+    if (list.ListIndex < 0) View.InputRefresh();
 }
 
 void ModeLists::PickMode() {
@@ -72,29 +88,34 @@ void ModeLists::PickMode() {
     PutCode(Image(), Field::Mode, Values().ModeIndex);
     Normalise();
     FunctionListFill();
+    RebuildWithout(Function.Inner);
 }
 
 void ModeLists::PickFunction() {
     FunctionFromList();
-    PutCode(Image(), Field::Function, Values().FunctionIndex);
+    if (Values().InputOption != InputBoard::None) PutCode(Image(), Field::Function, Values().FunctionIndex);
     View.InputRefresh();
 }
 
 // A Mode that only Extended meters have falls back to the first Mode and its first Function, as a pick of
-// that Mode would.
+// that Mode would; a Function of a V-F Mode that only they have, to the first of the list.
 void ModeLists::PickBasic() {
     Values().ExtendedMeter = 0;
     PutCode(Image(), Field::ClassAndCurve, 0);
     int before = Values().ModeIndex;
     Normalise();
     if (Values().ModeIndex != before) Values().FunctionIndex = Function::AandB;
+    const bool vf = Values().InputOption == InputBoard::VfConverter;
+    if (vf && Values().FunctionIndex > LastFunction()) Values().FunctionIndex = Function::AOnly;
     ModeListFill();
+    RebuildWithout(Mode.Inner);
 }
 
 void ModeLists::PickExtended() {
     Values().ExtendedMeter = 1;
     PutCode(Image(), Field::ClassAndCurve, CodeOf(Image(), Field::ClassAndCurve) | kExtendedBit);
     ModeListFill();
+    RebuildWithout(Mode.Inner);
 }
 
 void ModeLists::ModeListFill() {
@@ -145,8 +166,9 @@ void ModeLists::ModeFromList() {
 }
 
 // On a Basic meter the place of Function 2 is that of Function 3, which its list has instead. Without a board
-// the one entry "None" is the first Function that the Mode has: required.
+// the one entry "None" stands for no Function, and the one there is stays.
 void ModeLists::FunctionFromList() {
+    if (Values().InputOption == InputBoard::None) return;
     int place = -1;
     for (int f = 0; f < kFunctions; ++f) {
         if (FunctionName(Values().ModeIndex, f).empty() || ++place < Function.Inner.ListIndex) continue;

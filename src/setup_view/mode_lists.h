@@ -39,6 +39,7 @@ struct ModeLists : Page {
     void PickFunction();
     void PickBasic();
     void PickExtended();
+    void RebuildWithout(const Control& list);
     int LastFunction() const;
 };
 

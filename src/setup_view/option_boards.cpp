@@ -71,7 +71,6 @@ void OptionBoards::FillAnalog() {
     if (!noLink) RefuseIncompatibleBoard(CodeOf(Image(), Field::AnalogOption));
     int board = AnalogBoardOf(Image(), version, Meter().MeterType);
     Values().AnalogOption = board;
-    View.Analog.fraAnaOut.Visible = board != AnalogBoard::None;
     if (!BipolarAnalogOffered(version)) board = std::min<int>(board, AnalogBoard::Unipolar16Bit);
     Controls().SetIndex(AnaOpt.Inner, board);
     FollowAnalog();
@@ -106,12 +105,14 @@ void OptionBoards::FollowComm() {
 
 void OptionBoards::FollowAnalog() {
     View.Offer(kAnalogTab, Values().AnalogOption != AnalogBoard::None || !HasPanel(Meter().MeterType));
+    View.Analog.FollowBoard();
 }
 
-// Where a meter has the two-relay board alone, picking that one entry stores "none": required.
+// A meter that has the two-relay board alone offers it as its one entry.
 void OptionBoards::PickRelays(Control& list) {
-    Values().RelayOption = list.ListIndex;
-    PutCode(Image(), Field::RelayOption, CodeOfEntry(RowOf(Field::RelayOption), list.ListIndex));
+    const int board = HasTwoRelaysOnly(Meter().MeterType) ? RelayBoard::TwoRelays : list.ListIndex;
+    Values().RelayOption = board;
+    PutCode(Image(), Field::RelayOption, CodeOfEntry(RowOf(Field::RelayOption), board));
     FollowRelays();
 }
 

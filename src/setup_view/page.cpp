@@ -65,11 +65,11 @@ void Page::Show(Control& control, Field field) const {
     if (control.Kind == ControlKind::Check) Controls().SetCheck(control, code);
 }
 
-std::string Page::TextOf(Field field) const {
+std::string Page::TextOf(Field field, int timeEntry) const {
     const DerivedValues& values = Values();
     const FieldRow& row = RowOf(field);
-    return ValueText(Image(), {values.InputOption, values.ModeIndex, values.TimeEntry}, row.ValueCode,
-                     row.Pos, PointCode(Image(), values, row));
+    return ValueText(Image(), {values.InputOption, values.ModeIndex, timeEntry}, row.ValueCode, row.Pos,
+                     PointCode(Image(), values, row));
 }
 
 std::string Page::TextOfByte(Field field) const {
@@ -86,7 +86,7 @@ void Page::OpenEntry(Control& target, Field field, bool lowPlace) const {
     shared.LowPlace = lowPlace;
     shared.PageTab = View.CurrentTab();
     if (View.OpenDigitEntry) View.OpenDigitEntry();
-    if (View.TakeFocus) View.TakeFocus(View.Buttons.tabSetup);
+    View.Focus(View.Buttons.tabSetup);
 }
 
 int Page::RefreshSources(Control& list, Field field) const {

@@ -50,8 +50,9 @@ struct Page {
     void Show(std::span<const Binding> bindings) const;
     void Show(Control& control, Field field) const;
 
-    // The text of a value field, with the point that its row of the field table names.
-    std::string TextOf(Field field) const;
+    // The text of a value field, with the point that its row of the field table names; `timeEntry`: of
+    // value_codec.h, for a time in seconds.
+    std::string TextOf(Field field, int timeEntry = 0) const;
     std::string TextOfByte(Field field) const;
     // Stores the request for digit entry and has it opened. `lowPlace`: the dialog is lower.
     void OpenEntry(Control& target, Field field, bool lowPlace = false) const;

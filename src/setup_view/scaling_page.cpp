@@ -1,6 +1,5 @@
 #include "setup_view/scaling_page.h"
 
-#include "link/waits.h"
 #include "meter/field_lists.h"
 #include "meter/meter_words.h"
 #include "meter/mode_tables.h"
@@ -120,8 +119,7 @@ void ScalingPage::ScaleCoord() {
     }
 
     MultiplierFill(Group1.Mult.Inner[Level()]);
-    LinkDelay(Program.Link, kBetweenListsMs);
-    Program.Views.SetupRefreshOn = false;  // what the user did meanwhile has ended with live handlers
+    if (!View.LetUserAct(kBetweenListsMs)) return;
     MultiplierFill(Group2.Mult.Inner[Level()]);
     Show(Group1.Mult.Inner[Level()], Field::Multiplier1);
     Show(Group2.Mult.Inner[Level()], Field::Multiplier2);
@@ -147,9 +145,9 @@ void ScalingPage::ShowTexts(ScalingGroup& group) {
     int level = Level();
     const GroupFields& fields = group.Fields;
     group.Scale.Inner[level].Text = TextOf(fields.Scale);
-    Values().TimeEntry = Values().ClockMode == DisplayType::Clock ? kSeconds : 0;
-    group.Offset.Inner[level].Text = TextOf(fields.Offset);
-    Values().TimeEntry = 0;
+    group.Offset.Inner[level].Text =
+        TextOf(fields.Offset, Values().ClockMode == DisplayType::Clock ? kSeconds : 0);
+    Values().TimeEntry = 0;  // a digit entry that was cancelled has left it
     group.LoIn.Inner[level].Text = TextOf(fields.LoIn);
     group.LoRd.Inner[level].Text = TextOf(fields.LoRd);
     group.HiIn.Inner[level].Text = TextOf(fields.HiIn);

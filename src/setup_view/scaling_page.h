@@ -122,6 +122,7 @@ struct ScalingPage : Page {
     void PickCurve(Control& list);
     void PickSquareRoot(Control& box);
     void PickBatchItem2(Control& list);
+    void ShowBatchItem2();
     bool CurveChosen() const;
     std::string ItemName(int item, int more = 0) const;
 

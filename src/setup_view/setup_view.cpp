@@ -2,7 +2,9 @@
 #include "setup_view/setup_view.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "link/waits.h"
 #include "meter/field_code.h"
 
 namespace counter {
@@ -34,23 +36,31 @@ void SetupView::Activate() {
         Program.Views.EntryReturn = 0;
         ViewRefresh();
     } else {
-        Build();
+        Build(kInputTab);
     }
     Controls.TellChanged();
 }
 
-void SetupView::Build() {
+void SetupView::PutAway() {
+    Buttons.StopReading();
+    onShow_ = false;
+    ++stay_;
+}
+
+void SetupView::Build(int page) {
+    onShow_ = true;
+    const int stay = ++stay_;
     opening_ = true;
     SetHandlers(false);
     TakeIdentity();
-    Buttons.tabSetup.ListIndex = kInputTab;
+    Buttons.tabSetup.ListIndex = page;
     FillLists();
+    Class.SayNothing();
     Boards.OptionBoardsFill();
-    Analog.FillLists();  // they depend on the board
     InputRefresh();
+    if (stay != stay_) return;
     Input.DisplayTypeFill();
     SrcUpdate(Program.Derived);
-    Input.ShowOpeningTexts();
     Modes.ShowClass();
     // Bit 7 goes, bit 6 is kept: required.
     PutCode(Program.Image, Field::Spare171, CodeOf(Program.Image, Field::Spare171) & 1);
@@ -61,6 +71,31 @@ void SetupView::Build() {
     opening_ = false;
     SetHandlers(true);
     ViewRefresh();
+    if (stay == stay_) ComeToPageOnShow();
+}
+
+// The page that was asked for, or that the user has come to in a wait of the build. What the analog page
+// wants, a refresh, has just been.
+void SetupView::ComeToPageOnShow() {
+    int& page = Buttons.tabSetup.ListIndex;
+    if (!Buttons.tabSetup.Offered[static_cast<std::size_t>(page)]) page = kInputTab;
+    if (page != kAnalogTab) CameTo(page);
+}
+
+bool SetupView::LetUserAct(double ms) {
+    const int stay = stay_;
+    const bool opening = std::exchange(opening_, false);
+    const bool live = std::exchange(Program.Views.SetupRefreshOn, true);
+    const bool hourglass = Program.Home.Hourglass;
+    const bool longer = ExceedsABlink(LinkDelayMs(Program.Link, ms));
+    if (longer && opening) Controls.TellChanged();  // he acts on this setup, not on the one before it
+    if (longer) Program.Home.ShowHourglass(true);
+    LinkDelay(Program.Link, ms);
+    if (longer) Program.Home.ShowHourglass(hourglass);
+    if (stay != stay_) return false;
+    opening_ = opening;
+    Program.Views.SetupRefreshOn = live;
+    return true;
 }
 
 void SetupView::TakeIdentity() {
@@ -93,6 +128,8 @@ void SetupView::ShowSelections() {
 }
 
 void SetupView::EntryClosed() {
+    if (!onShow_) Program.Views.EntryReturn = 0;
+    if (Program.Views.EntryReturn == 0) return;
     Control* entered = Program.Views.EntryTarget;
     Activate();
     if (entered) Communication.EntryClosed(*entered);
@@ -104,8 +141,8 @@ void SetupView::HelpKey() {
     if (OpenHelp) OpenHelp(Program.Views.HelpId);
 }
 
-void SetupView::RestorePage() {
-    Buttons.tabSetup.ListIndex = Program.Views.PageTab;
+void SetupView::ComeBack() {
+    Build(Program.Views.PageTab);
     Controls.TellChanged();
 }
 
@@ -116,6 +153,7 @@ void SetupView::CameTo(int tab) {
 }
 
 void SetupView::Focus(Control& control) {
+    if (!onShow_) return;
     Program.Views.HelpId = control.HelpNumber;
     if (TakeFocus) TakeFocus(control);
 }

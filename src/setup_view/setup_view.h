@@ -49,12 +49,16 @@ class SetupView {
     // depends on values and stays on its page; otherwise it is built from the image, on the first page.
     // An analog board that the meter can't drive ends the process after a message box.
     void Activate();
+    // The view goes from the front. What waits in it ends where it is and touches neither image nor focus,
+    // which are another's by then.
+    void PutAway();
     // Digit entry has closed, by whichever button: Activate, and what the entered field rules beside it.
     void EntryClosed();
     // F1: remembers the page in Views.PageTab and calls OpenHelp with the help number in force.
     void HelpKey();
-    // Back to the page that HelpKey or a digit entry remembered; runs none of its rules.
-    void RestorePage();
+    // Help has closed: the view is built from the image on the page that HelpKey or a digit entry
+    // remembered, as a user comes to it.
+    void ComeBack();
     int CurrentTab() const { return Buttons.tabSetup.ListIndex; }
 
     // --- Which control shows which field ---
@@ -105,20 +109,31 @@ class SetupView {
     // Scaling and filter pages: none on a remote display, no filter page where nothing is filtered.
     void OfferByDisplayType();
     void CameTo(int tab);
+    // Moves focus and help number while the view is on show.
     void Focus(Control& control);
+    // LinkDelay between two lists that a rule fills. The user acts meanwhile and his handlers are live;
+    // where he has to wait longer than a blink he sees an hourglass. False where the view was left or built
+    // anew meanwhile: the rule then ends without doing more.
+    bool LetUserAct(double ms);
+    // The number of this stay in front; another one when the view was left or built anew.
+    int Stay() const { return stay_; }
 
     // While one lives, handlers of lists and boxes are dead, or live; then they are as before.
     class Handlers {
       public:
-        Handlers(SetupView& view, bool live) : on_(view.Program.Views.SetupRefreshOn), before_(on_) {
-            on_ = live;
+        Handlers(SetupView& view, bool live)
+            : view_(view), stay_(view.stay_), before_(view.Program.Views.SetupRefreshOn) {
+            view_.Program.Views.SetupRefreshOn = live;
         }
-        ~Handlers() { on_ = before_; }
+        ~Handlers() {
+            if (stay_ == view_.stay_) view_.Program.Views.SetupRefreshOn = before_;
+        }
         Handlers(const Handlers&) = delete;
         Handlers& operator=(const Handlers&) = delete;
 
       private:
-        bool& on_;
+        SetupView& view_;
+        int stay_;
         bool before_;
     };
     struct Quiet : Handlers {
@@ -129,14 +144,18 @@ class SetupView {
     };
 
   private:
-    void Build();
+    void Build(int page);
+    void ComeToPageOnShow();
     void TakeIdentity();
     void FillLists();
     void ShowSelections();
     void SetHandlers(bool live);
 
-    // From the beginning of a build to its end, handlers stay dead whatever the operations within it do.
+    // From the beginning of a build to its end, handlers stay dead whatever the operations within it do,
+    // but not while one of them waits.
     bool opening_ = false;
+    bool onShow_ = false;
+    int stay_ = 0;
 };
 
 }  // namespace counter

@@ -21,8 +21,9 @@ void SetupView::InputRefresh() {
     Modes.ModeListFill();
     Modes.FunctionListFill();
     ItemDecPtMap(values);
+    const int stay = stay_;
     ViewRefresh();
-    Input.ShowCutoffValue();
+    if (stay != stay_) return;
     Class.ColorCommands();
     Modes.ShowClass();
     Class.MarkClass();
@@ -42,12 +43,14 @@ void SetupView::ViewRefresh() {
     Form::SetFrameActive(Scaling.DecPt1.Frame[0], Scaling.DecPt1.Inner[0],
                          values.DisplayType != DisplayType::Clock);
     Scaling.RefreshCurve();
+    const int stay = stay_;
     Scaling.ScaleCoord();
+    if (stay != stay_) return;
     Scaling.DecPtAlign();
     Input.CutoffRefresh();
     Scaling.RefreshSlopeA();
     Scaling.RefreshSlopeB();
-    Input.RefreshGateTime();
+    Input.RefreshPlainValues();
     Scaling.SqRtRefresh();
     Scaling.RefreshBatchCount();
     if (values.ItemLevel < 2) Scaling.Read0InRefresh();
@@ -65,6 +68,7 @@ void SetupView::ViewRefresh() {
     Input.RefillControlInputs();
     Input.RefillActions();
     Input.RefreshAction();
+    if (CurrentTab() == kFilterTab) Filter.Come();  // its lists are blank only while it is not on show
     SetHandlers(true);
 }
 

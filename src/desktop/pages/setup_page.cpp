@@ -107,6 +107,7 @@ void SetupPage::Connect() {
     view_.TakeFocus = [this](const Control& control) { MoveFocus(control); };
     dialog_->Closed = [this] { view_.EntryClosed(); };
     dialog_->OpenHelp = view_.OpenHelp;
+    entry_.ShowHourglass = [this](bool shown) { view_.Program.Home.ShowHourglass(shown); };
     dialog_->Followed = [this] { bound_.Refresh(); };
     dialog_->Beep = [this] { view_.Program.Dialogs.Beep(); };
 }
@@ -119,7 +120,7 @@ void SetupPage::ComeToFront() {
 
 void SetupPage::PutAway() {
     DropEntry();
-    view_.Buttons.StopReading();
+    view_.PutAway();
 }
 
 void SetupPage::Leave() {
@@ -128,8 +129,7 @@ void SetupPage::Leave() {
 
 void SetupPage::HelpClosed() {
     DropEntry();
-    view_.Activate();
-    view_.RestorePage();
+    view_.ComeBack();
 }
 
 // What comes next builds the view in full, and no field looks edited.

@@ -58,7 +58,7 @@ TEST(FieldNames, EachFieldIsChangedByItsControl) {
     const Words setups[] = {
         {"Relay Option=4-Relay Board", "Analog Option=16 Bit Dual Unipolar"},
         {"Serial Protocol=Modbus ASCII", "optCoord1[0]=1", "optCoord2[0]=1"},
-        {"Display Type=Rmt Dsply C"},
+        {"Display Type=Rmt Dsply C", "Recognition Char=Custom Char"},
         {"Input Option=V-F Converter", "Square Root=1"},
         {"Input Option=V-F Converter", "Function=Batch"},
         {"Function=Batch"},

@@ -99,7 +99,16 @@ TEST(Leaving, OkStoresAndCloses) {
     EntryDesk desk(kClock);
     EXPECT_EQ(desk.Shared.EntryReturn, 1);
     desk.Shared.SetupRefreshOn = false;
+    std::string told;
+    desk.Dialog.Controls.Changed = [&] { told += desk.Dialog.Shown() ? "up " : "hidden "; };
+    desk.Dialog.ShowHourglass = [&](bool shown) { told += shown ? "hourglass " : "done "; };
     EXPECT_EQ(desk.Pump.Took([&] { desk.Dialog.Controls.Click(*desk.Dialog.Controls.Find("cmdOK")); }), 10);
+    EXPECT_EQ(told, "hidden hidden ");
+    desk.Open(kClock);
+    desk.State.EthernetMode = true;
+    told.clear();
+    EXPECT_EQ(desk.Pump.Took([&] { desk.Dialog.Ok(); }), 1010);
+    EXPECT_EQ(told, "hidden hourglass done ");
     EXPECT_FALSE(desk.Dialog.Shown());
     EXPECT_EQ(desk.Shared.EntryReturn, 1);
     EXPECT_EQ(desk.Derived.TimeEntry, 0);

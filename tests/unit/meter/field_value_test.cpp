@@ -94,6 +94,8 @@ TEST(FieldValue, FollowsVersionDisplayAndMode) {
     DigitsPut(clock, 185, "54");
     DigitsPut(clock, 37, "000E4D");
     EXPECT_EQ(ValueOfField(clock, Field::Offset1).Text, "+01. 01. 01");
+    DigitsPut(clock, 199, "00");
+    EXPECT_EQ(ValueOfField(clock, Field::Offset1).Text, "+00. 36. 61") << "a clock that is no stopwatch's";
 }
 
 TEST(FieldValue, TakesThePointOfTheSetupView) {

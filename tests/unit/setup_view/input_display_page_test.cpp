@@ -41,7 +41,7 @@ TEST(InputDisplayPage, BoxesByModeAndRestoredTotals) {
         {"control inputs before 78",    "233=4D; 197=08", "", "cboExtAB=Hold              External Gate       Function Reset"},
         {"control inputs from 78 on",   "233=4E; 197=09", "", "cboExtAB=Alarm 1 Active    Alarm 2 Active      Both 1,2 Active"},
         {"a meter with a panel",        "",       "", "cmdRead.show=0; lblValue.show=0; fraLeadZ.show=1; chkDevStatus.show=1"},
-        {"a meter without",             "type=7", "", "cmdRead.show=1; lblValue.show=1; fraLeadZ.show=0; fraDspyN.show=1; fraAction.show=1"},
+        {"a meter without",             "type=7", "", "cmdRead.show=1; lblValue.show=1; fraLeadZ.show=0; fraDspyN.show=0; fraAction.show=0"},
         {"restored totals: pulses",             "193=4A; 199=C0",           "cboPwrOnTot #1",                 "@197=80; boxes=1; box=Set Pulses per Revolution = 0"},
         {"restored totals: each time",          "193=4A; 199=C0",           "cboPwrOnTot #1; cboPwrOnTot #1", "boxes=2"},
         {"restored totals: no pulses",          "193=4A; 199=C0; 161=0000", "cboPwrOnTot #1",                 "@197=80; boxes=0"},

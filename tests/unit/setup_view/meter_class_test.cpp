@@ -66,7 +66,11 @@ TEST(MeterClass, IsWrittenIntoAConnectedMeterAlone) {
         EXPECT_EQ(bench.Seen("@185"), "04") << c.Name;
         EXPECT_EQ(bench.View.Buttons.picText.Text, "") << c.Name;
         EXPECT_FALSE(bench.Bench.Program.Home.Hourglass) << c.Name;
-        EXPECT_EQ(bench.Seen(std::string(c.Button) + ".back"), "ColorLightGray") << c.Name;
+        for (const char* button : {"cmdQBasic", "cmdQExtended"}) {
+            EXPECT_EQ(bench.Seen(std::string(button) + ".back"),
+                      button == std::string(c.Button) ? "ColorLightGray" : "ColorGray")
+                << c.Name;
+        }
     }
 }
 
@@ -76,6 +80,8 @@ TEST(MeterClass, NothingGoesOutWithoutALinkOrOverModbus) {
         bench.Open();
         bench.Do("cmdQBasic");
         EXPECT_TRUE(bench.Bench.Line.Sent().empty()) << given;
+        EXPECT_EQ(bench.View.Buttons.picText.Text, bench.View.Class.WhyNotWritten()) << given;
+        EXPECT_FALSE(bench.View.Class.WhyNotWritten().empty()) << given;
     }
 }
 

@@ -11,11 +11,11 @@ TEST(OptionBoards, AreShownAndFollowed) {
         {"relay code 1 is four",      "193=29",  "", "cboRlyOpt=4-Relay Board; fraAlarm[4].show=1; fraNumRdgsAlms[1].show=1"},
         {"four relays picked",        "",        "cboRlyOpt #2", "@193=29; fraAlarm[3].show=1; tab3=1"},
         {"no relays",                 "",        "cboRlyOpt #0; !tab 3", "@193=09; tab3=0"},
-        {"a transmitter's one choice stores none", "type=5", "cboRlyOpt #0", "cboRlyOpt.list=2-Relay Board; @193=09; tab3=0"},
+        {"a transmitter's one choice", "type=5", "cboRlyOpt #0", "cboRlyOpt.list=2-Relay Board; @193=49; tab3=1"},
         {"comm code 3",               "193=59",  "", "cboComOpt=RS485/U/E/MB; tab4=1; @193=59"},
         {"no comm board",             "",        "cboComOpt #0", "@193=41; tab4=0"},
         {"no analog board",           "",        "cboAnaOpt #0", "@143=00; tab5=0"},
-        {"none stored",               "143=00",  "cboAnaOpt #1", "@143=01; tab5=1; fraAnaOut.show=0"},
+        {"none stored",               "143=00",  "cboAnaOpt #1", "@143=01; tab5=1; fraAnaOut.show=1"},
         {"boards of a meter are fixed", "frommeter=1", "!cboInOpt #0; !cboRlyOpt #0; !cboComOpt #0", "cboAnaOpt.on=1"},
         {"without a panel",           "type=7; 143=00; 193=48", "", "fraRlyOpt.show=0; fraComOpt.show=0; fraAnaOpt.show=0; tab3=1; tab5=1; tab6=0; cboAnaOpt=16 Bit Uni/Bipolar"},
     });

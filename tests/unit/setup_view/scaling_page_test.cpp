@@ -45,6 +45,7 @@ TEST(ScalingPage, CurveAndRoot) {
         {"another layout has no curve", "199=01; 185=08", "cboFunction #5", "fraItem1[2].show=1; txtScale1[2].on=1; optScale1[2]=1"},
         {"curve picked: no root",     "199=01; 185=06", "cboCusCrv[0] #1", "@185=08; cboCusCrv[0].back=ColorLightYellow; chkSqRt[0]=0; chkSqRt[0].on=0"},
         {"curve 2 without V-F",       "199=01",         "cboCusCrv[0] #2", "@185=0C; cboCusCrv[0].back=ColorRed"},
+        {"curve 2 stored",            "199=01; 185=0C", "",                "cboCusCrv[0].back=ColorRed"},
         {"curve 2 with V-F",          "193=4C; 199=81", "cboCusCrv[0] #2", "@185=0C; cboCusCrv[0].back=ColorLightYellow; cboCusCrv[0]= Curve #2"},
         {"basic meter loses its curve", "193=4C; 199=81; 185=00", "",      "cboCusCrv[0].on=0; cboCusCrv[0]= Disabled"},
         {"root",                      "199=01",         "chkSqRt[0] 1",    "@185=06; txtRd0In[0].on=1; fraRd0In[0].on=1"},
@@ -70,12 +71,12 @@ TEST(ScalingPage, ItemsSlopesAndBatch) {
         {"slope A is the V-F board's",  "193=4C; 199=81", "!cboTrigSlpA[0] #1", "cboTrigSlpA[0].on=0; cboTrigSlpA[0].color=ColorGray"},
         {"batch: bit 7 goes, bit 6 stays",       "171=E8", "",                        "@171=68; cboBatCount=Dn,Preset,All"},
         {"batch: picks",                         "199=02; 171=40", "cboBatCount #6; cboBatStart #1; cboBatReset #1", "@171=75"},
-        {"batch: count of batches, just opened", "199=02; 171=02", "",                "lblItem2[3]= A Grand Total; cboResoln[3].show=1; cboBatItm2=# Batches"},
+        {"batch: count of batches, just opened", "199=02; 171=02", "",                "lblItem2[3]= # Batches; cboResoln[3].show=0; cboBatItm2=# Batches"},
         {"batch: built again: the wrong name",   "199=02; 171=02", "cboFunction #2",  "lblItem2[3]= A Rate + B Rate; cboResoln[3].show=0"},
         {"batch: V-F: the right name",           "193=4C; 199=82; 171=02", "cboFunction #1", "lblItem2[3]= # of Batches; cboBatCount.on=0; @171=02"},
         {"batch: count picked",                  "199=02", "cboBatItm2 #1",           "lblItem2[3]= # Batches; cboResoln[3].show=0; @171=02"},
         {"batch: and left",                      "199=02; 171=02", "cboBatItm2 #0",   "lblItem2[3]= Grand Total; cboResoln[3].show=1; @171=00"},
-        {"batch: behind the last name is none",  "199=50; 171=02", "cboFunction #0",  "lblItem2[0]="},
+        {"batch: no other Function counts them", "171=02",         "cboFunction #0",  "lblItem2[0]= B Rate"},
         {"batch: opened anew: no old selection", "199=02; 171=02", "@171=00; reopen", "lblItem2[3]= A Grand Total; cboBatItm2=Grand Total; cboResoln[3].show=1"},
     });
     // clang-format on

@@ -78,6 +78,7 @@ void SetupBench::Give(const std::string& fact) {
     if (name == "type") session.Identity.MeterType = Number(value);
     if (name == "comms") session.Settings.CommsEnabled = Number(value);
     if (name == "modbus") session.LinkState.ModbusLink = Number(value);
+    if (name == "parity") session.LinkState.ParityIndex = Number(value);
     if (name == "ether") session.LinkState.EthernetMode = Number(value);
     if (name == "nopanel") session.Identity.NoPanelModel = Number(value);
     if (name == "frommeter") session.Identity.SetupFromMeter = Number(value);
@@ -96,6 +97,9 @@ void SetupBench::Do(const std::string& deeds) {
     for (const std::string& deed : Parts(deeds)) {
         if (deed == "reopen") {
             View.Activate();
+        } else if (deed == "help") {
+            View.HelpKey();
+            View.ComeBack();
         } else if (deed[0] == '@') {
             Give(deed.substr(1));
         } else if (deed[0] == '!') {

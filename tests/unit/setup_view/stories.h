@@ -5,7 +5,7 @@
 //
 //   Given  199=30         digits put into the image at a position
 //          type=7         MeterType; likewise comms (CommsEnabled), modbus (ModbusLink), nopanel, frommeter,
-//                         ether
+//                         ether, parity
 //   Does   tab 4          comes to a tab
 //          cboMode #2     picks the entry with that index
 //          chkLF 1        sets a box
@@ -13,6 +13,7 @@
 //          txtMBAddr := 0A  opens digit entry, which stores these digits and closes; "cancel" stores nothing
 //          @201=10        digits put into the image without the view's knowing
 //          reopen         the view comes to the front again
+//          help           F1 and OK
 //          ~tab 5         is done 5 ms later, in the wait of what comes next
 //          !cboCR #1      is refused, and changes nothing in the image
 //   Sees   cboMode=Rate   the selected entry, "(none)" without one; a text, a caption, or 0 and 1

@@ -156,6 +156,9 @@ TEST(HomeView, HeadingsRestoreTheScreenAndKeepTheirTopic) {
     EXPECT_FALSE(bench.Home.cmdOK.Visible);
     bench.Press("cmdMenuHelp");
     EXPECT_EQ(bench.Program.Views.HelpId, 3101);
+    bench.Program.Views.HelpId = 1156;  // of a view that was left
+    bench.Home.Activate();
+    EXPECT_EQ(bench.Program.Views.HelpId, 3101);
     EXPECT_FALSE(bench.Home.cmdMenuHelp.Visible);
     bench.Press("cmdOK");
     EXPECT_TRUE(bench.Home.cmdMenuHelp.Visible);
