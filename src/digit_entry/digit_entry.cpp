@@ -190,6 +190,7 @@ void DigitEntry::Ok() {
     if (!StoreDigits()) return;
     Close();
     work_.Derived.TimeEntry = 0;
+    Controls.TellChanged();  // the dialog is hidden before the pause
     LinkDelay(work_.Line, kAfterDialogMs);
     work_.State.SetupRefreshOn = true;
 }

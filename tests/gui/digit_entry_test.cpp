@@ -111,17 +111,49 @@ TEST(DigitEntryDialog, APointOnOkMovesTheFreePoint) {
     EXPECT_EQ(PartOf(window, "txtDigit[6]")->accessibleDescription(), QString::fromLatin1("\0.", 2));
 }
 
-TEST(DigitEntryDialog, ASecondPressDuringThePauseStoresNothingMore) {
+// It is hidden in the pause after OK: presses on it store nothing more, and the field that is clicked then is
+// the next one.
+TEST(DigitEntryDialog, InThePauseAfterOkItIsGoneAndTheNextFieldWaits) {
     SetupWindow window("199=50 185=55");  // seconds as a clock value
     window.ClickTab(kScalingTab);
     window.Click("txtOffset1[0]");
-    window.Pump.After(5, [&window] {
+    bool shown = true;
+    window.Pump.After(5, [&] {
+        shown = window.Page->Entry().isVisible();
         QTest::mouseClick(PartOf(window, "cmdOK"), Qt::LeftButton);
         QTest::keyClick(PartOf(window, "digits"), Qt::Key_Escape);
+        window.Click("txtScale1[0]");
     });
     DoAll(window, "+010101 ok");
+    EXPECT_FALSE(shown);
     EXPECT_EQ(window.Digits(37, 6), "000E4D") << "3661 seconds";
+    EXPECT_TRUE(window.Page->Entry().isVisible());
+    DoAll(window, "-200000 ok");
+    EXPECT_EQ(window.Of("txtScale1[0]").Text, " -2.00000");
     EXPECT_FALSE(window.Page->Entry().isVisible());
+}
+
+// A view that is left in that pause is not built any more.
+TEST(DigitEntryDialog, APageThatIsPutAwayInThePauseStaysAway) {
+    SetupWindow window("157=00");  // a Display Item that the view repairs
+    window.Click("txtGateTime");
+    window.Pump.After(5, [&] {
+        window.Page->PutAway();
+        DigitsPut(window.Program.Image, 157, "00");
+    });
+    DoAll(window, "01250 ok");
+    EXPECT_EQ(window.Digits(157, 2), "00");
+}
+
+TEST(DigitEntryDialog, ARefusedByteIsTypedAnew) {
+    SetupWindow window("193=39 109=04");
+    window.ClickTab(kCommunicationTab);
+    window.Click("txtMBAddr");
+    DoAll(window, "256 ok");
+    EXPECT_EQ(window.Boxes.Beeps, 1);
+    EXPECT_EQ(window.Page->Entry().focusWidget()->objectName(), "digits");
+    DoAll(window, "107 ok");
+    EXPECT_EQ(window.Digits(111, 2), "6B");
 }
 
 TEST(DigitEntryDialog, F1ClosesItForTheHelpOfItsField) {

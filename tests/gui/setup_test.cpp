@@ -168,6 +168,7 @@ TEST(SetupPage, F1HelpsWithTheFocusAndKeepsThePage) {
     window.Pump.Settle();
     EXPECT_EQ(window.Tabs().currentIndex(), kCommunicationTab);
     EXPECT_EQ(static_cast<QComboBox*>(list)->currentIndex(), entry);
+    window.Program.Views.PageTab = kInputTab;  // of an earlier help
     window.Of("lblAscTbl").Visible = true;
     window.View.Controls.TellChanged();
     QWidget* table = window.WidgetOf("lblAscTbl");
@@ -176,6 +177,8 @@ TEST(SetupPage, F1HelpsWithTheFocusAndKeepsThePage) {
     helped = 0;
     QTest::keyClick(table, Qt::Key_Space);
     EXPECT_EQ(helped, 1138);
+    window.Page->HelpClosed();
+    EXPECT_EQ(window.Tabs().currentIndex(), kCommunicationTab) << "where the table was asked for";
 }
 
 // What a user's Tab key comes past on the page, until it is back at the tabs.

@@ -46,6 +46,8 @@ class SetupPage : public ViewPage {
     void ShowAll();
     void ShowTabs();
     void MoveFocus(const Control& control);
+    void OpenEntry();
+    void CloseEntry();
     void DropEntry();
 
     SetupView& view_;
@@ -54,6 +56,8 @@ class SetupPage : public ViewPage {
     DigitEntry entry_;
     QTabWidget* tabs_;
     DigitEntryDialog* dialog_;
+    Control* edited_ = nullptr;  // the field of the digit entry that was opened last
+    Control* wanted_ = nullptr;  // the one to come after it
     bool showingTabs_ = false;
 };
 
