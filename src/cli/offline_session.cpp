@@ -38,7 +38,7 @@ void OfflineSession::Begin(const SetupImage& image) {
 
 void OfflineSession::ImageIsFromMeter() {
     session_.Identity.SetupFromMeter = true;
-    TakeIdentityOfImage();
+    if (!session_.LinkState.ModbusLink) TakeIdentityOfImage();
 }
 
 void OfflineSession::TakeIdentityOfImage() {

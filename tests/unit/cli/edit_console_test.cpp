@@ -59,7 +59,7 @@ TEST(EditByHand, TheReadLoopAndAnEndedProgram) {
         << bench.Err;
     EXPECT_NE(bench.Err.find("  cboBaudRate  300  ->  9600\n"), std::string::npos) << bench.Err;
     bench.Store.Contents["home/Settings.SSS"] = "3501000100100831810000\r\n2711000000000000F6CB00000000\r\n";
-    EXPECT_EQ(bench.Run({"edit", "d", "--out", "e"}, "tab 0\n"), 0);
+    EXPECT_EQ(bench.Run({"edit", "d", "--out", "e"}, "tab 0\n"), 1);
     EXPECT_EQ(bench.Err.find("edit> "), std::string::npos) << "nothing can be asked for any more";
     EXPECT_EQ(bench.Store.Contents.count("e"), 0U);
 }

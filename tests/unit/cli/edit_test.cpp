@@ -26,7 +26,7 @@ TEST(Edit, EveryActionWritesItsField) {
         {"cancel",                     "cancel txtSetpt[1] -012345",                     55, "002710"},
         {"cancel behind Enter",        "cancel txtSetpt[1] -012345~",                    55, "FFCFC7"},
         {"byte",                       "select cboProtocol #1\nenter txtMBAddr 255",    111, "FF"},
-        {"byte that is too large",     "select cboProtocol #1\nenter txtMBAddr 256",    111, "01"},
+        {"byte that is too large",     "select cboProtocol #1\nenter txtMBAddr 256~\nenter txtMBAddr 007", 111, "07"},
         {"blanks, tab, CR, comment",   "\ttab  4\t# the last\r\nselect cboBaudRate #6 # fast", 191, "60"},
         {"comment right behind",       "check chkLF 1#set",                             189, "A1"},
         {"keys and a comment",         "enter txtSetpt[1] -012345 #",                    55, "FFCFC7"},
@@ -125,6 +125,10 @@ TEST(Edit, SettingsOrImageSayWhichMeterIsMeant) {
     bench.SetUp("07", 235);
     EXPECT_EQ(bench.Run({"edit", "d", "--from-meter", "--json"}), 0);
     EXPECT_EQ(bench.Shown("cmdRead")["visible"], true) << "the meter's kind comes from the image";
+    bench.Store.Contents["home/Settings.SSS"] = "3501110100100830010000\r\n2711000000000000F6CB00000000\r\n";
+    EXPECT_EQ(bench.Run({"edit", "d", "--from-meter", "--json"}), 0) << bench.Err;
+    EXPECT_EQ(bench.Shown("cmdRead")["visible"], false) << "over Modbus from the settings";
+    EXPECT_EQ(bench.Shown("cboRlyOpt")["enabled"], false);
 }
 
 // The loop runs until its button is pressed again; the actions after the first press run within it.
@@ -179,7 +183,9 @@ TEST(Edit, AMessageMayEndTheProgram) {
     bench.Store.Contents["home/Settings.SSS"] = "3501000100100831810000\r\n2711000000000000F6CB00000000\r\n";
     EXPECT_EQ(bench.Edit("tab 0"), 1) << "settings of another program";
     EXPECT_EQ(bench.Store.Contents.count("e"), 0U);
-    EXPECT_EQ(bench.Edit(""), 0);
+    EXPECT_EQ(bench.Edit(""), 1);
+    EXPECT_EQ(bench.LastErrLine(), "counterctl: the program has ended");
+    EXPECT_EQ(bench.View()["ended"], true);
     EXPECT_EQ(bench.View()["messages"][0]["title"], "Program Error");
     EXPECT_EQ(bench.Store.Contents.count("e"), 0U) << "a program that ended keeps no setup";
 }
