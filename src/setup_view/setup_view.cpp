@@ -30,6 +30,7 @@ void SetupView::Load() {
 }
 
 void SetupView::Activate() {
+    onShow_ = true;
     if (Program.Views.EntryReturn == 1) {
         Program.Views.EntryReturn = 0;
         ViewRefresh();
@@ -37,6 +38,11 @@ void SetupView::Activate() {
         Build();
     }
     Controls.TellChanged();
+}
+
+void SetupView::PutAway() {
+    onShow_ = false;
+    Buttons.StopReading();
 }
 
 void SetupView::Build() {
@@ -116,6 +122,7 @@ void SetupView::CameTo(int tab) {
 }
 
 void SetupView::Focus(Control& control) {
+    if (!onShow_) return;
     Program.Views.HelpId = control.HelpNumber;
     if (TakeFocus) TakeFocus(control);
 }

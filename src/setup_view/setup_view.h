@@ -49,6 +49,9 @@ class SetupView {
     // depends on values and stays on its page; otherwise it is built from the image, on the first page.
     // An analog board that the meter can't drive ends the process after a message box.
     void Activate();
+    // The view is put away: it ends the Read loop, and moves neither focus nor help number until it comes to
+    // the front again.
+    void PutAway();
     // Digit entry has closed, by whichever button: Activate, and what the entered field rules beside it.
     void EntryClosed();
     // F1: remembers the page in Views.PageTab and calls OpenHelp with the help number in force.
@@ -137,6 +140,7 @@ class SetupView {
 
     // From the beginning of a build to its end, handlers stay dead whatever the operations within it do.
     bool opening_ = false;
+    bool onShow_ = false;
 };
 
 }  // namespace counter

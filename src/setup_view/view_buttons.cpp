@@ -36,7 +36,7 @@ ViewButtons::ViewButtons(SetupView& view) : Page(view, kEveryTab) {
 void ViewButtons::Wire() {
     Controls().On(tabSetup, [this](Control& strip) { View.CameTo(strip.ListIndex); });
     Controls().On(cmdMainMenu, [this](Control&) {
-        StopReading();
+        View.PutAway();
         if (View.ShowMainMenu) View.ShowMainMenu();
     });
     Controls().On(cmdRead, [this](Control&) { PressRead(); });

@@ -78,6 +78,7 @@ void HomeView::Load() {
 void HomeView::Activate() {
     if (CloseViews) CloseViews();
     session_.Home.Hourglass = false;
+    session_.Views.HelpId = kHomeHelpTopic;  // not what the view that was left had touched last
     const bool comms = session_.Settings.CommsEnabled != Comms::NoLink;
     Menu(HomeItem::Counter).Enabled = comms;
     if (!comms) session_.Identity.SetupFromMeter = false;

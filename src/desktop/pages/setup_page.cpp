@@ -94,6 +94,7 @@ QWidget* SetupPage::MakeFoot() {
 
 void SetupPage::Connect() {
     view_.Controls.Changed = [this] { ShowAll(); };
+    bound_.Refused = [this](const Control&, Refusal) { ShowAll(); };
     view_.OpenDigitEntry = [this] { OpenEntry(); };
     // Whatever asks for help, the page on show is the one to come back to.
     view_.OpenHelp = [this](int helpNumber) {
@@ -128,15 +129,16 @@ void SetupPage::CloseEntry() {
     if (Control* next = std::exchange(wanted_, nullptr)) view_.Controls.Click(*next);
 }
 
+// The help number comes first: the view may be left again while it is built.
 void SetupPage::ComeToFront() {
     DropEntry();
-    view_.Activate();
     view_.Controls.Focus(view_.Buttons.tabSetup);
+    view_.Activate();
 }
 
 void SetupPage::PutAway() {
     DropEntry();
-    view_.Buttons.StopReading();
+    view_.PutAway();
 }
 
 void SetupPage::Leave() {
@@ -165,6 +167,20 @@ void SetupPage::MoveFocus(const Control& control) {
 void SetupPage::ShowAll() {
     bound_.Refresh();
     layout_.Follow();
+    ShowWhy();
+}
+
+// What is disabled says why under the pointer.
+void SetupPage::ShowWhy() {
+    for (const Control& control : view_.Controls) {
+        QWidget* widget = bound_.WidgetOf(control);
+        if (!widget || widget->focusPolicy() == Qt::NoFocus || control.Kind == ControlKind::TabStrip)
+            continue;
+        const bool disabled = view_.Controls.Reach(control) == Refusal::Disabled;
+        const QString why = QtText(view_.WhyRefused(Refusal::Disabled, control));
+        const QString tip = disabled ? widget->accessibleName() + ' ' + why : QString();
+        if (widget->toolTip() != tip) widget->setToolTip(tip);
+    }
 }
 
 // A tab that isn't offered stays where it is and says why. The one on show is never disabled, or the strip

@@ -32,6 +32,7 @@ class SetupPage : public ViewPage {
     // The view is rebuilt and comes back to the page on which help was asked for.
     void HelpClosed();
 
+    const SetupView& View() const { return view_; }
     const Binder& Bound() const { return bound_; }
     DigitEntryDialog& Entry() { return *dialog_; }
 
@@ -45,6 +46,7 @@ class SetupPage : public ViewPage {
     void Connect();
     void ShowAll();
     void ShowTabs();
+    void ShowWhy();
     void MoveFocus(const Control& control);
     void OpenEntry();
     void CloseEntry();
