@@ -59,6 +59,11 @@ void OnEveryPage(const Look& look) {
     }
 }
 
+bool TakesFocus(const Control& control) {
+    return control.Kind != ControlKind::Frame && control.Kind != ControlKind::Label &&
+           control.Kind != ControlKind::Picture && control.Kind != ControlKind::TabStrip;
+}
+
 TEST(SetupPage, WidgetsFollowTheFormOnEveryPage) {
     OnEveryPage(ExpectSame);
 }
@@ -125,11 +130,18 @@ TEST(SetupPage, AControlThatIsRefusedSaysWhy) {
     SetupWindow window;
     window.ClickTab(kScalingTab);
     QWidget *low = window.WidgetOf("txtLoIn1[0]"), *scale = window.WidgetOf("txtScale1[0]");
-    EXPECT_EQ(low->toolTip(), "Low In 1 is disabled");
+    EXPECT_EQ(low->toolTip(), "Low In 1 is disabled. The scale or a curve is in force.");
     EXPECT_EQ(scale->toolTip(), "");
     window.Of("txtScale1[0]").Enabled = false;  // and not shown yet
     window.Click("txtScale1[0]");
-    EXPECT_EQ(scale->toolTip(), "Scale 1 is disabled");
+    EXPECT_EQ(scale->toolTip(), "Scale 1 is disabled. The coordinates or a curve are in force.");
+    OnEveryPage([](const SetupWindow& shown, const std::string& when) {
+        for (const Control& control : shown.View.Controls) {
+            if (!TakesFocus(control) || shown.View.Controls.Reach(control) != Refusal::Disabled) continue;
+            EXPECT_TRUE(shown.Page->Bound().WidgetOf(control)->toolTip().endsWith('.'))
+                << when << ": no reason for " << control.FullName();
+        }
+    });
 }
 
 TEST(SetupPage, F1HelpsWithTheFocusAndKeepsThePage) {
@@ -175,11 +187,6 @@ std::vector<QWidget*> TabOrder(SetupWindow& window) {
         order.push_back(QApplication::focusWidget());
     }
     return order;
-}
-
-bool TakesFocus(const Control& control) {
-    return control.Kind != ControlKind::Frame && control.Kind != ControlKind::Label &&
-           control.Kind != ControlKind::Picture && control.Kind != ControlKind::TabStrip;
 }
 
 TEST(SetupPage, TabReachesEveryEnabledControlInReadingOrder) {

@@ -243,8 +243,7 @@ void Binder::MoveFocus(const Control& control) {
     const bool before = movingFocus_;
     movingFocus_ = true;
     Refresh();  // a widget that was hidden or disabled takes no focus
-    // On a page that is put away it would take it all the same, and with it the keys of the page on show.
-    if (widget->isVisibleTo(widget->window())) widget->setFocus(Qt::OtherFocusReason);
+    widget->setFocus(Qt::OtherFocusReason);
     movingFocus_ = before;
 }
 

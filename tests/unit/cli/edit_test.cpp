@@ -73,8 +73,9 @@ TEST(Edit, WhatAUserCouldNotDoIsRefused) {
         {"enter txtSetpt[x] +1",
          "line 1: 'txtSetpt[x]' is not a control's name and index, as in txtSetpt[1]"},
         {"enter txtSetpt[3] +1", "line 1: txtSetpt[3] is hidden"},
-        {"enter txtLoIn1[0] +1", "line 1: txtLoIn1[0] is disabled"},
-        {"check chkAlmData 1\nselect cboDVal #1", "line 2: cboDVal is disabled"},
+        {"enter txtLoIn1[0] +1", "line 1: txtLoIn1[0] is disabled. The scale or a curve is in force."},
+        {"check chkAlmData 1\nselect cboDVal #1",
+         "line 2: cboDVal is disabled. This Mode and Function filter no item."},
         {"click cmdMainMenu\ntab 0", "line 2: the Setup view was left for the main menu"},
     };
     for (const auto& c : cases) {
@@ -114,7 +115,8 @@ TEST(Edit, SettingsOrImageSayWhichMeterIsMeant) {
     EXPECT_EQ(bench.Shown("cboRlyOpt")["enabled"], true);
     EXPECT_EQ(bench.Run({"edit", "d", "--from-meter"}, "select cboRlyOpt #0"), 1)
         << "a meter's boards are fixed";
-    EXPECT_EQ(bench.Err, "counterctl: line 1: cboRlyOpt is disabled\n");
+    EXPECT_EQ(bench.Err,
+              "counterctl: line 1: cboRlyOpt is disabled. The boards of a meter that was read are fixed.\n");
     bench.Store.Contents["home/Settings.SSS"] = "7501000100100830010000\r\n2711000000000000F6CB00000000\r\n";
     EXPECT_EQ(bench.Edit(""), 0);
     EXPECT_EQ(bench.Shown("cmdRead")["visible"], true);
