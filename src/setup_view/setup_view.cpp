@@ -41,8 +41,8 @@ void SetupView::Activate() {
 }
 
 void SetupView::PutAway() {
-    onShow_ = false;
     Buttons.StopReading();
+    onShow_ = false;
 }
 
 void SetupView::Build() {

@@ -63,6 +63,7 @@ constexpr Entry kEntries[] = {
     {"Tab to OK",             0, "txtGateTime", "01250 tab space",  177, "04E2", "012.50",    false, 0},
     {"Tab, Enter on Cancel",  0, "txtGateTime", "01250 tab tab enter", 177, "",  "",          false, 0},
     {"and back",              0, "txtGateTime", "tab back 01250 ok", 177, "04E2", "012.50",   false, 0},
+    {"a refused byte, anew",  4, "txtCusRecog", "256 ok 107 ok",    149, "6B",   "107",       false, 1},
     {"a sign",                1, "txtScale1[0]", "-200000 ok",       43, "",     " -2.00000", false, 0},
 };
 // clang-format on
@@ -131,29 +132,6 @@ TEST(DigitEntryDialog, InThePauseAfterOkItIsGoneAndTheNextFieldWaits) {
     DoAll(window, "-200000 ok");
     EXPECT_EQ(window.Of("txtScale1[0]").Text, " -2.00000");
     EXPECT_FALSE(window.Page->Entry().isVisible());
-}
-
-// A view that is left in that pause is not built any more.
-TEST(DigitEntryDialog, APageThatIsPutAwayInThePauseStaysAway) {
-    SetupWindow window("157=00");  // a Display Item that the view repairs
-    window.Click("txtGateTime");
-    window.Pump.After(5, [&] {
-        window.Page->PutAway();
-        DigitsPut(window.Program.Image, 157, "00");
-    });
-    DoAll(window, "01250 ok");
-    EXPECT_EQ(window.Digits(157, 2), "00");
-}
-
-TEST(DigitEntryDialog, ARefusedByteIsTypedAnew) {
-    SetupWindow window("193=39 109=04");
-    window.ClickTab(kCommunicationTab);
-    window.Click("txtMBAddr");
-    DoAll(window, "256 ok");
-    EXPECT_EQ(window.Boxes.Beeps, 1);
-    EXPECT_EQ(window.Page->Entry().focusWidget()->objectName(), "digits");
-    DoAll(window, "107 ok");
-    EXPECT_EQ(window.Digits(111, 2), "6B");
 }
 
 TEST(DigitEntryDialog, F1ClosesItForTheHelpOfItsField) {
