@@ -23,17 +23,24 @@ Status ReadScript(const CommandCall& call, std::string& script) {
     return {};
 }
 
-// A refused script writes nothing. A program that a message ended has no setup to keep: its view was never
-// whole.
+// A program that a message ended has no setup to keep: its view was never whole. The document tells of it.
+int FinishEnded(const CommandCall& call, SetupRun& run) {
+    if (call.Json) WriteJson(call, SetupJson(run));
+    return RefuseCall(call, "the program has ended");
+}
+
+// A refused script writes nothing.
 int FinishScript(const CommandCall& call, const ScriptPlayer& player, SetupRun& run) {
     if (!player.Wrong().empty()) return RefuseCall(call, player.Wrong());
-    if (const int status = run.Ended() ? kDone : run.Save(); status != kDone) return status;
+    if (run.Ended()) return FinishEnded(call, run);
+    if (const int status = run.Save(); status != kDone) return status;
     if (call.Json) WriteJson(call, SetupJson(run));
     return kDone;
 }
 
 int FinishByHand(const CommandCall& call, const EditConsole& console, SetupRun& run) {
-    const bool keep = !console.Quit() && !run.Ended();
+    if (run.Ended()) return FinishEnded(call, run);
+    const bool keep = !console.Quit();
     if (const int status = keep ? run.Save() : kDone; status != kDone) return status;
     call.World.Err << (keep ? call.OutPath() + " is written\n" : "nothing is written\n");
     if (call.Json) WriteJson(call, SetupJson(run));

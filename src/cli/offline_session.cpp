@@ -50,7 +50,7 @@ Status OfflineSession::WriteHeld() {
 
 void OfflineSession::ImageIsFromMeter() {
     session_.Identity.SetupFromMeter = true;
-    TakeIdentityOfImage();
+    if (!session_.LinkState.ModbusLink) TakeIdentityOfImage();
 }
 
 void OfflineSession::TakeIdentityOfImage() {

@@ -58,7 +58,8 @@ class OfflineSession {
     // for the port. Without settings there is no link, and the meter is the one that the image names.
     // Settings of another program end this one.
     void Begin(const SetupImage& image);
-    // The image counts as the result of a good Get Setup, which tells the meter's kind and version.
+    // The image counts as the result of a good Get Setup, which over Custom ASCII tells the meter's kind and
+    // version; over Modbus they stay those of the settings.
     void ImageIsFromMeter();
 
     // Writes what the view has changed of the settings: only once the run is known to be good.

@@ -1,6 +1,7 @@
 #include "desktop/main_window.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
@@ -20,9 +21,15 @@ MainWindow::MainWindow() : stack_(new QStackedWidget(this)) {
     const QSize room = screen() ? screen()->availableSize() : kWindowSize;
     resize(kWindowSize.boundedTo(room));
     auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
-    QObject::connect(help, &QShortcut::activated, this, [this] {
-        if (current_) current_->HelpKey();
-    });
+    QObject::connect(help, &QShortcut::activated, this, [this] { Help(); });
+}
+
+void MainWindow::Help() {
+    if (current_) current_->HelpKey();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    event->key() == Qt::Key_F1 ? Help() : QMainWindow::keyPressEvent(event);
 }
 
 void MainWindow::ShowPage(ViewPage* page, bool withMenu) {

@@ -21,10 +21,14 @@ class MainWindow : public QMainWindow {
     void ShowTitle() { setWindowTitle(current_ ? current_->Title() : QString()); }
 
   protected:
+    // F1 out of a list that was dropped down; otherwise the shortcut takes it.
+    void keyPressEvent(QKeyEvent* event) override;
     // The window's own button leaves the page on show: from the home page that is the end of the program.
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void Help();
+
     QStackedWidget* stack_;
     ViewPage* current_ = nullptr;
     bool leaving_ = false;

@@ -48,7 +48,8 @@ bool HelpView::Open(int helpId, HelpFrom from) {
     const std::optional<std::string> text = FirstText(session_.Folder.Store, folders_, helpId);
     shown_ = text.has_value();
     if (!shown_) {
-        GiveBack();
+        Vanish();
+        PutPageBack();
         return false;
     }
     if (FixedPitch) {
@@ -63,19 +64,18 @@ bool HelpView::Open(int helpId, HelpFrom from) {
 
 void HelpView::Ok() {
     shown_ = false;
-    if (from_ == HelpFrom::Menu && ClearMenuMark) ClearMenuMark();
-    if (Unload) Unload();
+    Vanish();
     LinkDelay(session_.Link, kBehindWindowMs);
     PutPageBack();
 }
 
-// The view behind reloads in full on coming to the front, so its page is put back also where there was
-// nothing to show: help never moves the user off the page.
-void HelpView::GiveBack() {
+void HelpView::Vanish() {
+    if (from_ == HelpFrom::Menu && ClearMenuMark) ClearMenuMark();
     if (Unload) Unload();
-    PutPageBack();
 }
 
+// The view behind reloads in full on coming to the front, so its page is put back also where there was
+// nothing to show: help never moves the user off the page.
 void HelpView::PutPageBack() {
     if (from_ == HelpFrom::Setup && RestorePage) RestorePage();
 }

@@ -53,7 +53,7 @@ class HelpView {
 
   private:
     void EndEntry();
-    void GiveBack();
+    void Vanish();
     void PutPageBack();
 
     Session& session_;

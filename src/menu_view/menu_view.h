@@ -31,6 +31,8 @@ inline constexpr std::string_view kMainMenuCaption = "Main Menu";
 // Help of the multiplier grids, whatever the pointer event.
 inline constexpr int kScale1HelpId = 2213;
 inline constexpr int kScale2HelpId = 2219;
+// Of the setpoints, whose rows have no help of their own: the Setup view's, which tells of the ALARM key.
+inline constexpr int kSetpointHelpId = 1168;
 
 struct MenuRow {
     ShortText<12> Name;  // with the blank in front

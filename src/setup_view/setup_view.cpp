@@ -32,6 +32,7 @@ void SetupView::Load() {
 }
 
 void SetupView::Activate() {
+    onShow_ = true;
     if (Program.Views.EntryReturn == 1) {
         Program.Views.EntryReturn = 0;
         ViewRefresh();

@@ -74,7 +74,8 @@ class SetupView {
 
     // --- Why something can't be reached now ---
 
-    // Why an action on a control was refused: "is hidden"; of a tab that isn't offered with WhyNotOffered.
+    // Why an action on a control was refused: "is hidden"; of a tab that isn't offered with WhyNotOffered, of
+    // a control that a rule has disabled with the rule, in a sentence.
     std::string WhyRefused(Refusal refusal, const Control& control) const;
     // A sentence; empty for a tab that is offered.
     std::string_view WhyNotOffered(int tab) const;

@@ -1,9 +1,10 @@
-// Which tabs of the Setup view are offered, and why the others are not.
+// Which tabs of the Setup view are offered, and why the others, and single controls, can't be reached.
 #include "setup_view/tabs.h"
 
 #include "meter/meter_words.h"
 #include "meter/mode_tables.h"
 #include "setup_view/setup_view.h"
+#include "setup_view/why_disabled.h"
 
 namespace counter {
 
@@ -18,9 +19,11 @@ void SetupView::OfferByDisplayType() {
 }
 
 std::string SetupView::WhyRefused(Refusal refusal, const Control& control) const {
-    std::string why(RefusalText(refusal));
-    if (refusal == Refusal::TabNotOffered) why += ". " + std::string(WhyNotOffered(control.Tab));
-    return why;
+    const std::string why(RefusalText(refusal));
+    std::string_view reason;
+    if (refusal == Refusal::TabNotOffered) reason = WhyNotOffered(control.Tab);
+    if (refusal == Refusal::Disabled) reason = WhyDisabled(control.Name);
+    return reason.empty() ? why : why + ". " + std::string(reason);
 }
 
 std::string_view SetupView::WhyNotOffered(int tab) const {

@@ -63,6 +63,7 @@ constexpr Entry kEntries[] = {
     {"Tab to OK",             0, "txtGateTime", "01250 tab space",  177, "04E2", "012.50",    false, 0},
     {"Tab, Enter on Cancel",  0, "txtGateTime", "01250 tab tab enter", 177, "",  "",          false, 0},
     {"and back",              0, "txtGateTime", "tab back 01250 ok", 177, "04E2", "012.50",   false, 0},
+    {"a refused byte, anew",  4, "txtCusRecog", "256 ok 107 ok",    149, "6B",   "107",       false, 1},
     {"a sign",                1, "txtScale1[0]", "-200000 ok",       43, "",     " -2.00000", false, 0},
 };
 // clang-format on
@@ -111,16 +112,25 @@ TEST(DigitEntryDialog, APointOnOkMovesTheFreePoint) {
     EXPECT_EQ(PartOf(window, "txtDigit[6]")->accessibleDescription(), QString::fromLatin1("\0.", 2));
 }
 
-TEST(DigitEntryDialog, ASecondPressDuringThePauseStoresNothingMore) {
+// It is hidden in the pause after OK: presses on it store nothing more, and the field that is clicked then is
+// the next one.
+TEST(DigitEntryDialog, InThePauseAfterOkItIsGoneAndTheNextFieldWaits) {
     SetupWindow window("199=50 185=55");  // seconds as a clock value
     window.ClickTab(kScalingTab);
     window.Click("txtOffset1[0]");
-    window.Pump.After(5, [&window] {
+    bool shown = true;
+    window.Pump.After(5, [&] {
+        shown = window.Page->Entry().isVisible();
         QTest::mouseClick(PartOf(window, "cmdOK"), Qt::LeftButton);
         QTest::keyClick(PartOf(window, "digits"), Qt::Key_Escape);
+        window.Click("txtScale1[0]");
     });
     DoAll(window, "+010101 ok");
+    EXPECT_FALSE(shown);
     EXPECT_EQ(window.Digits(37, 6), "000E4D") << "3661 seconds";
+    EXPECT_TRUE(window.Page->Entry().isVisible());
+    DoAll(window, "-200000 ok");
+    EXPECT_EQ(window.Of("txtScale1[0]").Text, " -2.00000");
     EXPECT_FALSE(window.Page->Entry().isVisible());
 }
 

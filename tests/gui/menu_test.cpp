@@ -176,7 +176,10 @@ TEST(MenuPage, ARowThatIsClickedOpensItsHelpAndNothingElseDoes) {
         EXPECT_TRUE(bench.Grid(c.Grid).HasMark());
     }
     bench.Opened.clear();
-    bench.Click(bench.Grid("grdSetPt"), 1, Qt::LeftButton);
+    for (const char* name : {"grdSetPt", "grdInput"}) {
+        bench.Click(bench.Grid(name), 1, Qt::LeftButton);
+        EXPECT_FALSE(bench.Grid(name).HasMark()) << name;
+    }
     const QPoint belowAll(20, bench.Main().viewport()->height() - 2);
     ASSERT_EQ(bench.Main().rowAt(belowAll.y()), -1);
     QTest::mouseClick(bench.Main().viewport(), Qt::LeftButton, {}, belowAll);
@@ -210,10 +213,13 @@ TEST(MenuPage, TheKeysMoveAndAskForHelp) {
     EXPECT_EQ(grid.CurrentRow(), 1);
     bench.Page->HelpKey();
     QTest::keyClick(&grid, Qt::Key_Return);
-    bench.Grid("grdScale2").setFocus();
-    bench.Page->HelpKey();
-    const std::vector<std::pair<int, HelpPlace>> opened = {
-        {2201, HelpPlace::RightEdge}, {2201, HelpPlace::RightEdge}, {2219, HelpPlace::RightEdge}};
+    QTest::keyClick(&grid, Qt::Key_Down);
+    for (const char* name : {"grdScale2", "grdInput", "grdSetPt"}) {
+        bench.Grid(name).setFocus();
+        bench.Page->HelpKey();
+    }
+    std::vector<std::pair<int, HelpPlace>> opened;
+    for (const int helpId : {2201, 2201, 2219, 2201, 1168}) opened.emplace_back(helpId, HelpPlace::RightEdge);
     EXPECT_EQ(bench.Opened, opened);
     QTest::keyClick(&grid, Qt::Key_Down);
     bench.Page->ClearMark();

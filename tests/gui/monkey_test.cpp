@@ -12,6 +12,7 @@
 
 #include "support/monkey.h"
 #include "support/node_net.h"
+#include "support/setup_shown.h"
 #include "support/temp_folder.h"
 #include "support/truth.h"
 
@@ -141,6 +142,20 @@ void ExpectAtRest(World& world) {
     world.Desk().Home().Exit();
 }
 
+// Between two acts and with no wait under way, the window shows what the view on show says.
+template <class World>
+void LookAtView(World& world) {
+    const Session& program = world.Bench.Program;
+    if (world.Bench.Pump.Reasons().find('>') != std::string::npos) return;
+    const ViewPage* page = world.Desk().Window().Current();
+    if (const auto* setup = dynamic_cast<const SetupPage*>(page)) {
+        ExpectShown(*setup, "on show");
+        ExpectInView(*setup, program.Views.HelpId);
+    } else if (page == world.Desk().PageOf(ViewId::Home)) {
+        EXPECT_NE(program.Views.HelpId / 100, 11) << "help of the Setup view";
+    }
+}
+
 // On a calm day nothing fails and the user stays; otherwise anything may happen.
 template <class World>
 void Play(Dice& dice, bool calm, int acts) {
@@ -152,7 +167,10 @@ void Play(Dice& dice, bool calm, int acts) {
         if (calm || dice.OneIn(2)) return "another path";
         return dice.OneIn(3) ? (world.Heal(), "healed") : world.Break(dice);
     });
-    monkey.AfterAct = [&truth] { truth.Look(); };
+    monkey.AfterAct = [&] {
+        truth.Look();
+        LookAtView(world);
+    };
     int status = -1;
     try {
         world.LogIn();

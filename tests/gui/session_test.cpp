@@ -46,6 +46,22 @@ TEST(DesktopSession, FromGetOverEditAndFilesToPutAndExit) {
     EXPECT_EQ(ExitOf([&] { bench.Choose("mnuExit"); }), 0);
 }
 
+// The window goes home in the middle of the write: focus and help are the home view's from then on.
+TEST(DesktopSession, AViewThatWasLeftMovesNeitherFocusNorHelp) {
+    GuiBench bench;
+    bench.Choose("mnuGet");
+    bench.Choose("mnuSetup");
+    const std::string digits = bench.Program.Image.SetupData;
+    bench.Pump.After(150, [&] { bench.Click("cmdMainMenu"); });
+    bench.Click("cmdQBasic");
+    ASSERT_EQ(bench.Desk->Window().windowTitle(), "COUNTER MAIN  MENU");
+    ASSERT_NE(bench.Desk->Window().focusWidget(), nullptr);
+    EXPECT_TRUE(bench.Desk->Window().focusWidget()->isVisible());
+    QTest::keyClick(bench.Desk->Window().focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(bench.Program.Image.SetupData, digits);
+    EXPECT_EQ(bench.Program.Views.HelpId, 3101);
+}
+
 TEST(DesktopSession, NothingIsClippedInAnyViewAtAnyScale) {
     for (const double factor : {1.0, 1.5, 2.0}) {
         const FontScale font(factor);

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "desktop/kit/column_list.h"
+#include "support/setup_shown.h"
 #include "support/setup_window.h"
 #include "support/whole.h"
 
@@ -43,42 +44,8 @@ TEST(SetupPage, NamesMatchBothWays) {
     }
 }
 
-// What a widget shows that differs from what its control says; an empty text: nothing.
-std::string Difference(const SetupWindow& window, const Control& control) {
-    const QWidget* widget = window.Page->Bound().WidgetOf(control);
-    bool enabled = control.Enabled, visible = control.Visible;
-    for (const Control* around = control.Container; around; around = around->Container) {
-        enabled = enabled && around->Enabled;
-        visible = visible && around->Visible;
-    }
-    if (control.Tab != kEveryTab) visible = visible && control.Tab == window.View.CurrentTab();
-    std::string text = control.Caption;
-    QString shown = QString::fromStdString(text);
-    if (auto* list = qobject_cast<const QComboBox*>(widget)) {
-        text = control.ListIndex < 0 ? "" : control.Entries[static_cast<std::size_t>(control.ListIndex)];
-        shown = list->currentText();
-        if (list->count() != static_cast<int>(control.Entries.size())) return "has other entries";
-    } else if (auto* value = qobject_cast<const QLineEdit*>(widget)) {
-        text = control.Text;
-        shown = value->text();
-    } else if (auto* button = qobject_cast<const QAbstractButton*>(widget)) {
-        shown = button->text().remove('&');
-        if (button->isCheckable() && button->isChecked() != (control.Value == 1)) return "is set otherwise";
-    } else if (auto* row = dynamic_cast<const CaptionRow*>(widget)) {
-        shown = const_cast<CaptionRow*>(row)->Caption().text();
-    }
-    if (shown.toStdString() != text) return "shows '" + shown.toStdString() + "', not '" + text + "'";
-    if (widget->isVisible() != visible) return visible ? "is hidden" : "is on show";
-    if (widget->isEnabled() != enabled) return enabled ? "is disabled" : "is enabled";
-    return {};
-}
-
 void ExpectSame(const SetupWindow& window, const std::string& when) {
-    EXPECT_EQ(window.Tabs().currentIndex(), window.View.CurrentTab()) << when;
-    for (const Control& control : window.View.Controls) {
-        const std::string difference = Difference(window, control);
-        EXPECT_TRUE(difference.empty()) << when << ": " << control.FullName() << " " << difference;
-    }
+    ExpectShown(*window.Page, when);
 }
 
 template <class Look>
@@ -90,6 +57,11 @@ void OnEveryPage(const Look& look) {
             look(window, std::string(setup.Name) + ", tab " + std::to_string(tab));
         }
     }
+}
+
+bool TakesFocus(const Control& control) {
+    return control.Kind != ControlKind::Frame && control.Kind != ControlKind::Label &&
+           control.Kind != ControlKind::Picture && control.Kind != ControlKind::TabStrip;
 }
 
 TEST(SetupPage, WidgetsFollowTheFormOnEveryPage) {
@@ -154,6 +126,24 @@ TEST(SetupPage, ATabThatIsNotOfferedSaysWhyAndIsNotComeTo) {
     EXPECT_EQ(window.View.CurrentTab(), kAlarmsTab);
 }
 
+TEST(SetupPage, AControlThatIsRefusedSaysWhy) {
+    SetupWindow window;
+    window.ClickTab(kScalingTab);
+    QWidget *low = window.WidgetOf("txtLoIn1[0]"), *scale = window.WidgetOf("txtScale1[0]");
+    EXPECT_EQ(low->toolTip(), "Low In 1 is disabled. The scale or a curve is in force.");
+    EXPECT_EQ(scale->toolTip(), "");
+    window.Of("txtScale1[0]").Enabled = false;  // and not shown yet
+    window.Click("txtScale1[0]");
+    EXPECT_EQ(scale->toolTip(), "Scale 1 is disabled. The coordinates or a curve are in force.");
+    OnEveryPage([](const SetupWindow& shown, const std::string& when) {
+        for (const Control& control : shown.View.Controls) {
+            if (!TakesFocus(control) || shown.View.Controls.Reach(control) != Refusal::Disabled) continue;
+            EXPECT_TRUE(shown.Page->Bound().WidgetOf(control)->toolTip().endsWith('.'))
+                << when << ": no reason for " << control.FullName();
+        }
+    });
+}
+
 TEST(SetupPage, F1HelpsWithTheFocusAndKeepsThePage) {
     SetupWindow window("193=39");
     int helped = 0;
@@ -168,6 +158,12 @@ TEST(SetupPage, F1HelpsWithTheFocusAndKeepsThePage) {
     window.Pump.Settle();
     EXPECT_EQ(window.Tabs().currentIndex(), kCommunicationTab);
     EXPECT_EQ(static_cast<QComboBox*>(list)->currentIndex(), entry);
+    helped = 0;
+    static_cast<QComboBox*>(list)->showPopup();
+    QTest::keyClick(QApplication::activePopupWidget()->windowHandle(), Qt::Key_F1);
+    EXPECT_EQ(helped, 1175) << "with the list dropped down";
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    window.Program.Views.PageTab = kInputTab;  // of an earlier help
     window.Of("lblAscTbl").Visible = true;
     window.View.Controls.TellChanged();
     QWidget* table = window.WidgetOf("lblAscTbl");
@@ -176,6 +172,8 @@ TEST(SetupPage, F1HelpsWithTheFocusAndKeepsThePage) {
     helped = 0;
     QTest::keyClick(table, Qt::Key_Space);
     EXPECT_EQ(helped, 1138);
+    window.Page->HelpClosed();
+    EXPECT_EQ(window.Tabs().currentIndex(), kCommunicationTab) << "where the table was asked for";
 }
 
 // What a user's Tab key comes past on the page, until it is back at the tabs.
@@ -189,11 +187,6 @@ std::vector<QWidget*> TabOrder(SetupWindow& window) {
         order.push_back(QApplication::focusWidget());
     }
     return order;
-}
-
-bool TakesFocus(const Control& control) {
-    return control.Kind != ControlKind::Frame && control.Kind != ControlKind::Label &&
-           control.Kind != ControlKind::Picture && control.Kind != ControlKind::TabStrip;
 }
 
 TEST(SetupPage, TabReachesEveryEnabledControlInReadingOrder) {

@@ -1,7 +1,9 @@
 #include "desktop/kit/control_widget.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -23,12 +25,21 @@ constexpr const char* kLongestValue = "+00. 00. 000";  // a clock value
 // A list that a turning wheel leaves alone: scrolling past it must not change a setup.
 class PickList : public QComboBox {
   public:
-    using QComboBox::QComboBox;
+    explicit PickList(QWidget* parent) : QComboBox(parent) { view()->installEventFilter(this); }
     // Its entries are read whole, however narrow the column.
     QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+    // What drops down is a window of its own, which would keep F1 from the window of the page.
+    bool eventFilter(QObject* object, QEvent* event) override {
+        const bool key = event->type() == QEvent::KeyPress;
+        if (!key || static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1)
+            return QComboBox::eventFilter(object, event);
+        hidePopup();
+        QCoreApplication::sendEvent(this, event);
+        return true;
+    }
 };
 
 // Enter presses the button that has the focus, on a page as in a dialog.

@@ -34,7 +34,6 @@ DigitEntryDialog::DigitEntryDialog(DigitEntry& entry, QWidget* parent)
     };
 }
 
-// During the pause after OK nothing more is taken.
 void DigitEntryDialog::AddButtons(QHBoxLayout& layout) {
     layout.addStretch(1);
     for (const char* name : {"cmdOK", "cmdCancel"}) {
@@ -42,12 +41,23 @@ void DigitEntryDialog::AddButtons(QHBoxLayout& layout) {
         auto* button = new QPushButton(QtText(control.Caption), this);
         button->setObjectName(ObjectName(control));
         bound_.BindSpecial(control, button, [] {});
-        QObject::connect(button, &QPushButton::clicked, this, [this, &control] {
-            if (entry_.Shown()) entry_.Controls.Click(control);
-        });
+        QObject::connect(button, &QPushButton::clicked, this, [this, &control] { Press(control); });
         layout.addWidget(button);
     }
     findChild<QPushButton*>(QStringLiteral("cmdOK"))->installEventFilter(this);
+}
+
+// OK hides the dialog and pauses. In the pause it may have been dropped with its view, and opened again from
+// there. A byte that was refused is typed anew.
+void DigitEntryDialog::Press(Control& button) {
+    if (!entry_.Shown()) return;
+    const int opening = opening_;
+    pausing_ = true;
+    entry_.Controls.Click(button);
+    if (opening != opening_) return;
+    pausing_ = false;
+    if (entry_.Shown()) return front_->setFocus(Qt::OtherFocusReason);
+    if (Closed) Closed();
 }
 
 void DigitEntryDialog::Present(const QWidget* field, bool lowPlace) {
@@ -63,6 +73,8 @@ void DigitEntryDialog::Present(const QWidget* field, bool lowPlace) {
 }
 
 void DigitEntryDialog::Drop() {
+    ++opening_;
+    pausing_ = false;
     entry_.Unload();
     hide();
 }
@@ -73,15 +85,11 @@ void DigitEntryDialog::Follow() {
     if (Beep && entry_.Beeps() > beepsHeard_) Beep();
     beepsHeard_ = entry_.Beeps();
     if (Followed) Followed();
-    if (entry_.Shown()) return;
-    hide();
-    if (Closed) Closed();
+    if (!entry_.Shown()) hide();
 }
 
 void DigitEntryDialog::reject() {
-    if (!entry_.Shown()) return;
-    entry_.Cancel();
-    Follow();
+    Press(*entry_.Controls.Find("cmdCancel"));
 }
 
 void DigitEntryDialog::keyPressEvent(QKeyEvent* event) {

@@ -21,9 +21,11 @@ class DigitEntryDialog : public QDialog {
     void Present(const QWidget* field, bool lowPlace);
     // Closes without a trace, as when the view behind it is put away. Tells nobody.
     void Drop();
+    // OK has hidden it, and Closed comes when the pause after that is over.
+    bool Pausing() const { return pausing_ && !entry_.Shown(); }
 
-    // Hooks; each may be empty. OK and Cancel have closed it; F1 has closed it and asks for this help; a
-    // character was rejected.
+    // Hooks; each may be empty. OK and Cancel have closed it, and the pause is over; F1 has closed it and
+    // asks for this help; a character was rejected.
     std::function<void()> Closed;
     std::function<void(int helpNumber)> OpenHelp;
     std::function<void()> Beep;
@@ -41,12 +43,15 @@ class DigitEntryDialog : public QDialog {
 
   private:
     void AddButtons(QHBoxLayout& layout);
+    void Press(Control& button);
     void Follow();
 
     DigitEntry& entry_;
     Binder bound_;
     DigitFront* front_;
     int beepsHeard_ = 0;
+    int opening_ = 0;  // another one where it was dropped meanwhile
+    bool pausing_ = false;
 };
 
 // Where a dialog of this size goes so that it doesn't cover the field: below it, else above, on the screen.

@@ -63,6 +63,10 @@ void LinkWindow::ShowHelp() {
     (new HelpDialog(content, this))->open();
 }
 
+void LinkWindow::keyPressEvent(QKeyEvent* event) {
+    event->key() == Qt::Key_F1 ? ShowHelp() : QWidget::keyPressEvent(event);
+}
+
 void LinkWindow::closeEvent(QCloseEvent* event) {
     view_.StopSearch();
     QWidget::closeEvent(event);

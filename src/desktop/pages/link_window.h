@@ -18,6 +18,8 @@ class LinkWindow : public QWidget {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    // F1 out of a list that was dropped down; otherwise the shortcut takes it.
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     // A group of rows: captions in one column, fields in the other.

@@ -49,6 +49,8 @@ MenuPage::MenuPage(Session& session, Printer& printer, QWidget* parent)
       cmdPrinter_(MakeButton("CmdPrinter", kPrintCaption, this)),
       cmdMainMenu_(MakeButton("cmdMainMenu", kMainMenuCaption, this)) {
     grdMain_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    // A click on these opens nothing that would take the mark off again.
+    for (SegmentGrid* grid : {grdInput_, grdSetPt_}) grid->setSelectionMode(QAbstractItemView::NoSelection);
     auto* row = new QHBoxLayout(this);
     PadByGrid(row);
     row->addWidget(grdMain_);
@@ -119,7 +121,9 @@ void MenuPage::Leave() {
 void MenuPage::HelpKey() {
     if (grdScale1_->hasFocus()) return Help(kScale1HelpId, PointerEvent::Primary);
     if (grdScale2_->hasFocus()) return Help(kScale2HelpId, PointerEvent::Primary);
-    Help(view_.HelpIdOfRow(grdMain_->CurrentRow(), PointerEvent::Primary), PointerEvent::Primary);
+    if (grdSetPt_->hasFocus()) return Help(kSetpointHelpId, PointerEvent::Primary);
+    const int row = grdInput_->hasFocus() ? view_.InputPlace.Row : grdMain_->CurrentRow();
+    Help(view_.HelpIdOfRow(row, PointerEvent::Primary), PointerEvent::Primary);
 }
 
 void MenuPage::ClearMark() {

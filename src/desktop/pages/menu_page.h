@@ -25,7 +25,7 @@ class MenuPage : public ViewPage {
     void ComeToFront() override;
     void PutAway() override;
     void Leave() override;
-    // Help of the row that the keys move from, or of the multiplier that has the focus.
+    // Help of the row that the keys move from, or of what stands beside the rows and has the focus.
     void HelpKey() override;
     QWidget* FirstFocus() override { return grdMain_; }
 

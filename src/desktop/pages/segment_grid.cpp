@@ -199,8 +199,9 @@ QString SegmentGrid::PlainText() const {
 
 void SegmentGrid::Pick(int row, PointerEvent event) {
     if (row < 1 || row > rowCount()) return;
+    if (!Picked) return;
     selectRow(row - 1);
-    if (Picked) Picked(row, event);
+    Picked(row, event);
 }
 
 // The release, not the press: what a pick opens would otherwise get the release.

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/kit/qt_text.h"
 
@@ -93,29 +94,47 @@ QWidget* SetupPage::MakeFoot() {
 
 void SetupPage::Connect() {
     view_.Controls.Changed = [this] { ShowAll(); };
-    view_.OpenDigitEntry = [this] {
-        entry_.OpenDigitEntry();
-        ShowAll();  // the field that is edited is marked
-        dialog_->Present(bound_.WidgetOf(*view_.Program.Views.EntryTarget), view_.Program.Views.LowPlace);
-    };
+    bound_.Refused = [this](const Control&, Refusal) { ShowAll(); };
+    view_.OpenDigitEntry = [this] { OpenEntry(); };
+    // Whatever asks for help, the page on show is the one to come back to.
     view_.OpenHelp = [this](int helpNumber) {
+        view_.Program.Views.PageTab = view_.CurrentTab();
         if (OpenHelp) OpenHelp(helpNumber);
     };
     view_.ShowMainMenu = [this] {
         if (ShowMainMenu) ShowMainMenu();
     };
     view_.TakeFocus = [this](const Control& control) { MoveFocus(control); };
-    dialog_->Closed = [this] { view_.EntryClosed(); };
+    dialog_->Closed = [this] { CloseEntry(); };
     dialog_->OpenHelp = view_.OpenHelp;
     entry_.ShowHourglass = [this](bool shown) { view_.Program.Home.ShowHourglass(shown); };
     dialog_->Followed = [this] { bound_.Refresh(); };
     dialog_->Beep = [this] { view_.Program.Dialogs.Beep(); };
 }
 
+// A field that is clicked in the pause after the one before it comes when that is done.
+void SetupPage::OpenEntry() {
+    Control*& target = view_.Program.Views.EntryTarget;
+    if (dialog_->Pausing()) {
+        wanted_ = std::exchange(target, edited_);
+        return;
+    }
+    edited_ = target;
+    entry_.OpenDigitEntry();
+    ShowAll();  // the field that is edited is marked
+    dialog_->Present(bound_.WidgetOf(*target), view_.Program.Views.LowPlace);
+}
+
+void SetupPage::CloseEntry() {
+    view_.EntryClosed();
+    if (Control* next = std::exchange(wanted_, nullptr)) view_.Controls.Click(*next);
+}
+
+// The help number comes first: the view may be left again while it is built.
 void SetupPage::ComeToFront() {
     DropEntry();
-    view_.Activate();
     view_.Controls.Focus(view_.Buttons.tabSetup);
+    view_.Activate();
 }
 
 void SetupPage::PutAway() {
@@ -136,6 +155,7 @@ void SetupPage::HelpClosed() {
 void SetupPage::DropEntry() {
     if (entry_.Shown()) view_.Program.Views.EntryTarget->BackColor = ColorWhite;
     dialog_->Drop();
+    wanted_ = nullptr;
     view_.Program.Views.EntryReturn = 0;
 }
 
@@ -147,6 +167,20 @@ void SetupPage::MoveFocus(const Control& control) {
 void SetupPage::ShowAll() {
     bound_.Refresh();
     layout_.Follow();
+    ShowWhy();
+}
+
+// What is disabled says why under the pointer.
+void SetupPage::ShowWhy() {
+    for (const Control& control : view_.Controls) {
+        QWidget* widget = bound_.WidgetOf(control);
+        if (!widget || widget->focusPolicy() == Qt::NoFocus || control.Kind == ControlKind::TabStrip)
+            continue;
+        const bool disabled = view_.Controls.Reach(control) == Refusal::Disabled;
+        const QString why = QtText(view_.WhyRefused(Refusal::Disabled, control));
+        const QString tip = disabled ? widget->accessibleName() + ' ' + why : QString();
+        if (widget->toolTip() != tip) widget->setToolTip(tip);
+    }
 }
 
 // A tab that isn't offered stays where it is and says why. The one on show is never disabled, or the strip

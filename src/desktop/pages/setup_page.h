@@ -32,6 +32,7 @@ class SetupPage : public ViewPage {
     // The view is rebuilt and comes back to the page on which help was asked for.
     void HelpClosed();
 
+    const SetupView& View() const { return view_; }
     const Binder& Bound() const { return bound_; }
     DigitEntryDialog& Entry() { return *dialog_; }
 
@@ -45,7 +46,10 @@ class SetupPage : public ViewPage {
     void Connect();
     void ShowAll();
     void ShowTabs();
+    void ShowWhy();
     void MoveFocus(const Control& control);
+    void OpenEntry();
+    void CloseEntry();
     void DropEntry();
 
     SetupView& view_;
@@ -54,6 +58,8 @@ class SetupPage : public ViewPage {
     DigitEntry entry_;
     QTabWidget* tabs_;
     DigitEntryDialog* dialog_;
+    Control* edited_ = nullptr;  // the field of the digit entry that was opened last
+    Control* wanted_ = nullptr;  // the one to come after it
     bool showingTabs_ = false;
 };
 

@@ -12,7 +12,7 @@ TEST(EditByHand, TellsEachEffectAndGoesOnBehindAMistake) {
         {"select cboBaudRate 19200", "  nothing changed\n"},
         {"selct cboBaudRate 300",
          "no action 'selct'; actions are tab select check click enter cancel; did you mean 'select'?\n"},
-        {"enter txtLoIn1[0] +1", "txtLoIn1[0] is disabled\n"},
+        {"enter txtLoIn1[0] +1", "txtLoIn1[0] is disabled. The scale or a curve is in force.\n"},
         {"click optCoord1[0]",
          "  optScale1[0]  1  ->  0\n"
          "  optCoord1[0]  0  ->  1\n"
@@ -27,7 +27,8 @@ TEST(EditByHand, TellsEachEffectAndGoesOnBehindAMistake) {
          "txtGateTime  value  Gate Time               000.10\n"
          "chkLock[2]   box    GateTime,Timeout,Batch  0\n"},
         {"list cboDuplex", "cboDuplex  list  Full/Half Duplex  Full Duplex  Full Duplex | Half Duplex\n"},
-        {"show txtLoIn1[0]", "txtLoIn1[0]: value 'Low In 1', +000000., is disabled\n"},
+        {"show txtLoIn1[0]",
+         "txtLoIn1[0]: value 'Low In 1', +000000., is disabled. The scale or a curve is in force.\n"},
         {"show cboDuplx", "no control 'cboDuplx'; did you mean 'cboDuplex'?\n"},
         {"show txtDev", "no control 'txtDev'; there is txtDev[1] txtDev[2] txtDev[3] txtDev[4]\n"},
         {"show fraFilter", "fraFilter: shown only 'Filter  Item 1'\n"},
@@ -59,7 +60,7 @@ TEST(EditByHand, TheReadLoopAndAnEndedProgram) {
         << bench.Err;
     EXPECT_NE(bench.Err.find("  cboBaudRate  300  ->  9600\n"), std::string::npos) << bench.Err;
     bench.Store.Contents["home/Settings.SSS"] = "3501000100100831810000\r\n2711000000000000F6CB00000000\r\n";
-    EXPECT_EQ(bench.Run({"edit", "d", "--out", "e"}, "tab 0\n"), 0);
+    EXPECT_EQ(bench.Run({"edit", "d", "--out", "e"}, "tab 0\n"), 1);
     EXPECT_EQ(bench.Err.find("edit> "), std::string::npos) << "nothing can be asked for any more";
     EXPECT_EQ(bench.Store.Contents.count("e"), 0U);
 }

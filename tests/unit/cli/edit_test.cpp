@@ -26,7 +26,7 @@ TEST(Edit, EveryActionWritesItsField) {
         {"cancel",                     "cancel txtSetpt[1] -012345",                     55, "002710"},
         {"cancel behind Enter",        "cancel txtSetpt[1] -012345~",                    55, "FFCFC7"},
         {"byte",                       "select cboProtocol #1\nenter txtMBAddr 255",    111, "FF"},
-        {"byte that is too large",     "select cboProtocol #1\nenter txtMBAddr 256",    111, "01"},
+        {"byte that is too large",     "select cboProtocol #1\nenter txtMBAddr 256~\nenter txtMBAddr 007", 111, "07"},
         {"blanks, tab, CR, comment",   "\ttab  4\t# the last\r\nselect cboBaudRate #6 # fast", 191, "60"},
         {"comment right behind",       "check chkLF 1#set",                             189, "A1"},
         {"keys and a comment",         "enter txtSetpt[1] -012345 #",                    55, "FFCFC7"},
@@ -73,8 +73,9 @@ TEST(Edit, WhatAUserCouldNotDoIsRefused) {
         {"enter txtSetpt[x] +1",
          "line 1: 'txtSetpt[x]' is not a control's name and index, as in txtSetpt[1]"},
         {"enter txtSetpt[3] +1", "line 1: txtSetpt[3] is hidden"},
-        {"enter txtLoIn1[0] +1", "line 1: txtLoIn1[0] is disabled"},
-        {"check chkAlmData 1\nselect cboDVal #1", "line 2: cboDVal is disabled"},
+        {"enter txtLoIn1[0] +1", "line 1: txtLoIn1[0] is disabled. The scale or a curve is in force."},
+        {"check chkAlmData 1\nselect cboDVal #1",
+         "line 2: cboDVal is disabled. This Mode and Function filter no item."},
         {"click cmdMainMenu\ntab 0", "line 2: the Setup view was left for the main menu"},
     };
     for (const auto& c : cases) {
@@ -114,7 +115,8 @@ TEST(Edit, SettingsOrImageSayWhichMeterIsMeant) {
     EXPECT_EQ(bench.Shown("cboRlyOpt")["enabled"], true);
     EXPECT_EQ(bench.Run({"edit", "d", "--from-meter"}, "select cboRlyOpt #0"), 1)
         << "a meter's boards are fixed";
-    EXPECT_EQ(bench.Err, "counterctl: line 1: cboRlyOpt is disabled\n");
+    EXPECT_EQ(bench.Err,
+              "counterctl: line 1: cboRlyOpt is disabled. The boards of a meter that was read are fixed.\n");
     bench.Store.Contents["home/Settings.SSS"] = "7501000100100830010000\r\n2711000000000000F6CB00000000\r\n";
     EXPECT_EQ(bench.Edit(""), 0);
     EXPECT_EQ(bench.Shown("cmdRead")["visible"], true);
@@ -125,6 +127,10 @@ TEST(Edit, SettingsOrImageSayWhichMeterIsMeant) {
     bench.SetUp("07", 235);
     EXPECT_EQ(bench.Run({"edit", "d", "--from-meter", "--json"}), 0);
     EXPECT_EQ(bench.Shown("cmdRead")["visible"], true) << "the meter's kind comes from the image";
+    bench.Store.Contents["home/Settings.SSS"] = "3501110100100830010000\r\n2711000000000000F6CB00000000\r\n";
+    EXPECT_EQ(bench.Run({"edit", "d", "--from-meter", "--json"}), 0) << bench.Err;
+    EXPECT_EQ(bench.Shown("cmdRead")["visible"], false) << "over Modbus from the settings";
+    EXPECT_EQ(bench.Shown("cboRlyOpt")["enabled"], false);
 }
 
 // The loop runs until its button is pressed again; the actions after the first press run within it.
@@ -179,7 +185,9 @@ TEST(Edit, AMessageMayEndTheProgram) {
     bench.Store.Contents["home/Settings.SSS"] = "3501000100100831810000\r\n2711000000000000F6CB00000000\r\n";
     EXPECT_EQ(bench.Edit("tab 0"), 1) << "settings of another program";
     EXPECT_EQ(bench.Store.Contents.count("e"), 0U);
-    EXPECT_EQ(bench.Edit(""), 0);
+    EXPECT_EQ(bench.Edit(""), 1);
+    EXPECT_EQ(bench.LastErrLine(), "counterctl: the program has ended");
+    EXPECT_EQ(bench.View()["ended"], true);
     EXPECT_EQ(bench.View()["messages"][0]["title"], "Program Error");
     EXPECT_EQ(bench.Store.Contents.count("e"), 0U) << "a program that ended keeps no setup";
 }

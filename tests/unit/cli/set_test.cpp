@@ -63,7 +63,7 @@ TEST(Set, RefusalsSayWhatIsLegalAndWriteNothing) {
         {{"Serial Protocol=Modbus RTU", "Modbus Address=256"}, "'Modbus Address=256': takes a whole number 0 to 255"},
         {{"Serial Protocol=Modbus RTU", "Modbus Address=0"},   "'Modbus Address=0': becomes 1 by the rules of the Setup view"},
         {{"Modbus Address=5"},             "'Modbus Address=5': txtMBAddr is hidden"},
-        {{"Low In 1=5"},                   "'Low In 1=5': txtLoIn1[0] is disabled"},
+        {{"Low In 1=5"},                   "'Low In 1=5': txtLoIn1[0] is disabled. The scale or a curve is in force."},
         {{"Relay Option=None", "Setpoint 1=5"}, "'Setpoint 1=5': txtSetpt[1] stands on a tab that is not offered. There is no relay board."},
         {{"Preset=5"},                     "'Preset=5': txtTimeOut shows another field now"},
         {{"Duplex=Half"},                  "'Duplex=Half': cboDuplex has no entry 'Half'; entries are #0 'Full Duplex' #1 'Half Duplex'"},

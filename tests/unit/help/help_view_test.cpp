@@ -74,6 +74,9 @@ TEST_F(HelpViewTest, MenuHelpIsNarrowAndTakesTheMarkOff) {
     EXPECT_EQ(view_.Segments, (std::vector<HelpSegment>{{"b", false}, {"c", true}, {"d", false}}));
     view_.Ok();
     EXPECT_EQ(events_, "clear mark at 0; unload at 0; ");
+    events_.clear();
+    EXPECT_FALSE(view_.Open(2299, HelpFrom::Menu));
+    EXPECT_EQ(events_, "clear mark at 10; unload at 10; ") << "also where there is no text";
 
     ASSERT_TRUE(view_.Open(1104, HelpFrom::Home));
     EXPECT_EQ(view_.Title, "APPLICATION  HELP");
