@@ -166,5 +166,16 @@ TEST(SendCurve, PressesDuringItsWaits) {
     EXPECT_TRUE(bench.Port.Story().ends_with("*1C0")) << "half a curve helps nobody";
 }
 
+TEST(SendCurve, TheEndOfTheProgramComesAfterBothItems) {
+    CurveBench bench;
+    SetupWrites& writes = bench.Program.Writes;
+    std::string told;
+    writes.EndProgram = [&] { told = writes.SoFar(); };
+    bench.Pump.After(310, [&] { writes.Wish = EndWish::Outside; });
+    bench.Go("CURVE");
+    EXPECT_EQ(bench.Blocks.size(), 2U);
+    EXPECT_NE(told.find("not verified"), std::string::npos) << told;
+}
+
 }  // namespace
 }  // namespace counter::test

@@ -1,4 +1,5 @@
 #include "meter/default_setup.h"
+#include "shell/get_action.h"
 #include "stories.h"
 
 namespace counter::test {
@@ -83,6 +84,17 @@ TEST(MeterClass, NothingGoesOutWithoutALinkOrOverModbus) {
         EXPECT_EQ(bench.View.Buttons.picText.Text, bench.View.Class.WhyNotWritten()) << given;
         EXPECT_FALSE(bench.View.Class.WhyNotWritten().empty()) << given;
     }
+}
+
+TEST(MeterClass, AGetThatItFallsIntoIsNotTaken) {
+    SetupBench bench;
+    bench.Bench.SwitchOn();
+    bench.Open();
+    const SetupImage before = bench.Image();
+    bench.Bench.Pump.After(2000, [&] { bench.Do("cmdQBasic"); });
+    GetSetup(bench.Bench.Program);
+    EXPECT_EQ(bench.Bench.Program.Home.StatusColor, ColorRed) << bench.Bench.Program.Home.StatusText;
+    EXPECT_EQ(bench.Image().SetupData, before.SetupData);
 }
 
 }  // namespace
