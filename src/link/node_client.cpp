@@ -69,7 +69,8 @@ void NodeClient::Close() {
 
 // A reply comes in one piece: the next arrival takes its place.
 void NodeClient::Take(std::string_view bytes) {
-    if (!IsStatusFrame(bytes)) state_.NodeReply = bytes;
+    const std::string_view reply = WithoutStatusFrames(bytes);
+    if (!reply.empty() || bytes.empty()) state_.NodeReply = reply;
 }
 
 void NodeClient::Tick() {

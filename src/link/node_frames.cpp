@@ -48,4 +48,11 @@ bool IsStatusFrame(std::string_view received) {
            received.substr(kStatusMarkAt, kStatusMark.size()) == kStatusMark;
 }
 
+std::string_view WithoutStatusFrames(std::string_view received) {
+    while (IsStatusFrame(received.substr(0, kStatusSize))) received.remove_prefix(kStatusSize);
+    while (received.size() > kStatusSize && IsStatusFrame(received.substr(received.size() - kStatusSize)))
+        received.remove_suffix(kStatusSize);
+    return received;
+}
+
 }  // namespace counter

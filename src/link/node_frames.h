@@ -29,5 +29,8 @@ std::string NodeCommand(std::string_view nodeAddress, bool on);
 
 // A meter's reply that looks the same is one too: required.
 bool IsStatusFrame(std::string_view received);
+// What arrived together with them, before or after; empty where there was nothing else. The answer to a
+// keep-alive may come in one piece with the meter's reply.
+std::string_view WithoutStatusFrames(std::string_view received);
 
 }  // namespace counter

@@ -53,7 +53,8 @@ void MeterClass::PressClass(Control& button, int extended) {
     if (stay != View.Stay()) return;
     if (written) ColorCommands();
     button.BackColor = ColorLightGray;
-    View.Focus(extended ? View.Modes.optExtended : View.Modes.optBasic);
+    Control& option = extended ? View.Modes.optExtended : View.Modes.optBasic;
+    if (View.CurrentTab() == option.Tab) View.Focus(option);  // the user may have gone to another page
 }
 
 bool MeterClass::BasicExtend(int extended) {

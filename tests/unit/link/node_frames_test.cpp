@@ -49,6 +49,10 @@ TEST(NodeFrames, AStatusFrameIsKnownByLengthTokenAndMark) {
         // clang-format on
     };
     for (const auto& c : cases) EXPECT_EQ(IsStatusFrame(TextOfHex(c.Digits)), c.Status) << c.Name;
+    const std::string status = TextOfHex(cases[0].Digits);
+    for (const std::string& piece : {status + "reply", "reply" + status, status + "reply" + status})
+        EXPECT_EQ(WithoutStatusFrames(piece), "reply") << "a keep-alive is answered together with a request";
+    EXPECT_EQ(WithoutStatusFrames(status + status), "");
 }
 
 }  // namespace
