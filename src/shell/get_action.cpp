@@ -91,8 +91,11 @@ void WriteServiceFile(Session& session, const SetupImage& image) {
     session.Folder.Store.Write(session.Folder.At("DataFil2"), DataFil2Text(image));
 }
 
+// A view that is opened in a wait takes the meter's kind and version from the setup that is still in memory.
 void Transfer(Session& session, Reading& reading) {
-    SetupTransfer transfer{session.Link, reading.Came, session.Identity, session.Derived,
+    const MeterIdentity before = session.Identity;
+    MeterIdentity identity = before;
+    SetupTransfer transfer{session.Link, reading.Came, identity, session.Derived,
                            [&](int percent) { session.Home.ProgressTo(percent); }};
     if (session.LinkState.ModbusLink) {
         GetSetupModbus(transfer);
@@ -100,6 +103,12 @@ void Transfer(Session& session, Reading& reading) {
         GetSetupAscii(transfer);
     }
     reading.Doubt = transfer.Doubt;
+    const bool whole = !session.LinkState.ModbusLink && session.LinkState.LinkError == 0;
+    const bool told =
+        identity.MeterType != before.MeterType || identity.FirmwareVersion != before.FirmwareVersion;
+    if (!whole && !told) return;
+    session.Identity.MeterType = identity.MeterType;
+    session.Identity.FirmwareVersion = identity.FirmwareVersion;
 }
 
 bool WrittenMeanwhile(const Session& session, const Reading& reading) {

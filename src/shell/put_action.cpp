@@ -22,8 +22,8 @@ const char* BoardName(int board) {
 }
 
 // Of two Puts, one begun in a wait of the other, the meter is to hold the later: the earlier writes no more.
-SetupTransfer TransferOf(Session& session, SetupImage& image) {
-    SetupTransfer transfer{session.Link, image, session.Identity, session.Derived,
+SetupTransfer TransferOf(Session& session, SetupImage& image, MeterIdentity& identity) {
+    SetupTransfer transfer{session.Link, image, identity, session.Derived,
                            [&session](int percent) { session.Home.ProgressTo(percent); }};
     const int number = ++session.Writes.PutsBegun;
     transfer.Superseded = [&session, number] { return session.Writes.PutsBegun != number; };
@@ -69,7 +69,7 @@ void GiveUp(Session& session, SetupTransfer& transfer) {
     session.Home.ShowHourglass(false);
     if (transfer.IsSuperseded()) return;
     session.Home.ShowProgress(false);
-    session.Home.ShowStatus(PutSoFar(session.LinkState, session.Identity.FirmwareVersion), ColorRed);
+    session.Home.ShowStatus(PutSoFar(session.LinkState, transfer.Identity.FirmwareVersion), ColorRed);
 }
 
 Status Finish(Session& session, const SetupImage& image, Status settled) {
@@ -97,7 +97,8 @@ Status PutSetup(Session& session) {
     if (Status status = ReadSettings(session.BringUp); !status.Ok()) return status;
     const SetupImage chosen = session.Image;
     SetupImage image = chosen;
-    SetupTransfer transfer = TransferOf(session, image);
+    MeterIdentity identity = session.Identity;
+    SetupTransfer transfer = TransferOf(session, image, identity);
     BeginPut(session.Home);
     CheckBoard(session, transfer);
     Status settled = Transfer(session, transfer);

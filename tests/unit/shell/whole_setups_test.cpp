@@ -158,6 +158,15 @@ TEST(WholeSetups, APutThatIsInterruptedAtEachOfItsFrames) {
     EXPECT_EQ(acts, 3 * (6 + 7));
 }
 
+// The Setup view, opened in a wait, takes the version from the setup in memory.
+TEST(WholeSetups, APutKeepsToTheVersionOfItsStart) {
+    DeskBench bench(kRtu);
+    bench.Do("mnuOpen A");
+    bench.Pump.After(1500, [&] { bench.Program.Identity.FirmwareVersion = 51; });
+    bench.Do("mnuPut");
+    EXPECT_EQ(bench.InMeter(), "A") << "with the Cutoff Value, which older meters have not";
+}
+
 TEST(WholeSetups, ASecondExitEndsAPutAtOnce) {
     DeskBench bench;
     bench.Do("mnuOpen A");
