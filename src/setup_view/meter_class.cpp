@@ -50,6 +50,7 @@ void MeterClass::PressClass(Control& button, int extended) {
     const int stay = View.Stay();
     button.BackColor = ColorWhite;
     const bool written = BasicExtend(extended);
+    Program.Writes.EndIfWanted();
     if (stay != View.Stay()) return;
     if (written) ColorCommands();
     button.BackColor = ColorLightGray;

@@ -105,7 +105,7 @@ Status PutSetup(Session& session) {
     // What the meter's protocol made of the copy is true of the setup in memory, where that is still the
     // same.
     if (session.Image == chosen) session.Image = image;
-    if (transfer.GaveUp) return GiveUp(session, transfer), settled;
+    if (transfer.GaveUp || transfer.IsSuperseded()) return GiveUp(session, transfer), settled;
     return Finish(session, image, settled);
 }
 

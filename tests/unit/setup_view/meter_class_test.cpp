@@ -86,6 +86,21 @@ TEST(MeterClass, NothingGoesOutWithoutALinkOrOverModbus) {
     }
 }
 
+TEST(MeterClass, AnEndThatIsWantedComesAfterIt) {
+    SetupBench bench;
+    bench.Bench.SwitchOn();
+    bench.Open();
+    SetupWrites& writes = bench.Bench.Program.Writes;
+    bool ended = false;
+    writes.EndProgram = [&] { ended = true; };
+    bench.Bench.Pump.After(200, [&] {
+        EXPECT_EQ(writes.Running, 1);
+        writes.Wish = EndWish::Outside;
+    });
+    bench.Do("cmdQBasic");
+    EXPECT_TRUE(ended);
+}
+
 TEST(MeterClass, AGetThatItFallsIntoIsNotTaken) {
     SetupBench bench;
     bench.Bench.SwitchOn();
