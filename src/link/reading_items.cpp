@@ -1,4 +1,4 @@
-#include "cli/reading_items.h"
+#include "link/reading_items.h"
 
 #include <algorithm>
 
