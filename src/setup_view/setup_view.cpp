@@ -32,7 +32,6 @@ void SetupView::Load() {
 }
 
 void SetupView::Activate() {
-    onShow_ = true;
     if (Program.Views.EntryReturn == 1) {
         Program.Views.EntryReturn = 0;
         ViewRefresh();

@@ -70,6 +70,20 @@ TEST(Binder, ShowingWhatARuleSetIsNoActionOfAUser) {
     EXPECT_EQ(bench.Ran, 0);
 }
 
+// Another window is in front: there the toolkit itself leaves the focus where it was.
+TEST(Binder, WhatGoesFromShowHandsTheFocusOn) {
+    BinderBench bench;
+    bench.Of<QWidget>(bench.Text)->setFocus();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QTest::qWait(1);
+    bench.Text.Visible = false;
+    bench.Controls.TellChanged();
+    EXPECT_EQ(bench.Window.focusWidget(), bench.Bound.WidgetOf(bench.Value));
+    EXPECT_EQ(bench.Ran, 0);
+}
+
 TEST(Binder, AWheelLeavesAListAlone) {
     BinderBench bench;
     auto* list = bench.Of<QComboBox>(bench.List.Inner);

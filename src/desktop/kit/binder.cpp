@@ -106,6 +106,10 @@ void NameForAccess(const Control& control, QWidget* widget) {
     widget->setAccessibleName(QtText(name).trimmed());
 }
 
+bool CanHaveFocus(const QWidget& widget, const QWidget* window) {
+    return widget.isVisibleTo(window) && widget.isEnabledTo(window);
+}
+
 }  // namespace
 
 Binder::Binder(Form& form) : form_(form) {
@@ -197,7 +201,25 @@ void Binder::Refresh() {
     const bool before = movingFocus_;
     movingFocus_ = true;
     for (const Bound& bound : bound_) ShowOne(bound);
+    HandFocusOn();
     movingFocus_ = before;
+}
+
+// Behind another window a widget that goes from show keeps the focus, and the keys that the user then
+// presses would go where nobody sees them.
+void Binder::HandFocusOn() {
+    const auto first =
+        std::find_if(bound_.begin(), bound_.end(), [](const Bound& bound) { return bound.Shown; });
+    if (first == bound_.end()) return;
+    const QWidget* window = first->Shown->window();
+    QWidget* focus = window->focusWidget();
+    if (!ControlOf(focus) || CanHaveFocus(*focus, window)) return;
+    for (QWidget* next = focus->nextInFocusChain(); next != focus; next = next->nextInFocusChain()) {
+        if (!(next->focusPolicy() & Qt::TabFocus) || !CanHaveFocus(*next, window)) continue;
+        next->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    focus->clearFocus();
 }
 
 void Binder::ShowOne(const Bound& bound) {

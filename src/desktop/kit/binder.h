@@ -65,6 +65,7 @@ class Binder : public QObject {
     void Listen(Control& control, QWidget* widget);
     void Done(const Control& control, Refusal refusal);
     void ShowOne(const Bound& bound);
+    void HandFocusOn();
     void MoveFocus(const Control& control);
     Control* ControlOf(const QObject* widget) const;
 
