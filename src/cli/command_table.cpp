@@ -20,14 +20,14 @@ constexpr const char* kOut = "writes to FILE2 and leaves FILE as it is";
 // clang-format off
 const std::vector<CommandRow>& Table() {
     static const std::vector<CommandRow> rows = {
-        {"settings", "[init|set] [KEY=VALUE...] [--force]", "prints Settings.SSS, lays it down, changes it",
-         0, kManyWords, {}, {{"--force", "", "init replaces a file that stands there"}}, SettingsCommand,
-         "init lays down a new file, set changes one. An illegal value changes nothing.\n"
+        {"settings", "[init|set] [KEY=VALUE...] [--force]", "prints Settings.SSS, writes a new one, changes it",
+         0, kManyWords, {}, {{"--force", "", "init replaces a file that is there already"}}, SettingsCommand,
+         "init writes a new file, set changes the one there is. An illegal value changes nothing.\n"
          "The keys are those that it prints.\n",
          "counterctl settings init BaudIndex=5 MeterAddressValue=1\n"},
-        {"ports", "[map N DEVICE]", "lists the serial ports; makes port number N mean DEVICE",
+        {"ports", "[map N DEVICE]", "lists the serial ports; gives port number N to DEVICE",
          0, 3, {}, {}, PortsCommand,
-         "N is 1 to 99. A device that has a lasting name is linked by it.\n",
+         "N is 1 to 99. If the device has a name under /dev/serial/by-id, that name is used.\n",
          "counterctl ports map 1 /dev/ttyUSB0\n"},
         {"default", "FILE", "writes the default setup",
          1, 1, {kWritten}, {}, DefaultCommand,
@@ -56,12 +56,12 @@ const std::vector<CommandRow>& Table() {
          "counterctl show press4.CT2 --as menu\n"},
         {"fields", "FILE [FIELD...]", "the fields of a setup, or the values of some",
          1, kManyWords, {kRead}, {}, FieldsCommand,
-         "With FIELDs, prints their values alone, a line each. Names are those of\n"
+         "With FIELDs, prints only their values, a line each. Names are those of\n"
          "counterctl fields FILE; capitals do not matter.\n",
          "counterctl fields press4.CT2 \"Setpoint 1\" \"Baud Rate\"\n"},
         {"diff", "A B", "the fields in which two setup files differ",
          2, 2, {kRead, kRead}, {}, DiffCommand,
-         "Ends with 4 where there is one.\n",
+         "Ends with 4 if there is one.\n",
          "counterctl diff press4.CT2 press5.CT2\n"},
         {"set", "FILE FIELD=VALUE... [--out FILE2]", "changes fields of a setup by name, by the Setup view's rules",
          2, kManyWords, {kEdited}, {{"--out", "FILE2", kOut, kWritten}}, SetCommand,
@@ -75,7 +75,7 @@ const std::vector<CommandRow>& Table() {
          {{"--script", "SCRIPT", "the actions; without it standard input", FileUse::Script},
           {"--out", "FILE2", kOut, kWritten},
           {"--from-meter", "", "FILE counts as the result of a good Get Setup"}}, EditCommand,
-         std::string("Actions, one a line; # begins a comment:\n") + kActionsHelp +
+         std::string("Actions, one in each line; # begins a comment:\n") + kActionsHelp +
          "At a terminal there is a prompt, and help, list, show CONTROL, undo and quit as well.\n",
          "echo 'select cboBaudRate 19200' | counterctl edit press4.CT2 --out fast.CT2\n"},
         {"read", "item1|item2|item3|peak|valley|all|all+", "one reading, or one line of them",
@@ -90,12 +90,12 @@ const std::vector<CommandRow>& Table() {
          2, 2, {}, {}, RemoteCommand,
          "c exists in Custom ASCII only.\n",
          "counterctl remote display 12.34\n"},
-        {"stream", "[--count N] [--seconds S] [--csv FILE]", "the reading stream, a reading a line",
+        {"stream", "[--count N] [--seconds S] [--csv FILE]", "the reading stream, one reading in each line",
          0, 0, {},
-         {{"--count", "N", "ends behind N readings"},
+         {{"--count", "N", "ends after N readings"},
           {"--seconds", "S", "ends S seconds after the first moment at which a reading can come"},
           {"--csv", "FILE", "writes time and items to FILE while it runs; - instead of the plain lines", kWritten}}, StreamCommand,
-         "An interrupt or a hang-up ends it. With --json an object a line, at once. Exists in Custom ASCII over a serial line only.\n",
+         "An interrupt or a hang-up ends it. With --json each reading is an object on a line. Exists in Custom ASCII over a serial line only.\n",
          "counterctl stream --seconds 60 --csv run.csv\n"},
         {"curve", "FILE.PRM [--board 1|2]", "sends a custom curve and verifies it",
          1, 1, {kRead}, {{"--board", "BOARD", "1, the main board (the default), or 2, the V-F board"}}, CurveCommand,

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "cli/failure_page.h"
 #include "link/port_setup.h"
 #include "shell/backups.h"
 #include "shell/get_action.h"
@@ -72,6 +73,7 @@ LinkSession::~LinkSession() {
 
 int LinkSession::Begin() {
     const Status status = Start(session_);
+    if (const std::string section = FailureSection(status); !section.empty()) TellPage(call_.World, section);
     if (!status.Ok()) return RefuseStatus(call_, status);
     if (session_.LinkState.EthernetMode) return LogIn();
     if (session_.Settings.CommsEnabled > 0) return kDone;
@@ -90,6 +92,7 @@ int LinkSession::LogIn() {
     session_.Home.ProgressVisible = false;
     if (!ports.Ok()) return RefuseStatus(call_, ports);
     if (session_.Node.Connected()) return TellStranger();
+    Tell(SeePage(kNodeSection));
     dialogs_.Show({"", kNoNodeCall, BoxIcon::None});
     Finish();
     if (call_.Json)
@@ -153,8 +156,13 @@ int LinkSession::EndAction(const ActionEnd& end) {
     } else if (!failed) {
         call_.Text() << end.Plain << "\n";
     }
-    if (error != 0) Complain(call_.World) << session_.LinkState.ErrorMeaning() << "\n";
-    if (error == 0 && !doubt.empty()) Complain(call_.World) << doubt << "\n";
+    if (error != 0) {
+        Complain(call_.World) << session_.LinkState.ErrorMeaning() << "\n";
+        TellPage(call_.World, FailureSection(error, session_.LinkState.FailedIn));
+    } else if (!doubt.empty()) {
+        Complain(call_.World) << doubt << "\n";
+        TellPage(call_.World, kDoubtSection);
+    }
     if (failed) call_.World.Err << end.Status << "\n";
     return failed ? kLinkFailed : kDone;
 }

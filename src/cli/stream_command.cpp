@@ -8,6 +8,7 @@
 #include "cli/cli.h"
 #include "cli/cli_files.h"
 #include "cli/exact_number.h"
+#include "cli/failure_page.h"
 #include "cli/link_session.h"
 #include "cli/readings_csv.h"
 #include "link/exchange.h"
@@ -208,9 +209,10 @@ int StreamRun::Report() {
     if (!written_.Ok() && !givenUp) return RefuseStatus(call_, written_);
     const int error = program_.LinkState.LinkError;
     if (error == LinkErrors::kGood || (interrupted_ && error != LinkErrors::kPortFault)) return kDone;
-    Complain(call_.World) << program_.LinkState.ErrorMeaning()
-                          << "\nFailed to read the stream, check connections, then try again.      ( "
-                          << error << ")\n";
+    Complain(call_.World) << program_.LinkState.ErrorMeaning() << "\n";
+    TellPage(call_.World, FailureSection(error, program_.LinkState.FailedIn));
+    call_.World.Err << "Failed to read the stream, check connections, then try again.      ( " << error
+                    << ")\n";
     return kLinkFailed;
 }
 

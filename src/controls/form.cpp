@@ -36,9 +36,9 @@ std::string_view RefusalText(Refusal refusal) {
         case Refusal::Disabled:
             return "is disabled";
         case Refusal::TabNotOffered:
-            return "stands on a tab that is not offered";
+            return "is on a tab that is not offered";
         case Refusal::OtherTab:
-            return "stands on a tab that is not on show";
+            return "is on a tab that is not on show";
         case Refusal::NoSuchAction:
             return "has no such action";
         case Refusal::NoSuchEntry:

@@ -38,7 +38,7 @@ class SendCurveView {
     std::function<void()> CloseDialog;
 
   private:
-    static constexpr int kHelpNumber = 3104;  // of all hand work
+    static constexpr int kHelpNumber = 3119;
 
   public:
     Session& Program;

@@ -48,6 +48,7 @@ constexpr auto kMenu = std::to_array<HomeMenuRow>({
     {"mnuItem",       "&Items",                 kEntry,   kNoTopic, kOn,  ViewId::SetupHelp},
     {"mnuRBatch",     "Rate Batch",             kEntry,   kNoTopic, kOn,  ViewId::RateBatchHelp},
     {"mnuVFBatch",    "V-F Batch",              kEntry,   kNoTopic, kOn,  ViewId::VFBatchHelp},
+    {"mnuGlossary",   "&Glossary",              kEntry,   kNoTopic, kOn,  {}, HomeItem::Glossary},
 });
 // clang-format on
 

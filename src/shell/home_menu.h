@@ -25,6 +25,7 @@ enum class HomeItem {
     Commands,
     Readings,
     Calibration,
+    Glossary,
     Count
 };
 
@@ -44,5 +45,6 @@ std::span<const HomeMenuRow> HomeMenu();
 std::string_view HomeHelpText();
 
 inline constexpr int kHomeHelpTopic = 3101;
+inline constexpr int kGlossaryHelpTopic = 3121;
 
 }  // namespace counter

@@ -61,6 +61,7 @@ void HomeView::Wire() {
     On(Menu(HomeItem::Exit), &HomeView::Exit);
     On(Menu(HomeItem::Get), &HomeView::Get);
     On(Menu(HomeItem::Put), &HomeView::Put);
+    On(Menu(HomeItem::Glossary), &HomeView::ShowGlossary);
     On(cmdMenuHelp, &HomeView::MenuHelp);
     On(cmdOK, &HomeView::EndMenuHelp);
 }
@@ -135,6 +136,10 @@ void HomeView::EndMenuHelp() {
     cmdOK.Visible = false;
     cmdMenuHelp.Visible = true;
     Controls.TellChanged();
+}
+
+void HomeView::ShowGlossary() {
+    if (OpenHelp) OpenHelp(kGlossaryHelpTopic);
 }
 
 void HomeView::HelpKey() {

@@ -66,6 +66,7 @@ class HomeView {
     void ShowState();
 
     void MenuHelp();
+    void ShowGlossary();
     void EndMenuHelp();
     void ComeToHeading(const HomeMenuRow& row, Control& heading);
     void ComeToReadings(Control& heading);

@@ -79,7 +79,7 @@ void LinkSetup::Load() {
     ParseSettings(lines_, settings);
     ShowSettings(settings);
     ListPorts();
-    ShowResult(there ? path : path + " does not exist yet: Save lays it down.", ColorWhite);
+    ShowResult(there ? path : path + " does not exist yet: Save writes it.", ColorWhite);
 }
 
 void LinkSetup::ShowSettings(const Settings& settings) {

@@ -15,6 +15,8 @@ namespace counter {
 
 // Exit status of a program whose node did not call back.
 inline constexpr int kNoNodeExit = 3;
+// Help while the node is waited for.
+inline constexpr int kNodeHelpTopic = 3120;
 
 class NodeView {
   public:

@@ -31,13 +31,17 @@ struct NodeDesk : NodeBenchOf<GuiPump> {
 TEST(DesktopNode, LogsInThenWorksTheMeterFromTheHomeView) {
     NodeDesk bench({"login:late=6000"});
     std::string text, title;
+    int help = 0;
     bench.Pump.After(5000, [&] {
+        bench.OnShow()->OpenHelp = [&help](int number) { help = number; };
+        bench.OnShow()->HelpKey();
         text = bench.OnShow()->findChild<QLabel*>("lblNode")->text().toStdString();
         title = bench.Title();
     });
     bench.Desk->LogIn();
     EXPECT_EQ(text, "Asking the node at 192.168.0.5 to call TCP port 10001: try 2 of 10.");
     EXPECT_EQ(title, "COUNTER MAIN MENU                      Disconnected");
+    EXPECT_EQ(help, 3120);
     EXPECT_EQ(bench.OnShow(), bench.Desk->PageOf(ViewId::Home));
     EXPECT_EQ(bench.Title(), "CTR Main Menu                    Connected");
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTextEdit>
 
 #include "support/gui_bench.h"
@@ -88,7 +89,10 @@ TEST(DesktopSession, F1InTheCurveDialogOpensItsHelpOverIt) {
     QWidget* help = GuiBench::Dialog();
     ASSERT_NE(help, curve);
     EXPECT_EQ(help->windowTitle(), "APPLICATION  HELP");
-    EXPECT_FALSE(help->findChild<QTextEdit*>("lblText")->toPlainText().isEmpty());
+    const auto* text = help->findChild<QTextEdit*>("lblText");
+    EXPECT_TRUE(text->toPlainText().startsWith("Send .PRM File\n"));
+    EXPECT_GT(text->verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(text->verticalScrollBar()->value(), 0) << "a long text begins at its beginning";
     QTest::keyClick(help, Qt::Key_Return);
     bench.Pump.Pass(50);
     ASSERT_EQ(GuiBench::Dialog(), curve);

@@ -1,5 +1,7 @@
 #include "tools/help/help_pairs.h"
 
+#include <algorithm>
+
 namespace help_tool {
 
 namespace {
@@ -24,13 +26,26 @@ std::string EmptyIndex() {
     return index;
 }
 
+// The text of an entry with the one that follows it.
+std::string WholeText(const Entry& entry, const std::vector<Entry>& entries, std::vector<Fault>& faults) {
+    if (entry.Follows == 0) return entry.Text;
+    for (const Entry& other : entries) {
+        const bool meant =
+            std::find(other.Numbers.begin(), other.Numbers.end(), entry.Follows) != other.Numbers.end();
+        if (meant && other.Follows == 0) return entry.Text + "\r\n\r\n" + other.Text;
+    }
+    faults.push_back({entry.File, entry.Line, "no text " + std::to_string(entry.Follows) + " can follow"});
+    return entry.Text;
+}
+
 }  // namespace
 
 std::map<int, Pair> MakePairs(const std::vector<Entry>& entries, std::vector<Fault>& faults) {
     std::map<int, Pair> pairs;
     std::map<int, const Entry*> owners;
     for (const Entry& entry : entries) {
-        if (entry.Text.size() > kMostLength) {
+        const std::string text = WholeText(entry, entries, faults);
+        if (text.size() > kMostLength) {
             faults.push_back({entry.File, entry.Line, "a text of more than 32767 characters"});
             continue;
         }
@@ -46,10 +61,9 @@ std::map<int, Pair> MakePairs(const std::vector<Entry>& entries, std::vector<Fau
             Pair& pair = pairs[number / 100];
             if (pair.Index.empty()) pair.Index = EmptyIndex();
             const auto [position, isFirst] = positions.emplace(number / 100, pair.Texts.size() + 1);
-            if (isFirst) pair.Texts += entry.Text;
+            if (isFirst) pair.Texts += text;
             const std::size_t record = static_cast<std::size_t>(number % 100 - 1);
-            pair.Index.replace(record * kRecordBytes, kRecordBytes,
-                               Record(position->second, entry.Text.size()));
+            pair.Index.replace(record * kRecordBytes, kRecordBytes, Record(position->second, text.size()));
         }
     }
     return pairs;

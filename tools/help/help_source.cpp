@@ -14,7 +14,9 @@ constexpr int kRecords = 100;      // record 0 doesn't exist
 
 struct Heading {
     std::vector<int> Numbers;
+    int Follows = 0;
     bool Fixed = false;
+    bool Plain = false;
     std::string Title;
 };
 
@@ -70,8 +72,10 @@ class Reader {
         Close();
         Heading heading = HeadingOf(line);
         fixed_ = heading.Fixed;
-        std::string title = fixed_ ? heading.Title : "$" + heading.Title + "$";
-        entries_.push_back({std::move(heading.Numbers), file_, line_, title.append(kLineEnd)});
+        plain_ = heading.Plain;
+        std::string title = fixed_ || plain_ ? heading.Title : "$" + heading.Title + "$";
+        entries_.push_back(
+            {std::move(heading.Numbers), file_, line_, title.append(kLineEnd), heading.Follows});
     }
 
     Heading HeadingOf(std::string_view line) {
@@ -81,12 +85,7 @@ class Reader {
         while (!(words = Trim(words)).empty()) {
             const std::string_view word = words.substr(0, words.find(' '));
             words.remove_prefix(word.size());
-            const int number = HelpNumber(word);
-            if (number > 0) heading.Numbers.push_back(number);
-            if (word == "fixed") heading.Fixed = true;
-            if (number == 0 && word != "fixed") {
-                Refuse(line_, "\"" + std::string(word) + "\" is no help number");
-            }
+            if (!Takes(heading, word)) Refuse(line_, "\"" + std::string(word) + "\" is no help number");
         }
         if (heading.Numbers.empty()) Refuse(line_, "a heading without a number");
         heading.Title = Trim(line.substr(std::min(end + 1, line.size())));
@@ -94,6 +93,16 @@ class Reader {
             Refuse(line_, "a heading needs a title without \"*\" and \"$\"");
         }
         return heading;
+    }
+
+    // A word between the brackets; false: it means nothing.
+    static bool Takes(Heading& heading, std::string_view word) {
+        if (word == "fixed") return heading.Fixed = true;
+        if (word == "plain") return heading.Plain = true;
+        if (word.starts_with('+')) return (heading.Follows = HelpNumber(word.substr(1))) > 0;
+        const int number = HelpNumber(word);
+        if (number > 0) heading.Numbers.push_back(number);
+        return number > 0;
     }
 
     void Flow(std::string_view line) {
@@ -123,6 +132,7 @@ class Reader {
             if (block_.compare(i, 2, "\\*") == 0) {
                 text += block_[++i];
             } else if (block_[i] == '*') {
+                if (plain_) Refuse(blockLine_, "emphasis in a plain text");
                 text += '$';
                 emphasised = !emphasised;
             } else {
@@ -140,6 +150,7 @@ class Reader {
 
     int line_ = 0;
     bool fixed_ = false;
+    bool plain_ = false;
     std::vector<std::string> lines_;  // of the entry in hand
     std::string block_;               // paragraph or item in hand
     int blockLine_ = 0;

@@ -8,11 +8,15 @@
 //   - An item begins on a line of its own,
 //     and goes on over as many lines as it likes.
 //
+//   [1103 +3118] Title of an entry after which the text of 3118 follows, its title included
+//
+//   [1375 plain] Title of an entry for a label that knows no emphasis
+//
 //   [1138 fixed] Title of a table
 //   Lines that stay as they are, asterisks and all.
 //
-// The title stands above the text, emphasised in all but tables. Characters are printable ASCII; "$" is the
-// mark of emphasis in the files made, so only a table may hold it.
+// The title is the first line of the text, emphasised unless the entry is plain or a table. Characters are
+// printable ASCII; "$" is the mark of emphasis in the files made, so only a table may hold it.
 #pragma once
 
 #include <string>
@@ -36,6 +40,7 @@ struct Entry {
     std::string File;
     int Line = 0;      // of the heading
     std::string Text;  // as it goes into the text file: CR LF ends lines, "$" switches emphasis
+    int Follows = 0;   // the number whose text comes after this one; 0: none
 };
 
 // Appends the entries of one source and what is wrong with it.

@@ -58,6 +58,7 @@ QTextEdit* HelpDialog::MakeText(const HelpContent& content) {
         if (piece.Emphasised) format.setFontWeight(QFont::Bold);
         cursor.insertText(QtText(piece.Text).remove(QLatin1Char('\r')), format);
     }
+    text->moveCursor(QTextCursor::Start);  // what is inserted moves it on, and a long text would show its end
     text->setMinimumHeight(text->fontMetrics().lineSpacing() * kLines);
     return text;
 }

@@ -51,7 +51,7 @@ void HomePage::AddMenu() {
         if (row.Heading) {
             under = AddHeading(control);
         } else {
-            AddEntry(control, *under, row.Opens.has_value());
+            AddEntry(control, *under, row.Opens || row.Item == HomeItem::Glossary);
         }
     }
 }
@@ -76,8 +76,8 @@ QMenu* HomePage::AddHeading(Control& heading) {
     return menu;
 }
 
-// A view opens once the menu has gone: a menu that was worked by keys gives the focus back to where it was,
-// and must not take it from the view.
+// A view, or help, opens once the menu has gone: a menu that was worked by keys gives the focus back to where
+// it was, and must not take it from the view.
 void HomePage::AddEntry(Control& entry, QMenu& under, bool opensView) {
     QAction* action = under.addAction(QtText(entry.Caption));
     QObject::connect(action, &QAction::triggered, this, [this, &entry, opensView] {

@@ -16,7 +16,7 @@ class NodePage : public ViewPage {
     ~NodePage() override;
 
     QString Title() const override;
-    void HelpKey() override { AskHelp(kHomeHelpTopic); }
+    void HelpKey() override { AskHelp(kNodeHelpTopic); }
     // Logs in, once.
     void ComeToFront() override { view_.Activate(); }
     void PutAway() override {}

@@ -116,7 +116,8 @@ std::string Says(const CaseResult& result, const CaseResult& clean) {
         if (result.Out == clean.Out) return "";
         return "prints \"" + std::regex_replace(result.Out, std::regex("\n"), "/") + "\"; ";
     }
-    const std::string first = result.Err.substr(0, result.Err.find('\n'));
+    const std::string said = std::regex_replace(result.Err, std::regex("counterctl: see docs/.*\n"), "");
+    const std::string first = said.substr(0, said.find('\n'));
     return IsMeaning(first, LinkErrorOf(result)) ? "" : "\"" + first.substr(0, 90) + "\"; ";
 }
 

@@ -3,10 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <fstream>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <set>
 
 #include "cli/command_table.h"
+#include "cli/failure_page.h"
 #include "run_line.h"
 #include "support/bench_meter.h"
 #include "support/meter_kinds.h"
@@ -274,7 +278,47 @@ TEST(Get, AFailureSaysItsNumberInWords) {
     bench.Fail("XB74:echo");
     EXPECT_EQ(bench.Run({"get", "m.CT2", "--json"}), 3);
     EXPECT_EQ(Json::parse(bench.Out)["LinkErrorText"], "third block: wrong length");
-    EXPECT_EQ(bench.Err.substr(0, bench.Err.find('\n')), "counterctl: third block: wrong length");
+    EXPECT_EQ(bench.Err,
+              "counterctl: third block: wrong length\n"
+              "counterctl: see docs/when-something-fails.md#1-to-16\n"
+              "Failed to Get data, check connections, then try again.      ( 7)\n");
+}
+
+// The end of a link for each heading of the page, as browsers make it.
+std::set<std::string> SectionsOfThePage() {
+    std::set<std::string> sections;
+    std::ifstream page(SOURCE_FOLDER "/docs/when-something-fails.md");
+    for (std::string line, section; std::getline(page, line); section.clear()) {
+        if (!line.starts_with("### ")) continue;
+        for (char c : line.substr(4)) section += c == ' ' ? '-' : static_cast<char>(std::tolower(c));
+        sections.insert(section);
+    }
+    return sections;
+}
+
+TEST(FailurePage, HasASectionForEachFailure) {
+    const std::set<std::string> sections = SectionsOfThePage();
+    for (int number = 1; number <= LinkErrors::kPortFault; ++number) {
+        for (const ErrorSource source : {ErrorSource::GetAscii, ErrorSource::Refusal})
+            EXPECT_TRUE(sections.contains(FailureSection(number, source))) << number;
+    }
+    EXPECT_TRUE(sections.contains(kDoubtSection));
+    EXPECT_TRUE(sections.contains(kNodeSection));
+    const struct {
+        Status Refused;
+        const char* Section;
+    } cases[] = {
+        {{StatusKind::NotFound, "home/Settings.SSS", ""}, "no-settings"},
+        {{StatusKind::NotFound, "/dev/ttyUSB0", ""}, "no-adaptor-is-listed"},
+        {{StatusKind::NoPermission, "/dev/ttyUSB0", ""}, "permission-denied"},
+        {{StatusKind::Busy, "/dev/ttyUSB0", ""}, "the-port-is-busy"},
+        {{StatusKind::NoPermission, "home/Settings.SSS", ""}, ""},
+        {{StatusKind::Ok, "", ""}, ""},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(FailureSection(c.Refused), c.Section);
+        EXPECT_TRUE(*c.Section == '\0' || sections.contains(c.Section)) << c.Section;
+    }
 }
 
 TEST(Get, FilesAndPortsThatCannotBeUsedAre2) {
@@ -284,7 +328,9 @@ TEST(Get, FilesAndPortsThatCannotBeUsedAre2) {
     EXPECT_EQ(bench.LastErrLine(), "counterctl: m.CT2: Permission denied");
     bench.PortOpening = {StatusKind::Busy, "home/ports/com1", "Device or resource busy"};
     EXPECT_EQ(bench.Run({"get", "n.CT2"}), 2);
-    EXPECT_EQ(bench.LastErrLine(), "counterctl: home/ports/com1: Device or resource busy");
+    EXPECT_EQ(bench.Err,
+              "counterctl: see docs/when-something-fails.md#the-port-is-busy\n"
+              "counterctl: home/ports/com1: Device or resource busy\n");
     bench.Store.Contents["home/Settings.SSS"] = "3501000100100830010000\r\n\r\n";
     EXPECT_EQ(bench.Run({"get", "n.CT2"}), 2) << "settings without a link";
     bench.Store.Contents.erase("home/Settings.SSS");

@@ -64,7 +64,7 @@ TEST(Set, RefusalsSayWhatIsLegalAndWriteNothing) {
         {{"Serial Protocol=Modbus RTU", "Modbus Address=0"},   "'Modbus Address=0': becomes 1 by the rules of the Setup view"},
         {{"Modbus Address=5"},             "'Modbus Address=5': txtMBAddr is hidden"},
         {{"Low In 1=5"},                   "'Low In 1=5': txtLoIn1[0] is disabled. The scale or a curve is in force."},
-        {{"Relay Option=None", "Setpoint 1=5"}, "'Setpoint 1=5': txtSetpt[1] stands on a tab that is not offered. There is no relay board."},
+        {{"Relay Option=None", "Setpoint 1=5"}, "'Setpoint 1=5': txtSetpt[1] is on a tab that is not offered. There is no relay board."},
         {{"Preset=5"},                     "'Preset=5': txtTimeOut shows another field now"},
         {{"Duplex=Half"},                  "'Duplex=Half': cboDuplex has no entry 'Half'; entries are #0 'Full Duplex' #1 'Half Duplex'"},
         {{"Include LF=2"},                 "'Include LF=2': chkLF is 0 or 1"},

@@ -25,14 +25,17 @@ TEST(HelpCompiler, MakesIndexAndTexts) {
         "- *g*\n"
         "\n"
         "[503 fixed] Two\n"
-        " $ 36  * 42\n",
+        " $ 36  * 42\n"
+        "[504 plain +503] Three\n"
+        "h \\*\n",
         faults);
     ASSERT_TRUE(faults.empty()) << faults[0].Text();
     EXPECT_EQ(PairName(5), "Help 5");
     EXPECT_EQ(PairName(12), "Help12");
     EXPECT_EQ(pairs[5].Texts,
               "$One$\r\n\r\nA $b c$ d *.\r\n\r\n- e f\r\n- $g$"
-              "Two\r\n\r\n $ 36  * 42");
+              "Two\r\n\r\n $ 36  * 42"
+              "Three\r\n\r\nh *\r\n\r\nTwo\r\n\r\n $ 36  * 42");
 
     const std::string& index = pairs[5].Index;
     ASSERT_EQ(index.size(), 594U);
@@ -69,6 +72,9 @@ TEST(HelpCompiler, RefusesWithFileAndLine) {
         {"no heading",        "\nb\n[501] A\nc",                       "a.txt:2: text in front of the first heading"},
         {"no number",         "[fixed] A\nb",                          "a.txt:1: a heading without a number"},
         {"no record 0",       "[501 600] A\nb",                        "a.txt:1: \"600\" is no help number"},
+        {"plain emphasis",    "[501 plain] A\n\nb *c*",                "a.txt:3: emphasis in a plain text"},
+        {"nothing follows",   "[501 +502] A\nb",                      "a.txt:1: no text 502 can follow"},
+        {"a row of three",    "[501 +502] A\nb\n[502 +503] A\nb\n[503] A\nb", "a.txt:1: no text 502 can follow"},
         {"word",              "[501 502x] A\nb",                       "a.txt:1: \"502x\" is no help number"},
         {"bracket left open", "[501\nb",                               "a.txt:1: a heading needs a title without \"*\" and \"$\""},
         // clang-format on

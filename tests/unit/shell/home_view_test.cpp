@@ -163,6 +163,11 @@ TEST(HomeView, HeadingsRestoreTheScreenAndKeepTheirTopic) {
     bench.Press("cmdOK");
     EXPECT_TRUE(bench.Home.cmdMenuHelp.Visible);
     EXPECT_EQ(bench.Home.picText.Text, "");
+    int opened = 0;
+    bench.Home.OpenHelp = [&opened](int number) { opened = number; };
+    bench.Press("mnuGlossary");
+    EXPECT_EQ(opened, 3121);
+    EXPECT_EQ(HomeMenu().back().Name, "mnuGlossary");
 }
 
 TEST(HomeView, ReadingsAreReadyBeforeTheirEntriesDropDown) {
