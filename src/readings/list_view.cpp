@@ -53,7 +53,7 @@ void ListView::PressPause() {
 
 void ListView::PressContinue() {
     if (Stream.ReadingPaused == 0) return;
-    Stream.Resume();
+    ResumeRun();
     Controls.SetFocus(grdList);
 }
 

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "link/link_error.h"
+#include "link/reading_items.h"
+#include "meter/leading_number.h"
 
 namespace counter {
 
@@ -16,13 +18,29 @@ int NoHelp(std::string_view) {
 
 ReadingView::ReadingView(Session& session, std::unique_ptr<FrameCutter> cutter)
     : Program(session), Stream(session.Link, std::move(cutter)), Build(Controls, kEveryTab, NoHelp) {
-    Stream.TakeFrame = [this](const Frame& frame) {
-        if (!answered_) TakeFirst();
-        TakeReading(frame.Text, frame.OnlySizes);
-    };
+    Stream.TakeFrame = [this](const Frame& frame) { Take(frame); };
     Stream.PassDone = [this] {
         if (Drawn) Drawn();
     };
+}
+
+// A reading that ends a sweep is in no figure, as it is in no chart.
+void ReadingView::Take(const Frame& frame) {
+    if (!answered_) TakeFirst();
+    items_ = ItemsOf(frame.Whole.empty() ? frame.Text : frame.Whole);
+    TakeReading(frame.Text, frame.OnlySizes);
+    if (!frame.OnlySizes && Stream.ReadingPaused == 0) Statistics.Take(items_, Program.Pump.NowMs());
+}
+
+RunState ReadingView::State() const {
+    const RunHold pause = Stream.ReadingPaused == 1 ? RunHold::Paused : RunHold::None;
+    return Statistics.StateAt(Program.Pump.NowMs(), IsFull() ? RunHold::Full : pause);
+}
+
+std::optional<double> ReadingView::ItemValue(int item) const {
+    const auto index = static_cast<std::size_t>(item) - 1;
+    if (index >= items_.size() || items_[index].empty()) return std::nullopt;
+    return LeadingNumber(items_[index]);
 }
 
 void ReadingView::Unload() {
@@ -31,6 +49,8 @@ void ReadingView::Unload() {
     up_ = ending_ = false;
     Stream.Detach();
     Stream.ReadingPaused = 0;
+    Statistics.Forget();
+    items_.clear();
     Controls.DropFocus();
     TellStatus("");
     Reset();
@@ -47,6 +67,7 @@ int ReadingView::StartRun() {
     const int number = ++run_;
     Stream.Detach();
     Stream.ReadingPaused = 0;
+    Statistics.Begin(Program.Pump.NowMs());
     StreamStart(Program.Link);
     return number;
 }
@@ -63,8 +84,14 @@ bool ReadingView::Holds(int number) {
     return false;
 }
 
+void ReadingView::ResumeRun() {
+    Stream.Resume();
+    Statistics.Continue(Program.Pump.NowMs());
+}
+
 void ReadingView::StopRun() {
     ++run_;
+    Statistics.End();
     Stream.Pause();
 }
 
