@@ -13,7 +13,6 @@
 
 #include "desktop/kit/qt_text.h"
 #include "desktop/pages/reading_access.h"
-#include "link/reading_items.h"
 
 namespace counter {
 
@@ -61,7 +60,7 @@ std::optional<QPoint> StepOf(int key, bool all, QPoint from, int rows) {
 
 ReadingGrid::ReadingGrid(ListView& view, QWidget* parent) : QWidget(parent), view_(view) {
     ServeReadersOfScreens();
-    FitFont(0);
+    FitFont();
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);  // nothing behind it is painted first
     setMinimumSize(fontMetrics().averageCharWidth() * 8 * ListView::kColumns / 2,
@@ -72,19 +71,19 @@ ReadingGrid::ReadingGrid(ListView& view, QWidget* parent) : QWidget(parent), vie
 void ReadingGrid::BeginAnew() {
     longest_.clear();
     Select({});
-    FitFont(0);
+    FitFont();
     TellSize();
 }
 
 void ReadingGrid::Measure(const std::string& reading) {
     if (reading.size() > longest_.size()) longest_ = reading;
-    FitFont(0);
+    FitFont();
     TellSize();
 }
 
-void ReadingGrid::FitFont(int lines) {
+void ReadingGrid::FitFont(const ReadingFit* kept) {
     const int room = width() / ListView::kColumns - 2 * kCellMargin;
-    fit_ = FitReading(longest_, std::max(1, room), lines);
+    fit_ = FitReading(longest_, std::max(1, room), kept);
     setFont(fit_.Font);
 }
 
@@ -125,12 +124,13 @@ void ReadingGrid::FollowCell(int row, int column) {
     if (!looksTheSame) update(CellRect(row, column));
     if (cell.size() <= longest_.size()) return;
     longest_ = cell;
-    FitFont(fit_.Lines);
+    const ReadingFit kept = fit_;
+    FitFont(&kept);
     update();
 }
 
 void ReadingGrid::resizeEvent(QResizeEvent*) {
-    FitFont(0);
+    FitFont();
     TellSize();
     view_.FitWindow();
     Follow();
@@ -155,16 +155,17 @@ int ReadingGrid::ColumnAt(int x) const {
 // In front of a positive reading is a blank for its sign, which gives way where there is no room for it.
 QStringList ReadingGrid::LinesOf(const std::string& text) const {
     QStringList lines;
-    if (fit_.Lines > 1) {
-        for (const std::string_view item : ItemTextsOf(text)) lines += QtText(item);
-    } else {
-        lines += QtText(text);
-    }
-    for (QString& line : lines) {
-        while (line.endsWith(QLatin1Char(' '))) line.chop(1);
-        if (line.size() > fit_.Characters) line = line.trimmed();
+    for (const std::string_view part : ReadingLines(text, fit_.Layout)) {
+        const QString line = QtText(part);
+        lines += line.size() > fit_.Characters ? line.trimmed() : line;
     }
     return lines;
+}
+
+bool ReadingGrid::ShowsWhole(const QStringList& lines) const {
+    return lines.size() <= fit_.Lines && std::all_of(lines.begin(), lines.end(), [this](const QString& line) {
+               return line.size() <= fit_.Characters;
+           });
 }
 
 void ReadingGrid::paintEvent(QPaintEvent* event) {
@@ -192,7 +193,7 @@ void ReadingGrid::PaintCell(QPainter& painter, const QRect& cell, int row, int c
         painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, QtText(text));
         return;
     }
-    const QStringList lines = LinesOf(text);
+    const QStringList lines = LinesOf(text).mid(0, fit_.Lines);
     const int height = fontMetrics().height();
     room.setTop(room.top() + (room.height() - height * static_cast<int>(lines.size())) / 2);
     for (const QString& line : lines) {
@@ -219,10 +220,7 @@ bool ReadingGrid::event(QEvent* event) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const int row = RowAt(help->y()), column = ColumnAt(help->x());
     if (row >= rows_) return true;
-    const QStringList lines = LinesOf(view_.Cell(row, column));
-    const bool whole = std::all_of(lines.begin(), lines.end(),
-                                   [this](const QString& line) { return line.size() <= fit_.Characters; });
-    if (whole)
+    if (ShowsWhole(LinesOf(view_.Cell(row, column))))
         QToolTip::hideText();
     else
         QToolTip::showText(help->globalPos(), CellText(row, column).toHtmlEscaped(), this);

@@ -50,13 +50,14 @@ class ReadingGrid : public QWidget {
     void focusOutEvent(QFocusEvent*) override { update(); }
 
   private:
-    void FitFont(int lines);
+    void FitFont(const ReadingFit* kept = nullptr);
     void TellSize();
     int Twips(int pixels) const;
     int RowPixels() const;
     std::size_t Count() const { return static_cast<std::size_t>(rows_) * ListView::kColumns; }
     void FollowCell(int row, int column);
     QStringList LinesOf(const std::string& text) const;
+    bool ShowsWhole(const QStringList& lines) const;
     void PaintCell(QPainter& painter, const QRect& cell, int row, int column) const;
     void PaintFocus(QPainter& painter) const;
     std::optional<QPoint> Moved(const QKeyEvent& event) const;
