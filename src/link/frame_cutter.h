@@ -13,6 +13,9 @@ namespace counter {
 
 struct Frame {
     std::string Text;
+    // Plot and Graph: the frame as the meter sent it, of which Text is the part that is parsed. Empty: Text
+    // is all.
+    std::string Whole;
     bool OnlySizes = false;  // List: the first whole frame after a start; it sizes the grid and isn't listed
 };
 

@@ -42,7 +42,8 @@ bool LatestCutter::Next(Frame& frame) {
         frameState_ = 0;
         return false;
     }
-    frame.Text = CleanReading(buffer_.First(pos - 1));
+    frame.Whole = buffer_.First(pos - 1);
+    frame.Text = CleanReading(frame.Whole);
     frame.OnlySizes = false;
     buffer_.Drop(buffer_.Size() / pos * pos);
     return !frame.Text.empty();

@@ -119,7 +119,7 @@ void GraphView::PressPause() {
 
 // It never starts over: the counts survive a pause.
 void GraphView::PressContinue() {
-    if (Stream.ReadingPaused == 1) Stream.Resume();
+    if (Stream.ReadingPaused == 1) ResumeRun();
 }
 
 void GraphView::TakeReading(const std::string& text, bool) {
@@ -152,6 +152,7 @@ void GraphView::Count(std::size_t bin) {
 }
 
 void GraphView::Blink(Side side) {
+    Statistics.CountOutside(side == Side::Low);
     int& blink = side == Side::Low ? histogram_.LowBlink : histogram_.HighBlink;
     bool& shown = side == Side::Low ? histogram_.LowShown : histogram_.HighShown;
     blink = 1 - blink;

@@ -42,6 +42,7 @@ class GraphView : public ChartView {
     Control& lblVertScale = lblThird;
     Control& txtVertScale = txtThird;
 
+    bool HasBars() const override { return true; }
     const Histogram& Current() const { return histogram_; }
 
   private:

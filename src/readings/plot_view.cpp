@@ -208,7 +208,7 @@ void PlotView::PressContinue() {
         Run();
         return;
     }
-    Stream.Resume();
+    ResumeRun();
     sweep_.SweepStart = SecondsSinceMidnight();
 }
 

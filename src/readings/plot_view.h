@@ -64,6 +64,7 @@ class PlotView : public ChartView {
 
   private:
     void Run() override;
+    bool IsFull() const override { return sweep_.ChartFull == 1; }
     void PressPause() override;
     void PressContinue() override;
     void TakeReading(const std::string& text, bool onlySizes) override;

@@ -1,12 +1,18 @@
 #include "readings/reading_view.h"
 
+#include <algorithm>
+#include <span>
 #include <utility>
 
 #include "link/link_error.h"
+#include "link/reading_items.h"
+#include "meter/leading_number.h"
 
 namespace counter {
 
 namespace {
+
+constexpr std::string_view kItemEntries[] = {"Item 1", "Item 2", "Item 3"};
 
 int NoHelp(std::string_view) {
     return 0;
@@ -16,13 +22,48 @@ int NoHelp(std::string_view) {
 
 ReadingView::ReadingView(Session& session, std::unique_ptr<FrameCutter> cutter)
     : Program(session), Stream(session.Link, std::move(cutter)), Build(Controls, kEveryTab, NoHelp) {
-    Stream.TakeFrame = [this](const Frame& frame) {
-        if (!answered_) TakeFirst();
-        TakeReading(frame.Text, frame.OnlySizes);
-    };
+    Stream.TakeFrame = [this](const Frame& frame) { Take(frame); };
+    Controls.On(cboItem, [this](Control&) { ChooseItem(); });
+    OfferItems(1);
     Stream.PassDone = [this] {
         if (Drawn) Drawn();
     };
+}
+
+// A reading that ends a sweep is in no figure, as it is in no chart.
+void ReadingView::Take(const Frame& frame) {
+    if (!answered_) TakeFirst();
+    items_ = ItemsOf(frame.Whole.empty() ? frame.Text : frame.Whole);
+    OfferItems(std::max(Statistics.ItemsSeen(), static_cast<int>(items_.size())));
+    TakeReading(frame.Text, frame.OnlySizes);
+    if (!frame.OnlySizes && Stream.ReadingPaused == 0) Statistics.Take(items_, Program.Pump.NowMs());
+}
+
+// As many as a frame of the run has; an item that is no more gives way to the first.
+void ReadingView::OfferItems(int count) {
+    const auto offered = static_cast<std::size_t>(std::clamp(count, 1, kMostItems));
+    if (cboItem.Entries.size() == offered) return;
+    Form::Fill(cboItem, std::span(kItemEntries).first(offered));
+    cboItem.Enabled = offered > 1;
+    Controls.SetIndex(cboItem, Item <= static_cast<int>(offered) ? Item - 1 : 0);
+    Controls.TellChanged();
+}
+
+void ReadingView::ChooseItem() {
+    if (Item == cboItem.ListIndex + 1) return;
+    Item = cboItem.ListIndex + 1;
+    ItemChosen();
+}
+
+RunState ReadingView::State() const {
+    const RunHold pause = Stream.ReadingPaused == 1 ? RunHold::Paused : RunHold::None;
+    return Statistics.StateAt(Program.Pump.NowMs(), IsFull() ? RunHold::Full : pause);
+}
+
+std::optional<double> ReadingView::ItemValue(int item) const {
+    const auto index = static_cast<std::size_t>(item) - 1;
+    if (index >= items_.size() || items_[index].empty()) return std::nullopt;
+    return LeadingNumber(items_[index]);
 }
 
 void ReadingView::Unload() {
@@ -31,6 +72,8 @@ void ReadingView::Unload() {
     up_ = ending_ = false;
     Stream.Detach();
     Stream.ReadingPaused = 0;
+    Statistics.Forget();
+    items_.clear();
     Controls.DropFocus();
     TellStatus("");
     Reset();
@@ -47,6 +90,7 @@ int ReadingView::StartRun() {
     const int number = ++run_;
     Stream.Detach();
     Stream.ReadingPaused = 0;
+    Statistics.Begin(Program.Pump.NowMs());
     StreamStart(Program.Link);
     return number;
 }
@@ -63,8 +107,14 @@ bool ReadingView::Holds(int number) {
     return false;
 }
 
+void ReadingView::ResumeRun() {
+    Stream.Resume();
+    Statistics.Continue(Program.Pump.NowMs());
+}
+
 void ReadingView::StopRun() {
     ++run_;
+    Statistics.End();
     Stream.Pause();
 }
 

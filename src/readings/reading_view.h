@@ -7,12 +7,15 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "controls/form.h"
 #include "controls/page_builder.h"
 #include "link/reading_stream.h"
 #include "platform/printer.h"
+#include "readings/reading_statistics.h"
 #include "session/session.h"
 
 namespace counter {
@@ -31,6 +34,17 @@ class ReadingView {
     std::function<void()> ShowMainMenu;  // hide this view, show the home view, which unloads this one
     std::function<void()> ExitProgram;   // after an End for which HoldExit has made the exit wait
     Printer* Paper = nullptr;
+
+    // Which value of a frame with several is looked at, 1..3; the user chooses it.
+    int Item = 1;
+    // Whether it counts readings into bars, which some may lie beyond.
+    virtual bool HasBars() const { return false; }
+    // What the readings of the run amount to, of all items: each that the view has taken, over pauses, until
+    // a new run begins.
+    ReadingStatistics Statistics;
+    RunState State() const;
+    // Of the reading in hand, or the last one; nothing where it shows no number for that item.
+    std::optional<double> ItemValue(int item) const;
 
     // Before the view is shown: everything as new.
     void Load() { Unload(); }
@@ -56,8 +70,12 @@ class ReadingView {
     int StartRun();
     // Whether run `number` is still the one. Where the view has gone meanwhile, the meter is told to stop.
     bool Holds(int number);
+    // A paused run goes on.
+    void ResumeRun();
     // Input is thrown away from now on.
     void StopRun();
+    // The run is over though the view isn't, as a sweep whose time is over.
+    virtual bool IsFull() const { return false; }
 
     // On the status label, in red. An empty text hides it, unless the meter did not answer when the stream
     // was prepared for: that stands until the first reading.
@@ -69,12 +87,24 @@ class ReadingView {
     virtual void SendEnd();
     // The view's own part of Unload.
     virtual void Reset() = 0;
+    // The user looks at another item.
+    virtual void ItemChosen() {}
     virtual void TakeReading(const std::string& text, bool onlySizes) = 0;
 
     PageBuilder Build;
+
+  public:
+    Control& lblFigures = Build.Add(ControlKind::Picture, nullptr, "lblFigures");
+    // Can be used where frames have several values.
+    Control& cboItem = Build.Add(ControlKind::List, nullptr, "cboItem", "Item");
+
+  protected:
     Control* StatusLine = nullptr;  // where TellStatus shows
 
   private:
+    void Take(const Frame& frame);
+    void OfferItems(int count);
+    void ChooseItem();
     void TakeFirst();
     std::string StandingStatus() const;
     void LetEventsRun();
@@ -83,7 +113,8 @@ class ReadingView {
     bool up_ = false;
     bool ending_ = false;
     bool exitWanted_ = false;
-    bool answered_ = false;  // a reading has come since the view came up
+    bool answered_ = false;           // a reading has come since the view came up
+    std::vector<std::string> items_;  // of the reading in hand
     int run_ = 0;
     int life_ = 0;  // another one after each Unload
 };

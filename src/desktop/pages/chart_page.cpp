@@ -5,6 +5,7 @@
 
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
+#include "desktop/pages/reading_strip.h"
 
 namespace counter {
 
@@ -24,11 +25,16 @@ ChartPage::ChartPage(ChartView& view, std::string_view title, QWidget* parent)
     QVBoxLayout* column = strip_->LieBelow(this);
     AddScaleEntry(*column);
     column->addWidget(chart_, 1);
+    auto* figures = new ReadingStrip(view, bound_, this);
+    column->addWidget(figures);
     column->addLayout(bound_.MakeButtonRow(this, {&view.cmdNewScale, &view.cmdPause, &view.cmdContinue,
                                                   &view.cmdSave, &view.cmdPrint, &view.cmdEnd}));
     bound_.BindSpecial(view.Picture1, chart_, [this] { chart_->Follow(); });
     bound_.BindSpecial(view.lblStatus, &strip_->Line(), [this] { strip_->ShowLine(view_.lblStatus); });
-    view_.Drawn = [this] { chart_->Follow(); };
+    view_.Drawn = [this, figures] {
+        chart_->Follow();
+        figures->FollowReadings();
+    };
     view_.SaveBitmap = [this](const std::string& path) {
         return SaveChartBitmap(view_.Chart, chart_->size() * chart_->devicePixelRatioF(), path);
     };
