@@ -16,4 +16,17 @@ namespace counter {
 // stands before the first value without a blank ("A12.5") belongs to no value.
 std::vector<std::string> ItemsOf(std::string_view frame);
 
+// One value with all that the meter sent of it.
+struct ReadingItem {
+    std::string Sent;    // as it came; those of a frame one after another are the frame
+    std::string Number;  // as ItemsOf gives it
+    std::string Alarms;  // the letters at its end, which tell the alarms where the setup includes alarm data
+};
+std::vector<ReadingItem> SplitReading(std::string_view frame);
+// Number and alarm characters of one value that was kept as it came.
+ReadingItem ReadingItemOf(std::string_view sent);
+
+// Without blanks and control characters at both ends.
+std::string_view Stripped(std::string_view frame);
+
 }  // namespace counter
