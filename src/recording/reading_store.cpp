@@ -158,12 +158,17 @@ void ReadingStore::WaitAtMost(int ms) {
 }
 
 Status ReadingStore::BeginRun(const RunFacts& facts, std::int64_t& run) {
+    StoreQueries::Transaction transaction(*queries_);
+    if (Status status = transaction.Begin(); !status.Ok()) return status;
     Status status = queries_->Run(
         "INSERT INTO runs (meter, address, baud, setup, start, zone, note) VALUES (?, ?, ?, ?, ?, ?, ?)",
         {Words(facts.Meter), facts.Address, facts.Baud, OrNull(facts.Setup), Id(facts.StartMs),
          facts.MinutesEast, OrNull(facts.Note)});
     run = queries_->LastId();
-    return status;
+    if (status.Ok() && !facts.Topic.empty())
+        status = queries_->Run("INSERT INTO published (run, topic, number) VALUES (?, ?, 0)",
+                               {Id(run), Words(facts.Topic)});
+    return status.Ok() ? transaction.Commit() : status;
 }
 
 Status ReadingStore::Add(std::span<const StoredReading> readings) {
@@ -224,11 +229,6 @@ Status ReadingStore::Readings(std::int64_t run, std::int64_t first, int most,
     return status;
 }
 
-Status ReadingStore::SendRun(std::int64_t run, const std::string& topic) {
-    return queries_->Run("INSERT INTO published (run, topic, number) VALUES (?, ?, 0)",
-                         {Id(run), Words(topic)});
-}
-
 // Run by run: a statement over all of them would sort what waits each time.
 Status ReadingStore::ToSend(const std::string& topic, std::int64_t run, std::int64_t number, int most,
                             std::vector<StoredReading>& readings) {
@@ -247,6 +247,19 @@ Status ReadingStore::ToSend(const std::string& topic, std::int64_t run, std::int
         status = Readings(id, sent + 1, most, readings);
     }
     return status;
+}
+
+Status ReadingStore::CountToSend(const std::string& topic, std::int64_t& count) {
+    count = 0;
+    QSqlQuery* rows = nullptr;
+    Status status = queries_->Run(
+        "SELECT sum((SELECT coalesce(max(r.number), 0) FROM readings r WHERE r.run = p.run) - p.number)"
+        " FROM published p WHERE topic = ?",
+        {Words(topic)}, rows);
+    if (!status.Ok()) return status;
+    if (rows->next()) count = rows->value(0).toLongLong();
+    rows->finish();
+    return {};
 }
 
 Status ReadingStore::Sent(const std::string& topic, std::int64_t run, std::int64_t number) {

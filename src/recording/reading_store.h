@@ -26,6 +26,7 @@ struct RunFacts {
     int Baud = 0;              // bits a second
     std::int64_t StartMs = 0;  // UTC since 1970
     int MinutesEast = 0;       // of UTC, as clocks went at the start
+    std::string Topic;         // where a broker is to have it all; empty where it is not sent
 };
 
 struct StoredRun : RunFacts {
@@ -70,12 +71,11 @@ class ReadingStore {
     // Those of a run in their order, from `first` on, at most `most`.
     Status Readings(std::int64_t run, std::int64_t first, int most, std::vector<StoredReading>& readings);
 
-    // A run that is also sent to a broker under `topic`: all of it is to go there.
-    Status SendRun(std::int64_t run, const std::string& topic);
     // What the broker has not taken: of all runs that are sent there, in the order of runs and numbers, what
     // comes behind that reading; at most `most`.
     Status ToSend(const std::string& topic, std::int64_t run, std::int64_t number, int most,
                   std::vector<StoredReading>& readings);
+    Status CountToSend(const std::string& topic, std::int64_t& count);
     // The broker has taken this reading and all before it. One that it had taken already changes nothing.
     Status Sent(const std::string& topic, std::int64_t run, std::int64_t number);
     // The last reading that the broker has taken; 0 and 0 for none.

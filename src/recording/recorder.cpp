@@ -12,16 +12,15 @@ constexpr double kLookMs = 100;
 
 }  // namespace
 
-Status Recorder::Begin(const std::string& path, RunFacts facts) {
-    if (Status status = ReadingStore::Open(path, ReadingStore::Use::Make, store_); !status.Ok())
-        return status;
+Status Recorder::Open(const std::string& path) {
+    return ReadingStore::Open(path, ReadingStore::Use::Make, store_);
+}
+
+Status Recorder::Begin(RunFacts facts) {
     const WallTime now = pump_.LocalTime();
     facts.StartMs = UtcMs(now);
     facts.MinutesEast = now.MinutesEast;
-    if (Status status = store_->BeginRun(facts, run_); !status.Ok()) {
-        store_.reset();
-        return status;
-    }
+    if (Status status = store_->BeginRun(facts, run_); !status.Ok()) return status;
     store_->WaitAtMost(ReadingStore::kHastyMs);
     ticker_ = pump_.Every(kLookMs, [this] { WriteWhenDue(); });
     return {};
@@ -60,7 +59,6 @@ Status Recorder::WriteBatch() {
 Status Recorder::End() {
     if (!store_) return {};
     ticker_.reset();
-    ended_ = true;
     store_->WaitAtMost(ReadingStore::kPatientMs);
     const bool any = !waiting_.empty();
     trouble_ = {};

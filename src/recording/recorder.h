@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/pump.h"
@@ -30,10 +31,15 @@ class Recorder {
     Recorder(const Recorder&) = delete;
     Recorder& operator=(const Recorder&) = delete;
 
-    // Opens the store, which is laid down where there is none, and begins a run. `facts` need no start: it is
-    // now, in the clock's zone. Waits for another program that writes.
-    Status Begin(const std::string& path, RunFacts facts);
-    bool Recording() const { return store_ != nullptr && !ended_; }
+    // Opens the store, which is laid down where there is none. Waits for another program that writes.
+    Status Open(const std::string& path);
+    // Begins a run in it. `facts` need no start: it is now, in the clock's zone.
+    Status Begin(RunFacts facts);
+    Status Begin(const std::string& path, RunFacts facts) {
+        Status status = Open(path);
+        return status.Ok() ? Begin(std::move(facts)) : status;
+    }
+    bool Recording() const { return ticker_ != nullptr; }
     // A frame as it came, with the time at which it did. Without a visible character it is no reading. Never
     // waits for long.
     void Take(std::string_view frame, const WallTime& time);
@@ -48,7 +54,7 @@ class Recorder {
     std::int64_t Refused() const { return refused_; }  // for which memory had no more room
     // Why the last batch could not be written; good again as soon as one was.
     const Status& Trouble() const { return trouble_; }
-    // The open store; null before Begin.
+    // The open store; null before Open.
     ReadingStore* Store() { return store_.get(); }
 
     std::function<void()> Wrote;           // a batch is in the file; may be empty
@@ -65,7 +71,6 @@ class Recorder {
     double dueMs_ = 0;  // of the batch that waits
     std::int64_t run_ = 0, taken_ = 0, refused_ = 0;
     Status trouble_;
-    bool ended_ = false;
 };
 
 }  // namespace counter

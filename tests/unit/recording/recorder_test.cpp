@@ -113,8 +113,9 @@ TEST_F(RecordingTest, WhatTheBrokerHasNotTakenComesInOrder) {
     Recorder runs[] = {Recorder(Clock), Recorder(Clock), Recorder(Clock)};
     const char* topics[] = {"a", "b", "a"};
     for (int i = 0; i < 3; ++i) {
-        ASSERT_TRUE(runs[i].Begin(Path, {}).Ok());
-        ASSERT_TRUE(runs[i].Store()->SendRun(i + 1, topics[i]).Ok());
+        RunFacts facts;
+        facts.Topic = topics[i];
+        ASSERT_TRUE(runs[i].Begin(Path, facts).Ok());
         for (int n = 0; n < 3; ++n) runs[i].Take("+1.+2.");
         ASSERT_TRUE(runs[i].End().Ok());
     }
@@ -132,7 +133,9 @@ TEST_F(RecordingTest, WhatTheBrokerHasNotTakenComesInOrder) {
     ASSERT_TRUE(store.Sent("a", 3, 1).Ok());
     ASSERT_TRUE(store.Sent("a", 1, 1).Ok()) << "late, and nothing new";
     EXPECT_EQ(next(0, 0, 9), "3.2 3.3 ");
-    std::int64_t run = 0, number = 0;
+    std::int64_t run = 0, number = 0, waiting = 0;
+    ASSERT_TRUE(store.CountToSend("a", waiting).Ok());
+    EXPECT_EQ(waiting, 2);
     ASSERT_TRUE(store.LastSent("a", run, number).Ok());
     EXPECT_EQ(run * 10 + number, 31);
 }
