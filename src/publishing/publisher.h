@@ -2,9 +2,10 @@
 //
 // A reading goes out after it is in the file, and is sent until the broker has acknowledged it; the file
 // remembers how far that is. Whether one that was sent and not acknowledged has arrived, the broker itself
-// knows: this side has subscribed to what it sends, in a session that the broker keeps. So after each new
-// connection it sends a mark and waits for it: what comes back in front of the mark had arrived, all else had
-// not.
+// knows: this side listens to what it sends, in a session that the broker keeps. It does not listen while a
+// batch is underway, and only what the file remembers as taken is let go of there. So after each new
+// connection, a kill before it included, a mark is sent: what comes back in front of it had arrived, all else
+// had not.
 #pragma once
 
 #include <deque>
@@ -27,9 +28,8 @@ struct Topics {
 
 class Publisher {
   public:
-    static constexpr std::size_t kUnderway = 100;  // readings sent and not acknowledged
-    static constexpr double kMarkMs = 10'000;      // for the mark to come back
-    static constexpr double kKeepMs = 500;         // how often the file is told what was taken
+    static constexpr int kBatch = 500;         // readings underway; a broker may drop more than 1000
+    static constexpr double kMarkMs = 10'000;  // for the mark, or a batch, to come back
 
     // All must outlive it. The store may be written by others as well.
     Publisher(Pump& pump, ReadingStore& store, Broker& broker, Topics topics);
@@ -44,12 +44,18 @@ class Publisher {
     std::function<void(const std::string& why)> ConnectionChanged;  // empty: it is there. May be empty
 
   private:
-    enum class Phase { Away, Asking, Sending };
+    enum class Phase {
+        Away,
+        Asking,    // until the mark comes back
+        Ready,     // nothing is underway
+        Underway,  // a batch, until the broker has acknowledged it; nobody listens
+        Clearing,  // until the last of the batch has come back
+    };
     struct Place {
         std::int64_t Run = 0, Number = 0;
         auto operator<=>(const Place&) const = default;
     };
-    struct Underway {
+    struct Message {
         int Id;
         Place Of;
         bool Taken;
@@ -63,7 +69,8 @@ class Publisher {
     void HearOwn(const std::string& text);
     void Acknowledged(int id);
     void Send();
-    void Keep();
+    void EndBatch();
+    bool Keep();
 
     Pump& pump_;
     ReadingStore& store_;
@@ -71,12 +78,11 @@ class Publisher {
     Topics topics_;
     std::shared_ptr<Pump::Ticker> ticker_;
     Phase phase_ = Phase::Away;
-    std::string mark_;  // whose return is awaited
-    double markDueMs_ = 0;
+    std::string mark_;             // whose return is awaited
+    double dueMs_ = 0;             // when that is given up
     std::string why_ = "not yet";  // there is no connection; empty where there is one
-    std::deque<Underway> underway_;
+    std::deque<Message> underway_;
     Place sent_, taken_, kept_;
-    double keepDueMs_ = 0;
     bool idle_ = false;  // nothing is in the file behind `sent_`
 };
 

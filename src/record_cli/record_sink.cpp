@@ -47,9 +47,10 @@ Status RecordSink::Open(LinkSession& link) {
 // What an earlier run left behind goes out while the meter is being asked.
 Status RecordSink::BeginToSend(LinkSession& link) {
     const std::string base = order_.Broker->Prefix + "/" + order_.Name;
-    broker_ = std::make_unique<Broker>(*order_.Broker, "counter-record/" + base, Topics(base).Status);
-    publisher_ =
-        std::make_unique<Publisher>(link.Program().Pump, *recorder_->Store(), *broker_, Topics(base));
+    const Topics topics(base);
+    broker_ = std::make_unique<Broker>(
+        BrokerUse{*order_.Broker, "counter-record/" + base, topics.Status, topics.Readings, topics.Mark});
+    publisher_ = std::make_unique<Publisher>(link.Program().Pump, *recorder_->Store(), *broker_, topics);
     publisher_->ConnectionChanged = [this](const std::string& why) { TellConnection(why); };
     recorder_->Wrote = [this] { publisher_->Notice(); };
     Status status = broker_->Start();

@@ -40,6 +40,6 @@ for topic, keys in held.items():
 # While only recorders were killed, nobody was told anything twice.
 if again(hearing("before")) != 0:
     faults.append(f"{again(hearing('before'))} told twice after recorders were killed")
-print(f"{sum(map(len, held.values()))} readings of {len(set(r for k in held.values() for r, _ in k))} runs, "
+print(f"{sum(map(len, held.values()))} readings of {len(set((t, r) for t, k in held.items() for r, _ in k))} runs, "
       f"{again(heard)} told again by a broker that was killed or ended")
 sys.exit("\n".join(faults) if faults else 0)
