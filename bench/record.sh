@@ -30,7 +30,7 @@ tio_log() {
     exec 5<>"$work/tio/line"
     stty -F "$work/tio/line" raw -echo 9600
     printf '*1A0\r\n' >&5
-    sleep "$(($1 + 5))" | timeout "$1" tio --baudrate 9600 --log --log-file "$work/tio/log" "$work/tio/line" >/dev/null 2>&1 || true
+    sleep "$(($1 + 5))" | timeout -s INT "$1" tio --baudrate 9600 --log --log-file "$work/tio/log" "$work/tio/line" >/dev/null 2>&1 || true
     exec 5>&-
 }
 lines() {

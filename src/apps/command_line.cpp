@@ -83,6 +83,9 @@ void TellPeople(const std::string& line) {
 
 int RunCommandLine(int argc, char** argv, const RecordingCommands& recording) {
     HoldStandardStreams();
+    // Nobody here needs the event loop that windows share with other libraries, and each waking of it costs
+    // more.
+    setenv("QT_NO_GLIB", "1", 1);
     Patience patience(TellPeople);
     DiskFiles files(patience);
     PatientOutput written(STDOUT_FILENO, patience, "standard output");

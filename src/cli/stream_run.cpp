@@ -27,6 +27,10 @@ bool HasStream(const CommandCall& call) {
     return !settings.ModbusLink && !settings.EthernetMode;
 }
 
+// Readings that come faster than this one after another are taken some at a time, since being woken costs
+// more than a reading does.
+constexpr double kTogetherMs = 10;
+
 class StreamRun {
   public:
     StreamRun(const CommandCall& call, LinkSession& link, const StreamLimits& limits, ReadingSink& sink)
@@ -41,6 +45,7 @@ class StreamRun {
     bool IsEcho(const std::string& text);
     void WaitForReadings();
     void Take(const std::string& text);
+    void EndPass();
     bool Over() const;
     int Report();
 
@@ -51,6 +56,7 @@ class StreamRun {
     ReadingSink& sink_;
     long long taken_ = 0;
     double lastMs_ = 0;  // of the newest reading, or of the start
+    double passMs_ = 0;  // of the last pass's end
     std::string echo_;   // of the command, which the first frame may be
     bool interrupted_ = false;
     Status written_;  // of the first output that failed
@@ -85,9 +91,7 @@ void StreamRun::Stream() {
     stream.TakeFrame = [this](const Frame& frame) {
         if (!Over() && !IsEcho(frame.Text)) Take(std::string(Stripped(frame.Text)));
     };
-    stream.PassDone = [this] {
-        if (written_.Ok()) written_ = sink_.PassDone();
-    };
+    stream.PassDone = [this] { EndPass(); };
     const bool whole = StartSilent();
     const std::string& sent = program_.LinkState.CommandText;
     echo_ = sent.substr(0, sent.find('\r'));
@@ -145,6 +149,13 @@ void StreamRun::Take(const std::string& text) {
     ++taken_;
     lastMs_ = program_.Pump.NowMs();
     written_ = sink_.Take(text);
+}
+
+void StreamRun::EndPass() {
+    if (written_.Ok()) written_ = sink_.PassDone();
+    const double sinceMs = program_.Pump.NowMs() - passMs_;
+    if (sinceMs < kTogetherMs && !Over()) program_.Pump.Rest(kTogetherMs - sinceMs);
+    passMs_ = program_.Pump.NowMs();
 }
 
 int StreamRun::Report() {

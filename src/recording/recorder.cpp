@@ -8,7 +8,7 @@ namespace counter {
 
 namespace {
 
-constexpr double kLookMs = 100;
+constexpr double kLookMs = 250;
 
 }  // namespace
 

@@ -30,17 +30,6 @@ Status StatusOf(const std::string& path, int error) {
 // No file of this program is longer than some lines; a device such as /dev/zero has no end.
 constexpr std::size_t kLargestFile = 64U << 20;
 
-// Tells how much of it was written as well.
-int WriteAll(int descriptor, std::string_view content, std::size_t& written) {
-    written = 0;
-    while (written < content.size()) {
-        const ssize_t size = write(descriptor, content.data() + written, content.size() - written);
-        if (size > 0) written += static_cast<std::size_t>(size);
-        if (size < 0 && errno != EINTR) return errno;
-    }
-    return 0;
-}
-
 // A device or pipe, or what the shell has put in the place of one: /dev/stdout may be a file that is being
 // written already and must not be replaced under the writer.
 bool IsStream(const std::string& path) {
@@ -85,7 +74,7 @@ int WriteWhole(const std::string& path, std::string_view content) {
     if (const int error = file.Open(FolderOf(path))) return error;
     KeepRights(path, file.Handle());
     std::size_t written = 0;
-    if (const int error = WriteAll(file.Handle(), content, written)) return error;
+    if (const int error = WriteFile(file.Handle(), content, written)) return error;
     if (fsync(file.Handle()) != 0) return errno;
     if (const int error = file.RenameTo(path)) return error;
     SyncFolderOf(path);
@@ -110,7 +99,7 @@ class OpenFile : public GrowingFile {
     // A disk that was full in the middle must not leave half a line.
     int AddWhole(std::string_view content) {
         std::size_t written = 0;
-        const int error = WriteAll(descriptor_, content, written);
+        const int error = WriteFile(descriptor_, content, written);
         struct stat now = {};
         if (error == 0 || written == 0 || fstat(descriptor_, &now) != 0) return error;
         return ftruncate(descriptor_, now.st_size - static_cast<off_t>(written)) == 0 ? error : errno;
