@@ -2,8 +2,8 @@
 #
 # install_packages PACKAGE...: installs what is missing, as root or with sudo; says nothing when all is there.
 
-BUILD_PACKAGES="g++ cmake ninja-build ccache qt6-base-dev qt6-serialport-dev qt6-svg-dev libcli11-dev nlohmann-json3-dev"
-TEST_PACKAGES="libgtest-dev librapidcheck-dev libbenchmark-dev libmodbus-dev mbpoll xvfb xauth appstream desktop-file-utils bash-completion hunspell hunspell-en-us fonts-dejavu-core python3 python3-jsonschema python3-pymodbus python3-serial python3-serial-asyncio strace"
+BUILD_PACKAGES="g++ cmake ninja-build ccache qt6-base-dev qt6-serialport-dev qt6-svg-dev libqt6sql6-sqlite libmosquitto-dev libcli11-dev nlohmann-json3-dev"
+TEST_PACKAGES="libgtest-dev librapidcheck-dev libbenchmark-dev libmodbus-dev mbpoll xvfb xauth appstream desktop-file-utils bash-completion hunspell hunspell-en-us fonts-dejavu-core python3 python3-jsonschema python3-pymodbus python3-serial python3-serial-asyncio strace mosquitto mosquitto-clients"
 
 install_packages() {
     local missing=()

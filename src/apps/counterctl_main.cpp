@@ -1,106 +1,38 @@
-// counterctl: the command line companion.
-#include <fcntl.h>
-#include <poll.h>
+// counterctl: the command line companion. Its commands on stores of readings are a program of their own,
+// counter-record, which takes the same arguments: so no other command pays for SQLite and a broker's client.
 #include <unistd.h>
 
-#include <cstdlib>
-#include <iostream>
-#include <string_view>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <string>
 
+#include "apps/command_line.h"
 #include "cli/cli.h"
-#include "system/core_runtime.h"
-#include "system/disk_files.h"
-#include "system/patient_output.h"
-#include "system/program_folder.h"
-#include "system/qt_port_catalog.h"
-#include "system/qt_pump.h"
-#include "system/qt_serial_port.h"
-#include "system/qt_sockets.h"
+#include "cli/cli_output.h"
 
 namespace {
 
-class QtMachine : public counter::Machine {
-  public:
-    QtMachine(const std::string& programFolder, counter::Patience& patience)
-        : patience_(patience), catalog_(programFolder), port_(catalog_) {
-        pump_.InstallInterruptHandler();
-        patience_.EndWith(pump_.Interrupts());
+constexpr const char* kRecorder = "counter-record";
+
+// The one beside this program, else the one on PATH. Returns only where there is none.
+int BecomeRecorder(const counter::CommandCall& call, char** argv) {
+    std::error_code ignored;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", ignored);
+    const std::string beside = (self.parent_path() / kRecorder).string();
+    call.World.Out << std::flush;
+    execv(beside.c_str(), argv);
+    int error = errno;
+    if (error == ENOENT) {
+        execvp(kRecorder, argv);
+        error = errno;
     }
-    ~QtMachine() override { patience_.EndWith(nullptr); }
-    counter::Pump& Pump() override { return pump_; }
-    counter::SerialPort& Port() override { return port_; }
-    const counter::PortCatalog& Catalog() override { return catalog_; }
-    counter::Sockets Sockets() override { return sockets_.Both(); }
-
-  private:
-    counter::Patience& patience_;
-    counter::CoreRuntime runtime_;  // before all that lives in its event loop
-    counter::QtPump pump_;
-    counter::QtPortCatalog catalog_;
-    counter::QtSerialPort port_;
-    counter::QtSockets sockets_;
-};
-
-std::string DefaultFolder() {
-    const counter::CoreRuntime runtime;
-    return counter::DefaultProgramFolder();
-}
-
-// A stream that the caller has closed is opened on what can only fail. Otherwise the next file or port to be
-// opened would take its number, and text for people would go into a setup or to the meter.
-void HoldStandardStreams() {
-    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        if (fcntl(descriptor, F_GETFD) != -1) continue;
-        // The lowest free number is this one.
-        if (open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY) != descriptor) std::_Exit(2);
-    }
-}
-
-bool IsTerminal(int descriptor) {
-    return isatty(descriptor) == 1;
-}
-
-// Colours are for people at a terminal that knows them, and who do not mind.
-bool TakesColors(int descriptor) {
-    const char* const refused = std::getenv("NO_COLOR");
-    const char* const kind = std::getenv("TERM");
-    return IsTerminal(descriptor) && (refused == nullptr || *refused == '\0') && kind != nullptr &&
-           std::string_view(kind) != "dumb";
-}
-
-// Only where it is taken at once: standard error may be the terminal that was stopped.
-void TellPeople(const std::string& line) {
-    pollfd err = {STDERR_FILENO, POLLOUT, 0};
-    const std::string text = "counterctl: " + line + "\n";
-    if (poll(&err, 1, 0) <= 0) return;
-    [[maybe_unused]] const ssize_t size = write(STDERR_FILENO, text.data(), text.size());
+    return counter::RefuseStatus(call, {counter::StatusKind::Other, beside, std::strerror(error)});
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    HoldStandardStreams();
-    counter::Patience patience(TellPeople);
-    counter::DiskFiles files(patience);
-    counter::PatientOutput written(STDOUT_FILENO, patience, "standard output");
-    std::ostream out(&written);
-    counter::PatientOutput complaints(STDERR_FILENO, patience, "standard error");
-    std::ostream err(&complaints);
-    err << std::unitbuf;
-    const counter::CliWorld world{
-        out,
-        err,
-        IsTerminal(STDERR_FILENO),
-        files,
-        DefaultFolder,
-        [&patience](const std::string& folder) -> std::unique_ptr<counter::Machine> {
-            return std::make_unique<QtMachine>(folder, patience);
-        },
-        std::cin,
-        std::_Exit,
-        IsTerminal(STDIN_FILENO),
-        TakesColors(STDOUT_FILENO),
-        TakesColors(STDERR_FILENO),
-        [&written] { return written.Failure(); }};
-    return counter::RunCli(world, argc, argv);
+    const auto recorder = [argv](const counter::CommandCall& call) { return BecomeRecorder(call, argv); };
+    return counter::RunCommandLine(argc, argv, {recorder, recorder});
 }

@@ -44,6 +44,8 @@ int PutCommand(const CommandCall& call);
 int VerifyCommand(const CommandCall& call);
 int EditCommand(const CommandCall& call);
 int StreamCommand(const CommandCall& call);
+int RecordCommand(const CommandCall& call);
+int ReadingsCommand(const CommandCall& call);
 int ReadCommand(const CommandCall& call);
 int ResetCommand(const CommandCall& call);
 int RemoteCommand(const CommandCall& call);

@@ -28,6 +28,9 @@ class StreamFiles : public PassingFiles {
     Status Read(const std::string& path, std::string& content) const override;
     Status Write(const std::string& path, std::string_view content) override;
     Status Append(const std::string& path, std::string_view content) override;
+    Status Grow(const std::string& path, std::unique_ptr<GrowingFile>& file) override {
+        return path == kStandardStream ? Files::Grow(path, file) : PassingFiles::Grow(path, file);
+    }
 
   private:
     Status Send(std::string_view content);

@@ -31,6 +31,14 @@ class Machine {
     NoSockets none_;
 };
 
+struct CommandCall;
+
+// The commands on stores of readings. They are not part of this room, since SQLite and a broker's client cost
+// a program its start: whoever makes the world says what runs them.
+struct RecordingCommands {
+    std::function<int(const CommandCall&)> Record, Readings;
+};
+
 struct CliWorld {
     std::ostream& Out;
     std::ostream& Err;
@@ -47,11 +55,12 @@ struct CliWorld {
     bool ErrColors = false;
     // Why Out takes no more; may be empty, and answer Ok where it is not known.
     std::function<Status()> WhyOutFailed = {};
+    RecordingCommands Recording = {};
 
     // The same world with other files.
     CliWorld With(Files& files) const {
-        return {Out, Err,  ErrIsTerminal, files,     DefaultFolder, MakeMachine,
-                In,  Exit, InIsTerminal,  OutColors, ErrColors,     WhyOutFailed};
+        return {Out,  Err,          ErrIsTerminal, files,     DefaultFolder, MakeMachine, In,
+                Exit, InIsTerminal, OutColors,     ErrColors, WhyOutFailed,  Recording};
     }
 };
 

@@ -14,25 +14,35 @@ void ReadingsCsv::GiveUp() {
     if (Wanted() && fresh_) store_.Remove(path_);
 }
 
-Status ReadingsCsv::Add(const std::string& time, const std::vector<std::string>& items) {
-    if (!Wanted()) return {};
-    const bool first = columns_ == 0;
-    const std::string names = first ? NameColumns(items.size()) : "";
-    std::string row = time;
-    for (std::size_t i = 0; i < std::max(items.size(), columns_); ++i)
-        row += "," + (i < items.size() ? items[i] : std::string());
-    return first ? store_.Write(path_, names + row + "\n") : store_.Append(path_, row + "\n");
+void ReadingsCsv::Add(const std::string& time, const std::vector<std::string>& items) {
+    if (!Wanted()) return;
+    if (columns_ == 0) NameColumns(items.size());
+    waiting_ += time;
+    for (std::size_t i = 0; i < std::max(items.size(), columns_); ++i) {
+        waiting_ += ',';
+        if (i < items.size()) waiting_ += items[i];
+    }
+    waiting_ += '\n';
+}
+
+Status ReadingsCsv::Flush() {
+    if (waiting_.empty()) return {};
+    const std::string rows = std::exchange(waiting_, {});
+    if (file_) return file_->Add(rows);
+    Status status = store_.Write(path_, rows);
+    return status.Ok() ? store_.Grow(path_, file_) : status;
 }
 
 Status ReadingsCsv::End() {
-    return Wanted() && columns_ == 0 ? store_.Write(path_, NameColumns(1)) : Status{};
+    if (Wanted() && columns_ == 0) NameColumns(1);
+    return Flush();
 }
 
-std::string ReadingsCsv::NameColumns(std::size_t items) {
+void ReadingsCsv::NameColumns(std::size_t items) {
     columns_ = std::max<std::size_t>(items, 1);
-    std::string names = "time";
-    for (std::size_t i = 1; i <= columns_; ++i) names += ",item" + std::to_string(i);
-    return names + "\n";
+    waiting_ += "time";
+    for (std::size_t i = 1; i <= columns_; ++i) waiting_ += ",item" + std::to_string(i);
+    waiting_ += '\n';
 }
 
 }  // namespace counter

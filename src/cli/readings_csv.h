@@ -1,7 +1,9 @@
 // Readings of the stream as a table, row by row while they come.
 #pragma once
 
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/files.h"
@@ -19,18 +21,23 @@ class ReadingsCsv {
     Status Try();
     // Takes back what Try made: there was no such file.
     void GiveUp();
-    // What the file held is given up with the first reading, and with the end of a table that has none.
-    Status Add(const std::string& time, const std::vector<std::string>& items);
+    // A row, which Flush writes.
+    void Add(const std::string& time, const std::vector<std::string>& items);
+    // Rows that came together go out together. What the file held is given up with the first of them, and
+    // with the end of a table that has none.
+    Status Flush();
     // A table without a reading has its first line all the same.
     Status End();
 
   private:
     bool Wanted() const { return !path_.empty(); }
-    std::string NameColumns(std::size_t items);
+    void NameColumns(std::size_t items);
 
     Files& store_;
     std::string path_;
-    bool fresh_ = false;       // Try made the file
+    bool fresh_ = false;                 // Try made the file
+    std::unique_ptr<GrowingFile> file_;  // once the first rows are in it
+    std::string waiting_;
     std::size_t columns_ = 0;  // items of a row; 0 before the first line is written
 };
 

@@ -1,6 +1,7 @@
 #include "link/reading_items.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace counter {
 
@@ -67,14 +68,34 @@ std::size_t ItemLength(std::string_view frame) {
     return frame.size();
 }
 
+// A letter for an alarm, or a mark for one that is off.
+bool TellsAlarm(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
+}
+
+std::string AlarmsAtEnd(std::string_view text) {
+    const auto shown = std::find_if(text.rbegin(), text.rend(), [](char c) { return c != ' '; }).base();
+    const auto first = std::find_if_not(std::make_reverse_iterator(shown), text.rend(), TellsAlarm).base();
+    return {first, shown};
+}
+
+// How many characters in front of the first value belong to none.
+std::size_t LeadLength(std::string_view frame) {
+    const std::size_t first = std::min(frame.find_first_of(" +-.0123456789"), frame.size());
+    const bool isValue = frame.substr(first, 1) == " ";  // one that shows no number, or blanks in front
+    return isValue ? 0 : first;
+}
+
+bool ShowsNothing(std::string_view text) {
+    return text.find_first_not_of(' ') == std::string_view::npos;
+}
+
 }  // namespace
 
 std::vector<std::string_view> ItemTextsOf(std::string_view frame) {
-    const std::size_t first = std::min(frame.find_first_of(" +-.0123456789"), frame.size());
-    const bool isValue = frame.substr(first, 1) == " ";  // one that shows no number, or blanks in front
-    frame.remove_prefix(isValue ? 0 : first);
+    frame.remove_prefix(LeadLength(frame));
     std::vector<std::string_view> texts;
-    while (frame.find_first_not_of(' ') != std::string_view::npos) {
+    while (!ShowsNothing(frame)) {
         const std::size_t length = ItemLength(frame);
         texts.push_back(frame.substr(0, length));
         frame.remove_prefix(length);
@@ -86,6 +107,31 @@ std::vector<std::string> ItemsOf(std::string_view frame) {
     std::vector<std::string> items;
     for (const std::string_view text : ItemTextsOf(frame)) items.push_back(NumberText(std::string(text)));
     return items;
+}
+
+// A lead goes with the first value, blanks at the end with the last.
+std::vector<ReadingItem> SplitReading(std::string_view frame) {
+    std::vector<ReadingItem> items;
+    while (!ShowsNothing(frame)) {
+        const std::size_t lead = items.empty() ? LeadLength(frame) : 0;
+        const std::size_t length = lead + ItemLength(frame.substr(lead));
+        const bool last = ShowsNothing(frame.substr(length));
+        items.push_back(ReadingItemOf(frame.substr(0, last ? frame.size() : length)));
+        frame.remove_prefix(length);
+    }
+    return items;
+}
+
+ReadingItem ReadingItemOf(std::string_view sent) {
+    const std::string_view value = sent.substr(LeadLength(sent));
+    return {std::string(sent), NumberText(std::string(value)), AlarmsAtEnd(value)};
+}
+
+std::string_view Stripped(std::string_view frame) {
+    const auto shown = [](char c) { return static_cast<unsigned char>(c) > ' '; };
+    const auto first = std::find_if(frame.begin(), frame.end(), shown);
+    const auto last = std::find_if(frame.rbegin(), std::make_reverse_iterator(first), shown).base();
+    return {first, last};
 }
 
 }  // namespace counter

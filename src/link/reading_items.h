@@ -20,5 +20,17 @@ std::vector<std::string> ItemsOf(std::string_view frame);
 // The same values as the meter wrote them, with their sign places and what stands behind them. They point
 // into `frame`.
 std::vector<std::string_view> ItemTextsOf(std::string_view frame);
+// One value with all that the meter sent of it.
+struct ReadingItem {
+    std::string Sent;    // as it came; those of a frame one after another are the frame
+    std::string Number;  // as ItemsOf gives it
+    std::string Alarms;  // letters and "_" at its end, which tell the alarms where the setup includes them
+};
+std::vector<ReadingItem> SplitReading(std::string_view frame);
+// Number and alarm characters of one value that was kept as it came.
+ReadingItem ReadingItemOf(std::string_view sent);
+
+// Without blanks and control characters at both ends.
+std::string_view Stripped(std::string_view frame);
 
 }  // namespace counter

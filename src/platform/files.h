@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/status.h"
@@ -49,6 +50,17 @@ class FileLock {
     FileLock& operator=(const FileLock&) = delete;
 };
 
+// A file that is open and grows; it is closed with the object.
+class GrowingFile {
+  public:
+    GrowingFile() = default;
+    virtual ~GrowingFile() = default;
+    GrowingFile(const GrowingFile&) = delete;
+    GrowingFile& operator=(const GrowingFile&) = delete;
+    // Adds to its end, the whole or nothing; who reads the file sees it at once.
+    virtual Status Add(std::string_view content) = 0;
+};
+
 class Files : public FileReader {
   public:
     // The lock under which `path` is read and written again, whether or not the file is there. Busy, at once,
@@ -63,11 +75,25 @@ class Files : public FileReader {
     // Adds to the end of the file, which is made where there is none; who reads it sees the addition at once.
     // A failed one leaves the file as it was.
     virtual Status Append(const std::string& path, std::string_view content) = 0;
+    // For who adds often: opens the file, or makes it, once. A file that is renamed meanwhile is followed,
+    // not its name. Where nothing stays open, each addition is an Append.
+    virtual Status Grow(const std::string& path, std::unique_ptr<GrowingFile>& file);
     virtual Status Remove(const std::string& path) = 0;
     // With all folders above it; one that is there is fine.
     virtual Status MakeFolder(const std::string& path) = 0;
     // Makes `path` a symbolic link to `target`, replacing a link that is there.
     virtual Status MakeLink(const std::string& path, const std::string& target) = 0;
 };
+
+inline Status Files::Grow(const std::string& path, std::unique_ptr<GrowingFile>& file) {
+    struct Appended : GrowingFile {
+        Appended(Files& files, std::string name) : Store(files), Path(std::move(name)) {}
+        Status Add(std::string_view content) override { return Store.Append(Path, content); }
+        Files& Store;
+        std::string Path;
+    };
+    file = std::make_unique<Appended>(*this, path);
+    return {};
+}
 
 }  // namespace counter

@@ -20,6 +20,9 @@ class PassingFiles : public Files {
     Status Append(const std::string& path, std::string_view content) override {
         return behind_.Append(path, content);
     }
+    Status Grow(const std::string& path, std::unique_ptr<GrowingFile>& file) override {
+        return behind_.Grow(path, file);
+    }
     Status Lock(const std::string& path, std::unique_ptr<FileLock>& lock) override {
         return behind_.Lock(path, lock);
     }

@@ -46,6 +46,10 @@ class Pump {
     // included. A call that comes late is made once and not made up for. It must not wait.
     [[nodiscard]] std::shared_ptr<Ticker> Every(double periodMs, std::function<void()> tick);
 
+    // Lets input pile up for some milliseconds, in which nothing runs, an interrupt included: for who is
+    // woken more often than what has come is worth. A clock of tests has no such cost.
+    virtual void Rest(double) {}
+
     // Ends the process with this exit status. Does not return: no line after a wait runs in a dead program.
     [[noreturn]] virtual void EndProcess(int status) = 0;
 

@@ -57,6 +57,7 @@ DeadlineTimer::~DeadlineTimer() {
 }
 
 void DeadlineTimer::Set(double deadlineMs) {
+    if (deadlineMs == deadlineMs_) return;  // set already, and it rings again
     deadlineMs_ = deadlineMs;
     const itimerspec time = TimeFor(deadlineMs);
     timerfd_settime(descriptor_, TFD_TIMER_ABSTIME, &time, nullptr);

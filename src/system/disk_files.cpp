@@ -30,15 +30,6 @@ Status StatusOf(const std::string& path, int error) {
 // No file of this program is longer than some lines; a device such as /dev/zero has no end.
 constexpr std::size_t kLargestFile = 64U << 20;
 
-int WriteAll(int descriptor, std::string_view content) {
-    while (!content.empty()) {
-        const ssize_t size = write(descriptor, content.data(), content.size());
-        if (size > 0) content.remove_prefix(static_cast<std::size_t>(size));
-        if (size < 0 && errno != EINTR) return errno;
-    }
-    return 0;
-}
-
 // A device or pipe, or what the shell has put in the place of one: /dev/stdout may be a file that is being
 // written already and must not be replaced under the writer.
 bool IsStream(const std::string& path) {
@@ -82,12 +73,43 @@ int WriteWhole(const std::string& path, std::string_view content) {
     UnfinishedFile file;
     if (const int error = file.Open(FolderOf(path))) return error;
     KeepRights(path, file.Handle());
-    if (const int error = WriteAll(file.Handle(), content)) return error;
+    std::size_t written = 0;
+    if (const int error = WriteFile(file.Handle(), content, written)) return error;
     if (fsync(file.Handle()) != 0) return errno;
     if (const int error = file.RenameTo(path)) return error;
     SyncFolderOf(path);
     return 0;
 }
+
+class OpenFile : public GrowingFile {
+  public:
+    OpenFile(std::string path, int descriptor, const Patience& patience)
+        : path_(std::move(path)), descriptor_(descriptor), patience_(patience) {
+        struct stat there = {};
+        regular_ = fstat(descriptor, &there) == 0 && S_ISREG(there.st_mode);
+    }
+    ~OpenFile() override { close(descriptor_); }
+    Status Add(std::string_view content) override {
+        return StatusOf(path_, regular_
+                                   ? AddWhole(content)
+                                   : WriteStream(descriptor_, content, patience_, "a reader of " + path_));
+    }
+
+  private:
+    // A disk that was full in the middle must not leave half a line.
+    int AddWhole(std::string_view content) {
+        std::size_t written = 0;
+        const int error = WriteFile(descriptor_, content, written);
+        struct stat now = {};
+        if (error == 0 || written == 0 || fstat(descriptor_, &now) != 0) return error;
+        return ftruncate(descriptor_, now.st_size - static_cast<off_t>(written)) == 0 ? error : errno;
+    }
+
+    std::string path_;
+    int descriptor_;
+    const Patience& patience_;
+    bool regular_ = false;
+};
 
 class FolderLock : public FileLock {
   public:
@@ -133,15 +155,22 @@ Status DiskFiles::Write(const std::string& path, std::string_view content) {
 }
 
 Status DiskFiles::Append(const std::string& path, std::string_view content) {
-    if (IsStream(path)) return StatusOf(path, WriteToStream(path, content, patience_));
-    const int descriptor = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666);
-    if (descriptor < 0) return SystemStatus(path, errno);
-    struct stat before = {};
-    const bool regular = fstat(descriptor, &before) == 0 && S_ISREG(before.st_mode);
-    int error = WriteAll(descriptor, content);
-    // A disk that was full in the middle must not leave half a line.
-    if (error != 0 && regular && ftruncate(descriptor, before.st_size) != 0) error = errno;
-    if (close(descriptor) != 0 && error == 0) error = errno;
+    std::unique_ptr<GrowingFile> file;
+    const Status status = Grow(path, file);
+    return status.Ok() ? file->Add(content) : status;
+}
+
+Status DiskFiles::Grow(const std::string& path, std::unique_ptr<GrowingFile>& file) {
+    file.reset();
+    int descriptor = -1;
+    int error = 0;
+    if (IsStream(path)) {
+        error = OpenToWrite(path, patience_, descriptor);
+    } else {
+        descriptor = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666);
+        error = descriptor < 0 ? errno : 0;
+    }
+    if (error == 0) file = std::make_unique<OpenFile>(path, descriptor, patience_);
     return StatusOf(path, error);
 }
 

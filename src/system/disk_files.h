@@ -26,6 +26,7 @@ class DiskFiles : public Files {
     // goes with the program, killed or not. A network that can't lock a folder has no locks.
     Status Lock(const std::string& path, std::unique_ptr<FileLock>& lock) override;
     Status Append(const std::string& path, std::string_view content) override;
+    Status Grow(const std::string& path, std::unique_ptr<GrowingFile>& file) override;
     bool Exists(const std::string& path) const override;
     // A link goes, not what it names; a folder is refused.
     Status Remove(const std::string& path) override;

@@ -1,6 +1,7 @@
 #include "system/patient_output.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <utility>
@@ -11,9 +12,13 @@
 namespace counter {
 
 PatientOutput::PatientOutput(int descriptor, const Patience& patience, std::string name)
-    : descriptor_(descriptor), patience_(patience), name_(std::move(name)) {
+    : descriptor_(descriptor), patience_(patience), name_(std::move(name)), reader_("a reader of " + name_) {
     setp(waiting_.data(), waiting_.data() + waiting_.size());
-    if (isatty(descriptor) != 1) return;
+    struct stat there = {};
+    const bool terminal = isatty(descriptor) == 1;
+    if (fstat(descriptor, &there) == 0)
+        mayWait_ = !S_ISREG(there.st_mode) && !(S_ISCHR(there.st_mode) && !terminal);
+    if (!terminal) return;
     const std::string again = "/proc/self/fd/" + std::to_string(descriptor);
     own_ = open(again.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
 }
@@ -40,7 +45,9 @@ int PatientOutput::sync() {
 // What could not be written is given up: the stream is bad from then on.
 bool PatientOutput::Send() {
     const std::string_view waiting(pbase(), static_cast<std::size_t>(pptr() - pbase()));
-    const int error = WriteStream(own_ >= 0 ? own_ : descriptor_, waiting, patience_, "a reader of " + name_);
+    std::size_t ignored = 0;
+    const int error = mayWait_ ? WriteStream(own_ >= 0 ? own_ : descriptor_, waiting, patience_, reader_)
+                               : WriteFile(descriptor_, waiting, ignored);
     if (error_ == 0) error_ = error;
     setp(waiting_.data(), waiting_.data() + waiting_.size());
     return error == 0;

@@ -30,9 +30,10 @@ class PatientOutput : public std::streambuf {
     bool Send();
 
     int descriptor_;
-    int own_ = -1;  // of a terminal: opened once more, so that no write waits
+    int own_ = -1;         // of a terminal: opened once more, so that no write waits
+    bool mayWait_ = true;  // for a reader: not where a file or /dev/null takes it
     const Patience& patience_;
-    std::string name_;
+    std::string name_, reader_;
     int error_ = 0;
     std::array<char, 1 << 14> waiting_;  // a setup as JSON in few writes
 };

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <thread>
 
 #include "system/interrupt_watch.h"
 
@@ -36,6 +37,10 @@ WallTime QtPump::LocalTime() const {
     return time;
 }
 
+void QtPump::Rest(double ms) {
+    std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(ms));
+}
+
 void QtPump::EndProcess(int status) {
     std::fflush(nullptr);
     std::_Exit(status);
@@ -47,11 +52,12 @@ void QtPump::InstallInterruptHandler() {
 
 void QtPump::RunEvents(double deadlineMs) {
     // An event may wait itself, so the one timer goes back to the outer deadline before the outer loop, which
-    // may not have slept yet, goes on.
+    // may not have slept yet, goes on. The outermost wait leaves it set: the next turn mostly has the same.
     const double outerDeadlineMs = timer_.Deadline();
     timer_.Set(deadlineMs);
+    ++depth_;
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-    timer_.Set(outerDeadlineMs);
+    if (--depth_ > 0) timer_.Set(outerDeadlineMs);
 }
 
 }  // namespace counter

@@ -19,6 +19,7 @@ class QtPump : public Pump {
 
     double NowMs() const override;
     WallTime LocalTime() const override;
+    void Rest(double ms) override;
     // Flushes standard output and the other open streams; nothing is unwound.
     [[noreturn]] void EndProcess(int status) override;
 
@@ -33,6 +34,7 @@ class QtPump : public Pump {
 
   private:
     DeadlineTimer timer_;
+    int depth_ = 0;  // turns under way, one in another
     std::unique_ptr<InterruptWatch> interrupts_;
 };
 

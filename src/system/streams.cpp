@@ -41,6 +41,16 @@ int WriteStream(int descriptor, std::string_view content, const Patience& patien
     return 0;
 }
 
+int WriteFile(int descriptor, std::string_view content, std::size_t& written) {
+    written = 0;
+    while (written < content.size()) {
+        const ssize_t size = write(descriptor, content.data() + written, content.size() - written);
+        if (size > 0) written += static_cast<std::size_t>(size);
+        if (size < 0 && errno != EINTR) return errno;
+    }
+    return 0;
+}
+
 int OpenToWrite(const std::string& path, const Patience& patience, int& descriptor) {
     int error = 0;
     const auto tried = [&] {

@@ -13,6 +13,9 @@ namespace counter {
 int WriteStream(int descriptor, std::string_view content, const Patience& patience,
                 const std::string& reader);
 
+// The same for what no reader keeps waiting, a file; tells how much was written as well.
+int WriteFile(int descriptor, std::string_view content, std::size_t& written);
+
 // Opens a stream for writing at its end; a named pipe waits for a reader. Returns 0 or the system's error.
 int OpenToWrite(const std::string& path, const Patience& patience, int& descriptor);
 

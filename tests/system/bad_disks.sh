@@ -65,6 +65,7 @@ if [ -n "$mounted" ]; then
     no_files "$disk" "No space left on device"
     no_settings "No space left on device"
     no_meter_files "No space left on device"
+    refused "$disk/r.db" "No space left on device" record --count 3 --db "$disk/r.db"
     rm "$disk/filler"
     ctl 0 get "$disk/old.CT2"
     ctl 0 set "$disk/old.CT2" "Setpoint 1=10"

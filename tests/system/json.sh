@@ -40,6 +40,10 @@ document remote.one 0 remote display 5
 document stream.three 0 stream --count 3 --seconds 60
 [ "$(wc -l <"$work/out")" -eq 3 ] || fail "not a document a reading"
 sed -i 1q "$work/json/stream.three.json"
+document record.three 0 record --count 3 --seconds 60 --mqtt mqtt://127.0.0.1:1/plant --note "a try"
+document readings.runs 0 readings
+document readings.one 0 readings 1
+sed -i 1q "$work/json/readings.one.json"
 printf 'A%.0s' {1..84} >"$work/curve"
 { echo; printf '5%.0s' {1..84}; echo; } >>"$work/curve"
 document curve.one 0 curve "$work/curve"

@@ -56,6 +56,7 @@ struct CliBenchOf {
     std::function<std::unique_ptr<Machine>()> Make;  // empty: the commands need none
     bool Terminal = false;                           // at both ends
     std::streamsize OutRoom = 1'000'000'000;         // characters until standard output takes no more
+    RecordingCommands Recording;
     std::string Out, Err;
 
     int Run(const Words& words, const std::string& input = "") {
@@ -67,7 +68,9 @@ struct CliBenchOf {
         const auto machine = [this](const std::string&) { return Make(); };
         const auto home = [this] { return Home; };
         const auto exit = [](int status) { throw ProcessEnded{status}; };
-        const int status = RunLine({out, err, Terminal, Store, home, machine, in, exit, Terminal}, words);
+        CliWorld world{out, err, Terminal, Store, home, machine, in, exit, Terminal};
+        world.Recording = Recording;
+        const int status = RunLine(world, words);
         Out = written.str();
         Err = err.str();
         return status;
