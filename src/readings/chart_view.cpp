@@ -1,8 +1,32 @@
 #include "readings/chart_view.h"
 
 #include "link/latest_cutter.h"
+#include "meter/leading_number.h"
+#include "meter/text.h"
 
 namespace counter {
+
+namespace {
+
+std::string_view WordOf(RunState state) {
+    switch (state) {
+        case RunState::Stopped:
+            return "Stopped";
+        case RunState::Starting:
+            return "Starting";
+        case RunState::Running:
+            return "Running";
+        case RunState::Silent:
+            return "No readings come";
+        case RunState::Paused:
+            return "Paused";
+        case RunState::Full:
+            return "Full";
+    }
+    return {};
+}
+
+}  // namespace
 
 ChartView::ChartView(Session& session, const ThirdNumber& third)
     : ReadingView(session, std::make_unique<LatestCutter>(session.Frames)), third_(third) {
@@ -14,7 +38,8 @@ void ChartView::Wire() {
     LeadOn(txtMidVal, txtSmallVal);
     LeadOn(txtSmallVal, txtThird);
     LeadOn(txtThird, cmdOK);
-    Controls.OnGotFocus(cmdNewScale, [this](Control&) {
+    // Who only passes by with the Tab key keeps his run.
+    Controls.OnPickedFocus(cmdNewScale, [this](Control&) {
         if (Acts()) OpenScaleEntry(Filling::NineBlanks);
     });
     OnPress(cmdNewScale, [this] { PressNewScale(); });
@@ -66,20 +91,73 @@ void ChartView::ShowScaleEntry(bool shown) {
 
 // Of a click the coming of the focus alone fills the entries; the click itself leaves what is typed.
 void ChartView::PressNewScale() {
-    OpenScaleEntry(ScaleEntryOpen() ? Filling::AsItStands : Filling::NineBlanks);
+    const bool keeps = ScaleEntryOpen() || Controls.Focused() == &cmdNewScale;
+    OpenScaleEntry(keeps ? Filling::AsItStands : Filling::NineBlanks);
 }
 
 void ChartView::PressOK() {
-    if (const std::string objection = Objection(); !objection.empty()) {
-        TellStatus(objection);
-        Controls.SetFocus(txtThird);
+    if (const Refused refused = Objection(); refused.Entry) {
+        TellStatus(refused.Text);
+        Controls.TellChanged();
+        Controls.SetFocus(*refused.Entry);
         return;
     }
     ShowScaleEntry(false);
-    TellStatus("");
+    TellStatus(TakenAs());
     Controls.TellChanged();
     Controls.SetFocus(cmdPause);
     Run();
+}
+
+std::string ChartView::NoNumber(const Control& label, const Control& entry) {
+    if (JudgeTyped(entry.Text) != Typed::NoNumber) return {};
+    return label.Caption + " is no number: \"" + std::string(Trimmed(entry.Text)) + "\".";
+}
+
+ChartView::Refused ChartView::Objection() {
+    if (const std::string text = NoNumber(lblMidVal, txtMidVal); !text.empty()) return {text, &txtMidVal};
+    if (const std::string text = NoNumber(lblSmallVal, txtSmallVal); !text.empty())
+        return {text, &txtSmallVal};
+    if (const std::string text = ObjectionToThird(); !text.empty()) return {text, &txtThird};
+    return {};
+}
+
+// A number is what a text begins with. Who typed more than one is told what was made of it.
+std::string ChartView::TakenAs() const {
+    const std::pair<const Control*, const Control*> entries[] = {
+        {&lblMidVal, &txtMidVal}, {&lblSmallVal, &txtSmallVal}, {&lblThird, &txtThird}};
+    std::string text;
+    for (const auto& [label, entry] : entries) {
+        if (JudgeTyped(entry->Text) != Typed::NumberAndMore) continue;
+        text += (text.empty() ? "" : " ") + label->Caption + " \"" + std::string(Trimmed(entry->Text)) +
+                "\" is taken as " + ShortNumber(AsTyped(TypedNumber(entry->Text))) + ".";
+    }
+    return text;
+}
+
+std::string ChartView::ScaleText() const {
+    std::string text;
+    for (const auto& [label, entry] :
+         {std::pair(&lblMidVal, &txtMidVal), std::pair(&lblSmallVal, &txtSmallVal),
+          std::pair(&lblThird, &txtThird)}) {
+        const std::string_view typed = Trimmed(entry->Text);
+        if (!typed.empty()) text += (text.empty() ? "" : ", ") + label->Caption + " " + std::string(typed);
+    }
+    return text;
+}
+
+std::string ChartView::Describe() const {
+    if (ScaleEntryOpen()) return "The scale is being entered.";
+    std::string text(WordOf(State()));
+    if (const ItemFigures& figures = Statistics.Of(Item); figures.Count > 0)
+        text += ". Last reading " + DecimalText(figures.Current, figures.Decimals);
+    return text + ". " + RangeText() + ".";
+}
+
+// The first item is the eight characters that the stream is cut to; a frame may lack the others.
+void ChartView::TakeReading(const std::string& text, bool) {
+    const std::optional<double> value = Item == 1 ? LeadingNumber(text) : ItemValue(Item);
+    if (value) TakeValue(*value);
 }
 
 void ChartView::PressSave() {

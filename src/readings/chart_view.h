@@ -27,6 +27,12 @@ class ChartView : public ReadingView {
     // Writes the chart as a BMP file, replacing one that is there; may be empty.
     std::function<Status(const std::string& path)> SaveBitmap;
 
+    // For those who can't see the chart: its state, the last reading, what the axes span.
+    std::string Describe() const;
+    // For the head of a print: "Mid-Scale Value 500, ...", of the run.
+    std::string ScaleText() const;
+    bool ScaleEntryOpen() const { return cmdOK.Visible; }
+
   protected:
     ChartView(Session& session, const ThirdNumber& third);
 
@@ -55,21 +61,33 @@ class ChartView : public ReadingView {
   protected:
     // Clears the chart and runs with the scale as it is in the entries.
     virtual void Run() = 0;
-    // Why OK is refused; empty where it isn't.
-    virtual std::string Objection() const { return {}; }
+    // Why OK refuses the third number; empty where it doesn't.
+    virtual std::string ObjectionToThird() const { return NoNumber(lblThird, txtThird); }
+    // What the axes span: "Values from 1. to 5., ...".
+    virtual std::string RangeText() const = 0;
+    // A reading of the item that is looked at.
+    virtual void TakeValue(double value) = 0;
     virtual void PressPause() = 0;
     virtual void PressContinue() = 0;
 
     ValueScale TypedScale() const { return ReadValueScale(txtMidVal.Text, txtSmallVal.Text); }
     void Reset() override;
+    void TakeReading(const std::string& text, bool onlySizes) override;
 
   private:
     enum class Filling { NineBlanks, AsItStands };
+    // Why OK is refused, and what the user is to change; nothing where it isn't.
+    struct Refused {
+        std::string Text;
+        Control* Entry = nullptr;
+    };
+    Refused Objection();
+    static std::string NoNumber(const Control& label, const Control& entry);
+    std::string TakenAs() const;
     void Wire();
     void LeadOn(Control& entry, Control& next);
     void OpenScaleEntry(Filling filling);
     void ShowScaleEntry(bool shown);
-    bool ScaleEntryOpen() const { return cmdOK.Visible; }
     void PressNewScale();
     void PressOK();
     void PressSave();

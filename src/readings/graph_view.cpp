@@ -1,5 +1,6 @@
 #include "readings/graph_view.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -16,6 +17,7 @@ constexpr ThirdNumber kVerticalScale = {"txtVertScale", "lblVertScale", "Initial
 constexpr double kBarWidth = 20;
 constexpr double kBarPitch = 30;
 constexpr double kFirstBar = 20;
+constexpr double kWipedFrom = 5;  // bars are wiped down to here
 
 double BarLeft(int bin) {
     return kBarPitch * bin + kFirstBar;
@@ -76,7 +78,7 @@ void DrawSlice(ChartSurface& chart, int bin, float before, float count, float ba
 void DrawBars(ChartSurface& chart, const BinCounts& counts, float barScale) {
     for (int bin = 0; bin < kBins; ++bin) {
         const float count = counts[static_cast<std::size_t>(bin)];
-        chart.Draw(ChartBox{BarLeft(bin), 5, BarRight(bin), 1000, BoxFill::White});
+        chart.Draw(ChartBox{BarLeft(bin), kWipedFrom, BarRight(bin), 1000, BoxFill::White});
         chart.Draw(ChartBox{BarLeft(bin), 0, BarRight(bin), HeightOf(count, barScale), BoxFill::Black});
     }
 }
@@ -98,7 +100,7 @@ GraphView::GraphView(Session& session) : ChartView(session, kVerticalScale) {
 }
 
 // A chart whose top represents no count could show none.
-std::string GraphView::Objection() const {
+std::string GraphView::ObjectionToThird() const {
     return TypedNumber(txtVertScale.Text) > 0 ? "" : "Initial Vertical Scale must be a number above 0.";
 }
 
@@ -106,6 +108,7 @@ void GraphView::Run() {
     histogram_ = {};
     histogram_.Scale = TypedScale();
     histogram_.BarScale = TypedNumber(txtVertScale.Text);
+    histogram_.Scales = {histogram_.BarScale};
     DrawGraphFrame(Chart, histogram_.Scale, histogram_.BarScale);
     Controls.TellChanged();
     if (Holds(StartRun())) Stream.Attach();
@@ -122,10 +125,10 @@ void GraphView::PressContinue() {
     if (Stream.ReadingPaused == 1) ResumeRun();
 }
 
-void GraphView::TakeReading(const std::string& text, bool) {
+void GraphView::TakeValue(double value) {
     const double small = AsTyped(histogram_.Scale.SmallDiv);
     const double mid = AsTyped(histogram_.Scale.MidValue);
-    const double bin = WholeUnits((LeadingNumber(text) - mid + small * kMiddleBin) / small);
+    const double bin = WholeUnits((value - mid + small * kMiddleBin) / small);
     if (bin < 0) {
         Blink(Side::Low);
     } else if (bin >= kBins) {
@@ -136,6 +139,12 @@ void GraphView::TakeReading(const std::string& text, bool) {
     if (Chart.Record().size() > kMostEntries) DrawAll();
 }
 
+std::string GraphView::RangeText() const {
+    return "Values from " + ValueLabel(histogram_.Scale, -kMiddleBin) + " to " +
+           ValueLabel(histogram_.Scale, kMiddleBin) + ", counts from 0 to " +
+           ShortNumber(static_cast<double>(histogram_.BarScale));
+}
+
 void GraphView::Count(std::size_t bin) {
     Wipe(Side::Low);
     Wipe(Side::High);
@@ -144,11 +153,22 @@ void GraphView::Count(std::size_t bin) {
         DrawSlice(Chart, static_cast<int>(bin), count - 1, count, histogram_.BarScale);
         return;
     }
-    // One doubling is enough unless the scale began below 1.
-    while (count > histogram_.BarScale) histogram_.BarScale *= 2;
+    --histogram_.BinCount[bin];
+    DoubleUpTo(count);
+    ++histogram_.BinCount[bin];
     histogram_.UnderGrid = histogram_.BinCount;
     DrawBars(Chart, histogram_.BinCount, histogram_.BarScale);
     DrawCountAxis(Chart, histogram_.BarScale);
+}
+
+// The counts are those that are drawn. One doubling is enough unless the scale began below 1.
+void GraphView::DoubleUpTo(float count) {
+    for (std::size_t bin = 0; bin < kBins; ++bin) {
+        const double drawn = HeightOf(histogram_.BinCount[bin], histogram_.BarScale);
+        histogram_.Foot[bin] = std::clamp(drawn, histogram_.Foot[bin], kWipedFrom);
+    }
+    while (count > histogram_.BarScale) histogram_.BarScale *= 2;
+    histogram_.Scales.push_back(histogram_.BarScale);
 }
 
 void GraphView::Blink(Side side) {
@@ -166,15 +186,17 @@ void GraphView::Blink(Side side) {
 // Where there is no arrow there is nothing to erase.
 void GraphView::Wipe(Side side) {
     bool& shown = side == Side::Low ? histogram_.LowShown : histogram_.HighShown;
-    if (std::exchange(shown, false)) EraseArrow(Chart, side == Side::Low);
+    if (!std::exchange(shown, false)) return;
+    EraseArrow(Chart, side == Side::Low);
+    (side == Side::Low ? histogram_.LowWiped : histogram_.HighWiped) = true;
 }
 
+// What was drawn reading by reading, without what later drawing covers: the same picture.
 void GraphView::DrawAll() {
-    DrawGraphFrame(Chart, histogram_.Scale, histogram_.BarScale);
-    if (histogram_.UnderGrid != BinCounts{}) {
-        DrawBars(Chart, histogram_.UnderGrid, histogram_.BarScale);
-        DrawCountAxis(Chart, histogram_.BarScale);
-    }
+    DrawGraphFrame(Chart, histogram_.Scale, histogram_.Scales.front());
+    DrawDoublings();
+    if (histogram_.LowWiped) EraseArrow(Chart, true);
+    if (histogram_.HighWiped) EraseArrow(Chart, false);
     for (std::size_t bin = 0; bin < kBins; ++bin) {
         const float below = histogram_.UnderGrid[bin];
         const float count = histogram_.BinCount[bin];
@@ -182,6 +204,20 @@ void GraphView::DrawAll() {
     }
     if (histogram_.LowShown) DrawArrow(Chart, true);
     if (histogram_.HighShown) DrawArrow(Chart, false);
+}
+
+void GraphView::DrawDoublings() {
+    const std::vector<float>& scales = histogram_.Scales;
+    for (std::size_t i = 1; i < scales.size(); ++i) {
+        if (i + 1 == scales.size()) {
+            for (int bin = 0; bin < kBins; ++bin) {
+                const double foot = histogram_.Foot[static_cast<std::size_t>(bin)];
+                if (foot > 0) Chart.Draw(ChartBox{BarLeft(bin), 0, BarRight(bin), foot, BoxFill::Black});
+            }
+            DrawBars(Chart, histogram_.UnderGrid, histogram_.BarScale);
+        }
+        DrawCountAxis(Chart, scales[i]);
+    }
 }
 
 }  // namespace counter

@@ -6,6 +6,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "readings/chart_view.h"
 
@@ -22,11 +23,18 @@ struct Histogram {
     BinCounts BinCount{};
     // The bars as the last doubling drew them, with the grid over them; what came since lies over the grid.
     BinCounts UnderGrid{};
+    // The scales by which the count axis was drawn, and how much of a bar's first five units, which no later
+    // drawing wipes, was black under an earlier scale.
+    std::vector<float> Scales;
+    std::array<double, kBins> Foot{};
     // The arrows change with each reading out of range; a reading in range wipes them and leaves these.
     int LowBlink = 0;
     int HighBlink = 0;
     bool LowShown = false;
     bool HighShown = false;
+    // A wiped arrow takes with it what it stood on of the labels.
+    bool LowWiped = false;
+    bool HighWiped = false;
 };
 
 class GraphView : public ChartView {
@@ -49,14 +57,17 @@ class GraphView : public ChartView {
     enum class Side { Low, High };
 
     void Run() override;
-    std::string Objection() const override;
+    std::string ObjectionToThird() const override;
     void PressPause() override;
     void PressContinue() override;
-    void TakeReading(const std::string& text, bool onlySizes) override;
+    void TakeValue(double value) override;
+    std::string RangeText() const override;
     void Count(std::size_t bin);
+    void DoubleUpTo(float count);
     void Blink(Side side);
     void Wipe(Side side);
     void DrawAll();
+    void DrawDoublings();
 
     Histogram histogram_;
 };

@@ -27,6 +27,9 @@ constexpr double kLowerRail = -205;
 // Far beyond the left edge, and still a number that a painter can work with.
 constexpr double kFarLeft = -1e9;
 
+constexpr double kDayMs = 86'400'000;
+constexpr double kHairOfAMs = 1e-6;  // by which a sum of binary fractions may miss a whole millisecond
+
 float SweepSeconds(std::string_view text) {
     const float seconds = std::abs(TypedNumber(text));
     return seconds == 0 ? 1 : seconds;
@@ -138,11 +141,8 @@ void PlotView::Run() {
     if (Holds(StartRun())) Stream.Attach();
 }
 
-void PlotView::TakeReading(const std::string& text, bool) {
-    DrawReading(LeadingNumber(text));
-}
-
-void PlotView::DrawReading(double value) {
+void PlotView::TakeValue(double value) {
+    if (sweep_.FirstPoint == 1) SetClock();
     const float now = SecondsSinceMidnight();
     const double x = sweep_.FirstPoint ? 0 : PlaceOf(now);
     if (x > kSweepEnd) {
@@ -187,10 +187,22 @@ double PlotView::PlaceOf(float now) const {
     return std::max(kFarLeft, RoundHalfEven(seconds * 1000 / static_cast<double>(sweep_.PlotTime)));
 }
 
-float PlotView::SecondsSinceMidnight() const {
+void PlotView::SetClock() {
     const WallTime time = Program.Pump.LocalTime();
     const int whole = time.Hour * 3600 + time.Minute * 60 + time.Second;
-    return static_cast<float>(whole + time.Millisecond / 1000.0);
+    clock_ = {whole * 1000 + time.Millisecond, Program.Pump.NowMs()};
+}
+
+// Whole milliseconds, as a clock of the day has them.
+float PlotView::SecondsSinceMidnight() const {
+    const double passed = std::floor(Program.Pump.NowMs() - clock_.PumpMs + kHairOfAMs);
+    const double today = std::fmod(clock_.DayMs + passed, kDayMs);
+    return static_cast<float>(today / 1000);
+}
+
+std::string PlotView::RangeText() const {
+    return "Values from " + ValueLabel(sweep_.Scale, -20) + " to " + ValueLabel(sweep_.Scale, 20) +
+           ", time from 0 to " + ShortNumber(AsTyped(sweep_.PlotTime)) + " seconds";
 }
 
 // Before its first reading a sweep's clock is stopped, so no time of it has passed.

@@ -24,6 +24,13 @@ struct Sweep {
     float LastY = 0;       // height of the point before
 };
 
+// The time of day at the sweep's first point, and the pump's clock at that time. From there on time is the
+// pump's: the clock of the system may be set, or summer end, in the middle of a sweep.
+struct Clock {
+    int DayMs = 0;
+    double PumpMs = 0;
+};
+
 // The trace of one sweep, as lines on the chart.
 //
 // The record stays small however fast the meter sends and however long a sweep takes: what would change
@@ -67,14 +74,16 @@ class PlotView : public ChartView {
     bool IsFull() const override { return sweep_.ChartFull == 1; }
     void PressPause() override;
     void PressContinue() override;
-    void TakeReading(const std::string& text, bool onlySizes) override;
-    void DrawReading(double value);
+    void TakeValue(double value) override;
+    std::string RangeText() const override;
     void EndSweep();
     double HeightOf(double value) const;
     double PlaceOf(float now) const;
+    void SetClock();
     float SecondsSinceMidnight() const;
 
     Sweep sweep_;
+    Clock clock_;
     PlotTrace trace_;
 };
 

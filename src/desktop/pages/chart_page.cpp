@@ -1,8 +1,11 @@
 #include "desktop/pages/chart_page.h"
 
+#include <QDateTime>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <utility>
 
+#include "desktop/kit/chart_files.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
@@ -11,6 +14,7 @@ namespace counter {
 namespace {
 
 constexpr int kEntryCharacters = 14;
+constexpr QLatin1String kBetween("    ");
 
 }  // namespace
 
@@ -26,11 +30,12 @@ ChartPage::ChartPage(ChartView& view, std::string_view title, QWidget* parent)
     column->addWidget(chart_, 1);
     column->addLayout(bound_.MakeButtonRow(this, {&view.cmdNewScale, &view.cmdPause, &view.cmdContinue,
                                                   &view.cmdSave, &view.cmdPrint, &view.cmdEnd}));
-    bound_.BindSpecial(view.Picture1, chart_, [this] { chart_->Follow(); });
+    NameChart();
     bound_.BindSpecial(view.lblStatus, &strip_->Line(), [this] { strip_->ShowLine(view_.lblStatus); });
     view_.Drawn = [this] { chart_->Follow(); };
     view_.SaveBitmap = [this](const std::string& path) {
-        return SaveChartBitmap(view_.Chart, chart_->size() * chart_->devicePixelRatioF(), path);
+        return SaveChartPicture(chart_->Layers(), chart_->size(), chart_->devicePixelRatioF(), path,
+                                PictureFormat::Bmp);
     };
     bound_.Refresh();
 }
@@ -42,6 +47,28 @@ ChartPage::~ChartPage() {
 
 QString ChartPage::Title() const {
     return title_;
+}
+
+// The state and the scale change with the controls, the last reading comes between; whoever reads the
+// screen is told of the former and hears the latter when he asks.
+void ChartPage::NameChart() {
+    bound_.BindSpecial(view_.Picture1, chart_, [this] {
+        chart_->Follow();
+        const QString state = QtText(view_.Describe()).section(QLatin1Char('.'), 0, 0);
+        if (std::exchange(described_, state) != state) chart_->TellDescription();
+    });
+    chart_->setAccessibleName(title_.left(1) + title_.mid(1).toLower());
+    chart_->Describe = [this] { return QtText(view_.Describe()); };
+}
+
+PaperWork ChartPage::OnPaper() {
+    const WallTime now = view_.Program.Pump.LocalTime();
+    const QDateTime date(QDate(now.Year, now.Month, now.Day), QTime(now.Hour, now.Minute));
+    const QString meter = QStringLiteral("Meter address %1").arg(view_.Program.Settings.MeterAddressValue);
+    return {{title_ + kBetween + date.toString(QStringLiteral("yyyy-MM-dd HH:mm")) + kBetween + meter,
+             QtText(view_.ScaleText())},
+            chart_,
+            [this](QPainter& painter) { PaintChart(painter, chart_->rect(), chart_->Layers()); }};
 }
 
 // The place of the entry stays when it closes, so that the chart keeps its size.

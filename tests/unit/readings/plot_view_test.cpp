@@ -111,6 +111,55 @@ TEST(PlotView, MidnightGivesNegativeTimes) {
         << "what lies left of the chart altogether isn't recorded";
 }
 
+TEST(PlotView, AClockThatIsSetMovesNothing) {
+    for (const int setTo : {36'000 - 3600, 36'000 + 3600, 5}) {
+        PlotDesk desk;
+        desk.Start();
+        desk.MeterSends(0, "0");
+        desk.Pump.SetTimeOfDay(setTo);
+        desk.MeterSends(1000, "1");
+        Press(desk.View, desk.View.cmdPause);
+        desk.Pump.SetTimeOfDay(36'000);
+        Press(desk.View, desk.View.cmdContinue);
+        desk.MeterSends(0, "rest");
+        desk.MeterSends(1000, "2");
+        EXPECT_EQ(desk.Trace(),
+                  (Lines{"point 0,0 width 2", "line 0,0 100,10 width 2", "line 100,10 200,20 width 2"}));
+    }
+}
+
+TEST(PlotView, TabPassesNewScaleAndEnterOnItKeepsTheTexts) {
+    PlotDesk desk("100", "1", "10");
+    desk.Start();
+    desk.MeterSends(0, "100");
+    Form& form = desk.View.Controls;
+    EXPECT_EQ(form.FocusByTab(desk.View.cmdNewScale), Refusal::None);
+    EXPECT_EQ(form.FocusByTab(desk.View.cmdPause), Refusal::None);
+    EXPECT_EQ(desk.Trace().size(), 1U) << "the run goes on";
+    form.FocusByTab(desk.View.cmdNewScale);
+    Press(desk.View, desk.View.cmdNewScale);
+    EXPECT_EQ(desk.View.txtMidVal.Text + desk.View.txtHorzTime.Text, "10010");
+    form.FocusByTab(desk.View.cmdNewScale);
+    EXPECT_EQ(desk.View.txtMidVal.Text, "100") << "one Tab too far in the entry";
+}
+
+TEST(PlotView, ATextThatIsNoNumberIsRefusedWhereItStands) {
+    const struct {
+        const char *Mid, *Small, *Seconds, *Entry, *Status;
+    } cases[] = {{"abc", "1", "x", "txtMidVal", "Mid-Scale Value is no number: \"abc\"."},
+                 {"", "-", "9", "txtSmallVal", "Small Division Value is no number: \"-\"."},
+                 {"1", "", "one", "txtHorzTime", "Total Plot Time (Secs) is no number: \"one\"."},
+                 {"1", "2 V", "", "cmdPause", "Small Division Value \"2 V\" is taken as 2."},
+                 {"1,5", "", "   ", "cmdPause", ""}};
+    for (const auto& c : cases) {
+        PlotDesk desk(c.Mid, c.Small, c.Seconds);
+        Press(desk.View, desk.View.cmdOK);
+        EXPECT_EQ(desk.View.Controls.Focused()->Name, c.Entry);
+        EXPECT_EQ(desk.View.lblStatus.Caption, c.Status);
+        EXPECT_EQ(desk.View.txtMidVal.Text, c.Mid) << "as it was typed";
+    }
+}
+
 TEST(PlotView, ContinueStartsOverWhereTheChartIsFullOrTheSweepRuns) {
     PlotDesk desk("0", "1", " ");  // works as 1 second
     desk.Start();
