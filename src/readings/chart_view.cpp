@@ -1,5 +1,7 @@
 #include "readings/chart_view.h"
 
+#include <utility>
+
 #include "link/latest_cutter.h"
 #include "meter/leading_number.h"
 #include "meter/text.h"
@@ -7,6 +9,11 @@
 namespace counter {
 
 namespace {
+
+constexpr std::string_view kItems[] = {"1", "2", "3"};
+
+// Labels of setpoints stand below one another, so that two that are close can both be read.
+constexpr double kLabelPitch = 0.06;  // of the data area's height
 
 std::string_view WordOf(RunState state) {
     switch (state) {
@@ -45,11 +52,23 @@ void ChartView::Wire() {
     OnPress(cmdNewScale, [this] { PressNewScale(); });
     OnPress(cmdOK, [this] { PressOK(); });
     // A scale entry is left by OK, by a new one or by the end of the view.
+    Form::Fill(cboItem, kItems);
+    cboItem.ListIndex = 0;
+    OnPick(cboItem, [this] { PickItem(); });
+    OnPick(chkSetpoints, [this] { PickSetpoints(); });
+    OnPress(cmdAuto, [this] { PressAuto(); });
+    OnPress(cmdLast, [this] { PressLast(); });
+    OnPress(cmdPicture, [this] { PressPicture(); });
     OnPress(cmdPause, [this] {
         if (!ScaleEntryOpen()) PressPause();
     });
     OnPress(cmdContinue, [this] {
-        if (!ScaleEntryOpen()) PressContinue();
+        if (ScaleEntryOpen()) return;
+        if (std::exchange(runsAnew_, false)) {
+            Run();
+        } else {
+            PressContinue();
+        }
     });
     OnPress(cmdSave, [this] { PressSave(); });
     OnPress(cmdPrint, [this] { PressPrint(); });
@@ -60,8 +79,16 @@ void ChartView::LeadOn(Control& entry, Control& next) {
     Controls.OnEnter(entry, [this, &next](Control&) { Controls.SetFocus(next); });
 }
 
+void ChartView::OnPick(Control& list, std::function<void()> action) {
+    Controls.On(list, [this, act = std::move(action)](Control&) {
+        if (Acts()) act();
+    });
+}
+
 void ChartView::Reset() {
     Chart.Clear();
+    recent_.Clear();
+    runsAnew_ = false;
     ShowScaleEntry(false);
 }
 
@@ -77,6 +104,8 @@ void ChartView::OpenScaleEntry(Filling filling) {
     Chart.Clear();
     if (filling == Filling::NineBlanks)
         txtMidVal.Text = txtSmallVal.Text = txtThird.Text = std::string(9, ' ');
+    kept_ = KeptScale(Program.Folder, third_.View);
+    cmdLast.Enabled = kept_ != ScaleTexts();
     ShowScaleEntry(true);
     TellStatus("");
     Controls.TellChanged();  // what gets the focus must be on show
@@ -84,8 +113,8 @@ void ChartView::OpenScaleEntry(Filling filling) {
 }
 
 void ChartView::ShowScaleEntry(bool shown) {
-    for (Control* control :
-         {&lblMidVal, &txtMidVal, &lblSmallVal, &txtSmallVal, &lblThird, &txtThird, &cmdOK})
+    for (Control* control : {&lblMidVal, &txtMidVal, &lblSmallVal, &txtSmallVal, &lblThird, &txtThird, &cmdOK,
+                             &cmdAuto, &cmdLast})
         control->Visible = shown;
 }
 
@@ -106,7 +135,110 @@ void ChartView::PressOK() {
     TellStatus(TakenAs());
     Controls.TellChanged();
     Controls.SetFocus(cmdPause);
+    runsAnew_ = false;
+    KeepScale(Program.Folder, third_.View,
+              {std::string(Trimmed(txtMidVal.Text)), std::string(Trimmed(txtSmallVal.Text)),
+               std::string(Trimmed(txtThird.Text))});
     Run();
+}
+
+void ChartView::FillEntries(const ScaleTexts& texts) {
+    txtMidVal.Text = texts[0];
+    txtSmallVal.Text = texts[1];
+    txtThird.Text = texts[2];
+    TellStatus("");
+    Controls.TellChanged();
+    Controls.SetFocus(cmdOK);
+}
+
+void ChartView::PressAuto() {
+    const std::optional<ScaleNumbers> scale = AutoScale(recent_, AutoDivisions());
+    if (!scale) {
+        TellStatus("No reading has come in this view yet: let it run with any scale, then press New Scale.");
+        return;
+    }
+    const bool typed = TypedNumber(txtThird.Text) != 0;
+    const std::string third(typed ? Trimmed(txtThird.Text) : kept_[2].empty() ? third_.Usual : kept_[2]);
+    FillEntries({scale->Mid, scale->Small, third});
+}
+
+void ChartView::PressLast() {
+    FillEntries(kept_);
+}
+
+void ChartView::PressPicture() {
+    if (!SavePicture) return;
+    // The last of the kinds is what a name without one gets.
+    const std::string path =
+        Program.Dialogs.AskSaveFile({"Save As Picture", "Pictures|*.SVG *.BMP *.PNG", true});
+    if (path.empty()) return;
+    const Status status = SavePicture(path);
+    TellStatus(status.Ok() ? "" : status.Text());
+}
+
+// Of another item the readings so far tell nothing.
+void ChartView::PickItem() {
+    Item = cboItem.ListIndex + 1;
+    recent_.Clear();
+    RunAnew();
+}
+
+void ChartView::RunAnew() {
+    if (ScaleEntryOpen()) return;
+    runsAnew_ = Stream.ReadingPaused == 1;
+    if (!runsAnew_) Run();
+}
+
+void ChartView::PickSetpoints() {
+    TellStatus("");
+    if (chkSetpoints.Value == 0) return;
+    const std::vector<ShownSetpoint> setpoints = Setpoints();
+    std::string beyond;
+    for (const ShownSetpoint& setpoint : setpoints) {
+        const double part = PartOfValue(setpoint.Value);
+        if (!(part >= 0 && part <= 1))
+            beyond += (beyond.empty() ? "Beyond the scale: SP" : ", SP") + std::to_string(setpoint.Alarm) +
+                      " " + setpoint.Text;
+    }
+    if (!beyond.empty() && !ScaleEntryOpen()) TellStatus(beyond + ".");
+    if (!setpoints.empty()) return;
+    TellStatus(Program.Home.ViewEnabled
+                   ? "No relay alarm of the setup in memory watches item " + std::to_string(Item) + "."
+                   : "There is no setup in memory: get one from the meter or open a file first.");
+}
+
+std::vector<ShownSetpoint> ChartView::Setpoints() const {
+    if (!Program.Home.ViewEnabled) return {};
+    return SetpointsOf(Program.Image, Program.Identity.FirmwareVersion, Program.Identity.MeterType, Item);
+}
+
+bool ChartView::AtRest() const {
+    const RunState state = State();
+    return !ScaleEntryOpen() && (state == RunState::Paused || state == RunState::Full) && Spots() > 0;
+}
+
+void ChartView::DrawMarks(ChartSurface& chart, const ChartWindow& window) const {
+    if (chkSetpoints.Value == 0 || ScaleEntryOpen()) return;
+    const ChartScale area = DataArea();
+    const auto x = [&](double part) { return area.Left + part * (area.Right - area.Left); };
+    const auto y = [&](double part) { return area.Bottom + part * (area.Top - area.Bottom); };
+    for (const ShownSetpoint& setpoint : Setpoints()) {
+        const double whole = PartOfValue(setpoint.Value);
+        const double at = ValuesGoUp() ? window.Up(whole) : window.Across(whole);
+        if (!(at >= 0 && at <= 1)) continue;
+        const std::string label = "SP" + std::to_string(setpoint.Alarm) + " " + setpoint.Text;
+        ChartLine line{x(0), y(at), x(1), y(at), 2, LineStyle::Dashed, ChartInk::Setpoint};
+        ChartText text{label, TextAnchor::Right, x(1), y(at), -2, ChartInk::Setpoint};
+        if (!ValuesGoUp()) {
+            line = {x(at), y(0), x(at), y(1), 2, LineStyle::Dashed, ChartInk::Setpoint};
+            text.Anchor = at > 0.5 ? TextAnchor::Right : TextAnchor::Left;
+            text.X = x(at);
+            text.Y = y(1 - kLabelPitch * (setpoint.Alarm - 1));
+            text.HalfHeights = 0;
+        }
+        chart.Draw(line);
+        chart.Draw(text);
+    }
 }
 
 std::string ChartView::NoNumber(const Control& label, const Control& entry) {
@@ -157,7 +289,9 @@ std::string ChartView::Describe() const {
 // The first item is the eight characters that the stream is cut to; a frame may lack the others.
 void ChartView::TakeReading(const std::string& text, bool) {
     const std::optional<double> value = Item == 1 ? LeadingNumber(text) : ItemValue(Item);
-    if (value) TakeValue(*value);
+    if (!value) return;
+    recent_.Add(*value, Statistics.Of(Item).Decimals);
+    TakeValue(*value);
 }
 
 void ChartView::PressSave() {

@@ -5,18 +5,24 @@
 #include <utility>
 
 #include "meter/leading_number.h"
+#include "readings/chart_span.h"
 
 namespace counter {
 
 namespace {
 
-constexpr ThirdNumber kVerticalScale = {"txtVertScale", "lblVertScale", "Initial Vertical Scale"};
+constexpr ThirdNumber kVerticalScale = {"frmGRAPH", "txtVertScale", "lblVertScale", "Initial Vertical Scale",
+                                        "10"};
 
 // A bar and the distance from its left edge to the next one's, and where the first begins, in the chart's
 // units: 1000 are the width of the axis.
 constexpr double kBarWidth = 20;
 constexpr double kBarPitch = 30;
 constexpr double kFirstBar = 20;
+constexpr double kAxisWidth = 1000;
+// Round numbers along a part that is seen larger are at least this far from one another, as parts of it.
+constexpr double kCountsApart = 0.15;
+constexpr double kValuesApart = 0.12;
 constexpr double kWipedFrom = 5;  // bars are wiped down to here
 
 double BarLeft(int bin) {
@@ -143,6 +149,65 @@ std::string GraphView::RangeText() const {
     return "Values from " + ValueLabel(histogram_.Scale, -kMiddleBin) + " to " +
            ValueLabel(histogram_.Scale, kMiddleBin) + ", counts from 0 to " +
            ShortNumber(static_cast<double>(histogram_.BarScale));
+}
+
+// A bar stands on the axis at its value; the axis is 1000 units wide.
+double GraphView::PartOfValue(double value) const {
+    const double small = AsTyped(histogram_.Scale.SmallDiv);
+    const double bin = (value - AsTyped(histogram_.Scale.MidValue)) / small + kMiddleBin;
+    return (kBarPitch * bin + kFirstBar + kBarWidth / 2) / kAxisWidth;
+}
+
+double GraphView::ValueAt(double part) const {
+    const double bin = (part * kAxisWidth - kFirstBar - kBarWidth / 2) / kBarPitch;
+    return AsTyped(histogram_.Scale.MidValue) + (bin - kMiddleBin) * AsTyped(histogram_.Scale.SmallDiv);
+}
+
+ChartSpot GraphView::Spot(std::size_t bin) const {
+    const float count = histogram_.BinCount[bin];
+    const auto number = static_cast<int>(bin);
+    const std::string times = ShortNumber(static_cast<double>(count));
+    return {BarMiddle(number) / kAxisWidth, HeightOf(count, histogram_.BarScale) / 1000,
+            ValueLabel(histogram_.Scale, number - kMiddleBin) + "   " + times +
+                (count == 1 ? " reading" : " readings")};
+}
+
+std::size_t GraphView::NearestSpot(double x) const {
+    const double bin = RoundHalfEven((x * kAxisWidth - kFirstBar - kBarWidth / 2) / kBarPitch);
+    return static_cast<std::size_t>(std::clamp(bin, 0.0, kBins - 1.0));
+}
+
+void GraphView::DrawWindow(ChartSurface& chart, const ChartWindow& window) const {
+    chart.SetScale(-150, 1030, 1000, -80);
+    Solid(chart, 0, 1030, 0, 0);
+    Solid(chart, 0, 0, 1000, 0);
+    const double top = static_cast<double>(histogram_.BarScale);
+    AlongSpan(window.Bottom * top, window.Top * top, kCountsApart, [&](double part, const std::string& text) {
+        Solid(chart, -15, part * 1000, 0, part * 1000);
+        chart.Draw(ChartLine{0, part * 1000, 1000, part * 1000, 1, LineStyle::Dotted});
+        chart.Draw(ChartText{text, TextAnchor::Right, -35, part * 1000 + 49, 1});
+    });
+    for (int bin = 0; bin < kBins; ++bin) {
+        const double height =
+            HeightOf(histogram_.BinCount[static_cast<std::size_t>(bin)], histogram_.BarScale);
+        const double left = std::clamp(window.Across(BarLeft(bin) / kAxisWidth), 0.0, 1.0);
+        const double right = std::clamp(window.Across(BarRight(bin) / kAxisWidth), 0.0, 1.0);
+        const double up = std::clamp(window.Up(height / 1000), 0.0, 1.0);
+        if (right > left && up > 0)
+            chart.Draw(ChartBox{left * 1000, 0, right * 1000, up * 1000, BoxFill::Black});
+    }
+    AlongSpan(ValueAt(window.Left), ValueAt(window.Right), kValuesApart,
+              [&](double part, const std::string& text) {
+                  chart.Draw(ChartText{text, TextAnchor::Center, part * 1000, -60, -1});
+              });
+}
+
+std::string GraphView::ValuesText() const {
+    std::string text = "Value\tReadings\n";
+    for (std::size_t bin = 0; bin < kBins; ++bin)
+        text += ValueLabel(histogram_.Scale, static_cast<int>(bin) - kMiddleBin) + "\t" +
+                ShortNumber(static_cast<double>(histogram_.BinCount[bin])) + "\n";
+    return text;
 }
 
 void GraphView::Count(std::size_t bin) {

@@ -52,6 +52,13 @@ class GraphView : public ChartView {
 
     const Histogram& Current() const { return histogram_; }
 
+    std::size_t Spots() const override { return kBins; }
+    ChartSpot Spot(std::size_t bin) const override;
+    std::size_t NearestSpot(double x) const override;
+    ChartScale DataArea() const override { return {0, 1000, 1000, 0}; }
+    void DrawWindow(ChartSurface& chart, const ChartWindow& window) const override;
+    std::string ValuesText() const override;
+
   private:
     // Which of both arrows, that tell of readings below or above the bars.
     enum class Side { Low, High };
@@ -62,12 +69,18 @@ class GraphView : public ChartView {
     void PressContinue() override;
     void TakeValue(double value) override;
     std::string RangeText() const override;
+    int AutoDivisions() const override { return kAutoDivisions; }
+    double PartOfValue(double value) const override;
+    bool ValuesGoUp() const override { return false; }
+    double ValueAt(double part) const;
     void Count(std::size_t bin);
     void DoubleUpTo(float count);
     void Blink(Side side);
     void Wipe(Side side);
     void DrawAll();
     void DrawDoublings();
+
+    static constexpr int kAutoDivisions = 20;  // of the 31, so that later readings have bars too
 
     Histogram histogram_;
 };

@@ -6,6 +6,7 @@
 #include "desktop/kit/paper_page.h"
 #include "desktop/kit/status_strip.h"
 #include "desktop/kit/view_page.h"
+#include "desktop/pages/chart_explorer.h"
 #include "readings/chart_view.h"
 
 namespace counter {
@@ -26,11 +27,14 @@ class ChartPage : public ViewPage, public PaperPage {
   private:
     void NameChart();
     void AddScaleEntry(class QVBoxLayout& column);
+    QHBoxLayout* MakeOptions();
+    void Explain();
 
     ChartView& view_;
     const QString title_;
     Binder bound_;
     ChartWidget* chart_;
+    ChartExplorer explorer_;
     StatusStrip* strip_;
     QString described_;  // what a reader of the screen was last told of the state
 };
