@@ -61,7 +61,7 @@ class ChartPainter {
     void operator()(const ChartBox& box) {
         const QColor& fill = box.Fill == BoxFill::Black ? colors_.Ink : colors_.Paper;
         painter_.setRenderHint(QPainter::Antialiasing, false);
-        painter_.fillRect(QRectF(map_.At(box.X1, box.Y1), map_.At(box.X2, box.Y2)).normalized(), fill);
+        painter_.fillRect(OnWholePixels(map_.At(box.X1, box.Y1), map_.At(box.X2, box.Y2)), fill);
     }
 
     void operator()(const ChartText& text) {
@@ -72,6 +72,14 @@ class ChartPainter {
     }
 
   private:
+    // Each edge by itself: one that two boxes share falls on the same pixel for both.
+    QRectF OnWholePixels(const QPointF& a, const QPointF& b) const {
+        const QTransform& toDevice = painter_.deviceTransform();
+        const QTransform back = toDevice.inverted();
+        const QPointF one(toDevice.map(a).toPoint()), other(toDevice.map(b).toPoint());
+        return QRectF(back.map(one), back.map(other)).normalized();
+    }
+
     const QColor& ColorOf(ChartInk ink) const {
         if (ink == ChartInk::Second) return colors_.Second;
         return ink == ChartInk::Setpoint ? colors_.Setpoint : colors_.Ink;

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "desktop/kit/chart_files.h"
+#include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
@@ -68,6 +69,7 @@ void ChartPage::NameChart() {
         const QString state = QtText(view_.Describe()).section(QLatin1Char('.'), 0, 0);
         if (std::exchange(described_, state) != state) chart_->TellDescription();
     });
+    chart_->setObjectName(ObjectName(view_.Picture1));
     chart_->setAccessibleName(title_.left(1) + title_.mid(1).toLower());
     chart_->Describe = [this] {
         const std::string cursor = explorer_.CursorText();
