@@ -45,6 +45,7 @@ struct ChartText {
     double X = 0, Y = 0;
     int HalfHeights = 0;
     ChartInk Ink = ChartInk::Plain;
+    bool Wipes = false;  // what is below the text
     friend bool operator==(const ChartText&, const ChartText&) = default;
 };
 

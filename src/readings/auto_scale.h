@@ -10,7 +10,7 @@ namespace counter {
 // The latest readings of a view, as many as tell what a chart of the next ones has to span.
 class RecentReadings {
   public:
-    static constexpr std::size_t kMost = 200;
+    static constexpr std::size_t kMost = 1000;
     // `decimals`: digits after the point as the meter sent them.
     void Add(double value, int decimals);
     void Clear() { *this = {}; }

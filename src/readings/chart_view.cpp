@@ -14,6 +14,7 @@ constexpr std::string_view kItems[] = {"1", "2", "3"};
 
 // Labels of setpoints stand below one another, so that two that are close can both be read.
 constexpr double kLabelPitch = 0.06;  // of the data area's height
+constexpr double kLabelGap = 12;      // units between an upright line and its label
 
 std::string_view WordOf(RunState state) {
     switch (state) {
@@ -228,11 +229,12 @@ void ChartView::DrawMarks(ChartSurface& chart, const ChartWindow& window) const 
         if (!(at >= 0 && at <= 1)) continue;
         const std::string label = "SP" + std::to_string(setpoint.Alarm) + " " + setpoint.Text;
         ChartLine line{x(0), y(at), x(1), y(at), 2, LineStyle::Dashed, ChartInk::Setpoint};
-        ChartText text{label, TextAnchor::Right, x(1), y(at), -2, ChartInk::Setpoint};
+        ChartText text{label, TextAnchor::Right, x(1), y(at), -2, ChartInk::Setpoint, true};
         if (!ValuesGoUp()) {
+            const bool leftOf = at > 0.5;
             line = {x(at), y(0), x(at), y(1), 2, LineStyle::Dashed, ChartInk::Setpoint};
-            text.Anchor = at > 0.5 ? TextAnchor::Right : TextAnchor::Left;
-            text.X = x(at);
+            text.Anchor = leftOf ? TextAnchor::Right : TextAnchor::Left;
+            text.X = x(at) + (leftOf ? -kLabelGap : kLabelGap);
             text.Y = y(1 - kLabelPitch * (setpoint.Alarm - 1));
             text.HalfHeights = 0;
         }

@@ -224,6 +224,14 @@ TEST(Chart, AtRestAUserLooksCloserAndCopies) {
     bench.Line.Inject("rest\r10\r");
     view.Controls.Click(view.cmdPause);
     EXPECT_EQ(heard(), "");
+    auto* newScale = page.findChild<QWidget*>("cmdNewScale");
+    for (const auto& [reason, opens] :
+         {std::pair(Qt::TabFocusReason, false), std::pair(Qt::MouseFocusReason, true)}) {
+        view.Controls.SetFocus(view.cmdContinue);
+        QFocusEvent comes(QEvent::FocusIn, reason);
+        QApplication::sendEvent(newScale, &comes);
+        EXPECT_EQ(view.ScaleEntryOpen(), opens);
+    }
 }
 
 TEST(Chart, APictureIsOfTheKindThatItsNameEndsIn) {

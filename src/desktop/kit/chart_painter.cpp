@@ -66,6 +66,7 @@ class ChartPainter {
 
     void operator()(const ChartText& text) {
         const QRectF line = map_.LineOf(text);
+        if (text.Wipes) painter_.fillRect(line, colors_.Paper);
         painter_.setFont(map_.Font());
         painter_.setPen(ColorOf(text.Ink));
         painter_.drawText(line.topLeft() + QPointF(0, map_.Ascent()), QtText(text.Text));

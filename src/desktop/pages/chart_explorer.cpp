@@ -92,7 +92,8 @@ void ChartExplorer::DrawOver() {
             if (y >= area.Bottom && y <= area.Top)
                 fresh.Draw(ChartLine{x - kCursorArm, y, x + kCursorArm, y, 2});
         }
-        fresh.Draw(ChartText{spot.Text, TextAnchor::Left, area.Left + kCursorMargin, area.Top, 0});
+        fresh.Draw(ChartText{spot.Text, TextAnchor::Left, area.Left + kCursorMargin, area.Top, 0,
+                             ChartInk::Plain, true});
     }
     if (fresh.Record() == over_.Record()) return;
     over_.Clear();
