@@ -48,6 +48,7 @@ ChartPage::ChartPage(ChartView& view, std::string_view title, QWidget* parent)
                                 PictureFormatOf(path));
     };
     bound_.Refresh();
+    setTabOrder(bound_.WidgetOf(view.cmdLast), chart_);
     Explain();  // captions are shown by now: a new one takes a button's key
 }
 
