@@ -62,6 +62,8 @@ class Device {
     // 1 to 3, never above what the Mode and Function have.
     int DisplayedItem() const;
     const std::array<bool, 4>& AlarmsOn() const { return alarms_.On(); }
+    // 0, 2 or 4: as many as there are relays.
+    int FittedAlarms() const;
 
     // A remote display shows what it is sent and transmits nothing of its own.
     bool IsRemoteDisplay() const { return memory_.Bits(185, 7, 4) >= 6; }
@@ -90,7 +92,6 @@ class Device {
     void AdoptSetup();
     void Measure(double nowMs);
     std::string ValueTextOf(Reading which) const;
-    int FittedAlarms() const;
     int BoardByte() const;
     int OptionByte() const;
 

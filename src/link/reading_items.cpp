@@ -69,16 +69,22 @@ std::size_t ItemLength(std::string_view frame) {
 
 }  // namespace
 
-std::vector<std::string> ItemsOf(std::string_view frame) {
+std::vector<std::string_view> ItemTextsOf(std::string_view frame) {
     const std::size_t first = std::min(frame.find_first_of(" +-.0123456789"), frame.size());
     const bool isValue = frame.substr(first, 1) == " ";  // one that shows no number, or blanks in front
     frame.remove_prefix(isValue ? 0 : first);
-    std::vector<std::string> items;
+    std::vector<std::string_view> texts;
     while (frame.find_first_not_of(' ') != std::string_view::npos) {
         const std::size_t length = ItemLength(frame);
-        items.push_back(NumberText(std::string(frame.substr(0, length))));
+        texts.push_back(frame.substr(0, length));
         frame.remove_prefix(length);
     }
+    return texts;
+}
+
+std::vector<std::string> ItemsOf(std::string_view frame) {
+    std::vector<std::string> items;
+    for (const std::string_view text : ItemTextsOf(frame)) items.push_back(NumberText(std::string(text)));
     return items;
 }
 

@@ -10,8 +10,6 @@ namespace counter {
 
 namespace {
 
-constexpr std::string_view kItems[] = {"1", "2", "3"};
-
 // Labels of setpoints stand below one another, so that two that are close can both be read.
 constexpr double kLabelPitch = 0.06;  // of the data area's height
 constexpr double kLabelGap = 12;      // units between an upright line and its label
@@ -53,9 +51,6 @@ void ChartView::Wire() {
     OnPress(cmdNewScale, [this] { PressNewScale(); });
     OnPress(cmdOK, [this] { PressOK(); });
     // A scale entry is left by OK, by a new one or by the end of the view.
-    Form::Fill(cboItem, kItems);
-    cboItem.ListIndex = 0;
-    OnPick(cboItem, [this] { PickItem(); });
     OnPick(chkSetpoints, [this] { PickSetpoints(); });
     OnPress(cmdAuto, [this] { PressAuto(); });
     OnPress(cmdLast, [this] { PressLast(); });
@@ -178,10 +173,17 @@ void ChartView::PressPicture() {
 }
 
 // Of another item the readings so far tell nothing.
-void ChartView::PickItem() {
-    Item = cboItem.ListIndex + 1;
+void ChartView::ItemChosen() {
     recent_.Clear();
-    RunAnew();
+    if (ScaleEntryOpen() || Statistics.Readings == 0) return;  // nothing was drawn yet
+    runsAnew_ = Stream.ReadingPaused == 1;
+    if (!runsAnew_) DrawOn();
+}
+
+void ChartView::Run() {
+    DrawAnew();
+    Controls.TellChanged();
+    if (Holds(StartRun())) Stream.Attach();
 }
 
 void ChartView::RunAnew() {
@@ -291,7 +293,7 @@ std::string ChartView::Describe() const {
 // The first item is the eight characters that the stream is cut to; a frame may lack the others.
 void ChartView::TakeReading(const std::string& text, bool) {
     const std::optional<double> value = Item == 1 ? LeadingNumber(text) : ItemValue(Item);
-    if (!value) return;
+    if (!value) return PassBy();
     recent_.Add(*value, Statistics.Of(Item).Decimals);
     TakeValue(*value);
 }

@@ -72,18 +72,22 @@ class ChartView : public ReadingView, public CloseLook {
     // In the scale entry: the three numbers by the latest readings, or as they were last.
     Control& cmdAuto     = Build.Add(ControlKind::Button,  nullptr, "cmdAuto",     "Auto");
     Control& cmdLast     = Build.Add(ControlKind::Button,  nullptr, "cmdLast",     "Last");
-    Control& lblItem     = Build.Add(ControlKind::Label,   nullptr, "lblItem",     "Item");
-    Control& cboItem     = Build.Add(ControlKind::List,    nullptr, "cboItem");
     Control& chkSetpoints = Build.Add(ControlKind::Check,  nullptr, "chkSetpoints", "Setpoints");
     Control& cmdPicture  = Build.Add(ControlKind::Button,  nullptr, "cmdPicture",  "Save As Picture");
     // clang-format on
 
     // How the chart is looked at, beside the buttons; in the order in which they stand.
-    std::vector<Control*> Options = {&lblItem, &cboItem, &chkSetpoints};
+    std::vector<Control*> Options = {&chkSetpoints};
 
   protected:
     // Clears the chart and runs with the scale as it is in the entries.
-    virtual void Run() = 0;
+    void Run();
+    // Clears the chart and everything drawn so far is forgotten; the readings go on.
+    virtual void DrawAnew() = 0;
+    // The same in the middle of a run, for another item: its time goes on.
+    virtual void DrawOn() { DrawAnew(); }
+    // A reading came that has no value of the item.
+    virtual void PassBy() {}
     // Why OK refuses the third number; empty where it doesn't.
     virtual std::string ObjectionToThird() const { return NoNumber(lblThird, txtThird); }
     // What the axes span: "Values from 1. to 5., ...".
@@ -126,7 +130,7 @@ class ChartView : public ReadingView, public CloseLook {
     void PressLast();
     void PressPicture();
     void FillEntries(const ScaleTexts& texts);
-    void PickItem();
+    void ItemChosen() override;
     void PickSetpoints();
     std::vector<ShownSetpoint> Setpoints() const;
     void SendEnd() override;

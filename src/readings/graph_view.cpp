@@ -110,14 +110,12 @@ std::string GraphView::ObjectionToThird() const {
     return TypedNumber(txtVertScale.Text) > 0 ? "" : "Initial Vertical Scale must be a number above 0.";
 }
 
-void GraphView::Run() {
+void GraphView::DrawAnew() {
     histogram_ = {};
     histogram_.Scale = TypedScale();
     histogram_.BarScale = TypedNumber(txtVertScale.Text);
     histogram_.Scales = {histogram_.BarScale};
     DrawGraphFrame(Chart, histogram_.Scale, histogram_.BarScale);
-    Controls.TellChanged();
-    if (Holds(StartRun())) Stream.Attach();
 }
 
 void GraphView::PressPause() {

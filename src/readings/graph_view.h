@@ -50,6 +50,7 @@ class GraphView : public ChartView {
     Control& lblVertScale = lblThird;
     Control& txtVertScale = txtThird;
 
+    bool HasBars() const override { return true; }
     const Histogram& Current() const { return histogram_; }
 
     std::size_t Spots() const override { return kBins; }
@@ -63,7 +64,7 @@ class GraphView : public ChartView {
     // Which of both arrows, that tell of readings below or above the bars.
     enum class Side { Low, High };
 
-    void Run() override;
+    void DrawAnew() override;
     std::string ObjectionToThird() const override;
     void PressPause() override;
     void PressContinue() override;

@@ -1,6 +1,7 @@
 #include "readings/list_view.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "link/exchange.h"
 #include "link/list_cutter.h"
@@ -59,6 +60,7 @@ void ListView::PressContinue() {
 
 void ListView::TakeReading(const std::string& text, bool onlySizes) {
     if (onlySizes) {
+        if (Measure) Measure(text);
         SizeGrid();
         return;
     }
@@ -70,9 +72,31 @@ void ListView::TakeReading(const std::string& text, bool onlySizes) {
 void ListView::SizeGrid() {
     ColumnWidth = static_cast<int>(RoundHalfEven(GridWidth / static_cast<double>(kColumns)));
     RowHeight = LineHeight + kBetweenLines;
-    ListRows = std::max(1, GridHeight / RowHeight);
+    const int rows = std::max(1, GridHeight / RowHeight);
+    if (rows < ListRows) KeepNewest(rows);
+    ListRows = rows;
     cells_.resize(Place(ListRows, 0));
-    if (ListRow >= ListRows) ListRow = ListCol = 0;  // the window became smaller
+}
+
+// Before it is sized for the first time there is nothing to fit.
+void ListView::FitWindow() {
+    if (ListRows > 0) SizeGrid();
+}
+
+// The current cell stays where it is, or comes to the last row; before it run the readings, the newest at it,
+// as in a list that has always been that small.
+void ListView::KeepNewest(int rows) {
+    const std::size_t from = Place(ListRow, ListCol), all = cells_.size(), size = Place(rows, 0);
+    ListRow = std::min(ListRow, rows - 1);
+    const std::size_t current = Place(ListRow, ListCol);
+    std::vector<std::string> kept(size);
+    kept[current].swap(cells_[from]);
+    std::size_t back = 1;
+    for (std::size_t i = 1; i < all && back < size; ++i) {
+        std::string& text = cells_[(from + all - i) % all];
+        if (!text.empty()) kept[(current + size - back++) % size].swap(text);
+    }
+    cells_ = std::move(kept);
 }
 
 void ListView::StepOn() {

@@ -5,6 +5,7 @@
 // the meter sends it: nothing is parsed or cut.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,10 +25,14 @@ class ListView : public ReadingView {
     // The stream starts, and the list with it, at the first cell.
     void Activate() override;
 
-    // What the window sets before the view comes to the front, in twips, 1/1440 inch.
+    // What the window sets, in twips, 1/1440 inch.
     int GridWidth = 14400;
     int GridHeight = 7800;
     int LineHeight = 240;  // of a line of the grid's text
+    // The window measures the text of the reading that sizes the grid, and sets the three; may be empty.
+    std::function<void(const std::string& reading)> Measure;
+    // The window has another size. Readings keep their order as far as they fit, the newest among them.
+    void FitWindow();
 
     // The grid as it is shown. It is sized again on the first whole reading after a start or a pause, which
     // isn't listed; cells that are still there keep their texts.
@@ -62,6 +67,7 @@ class ListView : public ReadingView {
     void Reset() override;
     void TakeReading(const std::string& text, bool onlySizes) override;
     void SizeGrid();
+    void KeepNewest(int rows);
     void StepOn();
 
     std::vector<std::string> cells_;

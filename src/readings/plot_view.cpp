@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "meter/leading_number.h"
 
@@ -23,7 +24,7 @@ constexpr double kHairOfAMs = 1e-6;  // by which a sum of binary fractions may m
 constexpr double kRollMs = 50;
 
 constexpr int kTimeDecimals = 3;
-constexpr std::string_view kSeconds[] = {"none", "1", "2", "3"};
+constexpr std::string_view kSeconds[] = {"none", "Item 1", "Item 2", "Item 3"};
 
 float TypedSeconds(std::string_view text) {
     const float seconds = std::abs(TypedNumber(text));
@@ -35,7 +36,7 @@ float TypedSeconds(std::string_view text) {
 PlotView::PlotView(Session& session) : ChartView(session, kPlotTime) {
     Form::Fill(cboSecond, kSeconds);
     cboSecond.ListIndex = 0;
-    Options = {&lblItem, &cboItem, &lblSecond, &cboSecond, &chkSetpoints, &chkRolling};
+    Options = {&lblSecond, &cboSecond, &chkSetpoints, &chkRolling};
     // The trace of another item begins where the sweep is.
     OnPick(cboSecond, [this] {
         second_.Clear();
@@ -53,27 +54,42 @@ void PlotView::Reset() {
     rolling_ = {};
 }
 
-void PlotView::Run() {
+void PlotView::DrawAnew() {
     sweep_ = {};
     sweep_.Scale = TypedScale();
     sweep_.PlotTime = TypedSeconds(txtHorzTime.Text);
     sweep_.Rolling = chkRolling.Value == 1;
-    first_.Clear();
-    second_.Clear();
-    rolling_.Start(sweep_.Scale, sweep_.PlotTime);
     ticker_.reset();
     if (sweep_.Rolling) {
-        DrawRolling();
         ticker_ = Program.Pump.Every(kRollMs, [this] {
             if (!undrawn_) return;
             DrawRolling();
             if (Drawn) Drawn();
         });
+    }
+    DrawFrame();
+}
+
+void PlotView::DrawFrame() {
+    first_.Clear();
+    second_.Clear();
+    joined_ = false;
+    rolling_.Start(sweep_.Scale, sweep_.PlotTime);
+    if (sweep_.Rolling) {
+        DrawRolling();
     } else {
         DrawPlotFrame(Chart, sweep_.Scale, sweep_.PlotTime);
     }
-    Controls.TellChanged();
-    if (Holds(StartRun())) Stream.Attach();
+}
+
+// The trace of another item begins where the sweep is.
+void PlotView::DrawOn() {
+    DrawFrame();
+}
+
+void PlotView::PassBy() {
+    const bool over = !sweep_.Rolling && !sweep_.FirstPoint && PlaceOf(SecondsSinceMidnight()) > kSweepEnd;
+    if (over) EndSweep();
 }
 
 void PlotView::TakeValue(double value) {
@@ -98,7 +114,9 @@ void PlotView::Extend(double value) {
     if (sweep_.FirstPoint) {
         sweep_.SweepStart = now;
         sweep_.FirstPoint = 0;
-        trace_.Start(Chart, step.Y);
+    }
+    if (!std::exchange(joined_, true)) {
+        trace_.Start(Chart, step.Y, x);
     } else {
         trace_.LineTo(Chart, x, step.Y, step.Width);
     }

@@ -49,7 +49,7 @@ class PlotView : public ChartView {
 
     // A second item of the same frames, and the chart that rolls.
     // clang-format off
-    Control& lblSecond  = Build.Add(ControlKind::Label, nullptr, "lblSecond",  "and");
+    Control& lblSecond  = Build.Add(ControlKind::Label, nullptr, "lblSecond",  "Beside it");
     Control& cboSecond  = Build.Add(ControlKind::List,  nullptr, "cboSecond");
     Control& chkRolling = Build.Add(ControlKind::Check, nullptr, "chkRolling", "Rolling");
     // clang-format on
@@ -64,7 +64,10 @@ class PlotView : public ChartView {
     std::string ValuesText() const override;
 
   private:
-    void Run() override;
+    void DrawAnew() override;
+    void DrawOn() override;
+    void PassBy() override;
+    void DrawFrame();
     void Reset() override;
     bool IsFull() const override { return sweep_.ChartFull == 1; }
     void PressPause() override;
@@ -95,6 +98,7 @@ class PlotView : public ChartView {
     Sweep sweep_;
     Clock clock_;
     PlotTrace trace_;
+    bool joined_ = false;         // the trace has a point that the next one is joined to
     TracePoints first_, second_;  // of the sweep
     PlotTrace secondTrace_;
     float secondLastY_ = 0;

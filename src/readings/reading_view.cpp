@@ -1,5 +1,7 @@
 #include "readings/reading_view.h"
 
+#include <algorithm>
+#include <span>
 #include <utility>
 
 #include "link/link_error.h"
@@ -10,6 +12,8 @@ namespace counter {
 
 namespace {
 
+constexpr std::string_view kItemEntries[] = {"Item 1", "Item 2", "Item 3"};
+
 int NoHelp(std::string_view) {
     return 0;
 }
@@ -19,6 +23,8 @@ int NoHelp(std::string_view) {
 ReadingView::ReadingView(Session& session, std::unique_ptr<FrameCutter> cutter)
     : Program(session), Stream(session.Link, std::move(cutter)), Build(Controls, kEveryTab, NoHelp) {
     Stream.TakeFrame = [this](const Frame& frame) { Take(frame); };
+    Controls.On(cboItem, [this](Control&) { ChooseItem(); });
+    OfferItems(1);
     Stream.PassDone = [this] {
         if (Drawn) Drawn();
     };
@@ -28,8 +34,25 @@ ReadingView::ReadingView(Session& session, std::unique_ptr<FrameCutter> cutter)
 void ReadingView::Take(const Frame& frame) {
     if (!answered_) TakeFirst();
     items_ = ItemsOf(frame.Whole.empty() ? frame.Text : frame.Whole);
+    OfferItems(std::max(Statistics.ItemsSeen(), static_cast<int>(items_.size())));
     TakeReading(frame.Text, frame.OnlySizes);
     if (!frame.OnlySizes && Stream.ReadingPaused == 0) Statistics.Take(items_, Program.Pump.NowMs());
+}
+
+// As many as a frame of the run has; an item that is no more gives way to the first.
+void ReadingView::OfferItems(int count) {
+    const auto offered = static_cast<std::size_t>(std::clamp(count, 1, kMostItems));
+    if (cboItem.Entries.size() == offered) return;
+    Form::Fill(cboItem, std::span(kItemEntries).first(offered));
+    cboItem.Enabled = offered > 1;
+    Controls.SetIndex(cboItem, Item <= static_cast<int>(offered) ? Item - 1 : 0);
+    Controls.TellChanged();
+}
+
+void ReadingView::ChooseItem() {
+    if (Item == cboItem.ListIndex + 1) return;
+    Item = cboItem.ListIndex + 1;
+    ItemChosen();
 }
 
 RunState ReadingView::State() const {

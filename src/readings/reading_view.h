@@ -37,6 +37,8 @@ class ReadingView {
 
     // Which value of a frame with several is looked at, 1..3; the user chooses it.
     int Item = 1;
+    // Whether it counts readings into bars, which some may lie beyond.
+    virtual bool HasBars() const { return false; }
     // What the readings of the run amount to, of all items: each that the view has taken, over pauses, until
     // a new run begins.
     ReadingStatistics Statistics;
@@ -85,13 +87,24 @@ class ReadingView {
     virtual void SendEnd();
     // The view's own part of Unload.
     virtual void Reset() = 0;
+    // The user looks at another item.
+    virtual void ItemChosen() {}
     virtual void TakeReading(const std::string& text, bool onlySizes) = 0;
 
     PageBuilder Build;
+
+  public:
+    Control& lblFigures = Build.Add(ControlKind::Picture, nullptr, "lblFigures");
+    // Can be used where frames have several values.
+    Control& cboItem = Build.Add(ControlKind::List, nullptr, "cboItem", "Item");
+
+  protected:
     Control* StatusLine = nullptr;  // where TellStatus shows
 
   private:
     void Take(const Frame& frame);
+    void OfferItems(int count);
+    void ChooseItem();
     void TakeFirst();
     std::string StandingStatus() const;
     void LetEventsRun();

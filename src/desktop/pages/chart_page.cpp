@@ -12,6 +12,7 @@
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
+#include "desktop/pages/reading_strip.h"
 
 namespace counter {
 
@@ -33,12 +34,17 @@ ChartPage::ChartPage(ChartView& view, std::string_view title, QWidget* parent)
     QVBoxLayout* column = strip_->LieBelow(this);
     AddScaleEntry(*column);
     column->addWidget(chart_, 1);
+    auto* figures = new ReadingStrip(view, bound_, this);
+    column->addWidget(figures);
     column->addLayout(MakeOptions());
     column->addLayout(bound_.MakeButtonRow(this, {&view.cmdNewScale, &view.cmdPause, &view.cmdContinue,
                                                   &view.cmdSave, &view.cmdPrint, &view.cmdEnd}));
     NameChart();
     bound_.BindSpecial(view.lblStatus, &strip_->Line(), [this] { strip_->ShowLine(view_.lblStatus); });
-    view_.Drawn = [this] { explorer_.Follow(); };
+    view_.Drawn = [this, figures] {
+        explorer_.Follow();
+        figures->FollowReadings();
+    };
     view_.SaveBitmap = [this](const std::string& path) {
         return SaveChartPicture(chart_->Layers(), chart_->size(), chart_->devicePixelRatioF(), path,
                                 PictureFormat::Bmp);

@@ -54,6 +54,53 @@ TEST(ListView, RunsAlongRowsAndStartsOverAtTheTop) {
     EXPECT_EQ(desk.View.Cell(0, 1), "listed");
 }
 
+// Oldest first, from behind the current cell round to it: cells without a reading are left out.
+Lines Readings(const ListView& view) {
+    Lines readings;
+    const int all = view.ListRows * ListView::kColumns,
+              current = view.ListRow * ListView::kColumns + view.ListCol;
+    for (int i = 1; i < all; ++i) {
+        const int at = (current + i) % all;
+        const std::string& text = view.Cell(at / ListView::kColumns, at % ListView::kColumns);
+        if (!text.empty()) readings.push_back(text);
+    }
+    return readings;
+}
+
+TEST(ListView, AWindowOfAnotherSizeKeepsTheNewestReadingsInTheirOrder) {
+    const struct {
+        const char* Name;
+        int Readings;
+        std::vector<int> Rows;  // one size after the other, from 3
+        int Kept, Row, Column;  // readings, the current cell
+    } cases[] = {{"before the first", 0, {2, 9}, 0, 0, 0},
+                 {"all fit", 25, {2}, 25, 1, 5},
+                 {"down to one row", 25, {1}, 19, 0, 5},
+                 {"exactly full", 40, {2}, 39, 1, 0},
+                 {"round again", 75, {2}, 39, 0, 15},
+                 {"round again, growing", 75, {5}, 59, 0, 15},
+                 {"growing and shrinking", 75, {5, 2}, 39, 0, 15},
+                 {"the same", 75, {3}, 59, 0, 15}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Name);
+        ListDesk desk;
+        desk.View.FitWindow();  // not sized yet
+        desk.Start();
+        for (int i = 1; i <= c.Readings; ++i) desk.Line.Inject("R" + std::to_string(i) + "\r");
+        for (const int rows : c.Rows) {
+            desk.View.GridHeight = rows * 330;
+            desk.View.FitWindow();
+        }
+        EXPECT_EQ(desk.View.ListRows, c.Rows.back());
+        EXPECT_EQ(desk.View.ListRow, c.Row);
+        EXPECT_EQ(desk.View.ListCol, c.Column);
+        Lines newest;
+        for (int i = c.Readings - c.Kept + 1; i <= c.Readings; ++i) newest.push_back("R" + std::to_string(i));
+        EXPECT_EQ(Readings(desk.View), newest);
+        EXPECT_EQ(desk.View.Cell(c.Row, c.Column), c.Readings ? " " : "");
+    }
+}
+
 TEST(ListView, APauseLosesThePartialReadingAndTheOneThatSizes) {
     ListDesk desk;
     desk.Start();

@@ -247,10 +247,9 @@ TEST(PlotView, AnotherItemAndTwoAtOnce) {
               "Seconds\tItem 1\n0.000\t1\n1.000\t2\nSeconds\tItem 2\n0.000\t-2\n1.000\t-3\n");
     desk.View.Controls.Select(desk.View.cboSecond, 0);
     desk.View.Controls.Select(desk.View.cboItem, 2);
-    desk.Line.Inject("rest\r");
     desk.MeterSends(0, " 000001.-000002. 000005.");
     desk.MeterSends(1000, " 000001.");  // has no third
-    EXPECT_EQ(desk.Trace(), Lines{"point 0,50 width 2"}) << "the sweep begins anew";
+    EXPECT_EQ(desk.Trace(), Lines{"point 100,50 width 2"}) << "the sweep goes on";
 }
 
 TEST(PlotView, ARollingChartEndsAtTheNewestReading) {

@@ -5,6 +5,7 @@
 #include "readings/graph_view.h"
 #include "readings/list_view.h"
 #include "readings/plot_view.h"
+#include "readings/reading_words.h"
 #include "readings_bench.h"
 
 namespace counter::test {
@@ -84,11 +85,16 @@ void ExpectCounts(const char* name, long long after, long long below) {
         bench.MeterSends(0, "rest");  // what comes next sizes the grid and isn't listed
     }
     EXPECT_EQ(view.State(), RunState::Starting);
-    for (const char* frame : {"rest", " 10.- 5.0", "- 90.- 6.0"}) bench.MeterSends(100, frame);
+    for (const char* frame : {"rest", " 10. 5.0", "- 90.- 6.0"}) bench.MeterSends(100, frame);
     EXPECT_EQ(view.State(), RunState::Running);
     EXPECT_EQ(view.Statistics.Of(1).Largest, 10);
     EXPECT_EQ(view.Statistics.Of(2).Smallest, -6) << "behind the eight characters that a chart parses";
     EXPECT_EQ(view.ItemValue(2), -6);
+    EXPECT_EQ(view.Controls.Select(view.cboItem, 1), Refusal::None);
+    const char* outside = view.HasBars() ? ", outside 1 / 0" : "";
+    EXPECT_EQ(
+        Sentence(WordsOf(view)),
+        std::string("Running, 10.0/s, current -6.0, min -6.0, max 5.0, mean -0.50, s 7.78, n 2") + outside);
     Press(view, view.cmdPause);
     EXPECT_EQ(view.State(), RunState::Paused);
     bench.MeterSends(20'000, " 77.");
