@@ -63,6 +63,10 @@ void Form::OnGotFocus(Control& control, Handler handler) {
     gotFocusHandlers_[&control] = std::move(handler);
 }
 
+void Form::OnPickedFocus(Control& control, Handler handler) {
+    pickedHandlers_[&control] = std::move(handler);
+}
+
 void Form::OnLostFocus(Control& control, Handler handler) {
     lostFocusHandlers_[&control] = std::move(handler);
 }
@@ -119,12 +123,13 @@ void Form::SetFocus(Control& control) {
     if (FocusMoved && focused_) FocusMoved(*focused_);
 }
 
-void Form::MoveFocus(Control& control) {
+void Form::MoveFocus(Control& control, bool picked) {
     if (focused_ == &control) return;
     Control* before = focused_;
     focused_ = &control;
     if (before) RunOf(lostFocusHandlers_, *before);
     RunOf(gotFocusHandlers_, control);
+    if (picked) RunOf(pickedHandlers_, control);
 }
 
 Refusal Form::Reach(const Control& control) const {
@@ -196,9 +201,17 @@ Refusal Form::Enter(Control& entry) {
 }
 
 Refusal Form::Focus(Control& control) {
+    return TakeFocus(control, true);
+}
+
+Refusal Form::FocusByTab(Control& control) {
+    return TakeFocus(control, false);
+}
+
+Refusal Form::TakeFocus(Control& control, bool picked) {
     Refusal refusal = Touch(control, TakesFocus(control.Kind));
     if (refusal != Refusal::None) return refusal;
-    MoveFocus(control);
+    MoveFocus(control, picked);
     TellChanged();
     return Refusal::None;
 }

@@ -57,6 +57,8 @@ class Form {
     // Enter pressed in an entry; the control comes to have the focus; it loses it.
     void OnEnter(Control& control, Handler handler);
     void OnGotFocus(Control& control, Handler handler);
+    // The same, but not where a user only passes by with the Tab key.
+    void OnPickedFocus(Control& control, Handler handler);
     void OnLostFocus(Control& control, Handler handler);
     // The strip that names the pages; without one all pages can be reached.
     void SetTabStrip(Control& strip) { strip_ = &strip; }
@@ -96,8 +98,9 @@ class Form {
     Refusal Type(Control& entry, const std::string& text);
     // The Enter key in an entry.
     Refusal Enter(Control& entry);
-    // A click or the Tab key brings the focus.
+    // A click brings the focus, or the Tab key.
     Refusal Focus(Control& control);
+    Refusal FocusByTab(Control& control);
     // Whether a user could act on it now.
     Refusal Reach(const Control& control) const;
 
@@ -116,7 +119,8 @@ class Form {
   private:
     using Handlers = std::unordered_map<const Control*, Handler>;
     static void RunOf(const Handlers& handlers, Control& control);
-    void MoveFocus(Control& control);
+    Refusal TakeFocus(Control& control, bool picked);
+    void MoveFocus(Control& control, bool picked = true);
     void Run(Control& control);
     void RunLive(Control& control);
     Refusal Touch(Control& control, bool rightKind);
@@ -125,7 +129,7 @@ class Form {
     Control* strip_ = nullptr;
     std::deque<Control> controls_;
     Control* focused_ = nullptr;
-    Handlers handlers_, enterHandlers_, gotFocusHandlers_, lostFocusHandlers_;
+    Handlers handlers_, enterHandlers_, gotFocusHandlers_, pickedHandlers_, lostFocusHandlers_;
 };
 
 }  // namespace counter

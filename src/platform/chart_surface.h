@@ -12,20 +12,23 @@
 
 namespace counter {
 
-enum class LineStyle { Solid, Dotted };
+enum class LineStyle { Solid, Dotted, Dashed };
 enum class BoxFill { Black, White };
-enum class TextAnchor { Left, Center, Right };  // which part of the text is at X
+enum class ChartInk { Plain, Second, Setpoint };  // the chart itself, a second trace, a limit of the meter
+enum class TextAnchor { Left, Center, Right };    // which part of the text is at X
 
 struct ChartLine {
     double X1 = 0, Y1 = 0, X2 = 0, Y2 = 0;
     int Width = 2;  // 1 or 2, in the painter's thin lines
     LineStyle Style = LineStyle::Solid;
+    ChartInk Ink = ChartInk::Plain;
     friend bool operator==(const ChartLine&, const ChartLine&) = default;
 };
 
 struct ChartPoint {
     double X = 0, Y = 0;
     int Width = 2;
+    ChartInk Ink = ChartInk::Plain;
     friend bool operator==(const ChartPoint&, const ChartPoint&) = default;
 };
 
@@ -41,6 +44,8 @@ struct ChartText {
     TextAnchor Anchor = TextAnchor::Left;
     double X = 0, Y = 0;
     int HalfHeights = 0;
+    ChartInk Ink = ChartInk::Plain;
+    bool Wipes = false;  // what is below the text
     friend bool operator==(const ChartText&, const ChartText&) = default;
 };
 

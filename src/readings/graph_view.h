@@ -6,6 +6,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "readings/chart_view.h"
 
@@ -22,11 +23,18 @@ struct Histogram {
     BinCounts BinCount{};
     // The bars as the last doubling drew them, with the grid over them; what came since lies over the grid.
     BinCounts UnderGrid{};
+    // The scales by which the count axis was drawn, and how much of a bar's first five units, which no later
+    // drawing wipes, was black under an earlier scale.
+    std::vector<float> Scales;
+    std::array<double, kBins> Foot{};
     // The arrows change with each reading out of range; a reading in range wipes them and leaves these.
     int LowBlink = 0;
     int HighBlink = 0;
     bool LowShown = false;
     bool HighShown = false;
+    // A wiped arrow takes with it what it stood on of the labels.
+    bool LowWiped = false;
+    bool HighWiped = false;
 };
 
 class GraphView : public ChartView {
@@ -45,19 +53,35 @@ class GraphView : public ChartView {
     bool HasBars() const override { return true; }
     const Histogram& Current() const { return histogram_; }
 
+    std::size_t Spots() const override { return kBins; }
+    ChartSpot Spot(std::size_t bin) const override;
+    std::size_t NearestSpot(double x) const override;
+    ChartScale DataArea() const override { return {0, 1000, 1000, 0}; }
+    void DrawWindow(ChartSurface& chart, const ChartWindow& window) const override;
+    std::string ValuesText() const override;
+
   private:
     // Which of both arrows, that tell of readings below or above the bars.
     enum class Side { Low, High };
 
-    void Run() override;
-    std::string Objection() const override;
+    void DrawAnew() override;
+    std::string ObjectionToThird() const override;
     void PressPause() override;
     void PressContinue() override;
-    void TakeReading(const std::string& text, bool onlySizes) override;
+    void TakeValue(double value) override;
+    std::string RangeText() const override;
+    int AutoDivisions() const override { return kAutoDivisions; }
+    double PartOfValue(double value) const override;
+    bool ValuesGoUp() const override { return false; }
+    double ValueAt(double part) const;
     void Count(std::size_t bin);
+    void DoubleUpTo(float count);
     void Blink(Side side);
     void Wipe(Side side);
     void DrawAll();
+    void DrawDoublings();
+
+    static constexpr int kAutoDivisions = 20;  // of the 31, so that later readings have bars too
 
     Histogram histogram_;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "meter/leading_number.h"
 
@@ -9,164 +10,150 @@ namespace counter {
 
 namespace {
 
-// x 0..1000 is the sweep, y -200..200 are 20 small divisions to either side of the middle value.
-constexpr double kPlotLeft = -150;
-constexpr double kPlotTop = 215;
-constexpr double kPlotRight = 1020;
-constexpr double kPlotBottom = -250;
 constexpr double kSweepEnd = 1000;
 
-constexpr ThirdNumber kPlotTime = {"txtHorzTime", "lblHorzTime", "Total Plot Time (Secs)"};
-
-// A trace off the scale runs along a rail. The rails are not alike, which is required.
-constexpr double kHighest = 200;
-constexpr double kUpperRail = 210;
-constexpr double kLowest = -200;
-constexpr double kLowerRail = -205;
+constexpr ThirdNumber kPlotTime = {"frmPlot", "txtHorzTime", "lblHorzTime", "Total Plot Time (Secs)", "60"};
 
 // Far beyond the left edge, and still a number that a painter can work with.
 constexpr double kFarLeft = -1e9;
 
-float SweepSeconds(std::string_view text) {
+constexpr double kDayMs = 86'400'000;
+constexpr double kHairOfAMs = 1e-6;  // by which a sum of binary fractions may miss a whole millisecond
+
+// A chart that rolls is drawn whole, and not more often than eyes follow.
+constexpr double kRollMs = 50;
+
+constexpr int kTimeDecimals = 3;
+constexpr std::string_view kSeconds[] = {"none", "Item 1", "Item 2", "Item 3"};
+
+float TypedSeconds(std::string_view text) {
     const float seconds = std::abs(TypedNumber(text));
     return seconds == 0 ? 1 : seconds;
 }
 
-void Solid(ChartSurface& chart, double x1, double y1, double x2, double y2) {
-    chart.Draw(ChartLine{x1, y1, x2, y2, 2, LineStyle::Solid});
-}
-
-void Dotted(ChartSurface& chart, double x1, double y1, double x2, double y2) {
-    chart.Draw(ChartLine{x1, y1, x2, y2, 1, LineStyle::Dotted});
-}
-
-void DrawAxes(ChartSurface& chart) {
-    Solid(chart, 0, 210, 0, -210);
-    Solid(chart, 0, -210, 1000, -210);
-}
-
-void DrawTicks(ChartSurface& chart) {
-    for (int i = 0; i <= 20; ++i) {
-        const double from = i % 5 == 0 ? -30 : -15;
-        Solid(chart, from, 10 * i, 0, 10 * i);
-        Solid(chart, from, -10 * i, 0, -10 * i);
-    }
-    for (int i = 0; i <= 10; ++i) Solid(chart, 100 * i, -210, 100 * i, -220);
-    for (int i = 1; i <= 10; ++i) Solid(chart, 100 * i - 50, -210, 100 * i - 50, -215);
-}
-
-void DrawGrid(ChartSurface& chart) {
-    for (int y = 0; y <= 200; y += 50) {
-        Dotted(chart, 0, y, 1000, y);
-        if (y > 0) Dotted(chart, 0, -y, 1000, -y);
-    }
-    for (int x = 0; x <= 1000; x += 100) Dotted(chart, x, -210, x, 210);
-}
-
-void DrawValueLabels(ChartSurface& chart, const ValueScale& scale) {
-    for (int i = -20; i <= 20; i += 5)
-        chart.Draw(ChartText{ValueLabel(scale, i), TextAnchor::Right, -35, 10.0 * i + 18, 1});
-}
-
-// The last label would leave the chart at the right, so it ends at its edge.
-void DrawTimeLabels(ChartSurface& chart, float plotTime) {
-    for (int i = 0; i < 10; ++i) {
-        const std::string text = TimeLabel(i * AsTyped(plotTime) / 10);
-        chart.Draw(ChartText{text, TextAnchor::Center, 100.0 * i, -230, -1});
-    }
-    chart.Draw(ChartText{TimeLabel(AsTyped(plotTime)), TextAnchor::Right, kPlotRight, -230, -1});
-}
-
-// Clears the chart and draws the frame of a sweep of `plotTime` seconds, above 0.
-void DrawPlotFrame(ChartSurface& chart, const ValueScale& scale, float plotTime) {
-    chart.SetScale(kPlotLeft, kPlotTop, kPlotRight, kPlotBottom);
-    DrawAxes(chart);
-    DrawTicks(chart);
-    DrawGrid(chart);
-    DrawValueLabels(chart, scale);
-    DrawTimeLabels(chart, plotTime);
-}
-
 }  // namespace
 
-void PlotTrace::Start(ChartSurface& chart, double y) {
-    chart.Draw(ChartPoint{0, y, 2});
-    *this = {};
-    y_ = y;
-    Remember(y, y, 2);
-}
-
-void PlotTrace::LineTo(ChartSurface& chart, double x, double y, int width) {
-    const ChartLine line{x_, y_, x, y, width, LineStyle::Solid};
-    x_ = x;
-    y_ = y;
-    if (std::max(line.X1, x) < kPlotLeft) return;
-    if (line.X1 != x) {
-        column_ = {};
-        Remember(y, y, width);
-        chart.Draw(line);
-        return;
-    }
-    const auto [low, high] = std::minmax(line.Y1, y);
-    if (Covered(low, high, width)) return;
-    Remember(low, high, width);
-    chart.Draw(line);
-}
-
-bool PlotTrace::Covered(double low, double high, int width) const {
-    return std::any_of(column_.begin() + (width - 1), column_.end(),
-                       [&](const Stroke& stroke) { return stroke.Low <= low && high <= stroke.High; });
-}
-
-void PlotTrace::Remember(double low, double high, int width) {
-    Stroke& stroke = column_[static_cast<std::size_t>(width) - 1];
-    const bool empty = stroke.Low > stroke.High;
-    stroke.Low = empty ? low : std::min(stroke.Low, low);
-    stroke.High = empty ? high : std::max(stroke.High, high);
-}
-
 PlotView::PlotView(Session& session) : ChartView(session, kPlotTime) {
+    Form::Fill(cboSecond, kSeconds);
+    cboSecond.ListIndex = 0;
+    Options = {&lblSecond, &cboSecond, &chkSetpoints, &chkRolling};
+    // The trace of another item begins where the sweep is.
+    OnPick(cboSecond, [this] {
+        second_.Clear();
+        rolling_.DropSecond();
+    });
+    OnPick(chkRolling, [this] { RunAnew(); });
     Load();
 }
 
-void PlotView::Run() {
+void PlotView::Reset() {
+    ChartView::Reset();
+    ticker_.reset();
+    first_.Clear();
+    second_.Clear();
+    rolling_ = {};
+}
+
+void PlotView::DrawAnew() {
     sweep_ = {};
     sweep_.Scale = TypedScale();
-    sweep_.PlotTime = SweepSeconds(txtHorzTime.Text);
-    DrawPlotFrame(Chart, sweep_.Scale, sweep_.PlotTime);
-    Controls.TellChanged();
-    if (Holds(StartRun())) Stream.Attach();
+    sweep_.PlotTime = TypedSeconds(txtHorzTime.Text);
+    sweep_.Rolling = chkRolling.Value == 1;
+    ticker_.reset();
+    if (sweep_.Rolling) {
+        ticker_ = Program.Pump.Every(kRollMs, [this] {
+            if (!undrawn_) return;
+            DrawRolling();
+            if (Drawn) Drawn();
+        });
+    }
+    DrawFrame();
 }
 
-void PlotView::TakeReading(const std::string& text, bool) {
-    DrawReading(LeadingNumber(text));
+void PlotView::DrawFrame() {
+    first_.Clear();
+    second_.Clear();
+    joined_ = false;
+    rolling_.Start(sweep_.Scale, sweep_.PlotTime);
+    if (sweep_.Rolling) {
+        DrawRolling();
+    } else {
+        DrawPlotFrame(Chart, sweep_.Scale, sweep_.PlotTime);
+    }
 }
 
-void PlotView::DrawReading(double value) {
+// The trace of another item begins where the sweep is.
+void PlotView::DrawOn() {
+    DrawFrame();
+}
+
+void PlotView::PassBy() {
+    const bool over = !sweep_.Rolling && !sweep_.FirstPoint && PlaceOf(SecondsSinceMidnight()) > kSweepEnd;
+    if (over) EndSweep();
+}
+
+void PlotView::TakeValue(double value) {
+    if (sweep_.FirstPoint == 1) SetClock();
+    if (sweep_.Rolling) {
+        Roll(value);
+    } else {
+        Extend(value);
+    }
+}
+
+// The sweep goes on to this reading, or is over.
+void PlotView::Extend(double value) {
     const float now = SecondsSinceMidnight();
     const double x = sweep_.FirstPoint ? 0 : PlaceOf(now);
     if (x > kSweepEnd) {
         EndSweep();
         return;
     }
-    double y = HeightOf(value);
-    int width = 2;
-    if (y > kHighest) {
-        y = kUpperRail;
-        if (sweep_.LastY > kHighest) width = 1;
+    const TraceStep step = StepTo(sweep_.Scale, value, sweep_.LastY);
+    first_.Add({SweepSeconds(), value});
+    if (sweep_.FirstPoint) {
+        sweep_.SweepStart = now;
+        sweep_.FirstPoint = 0;
     }
-    if (y < kLowest) {
-        y = kLowerRail;
-        if (sweep_.LastY < kLowest) width = 1;
+    if (!std::exchange(joined_, true)) {
+        trace_.Start(Chart, step.Y, x);
+    } else {
+        trace_.LineTo(Chart, x, step.Y, step.Width);
     }
-    sweep_.LastY = static_cast<float>(y);
-    if (!sweep_.FirstPoint) {
-        trace_.LineTo(Chart, x, y, width);
-        return;
+    DrawSecond(x);
+}
+
+std::optional<double> PlotView::SecondValue() const {
+    const int item = cboSecond.ListIndex;
+    return item > 0 ? ItemValue(item) : std::nullopt;
+}
+
+void PlotView::DrawSecond(double x) {
+    const std::optional<double> value = SecondValue();
+    if (!value) return;
+    const bool first = second_.All().empty();
+    second_.Add({SweepSeconds(), *value});
+    if (first) secondLastY_ = 0;
+    const TraceStep step = StepTo(sweep_.Scale, *value, secondLastY_);
+    if (first) {
+        secondTrace_.Start(Chart, step.Y, x, ChartInk::Second);
+    } else {
+        secondTrace_.LineTo(Chart, x, step.Y, step.Width);
     }
-    sweep_.SweepStart = now;
+}
+
+void PlotView::Roll(double value) {
     sweep_.FirstPoint = 0;
-    trace_.Start(Chart, y);
+    rolling_.Add(SweepSeconds(), value);
+    if (const std::optional<double> second = SecondValue()) rolling_.AddSecond(SweepSeconds(), *second);
+    undrawn_ = true;
+    if (Program.Pump.NowMs() - rolledMs_ >= kRollMs) DrawRolling();
+}
+
+void PlotView::DrawRolling() {
+    rolledMs_ = Program.Pump.NowMs();
+    undrawn_ = false;
+    rolling_.Draw(Chart);
 }
 
 void PlotView::EndSweep() {
@@ -175,28 +162,41 @@ void PlotView::EndSweep() {
     Controls.SetFocus(cmdContinue);
 }
 
-// One small division is 10 units, and the middle value lies at 0.
-double PlotView::HeightOf(double value) const {
-    const double small = AsTyped(sweep_.Scale.SmallDiv);
-    const double bottom = AsTyped(sweep_.Scale.MidValue) - small * 20;
-    return WholeUnits((value - bottom) * 400 / (small * 40) - 200);
-}
-
 double PlotView::PlaceOf(float now) const {
     const double seconds = static_cast<double>(now - sweep_.SweepStart + sweep_.SweepBase);
     return std::max(kFarLeft, RoundHalfEven(seconds * 1000 / static_cast<double>(sweep_.PlotTime)));
 }
 
-float PlotView::SecondsSinceMidnight() const {
+void PlotView::SetClock() {
     const WallTime time = Program.Pump.LocalTime();
     const int whole = time.Hour * 3600 + time.Minute * 60 + time.Second;
-    return static_cast<float>(whole + time.Millisecond / 1000.0);
+    clock_ = {whole * 1000 + time.Millisecond, Program.Pump.NowMs()};
+}
+
+// Without the time of pauses, and whatever the time of day does.
+double PlotView::SweepSeconds() const {
+    return (Program.Pump.NowMs() - clock_.PumpMs - clock_.PausedMs) / 1000;
+}
+
+// Whole milliseconds, as a clock of the day has them.
+float PlotView::SecondsSinceMidnight() const {
+    const double passed = std::floor(Program.Pump.NowMs() - clock_.PumpMs + kHairOfAMs);
+    const double today = std::fmod(clock_.DayMs + passed, kDayMs);
+    return static_cast<float>(today / 1000);
+}
+
+std::string PlotView::RangeText() const {
+    return "Values from " + ValueLabel(sweep_.Scale, -20) + " to " + ValueLabel(sweep_.Scale, 20) +
+           (sweep_.Rolling ? ", the last " : ", time from 0 to ") + ShortNumber(AsTyped(sweep_.PlotTime)) +
+           " seconds";
 }
 
 // Before its first reading a sweep's clock is stopped, so no time of it has passed.
 void PlotView::PressPause() {
     if (Stream.ReadingPaused == 1) return;
     Stream.Pause();
+    clock_.HeldMs = Program.Pump.NowMs();
+    if (undrawn_) DrawRolling();
     if (!sweep_.FirstPoint) sweep_.SweepBase = SecondsSinceMidnight() - sweep_.SweepStart + sweep_.SweepBase;
     Controls.SetFocus(cmdContinue);
 }
@@ -209,7 +209,55 @@ void PlotView::PressContinue() {
         return;
     }
     ResumeRun();
+    clock_.PausedMs += Program.Pump.NowMs() - clock_.HeldMs;
     sweep_.SweepStart = SecondsSinceMidnight();
+}
+
+double PlotView::PartOfValue(double value) const {
+    const double small = AsTyped(sweep_.Scale.SmallDiv);
+    return (value - AsTyped(sweep_.Scale.MidValue)) / (small * 2 * kPlotDivisions) + 0.5;
+}
+
+PlotSpan PlotView::SpanOf(const ChartWindow& window) const {
+    const double time = AsTyped(sweep_.PlotTime);
+    const double start = sweep_.Rolling ? rolling_.Newest() - time : 0;
+    const double small = AsTyped(sweep_.Scale.SmallDiv);
+    const double lowest = AsTyped(sweep_.Scale.MidValue) - small * kPlotDivisions;
+    const double height = small * 2 * kPlotDivisions;
+    return {start + window.Left * time, start + window.Right * time, lowest + window.Bottom * height,
+            lowest + window.Top * height, sweep_.Rolling ? rolling_.Newest() : 0};
+}
+
+ChartSpot PlotView::Spot(std::size_t number) const {
+    const TracePoint& point = First().All()[number];
+    const PlotSpan span = SpanOf({});
+    return {(point.Seconds - span.From) / (span.To - span.From), PartOfValue(point.Value),
+            DecimalText(point.Seconds - span.Zero, kTimeDecimals) + " s   " +
+                DecimalText(point.Value, Statistics.Of(Item).Decimals)};
+}
+
+std::size_t PlotView::NearestSpot(double x) const {
+    const PlotSpan span = SpanOf({});
+    return First().Nearest(span.From + x * (span.To - span.From));
+}
+
+void PlotView::DrawWindow(ChartSurface& chart, const ChartWindow& window) const {
+    const PlotSpan span = SpanOf(window);
+    DrawPlotSpan(chart, span);
+    DrawTraceInSpan(chart, span, First(), ChartInk::Plain);
+    DrawTraceInSpan(chart, span, Second(), ChartInk::Second);
+}
+
+std::string PlotView::ValuesText() const {
+    std::string text = "Seconds\tItem " + std::to_string(Item) + "\n";
+    for (const TracePoint& point : First().All())
+        text += DecimalText(point.Seconds, kTimeDecimals) + "\t" +
+                DecimalText(point.Value, Statistics.Of(Item).Decimals) + "\n";
+    if (Second().All().empty()) return text;
+    text += "Seconds\tItem " + std::to_string(cboSecond.ListIndex) + "\n";
+    for (const TracePoint& point : Second().All())
+        text += DecimalText(point.Seconds, kTimeDecimals) + "\t" + ShortNumber(point.Value) + "\n";
+    return text;
 }
 
 }  // namespace counter

@@ -4,11 +4,14 @@
 // when a reading arrives after its time is over; the meter goes on sending.
 #pragma once
 
-#include <array>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "readings/chart_view.h"
+#include "readings/plot_frame.h"
+#include "readings/rolling_trace.h"
+#include "readings/trace_points.h"
 
 namespace counter {
 
@@ -22,32 +25,16 @@ struct Sweep {
     int FirstPoint = 1;    // until the first point is drawn
     int ChartFull = 0;     // 1: the next Continue starts a new sweep
     float LastY = 0;       // height of the point before
+    bool Rolling = false;  // the chart's second way: never full
 };
 
-// The trace of one sweep, as lines on the chart.
-//
-// The record stays small however fast the meter sends and however long a sweep takes: what would change
-// nothing in the picture isn't recorded, that is a stroke within its own column (x is whole) that earlier
-// strokes of the same column cover, and one that lies left of the chart altogether.
-class PlotTrace {
-  public:
-    // A point at (0, y).
-    void Start(ChartSurface& chart, double y);
-    // A line of width 1 or 2 from the point before.
-    void LineTo(ChartSurface& chart, double x, double y, int width);
-
-  private:
-    // What is drawn of the column, y from Low to High; empty where Low is above High.
-    struct Stroke {
-        double Low = 1;
-        double High = 0;
-    };
-    bool Covered(double low, double high, int width) const;
-    void Remember(double low, double high, int width);
-
-    double x_ = 0;
-    double y_ = 0;
-    std::array<Stroke, 2> column_;  // of the column x_, by width 1 and 2
+// The time of day at the sweep's first point, and the pump's clock at that time. From there on time is the
+// pump's: the clock of the system may be set, or summer end, in the middle of a sweep.
+struct Clock {
+    int DayMs = 0;
+    double PumpMs = 0;
+    double PausedMs = 0;  // of the sweep
+    double HeldMs = 0;    // when the pause began that it is in
 };
 
 class PlotView : public ChartView {
@@ -60,22 +47,65 @@ class PlotView : public ChartView {
     Control& lblHorzTime = lblThird;
     Control& txtHorzTime = txtThird;
 
+    // A second item of the same frames, and the chart that rolls.
+    // clang-format off
+    Control& lblSecond  = Build.Add(ControlKind::Label, nullptr, "lblSecond",  "Beside it");
+    Control& cboSecond  = Build.Add(ControlKind::List,  nullptr, "cboSecond");
+    Control& chkRolling = Build.Add(ControlKind::Check, nullptr, "chkRolling", "Rolling");
+    // clang-format on
+
     const Sweep& Current() const { return sweep_; }
 
+    std::size_t Spots() const override { return First().All().size(); }
+    ChartSpot Spot(std::size_t number) const override;
+    std::size_t NearestSpot(double x) const override;
+    ChartScale DataArea() const override { return {0, kPlotHeight, kPlotWidth, -kPlotHeight}; }
+    void DrawWindow(ChartSurface& chart, const ChartWindow& window) const override;
+    std::string ValuesText() const override;
+
   private:
-    void Run() override;
+    void DrawAnew() override;
+    void DrawOn() override;
+    void PassBy() override;
+    void DrawFrame();
+    void Reset() override;
     bool IsFull() const override { return sweep_.ChartFull == 1; }
     void PressPause() override;
     void PressContinue() override;
-    void TakeReading(const std::string& text, bool onlySizes) override;
-    void DrawReading(double value);
+    void TakeValue(double value) override;
+    std::string RangeText() const override;
+    int AutoDivisions() const override { return kAutoDivisions; }
+    double PartOfValue(double value) const override;
+    bool ValuesGoUp() const override { return true; }
+
+    void Extend(double value);
+    void DrawSecond(double x);
+    void Roll(double value);
+    void DrawRolling();
     void EndSweep();
-    double HeightOf(double value) const;
     double PlaceOf(float now) const;
+    void SetClock();
     float SecondsSinceMidnight() const;
+    double SweepSeconds() const;
+
+    static constexpr int kAutoDivisions = 30;  // of the 40: readings keep off the rails
+
+    const TracePoints& First() const { return sweep_.Rolling ? rolling_.First() : first_; }
+    const TracePoints& Second() const { return sweep_.Rolling ? rolling_.Second() : second_; }
+    PlotSpan SpanOf(const ChartWindow& window) const;
+    std::optional<double> SecondValue() const;
 
     Sweep sweep_;
+    Clock clock_;
     PlotTrace trace_;
+    bool joined_ = false;         // the trace has a point that the next one is joined to
+    TracePoints first_, second_;  // of the sweep
+    PlotTrace secondTrace_;
+    float secondLastY_ = 0;
+    RollingTrace rolling_;
+    double rolledMs_ = 0;  // when it was last drawn
+    bool undrawn_ = false;
+    std::shared_ptr<Pump::Ticker> ticker_;  // draws what came too soon after the last drawing
 };
 
 }  // namespace counter

@@ -279,9 +279,8 @@ bool Binder::eventFilter(QObject* object, QEvent* event) {
     if (!control) return false;
     if (event->type() == QEvent::FocusIn && !movingFocus_) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        const bool byUser = reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
-                            reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
-        if (byUser) form_.Focus(*control);
+        if (reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason) form_.Focus(*control);
+        if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) form_.FocusByTab(*control);
     }
     const bool label = control->Kind == ControlKind::Label || control->Kind == ControlKind::Picture;
     if (event->type() == QEvent::MouseButtonPress && label) form_.Click(*control);

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QWidget>
 
+#include "desktop/kit/paper_page.h"
 #include "desktop/kit/qt_text.h"
 #include "system/disk_files.h"
 
@@ -17,6 +18,7 @@ namespace {
 // A widget reaches a printer as a picture in the printer's resolution: enough for small letters, and a page
 // of it is 35 megabytes, not half a gigabyte as with the best that a PDF can hold.
 constexpr int kViewDpi = 300;
+constexpr double kHeadMargin = 8;      // pixels of the view
 constexpr double kTextPoints = 10;     // size of a printed text
 constexpr double kSmallestPoints = 6;  // down to which long lines are made to fit
 
@@ -63,12 +65,62 @@ Status PrintInto(QPrinter& printer, const std::function<void(QPainter&)>& draw) 
     return files.Write(path, content);
 }
 
-// As large as the page lets it be, in the middle of its upper edge.
+// Paper is light, whatever the screen is, as long as it lives.
+class LightOnPaper {
+  public:
+    explicit LightOnPaper(QWidget& widget)
+        : widget_(widget), own_(widget.palette()), wasOwn_(widget.testAttribute(Qt::WA_SetPalette)) {
+        widget_.setPalette(QPalette(kPaperButton));
+    }
+    ~LightOnPaper() { widget_.setPalette(wasOwn_ ? own_ : QPalette()); }
+    LightOnPaper(const LightOnPaper&) = delete;
+    LightOnPaper& operator=(const LightOnPaper&) = delete;
+
+  private:
+    static constexpr QColor kPaperButton{0xEF, 0xEF, 0xEF};
+    QWidget& widget_;
+    const QPalette own_;
+    const bool wasOwn_;
+};
+
+// Lines above the view, in letters of the view's own size. Returns how high they are.
+double DrawHead(QPainter& painter, const QWidget& widget, const QStringList& lines) {
+    QFont font = widget.font();
+    font.setPixelSize(QFontInfo(font).pixelSize());  // of the view's coordinates, not of the printer's points
+    painter.setFont(font);
+    painter.setPen(Qt::black);
+    const QFontMetricsF metrics(font);
+    double top = 0;
+    for (const QString& line : lines) {
+        painter.drawText(QPointF(kHeadMargin, top + metrics.ascent()), line);
+        top += metrics.lineSpacing();
+    }
+    return lines.isEmpty() ? 0 : top + kHeadMargin;
+}
+
+QSizeF WithHead(const QWidget& widget, const QStringList& head) {
+    const double line = QFontMetricsF(widget.font()).lineSpacing();
+    return {static_cast<double>(widget.width()),
+            widget.height() + (head.isEmpty() ? 0 : line * static_cast<double>(head.size()) + kHeadMargin)};
+}
+
+// As large as the page lets it be, in the middle of its upper edge; all in the widget's coordinates.
 void DrawWidget(QPainter& painter, const QRectF& page, QWidget& widget) {
-    const double scale = std::min(page.width() / widget.width(), page.height() / widget.height());
-    painter.translate((page.width() - widget.width() * scale) / 2, 0);
+    auto* own = dynamic_cast<PaperPage*>(&widget);
+    const PaperWork work = own ? own->OnPaper() : PaperWork();
+    const QSizeF whole = WithHead(widget, work.Head);
+    const double scale = std::min(page.width() / whole.width(), page.height() / whole.height());
+    painter.translate((page.width() - whole.width() * scale) / 2, 0);
     painter.scale(scale, scale);
-    widget.render(&painter, QPoint(), QRegion(), QWidget::DrawWindowBackground | QWidget::DrawChildren);
+    painter.translate(0, DrawHead(painter, widget, work.Head));
+    const LightOnPaper light(widget);
+    const QRect part = work.Part ? QRect(work.Part->mapTo(&widget, QPoint()), work.Part->size()) : QRect();
+    widget.render(&painter, QPoint(), QRegion(widget.rect()) - part,
+                  QWidget::DrawWindowBackground | QWidget::DrawChildren);
+    if (!work.Part) return;
+    painter.translate(part.topLeft());
+    painter.setClipRect(QRect(QPoint(), part.size()));
+    work.Draw(painter);
 }
 
 QStringList LinesOf(const std::string& text) {

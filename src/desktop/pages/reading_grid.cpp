@@ -207,8 +207,11 @@ void ReadingGrid::PaintCell(QPainter& painter, const QRect& cell, int row, int c
 
 // Around the grid, and around the cell that the keyboard is at.
 void ReadingGrid::PaintFocus(QPainter& painter) const {
-    painter.setPen(QPen(palette().highlight(), kFocusWidth));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    const QBrush& brush = palette().highlight();
+    painter.fillRect(0, 0, width(), kFocusWidth, brush);
+    painter.fillRect(0, height() - kFocusWidth, width(), kFocusWidth, brush);
+    painter.fillRect(0, 0, kFocusWidth, height(), brush);
+    painter.fillRect(width() - kFocusWidth, 0, kFocusWidth, height(), brush);
     if (!cursor_) return;
     painter.setPen(QPen(palette().text(), 1, Qt::DotLine));
     painter.drawRect(CellRect(cursor_->y(), cursor_->x()).adjusted(1, 1, -2, -2));

@@ -14,7 +14,7 @@ namespace counter {
 
 namespace {
 
-constexpr double kFollowMs = 250;
+constexpr double kFollowMs = 500;
 constexpr int kLookMs = 1000;
 
 struct Figure {
@@ -56,6 +56,7 @@ FigureLines::FigureLines(const ReadingView& view, QWidget* parent) : QWidget(par
     ServeReadersOfScreens();
     setAccessibleName("Figures of the readings");
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_OpaquePaintEvent);  // the page behind it isn't painted again
 }
 
 void FigureLines::Follow() {
@@ -73,8 +74,9 @@ QSize FigureLines::sizeHint() const {
     return {std::max(width[0], width[1]), 2 * fontMetrics().lineSpacing()};
 }
 
-void FigureLines::paintEvent(QPaintEvent*) {
+void FigureLines::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
+    painter.fillRect(event->rect(), palette().window());
     painter.setPen(palette().color(QPalette::WindowText));
     int left[2] = {0, 0};
     for (std::size_t i = 0; i < shown_.size(); ++i) {

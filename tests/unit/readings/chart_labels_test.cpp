@@ -19,6 +19,8 @@ TEST(ValueScale, LabelsHaveTheDecimalsThatWereTyped) {
         {"1.12345678", "1",         "-18.876543", "1.123457",   "6.123457"},
         {"0.1",        "0.005",     "0.000",      "0.100",      "0.125"},
         {"50",         "-1",        "70.",        "50.",        "45."},
+        {"100,5",      "0,25",      "95.50",      "100.50",     "101.75"},
+        {"1,000.5",    "1,2,3",     "-19.0",      "1.0",        "6.0"},
     };
     // clang-format on
     for (const auto& c : cases) {
@@ -29,6 +31,24 @@ TEST(ValueScale, LabelsHaveTheDecimalsThatWereTyped) {
     }
     EXPECT_GT(ReadValueScale("1", "1e99").SmallDiv, 3e38F) << "still a number";
     EXPECT_EQ(ReadValueScale("1", "1e-60").SmallDiv, 1) << "nothing is left of it";
+}
+
+TEST(Typed, OnlyATextWithoutAnyNumberIsNone) {
+    const std::pair<const char*, Typed> cases[] = {{"", Typed::Number},
+                                                   {"         ", Typed::Number},
+                                                   {" -60 ", Typed::Number},
+                                                   {"1,5", Typed::Number},
+                                                   {".5e-3", Typed::Number},
+                                                   {"5.", Typed::Number},
+                                                   {"12abc", Typed::NumberAndMore},
+                                                   {"1,000.5", Typed::NumberAndMore},
+                                                   {"5e", Typed::NumberAndMore},
+                                                   {"abc", Typed::NoNumber},
+                                                   {"-", Typed::NoNumber},
+                                                   {".", Typed::NoNumber},
+                                                   {"e5", Typed::NoNumber},
+                                                   {",5x", Typed::NumberAndMore}};
+    for (const auto& [text, typed] : cases) EXPECT_EQ(JudgeTyped(text), typed) << text;
 }
 
 TEST(TimeLabel, EndsInAPointAndHasNoZeroBeforeIt) {

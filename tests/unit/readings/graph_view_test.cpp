@@ -119,5 +119,18 @@ TEST(GraphView, AScaleWithoutACountIsRefusedInWords) {
     }
 }
 
+TEST(GraphView, APartOfItAndItsBarsOneByOne) {
+    GraphDesk desk;
+    for (const char* reading : {"1", "1", "1", "0"}) desk.MeterSends(50, reading);
+    EXPECT_EQ(desk.View.Spot(16).Text, "1.   3 readings");
+    EXPECT_EQ(desk.View.NearestSpot(0.512), 16U);
+    EXPECT_DOUBLE_EQ(desk.View.Spot(16).X, 0.51);
+    ChartSurface part;
+    desk.View.DrawWindow(part, {0.49, 0.53, 0, 0.2});  // the bar of 1, up to a count of 2
+    const Lines record = RecordFrom(part);
+    EXPECT_EQ(std::count(record.begin(), record.end(), "black 250,0 750,1000"), 1);
+    EXPECT_EQ(desk.View.ValuesText().substr(0, 32), "Value\tReadings\n-15.\t0\n-14.\t0\n-13");
+}
+
 }  // namespace
 }  // namespace counter::test

@@ -2,6 +2,9 @@
 #include "readings/plot_view.h"
 
 #include "chart_record.h"
+#include "meter/default_setup.h"
+#include "meter/field_code.h"
+#include "readings/graph_view.h"
 
 namespace counter::test {
 namespace {
@@ -111,6 +114,55 @@ TEST(PlotView, MidnightGivesNegativeTimes) {
         << "what lies left of the chart altogether isn't recorded";
 }
 
+TEST(PlotView, AClockThatIsSetMovesNothing) {
+    for (const int setTo : {36'000 - 3600, 36'000 + 3600, 5}) {
+        PlotDesk desk;
+        desk.Start();
+        desk.MeterSends(0, "0");
+        desk.Pump.SetTimeOfDay(setTo);
+        desk.MeterSends(1000, "1");
+        Press(desk.View, desk.View.cmdPause);
+        desk.Pump.SetTimeOfDay(36'000);
+        Press(desk.View, desk.View.cmdContinue);
+        desk.MeterSends(0, "rest");
+        desk.MeterSends(1000, "2");
+        EXPECT_EQ(desk.Trace(),
+                  (Lines{"point 0,0 width 2", "line 0,0 100,10 width 2", "line 100,10 200,20 width 2"}));
+    }
+}
+
+TEST(PlotView, TabPassesNewScaleAndEnterOnItKeepsTheTexts) {
+    PlotDesk desk("100", "1", "10");
+    desk.Start();
+    desk.MeterSends(0, "100");
+    Form& form = desk.View.Controls;
+    EXPECT_EQ(form.FocusByTab(desk.View.cmdNewScale), Refusal::None);
+    EXPECT_EQ(form.FocusByTab(desk.View.cmdPause), Refusal::None);
+    EXPECT_EQ(desk.Trace().size(), 1U) << "the run goes on";
+    form.FocusByTab(desk.View.cmdNewScale);
+    Press(desk.View, desk.View.cmdNewScale);
+    EXPECT_EQ(desk.View.txtMidVal.Text + desk.View.txtHorzTime.Text, "10010");
+    form.FocusByTab(desk.View.cmdNewScale);
+    EXPECT_EQ(desk.View.txtMidVal.Text, "100") << "one Tab too far in the entry";
+}
+
+TEST(PlotView, ATextThatIsNoNumberIsRefusedWhereItStands) {
+    const struct {
+        const char *Mid, *Small, *Seconds, *Entry, *Status;
+    } cases[] = {{"abc", "1", "x", "txtMidVal", "Mid-Scale Value is no number: \"abc\"."},
+                 {"", "-", "9", "txtSmallVal", "Small Division Value is no number: \"-\"."},
+                 {"1", "", "one", "txtHorzTime", "Total Plot Time (Secs) is no number: \"one\"."},
+                 {"1", "2 V", "", "cmdPause", "Small Division Value \"2 V\" is taken as 2."},
+                 {"1,5", "", "   ", "cmdPause", ""}};
+    for (const auto& c : cases) {
+        PlotDesk desk(c.Mid, c.Small, c.Seconds);
+        Press(desk.View, desk.View.cmdOK);
+        EXPECT_EQ(desk.View.Controls.Focused()->Name, c.Entry);
+        EXPECT_EQ(desk.View.lblStatus.Caption, c.Status);
+        EXPECT_EQ(desk.View.txtMidVal.Text, c.Mid) << "as it was typed";
+    }
+}
+
 TEST(PlotView, ContinueStartsOverWhereTheChartIsFullOrTheSweepRuns) {
     PlotDesk desk("0", "1", " ");  // works as 1 second
     desk.Start();
@@ -156,6 +208,107 @@ TEST(PlotView, EnterLeadsThroughTheScaleAndOkClosesIt) {
     Press(desk.View, desk.View.cmdOK);
     EXPECT_EQ(form.Focused(), &desk.View.cmdPause);
     EXPECT_EQ(form.Click(desk.View.cmdOK), Refusal::Hidden);
+}
+
+TEST(PlotView, AutoAndLastFillTheScaleEntry) {
+    PlotDesk desk("100.5", "0,25", "");
+    EXPECT_FALSE(desk.View.cmdLast.Enabled) << "none was kept yet";
+    Press(desk.View, desk.View.cmdAuto);
+    EXPECT_NE(desk.View.lblStatus.Caption.find("No reading has come"), std::string::npos);
+    desk.Start();
+    for (const char* reading : {"480", "520", "500"}) desk.MeterSends(50, reading);
+    desk.View.Controls.Focus(desk.View.cmdNewScale);
+    EXPECT_EQ(desk.View.txtMidVal.Text, std::string(9, ' ')) << "the blanks stay";
+    Press(desk.View, desk.View.cmdAuto);
+    EXPECT_EQ(desk.View.txtMidVal.Text + "|" + desk.View.txtSmallVal.Text + "|" + desk.View.txtHorzTime.Text,
+              "500|2|60");
+    EXPECT_EQ(desk.View.Controls.Focused(), &desk.View.cmdOK);
+    PlotView later(desk.Program);  // as after the end of the program
+    later.Activate();
+    EXPECT_EQ(later.txtSmallVal.Text, std::string(9, ' '));
+    Press(later, later.cmdLast);
+    EXPECT_EQ(later.txtMidVal.Text + "|" + later.txtSmallVal.Text + "|" + later.txtHorzTime.Text,
+              "100.5|0,25|");
+    GraphView other(desk.Program);
+    other.Activate();
+    EXPECT_FALSE(other.cmdLast.Enabled) << "each view has its own";
+}
+
+TEST(PlotView, AnotherItemAndTwoAtOnce) {
+    PlotDesk desk;
+    desk.View.Controls.Select(desk.View.cboSecond, 2);
+    desk.Start();
+    desk.MeterSends(0, " 000001.-000002. 000003.");
+    desk.MeterSends(1000, " 000002.-000003. 000004.");
+    EXPECT_EQ(desk.Trace(), (Lines{"point 0,10 width 2", "point 0,-20 width 2", "line 0,10 100,20 width 2",
+                                   "line 0,-20 100,-30 width 2"}));
+    EXPECT_EQ(std::get<ChartLine>(desk.View.Chart.Record().back()).Ink, ChartInk::Second);
+    EXPECT_EQ(desk.View.ValuesText(),
+              "Seconds\tItem 1\n0.000\t1\n1.000\t2\nSeconds\tItem 2\n0.000\t-2\n1.000\t-3\n");
+    desk.View.Controls.Select(desk.View.cboSecond, 0);
+    desk.View.Controls.Select(desk.View.cboItem, 2);
+    desk.MeterSends(0, " 000001.-000002. 000005.");
+    desk.MeterSends(1000, " 000001.");  // has no third
+    EXPECT_EQ(desk.Trace(), Lines{"point 100,50 width 2"}) << "the sweep goes on";
+}
+
+TEST(PlotView, ARollingChartEndsAtTheNewestReading) {
+    PlotDesk desk;
+    desk.View.Controls.Check(desk.View.chkRolling, 1);
+    desk.Start();
+    const auto labels = [&desk](const char* text) {
+        const Lines record = RecordFrom(desk.View.Chart);
+        return std::count_if(record.begin(), record.end(), [text](const std::string& line) {
+            return line.find(text) != std::string::npos;
+        });
+    };
+    EXPECT_EQ(labels("\"-10.\" center") + labels("\"0\" right"), 2) << "seconds before the newest";
+    for (int second = 0; second <= 25; ++second) desk.MeterSends(1000, std::to_string(second % 10));
+    EXPECT_EQ(desk.View.Current().ChartFull, 0);
+    EXPECT_EQ(RecordFrom(desk.View.Chart).back(), "line 900,40 1000,50 width 2");
+    EXPECT_EQ(desk.Trace().front(), "point 0,50 width 2") << "ten seconds before";
+    desk.MeterSends(10, "7");
+    EXPECT_EQ(RecordFrom(desk.View.Chart).back(), "line 900,40 1000,50 width 2") << "too soon to be seen";
+    desk.Pump.Pass(100);
+    EXPECT_EQ(RecordFrom(desk.View.Chart).back(), "line 999,50 1000,70 width 2");
+    Press(desk.View, desk.View.cmdPause);
+    EXPECT_TRUE(desk.View.AtRest());
+    EXPECT_EQ(desk.View.Spot(desk.View.NearestSpot(1)).Text, "0.000 s   7");
+}
+
+TEST(PlotView, SetpointsLieOverTheChartWhereTheUserWantsThem) {
+    PlotDesk desk;
+    ChartSurface marks;
+    desk.View.Controls.Check(desk.View.chkSetpoints, 1);
+    EXPECT_NE(desk.View.lblStatus.Caption.find("no setup in memory"), std::string::npos);
+    desk.Program.Home.ViewEnabled = true;
+    BuildDefaultSetup(desk.Program.Image);
+    PutCode(desk.Program.Image, Field::RelayOption, 2);
+    PutCode(desk.Program.Image, Field::Alarm1Source, 1);
+    PutCode(desk.Program.Image, Field::Alarm2State, 2);
+    PutCode(desk.Program.Image, Field::DecimalPoint1, 1);
+    DigitsPut(desk.Program.Image, RowOf(Field::Setpoint1).Pos, "00000A");
+    desk.Start();
+    desk.View.DrawMarks(marks, {});
+    EXPECT_EQ(RecordFrom(marks),
+              (Lines{"line 0,100 1000,100 width 2", "text \"SP1 10\" right 1000 top 100 halves -2"}));
+    marks.Clear();
+    desk.View.DrawMarks(marks, {0, 1, 0, 0.5});
+    EXPECT_EQ(RecordFrom(marks), Lines{}) << "above what is on show";
+}
+
+// A part is drawn of the readings, not of the picture.
+TEST(PlotView, APartIsDrawnLarger) {
+    PlotDesk desk;
+    desk.Start();
+    for (const char* reading : {"0", "0.25", "20", "0"}) desk.MeterSends(1000, reading);
+    Press(desk.View, desk.View.cmdPause);
+    ChartSurface part;
+    desk.View.DrawWindow(part, {0, 0.1, 0.5, 0.55});  // a second, 0 to 2
+    EXPECT_EQ(RecordFrom(part).back(), "line 0,-200 1000,-150 width 2");
+    EXPECT_EQ(desk.View.Spot(2).Text, "2.000 s   20.00");
+    EXPECT_DOUBLE_EQ(desk.View.Spot(2).Y, 1);
+    EXPECT_EQ(desk.View.NearestSpot(0.11), 1U);
 }
 
 TEST(PlotView, SaveAsksForAFileAndTellsAFailure) {
