@@ -32,7 +32,8 @@ Desktop::Desktop(Session& session, Folders folders)
       home_(session),
       help_(session, folders_.Help),
       window_(std::make_unique<MainWindow>()),
-      paper_(session.Pump, [this] { return static_cast<QWidget*>(window_->Current()); }) {
+      paper_(session.Pump, [this] { return static_cast<QWidget*>(window_->Current()); }),
+      keeper_(session) {
     homePage_ = new HomePage(home_, window_.get());
     window_->AddPage(homePage_);
     window_->setMenuBar(homePage_->MenuBar());
@@ -223,6 +224,7 @@ ViewPage* Desktop::MakeHelpScreen(ViewId view) {
 
 void Desktop::MakeReading(ReadingView& view) {
     view.Paper = &paper_;
+    view.Keeper = &keeper_;
     view.ExitProgram = [this] { home_.Exit(); };
     view.ShowMainMenu = [this] { GoHome(); };
 }

@@ -13,6 +13,7 @@
 #include "desktop/pages/help_dialog.h"
 #include "desktop/pages/help_pages.h"
 #include "desktop/pages/home_page.h"
+#include "desktop/store_keeper.h"
 #include "help/help_view.h"
 #include "readings/graph_view.h"
 #include "readings/list_view.h"
@@ -83,6 +84,7 @@ class Desktop {
     HelpView help_;
     std::unique_ptr<MainWindow> window_;
     QtPrinter paper_;
+    StoreKeeper keeper_;
     HomePage* homePage_;
     std::map<ViewId, ViewPage*> pages_;
 

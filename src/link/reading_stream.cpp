@@ -34,7 +34,7 @@ void ReadingStream::AttachKeeping() {
 
 void ReadingStream::Detach() {
     if (Attached()) link_.Port.Arrived = nullptr;
-    cutter_->Restart();
+    Restart();
 }
 
 bool ReadingStream::Attached() const {
@@ -47,7 +47,9 @@ void ReadingStream::PumpInput() {
         DrainInput();
         return;
     }
-    cutter_->Receive(link_.Port.Input());
+    const std::string bytes = link_.Port.Input();
+    HandToKeeper(bytes);
+    cutter_->Receive(bytes);
     Frame frame;
     bool handedOn = false;
     while (Attached() && ReadingPaused == 0 && cutter_->Next(frame)) {
@@ -57,9 +59,26 @@ void ReadingStream::PumpInput() {
     if (handedOn && PassDone) PassDone();
 }
 
+void ReadingStream::KeepAll(std::unique_ptr<FrameCutter> cutter, Taker taker) {
+    keepersCutter_ = std::move(cutter);
+    keep_ = std::move(taker);
+}
+
+void ReadingStream::HandToKeeper(const std::string& bytes) {
+    if (!keepersCutter_) return;
+    keepersCutter_->Receive(bytes);
+    Frame frame;
+    while (keepersCutter_->Next(frame)) keep_(frame);
+}
+
+void ReadingStream::Restart() {
+    cutter_->Restart();
+    if (keepersCutter_) keepersCutter_->Restart();
+}
+
 void ReadingStream::DrainInput() {
     if (Attached()) link_.Port.Input();
-    cutter_->Restart();
+    Restart();
 }
 
 }  // namespace counter

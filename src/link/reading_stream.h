@@ -45,6 +45,10 @@ class ReadingStream {
     void Detach();
     bool Attached() const;
 
+    // Whoever keeps the readings gets every frame, also one that the view's cutter drops. From the next
+    // whole frame on; a paused stream has none for him either. No cutter: nobody keeps them any more.
+    void KeepAll(std::unique_ptr<FrameCutter> cutter, Taker taker);
+
     // One pass: what has arrived is received, cut and handed on. A taker that pauses or detaches the stream
     // gets no further frame.
     void PumpInput();
@@ -60,8 +64,13 @@ class ReadingStream {
         void operator()() const { Of->PumpInput(); }
     };
 
+    void HandToKeeper(const std::string& bytes);
+    void Restart();
+
     Link& link_;
     std::unique_ptr<FrameCutter> cutter_;
+    std::unique_ptr<FrameCutter> keepersCutter_;
+    Taker keep_;
 };
 
 }  // namespace counter

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "link/link_error.h"
+#include "link/list_cutter.h"
 #include "link/reading_items.h"
 #include "meter/leading_number.h"
 
@@ -24,6 +25,7 @@ ReadingView::ReadingView(Session& session, std::unique_ptr<FrameCutter> cutter)
     : Program(session), Stream(session.Link, std::move(cutter)), Build(Controls, kEveryTab, NoHelp) {
     Stream.TakeFrame = [this](const Frame& frame) { Take(frame); };
     Controls.On(cboItem, [this](Control&) { ChooseItem(); });
+    OnPress(cmdRecord, [this] { PressRecord(); });
     OfferItems(1);
     Stream.PassDone = [this] {
         if (Drawn) Drawn();
@@ -55,6 +57,25 @@ void ReadingView::ChooseItem() {
     ItemChosen();
 }
 
+void ReadingView::PressRecord() {
+    if (!Keeper) return;
+    if (recording_) return EndRecord();
+    const Status status = Keeper->Begin();
+    TellStatus(status.Ok() ? "" : status.Text());
+    if (!status.Ok()) return;
+    recording_ = true;
+    cmdRecord.Caption = "Stop Record";
+    Stream.KeepAll(std::make_unique<ListCutter>(Program.Frames),
+                   [this](const Frame& frame) { Keeper->Take(frame.Text); });
+}
+
+void ReadingView::EndRecord() {
+    if (!std::exchange(recording_, false)) return;
+    cmdRecord.Caption = "Record";
+    Stream.KeepAll(nullptr, {});
+    if (const Status status = Keeper->End(); !status.Ok()) TellStatus(status.Text());
+}
+
 RunState ReadingView::State() const {
     const RunHold pause = Stream.ReadingPaused == 1 ? RunHold::Paused : RunHold::None;
     return Statistics.StateAt(Program.Pump.NowMs(), IsFull() ? RunHold::Full : pause);
@@ -75,6 +96,7 @@ void ReadingView::Unload() {
     Statistics.Forget();
     items_.clear();
     Controls.DropFocus();
+    EndRecord();
     TellStatus("");
     Reset();
     Controls.TellChanged();

@@ -15,6 +15,7 @@
 #include "controls/page_builder.h"
 #include "link/reading_stream.h"
 #include "platform/printer.h"
+#include "readings/reading_keeper.h"
 #include "readings/reading_statistics.h"
 #include "session/session.h"
 
@@ -34,6 +35,7 @@ class ReadingView {
     std::function<void()> ShowMainMenu;  // hide this view, show the home view, which unloads this one
     std::function<void()> ExitProgram;   // after an End for which HoldExit has made the exit wait
     Printer* Paper = nullptr;
+    ReadingKeeper* Keeper = nullptr;  // null: the button does nothing
 
     // Which value of a frame with several is looked at, 1..3; the user chooses it.
     int Item = 1;
@@ -97,6 +99,8 @@ class ReadingView {
     Control& lblFigures = Build.Add(ControlKind::Picture, nullptr, "lblFigures");
     // Can be used where frames have several values.
     Control& cboItem = Build.Add(ControlKind::List, nullptr, "cboItem", "Item");
+    // Every reading is kept from a press until the next, or the end of the view.
+    Control& cmdRecord = Build.Add(ControlKind::Button, nullptr, "cmdRecord", "Record");
 
   protected:
     Control* StatusLine = nullptr;  // where TellStatus shows
@@ -105,6 +109,8 @@ class ReadingView {
     void Take(const Frame& frame);
     void OfferItems(int count);
     void ChooseItem();
+    void PressRecord();
+    void EndRecord();
     void TakeFirst();
     std::string StandingStatus() const;
     void LetEventsRun();
@@ -113,6 +119,7 @@ class ReadingView {
     bool up_ = false;
     bool ending_ = false;
     bool exitWanted_ = false;
+    bool recording_ = false;
     bool answered_ = false;           // a reading has come since the view came up
     std::vector<std::string> items_;  // of the reading in hand
     int run_ = 0;

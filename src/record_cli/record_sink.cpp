@@ -1,9 +1,6 @@
 #include "record_cli/record_sink.h"
 
-#include <charconv>
-
 #include "cli/cli_output.h"
-#include "settings/settings.h"
 
 namespace counter {
 
@@ -12,14 +9,6 @@ namespace {
 // For the broker to take what is underway when the recording ends; what it does not take goes out the next
 // time.
 constexpr double kLastMs = 5000;
-
-int BaudOf(int index) {
-    int baud = 0;
-    if (index < 0 || index >= static_cast<int>(BaudTable.size())) return 0;
-    const std::string_view text = BaudTable[static_cast<std::size_t>(index)];
-    std::from_chars(text.data(), text.data() + text.size(), baud);
-    return baud;
-}
 
 // The digits, or nothing where they did not come whole: that costs a recording its setup and not its
 // readings. A line that has gone ends it, as it would end the stream.
@@ -60,13 +49,11 @@ Status RecordSink::BeginToSend(LinkSession& link) {
 
 Status RecordSink::Begin(LinkSession& link) {
     const Settings& settings = link.Program().Settings;
-    RunFacts facts;
+    RunFacts facts = FactsOf(settings);
     facts.Setup = ReadSetup(link);
     if (link.Program().LinkState.LinkError != LinkErrors::kGood) return {};
-    facts.Meter = order_.Name.empty() ? std::to_string(settings.MeterAddressValue) : order_.Name;
+    if (!order_.Name.empty()) facts.Meter = order_.Name;
     facts.Note = order_.Note;
-    facts.Address = settings.MeterAddressValue;
-    facts.Baud = BaudOf(settings.BaudIndex);
     if (publisher_) facts.Topic = Topics(order_.Broker->Prefix + "/" + order_.Name).Readings;
     Status status = recorder_->Begin(facts);
     if (status.Ok() && !call_.Json)

@@ -12,22 +12,11 @@
 
 #include "link/reading_items.h"
 #include "platform/status.h"
+#include "recording/run_facts.h"
 
 namespace counter {
 
 class StoreQueries;
-
-// What is known of a run when it begins.
-struct RunFacts {
-    std::string Meter;         // what its user calls it; need not be unique
-    std::string Note;          // may be empty
-    std::string Setup;         // the meter's setup, hexadecimal digits; empty where it was not read
-    int Address = 0;           // 0..31
-    int Baud = 0;              // bits a second
-    std::int64_t StartMs = 0;  // UTC since 1970
-    int MinutesEast = 0;       // of UTC, as clocks went at the start
-    std::string Topic;         // where a broker is to have it all; empty where it is not sent
-};
 
 struct StoredRun : RunFacts {
     std::int64_t Id = 0;        // from 1 on, in the order in which they began

@@ -11,7 +11,9 @@
 #include "desktop/pages/reading_font.h"
 #include "desktop/pages/reading_grid.h"
 #include "desktop/pages/reading_strip.h"
+#include "recording/reading_store.h"
 #include "support/gui_bench.h"
+#include "support/temp_folder.h"
 #include "tour.h"
 
 namespace counter::test {
@@ -169,6 +171,30 @@ TEST(ReadingStrip, TellsOfTheItemThatIsChosenInEveryView) {
         EXPECT_EQ(lines->accessibleDescription().contains("outside 0 / "),
                   std::string_view(entry) == "mnuGraph");
     }
+}
+
+TEST(ReadingStrip, RecordsIntoTheStoreOfTheProgramFolder) {
+    const TempFolder folder;
+    ListWindow bench;
+    bench.Program.Folder.Path = folder.Path;
+    bench.Click("cmdRecord");
+    bench.Pump.Pass(2000);
+    EXPECT_TRUE(
+        FindOf<ReadingStrip>(bench.Desk->Window().Current())->Recorded().startsWith("Recording run 1: "));
+    bench.Click("cmdEnd");
+    bench.Pump.Pass(2000);
+    std::unique_ptr<ReadingStore> store;
+    ASSERT_TRUE(ReadingStore::Open(folder.At("readings.db"), ReadingStore::Use::Read, store).Ok());
+    std::vector<StoredRun> runs;
+    ASSERT_TRUE(store->Runs(runs).Ok());
+    ASSERT_EQ(runs.size(), 1u);
+    EXPECT_EQ(runs[0].Setup, bench.Program.Image.SetupData);
+    EXPECT_GE(runs[0].Readings, 35) << "of 20 a second";
+    std::vector<StoredReading> readings;
+    ASSERT_TRUE(store->Readings(1, 1, 1, readings).Ok());
+    ASSERT_EQ(readings.size(), 1u);
+    EXPECT_EQ(readings[0].Items.at(1).Number, "005000");
+    EXPECT_EQ(readings[0].Items.at(2).Alarms, "A_");
 }
 
 }  // namespace

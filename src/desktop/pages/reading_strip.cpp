@@ -1,6 +1,6 @@
 #include "desktop/pages/reading_strip.h"
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTimerEvent>
@@ -88,28 +88,42 @@ void FigureLines::paintEvent(QPaintEvent* event) {
 }
 
 ReadingStrip::ReadingStrip(ReadingView& view, Binder& bound, QWidget* parent)
-    : QWidget(parent), view_(view), lines_(new FigureLines(view, this)) {
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(kGrid);
-    row->addWidget(lines_, 1);
-    row->addWidget(bound.Make(view.cboItem, this));
-    bound.BindSpecial(view.lblFigures, lines_, [this] { lines_->Follow(); });
+    : QWidget(parent), view_(view), lines_(new FigureLines(view, this)), record_(new QLabel(this)) {
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(kGrid);
+    grid->setColumnStretch(0, 1);
+    grid->addWidget(lines_, 0, 0);
+    grid->addWidget(bound.Make(view.cboItem, this), 0, 1);
+    grid->addWidget(bound.Make(view.cmdRecord, this), 0, 2);
+    grid->addWidget(record_, 1, 0, 1, 3);
+    record_->setTextFormat(Qt::PlainText);
+    record_->setWordWrap(true);
+    record_->hide();
+    bound.BindSpecial(view.lblFigures, lines_, [this] { Follow(); });
+}
+
+void ReadingStrip::Follow() {
+    lines_->Follow();
+    const QString words = view_.Keeper ? QtText(view_.Keeper->Words()) : QString();
+    if (record_->text() == words) return;
+    record_->setText(words);
+    record_->setVisible(!words.isEmpty());
 }
 
 void ReadingStrip::FollowReadings() {
     const double now = view_.Program.Pump.NowMs();
     if (now < nextMs_) return;
     nextMs_ = now + kFollowMs;
-    lines_->Follow();
+    Follow();
 }
 
 void ReadingStrip::timerEvent(QTimerEvent* event) {
-    if (event->timerId() == timer_.timerId()) lines_->Follow();
+    if (event->timerId() == timer_.timerId()) Follow();
 }
 
 void ReadingStrip::showEvent(QShowEvent*) {
-    lines_->Follow();
+    Follow();
     timer_.start(kLookMs, this);
 }
 

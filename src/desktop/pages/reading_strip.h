@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QBasicTimer>
+#include <QLabel>
 #include <QWidget>
 
 #include "desktop/kit/binder.h"
@@ -30,6 +31,7 @@ class ReadingStrip : public QWidget {
   public:
     ReadingStrip(ReadingView& view, Binder& bound, QWidget* parent);
 
+    QString Recorded() const { return record_->text(); }  // how far a recording is
     // Readings have been taken; shown a few times a second, however fast they come.
     void FollowReadings();
 
@@ -40,8 +42,11 @@ class ReadingStrip : public QWidget {
     void hideEvent(QHideEvent* event) override;
 
   private:
+    void Follow();
+
     ReadingView& view_;
     FigureLines* lines_;
+    QLabel* record_;  // how far the recording is
     QBasicTimer timer_;
     double nextMs_ = 0;
 };

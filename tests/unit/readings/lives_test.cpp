@@ -76,6 +76,45 @@ TEST(Lives, AFailedPrintIsNoPartOfTheNext) {
     EXPECT_EQ(desk.List.lblStatus.Caption, "lp0: out of paper");
 }
 
+struct MemoryKeeper : ReadingKeeper {
+    std::string Kept;
+    Status Begins;
+    Status Begin() override { return Kept += "begin ", Begins; }
+    void Take(std::string_view frame) override { Kept.append(frame).append(" "); }
+    Status End() override { return Kept += "end ", Status{}; }
+    std::string Words() const override { return {}; }
+};
+
+// A chart takes one reading of an arrival; the record has them all, but for the pause.
+TEST(Lives, ARecordHasEveryReadingThatIsNotThrownAway) {
+    LivesDesk desk;
+    for (ReadingView* view : std::initializer_list<ReadingView*>{&desk.List, &desk.Plot, &desk.Graph}) {
+        MemoryKeeper keeper;
+        view->Keeper = &keeper;
+        desk.Open(*view);
+        if (auto* chart = dynamic_cast<ChartView*>(view)) StartChart(*chart, "0", "1", "100");
+        Press(*view, view->cmdRecord);
+        desk.MeterSends(200, "rest\r1.0\r2.0\r3.0");
+        Press(*view, *view->Controls.Find("cmdPause"));
+        desk.MeterSends(200, "4.0");
+        Press(*view, *view->Controls.Find(view == &desk.List ? "cmdContin" : "cmdContinue"));
+        desk.MeterSends(200, "rest\r5.0");
+        Press(*view, view->cmdRecord);
+        desk.MeterSends(200, "6.0");
+        Press(*view, view->cmdRecord);
+        view->Unload();
+        EXPECT_EQ(keeper.Kept, "begin 1.0 2.0 3.0 5.0 end begin end ");
+        EXPECT_EQ(view->cmdRecord.Caption, "Record");
+
+        keeper.Begins = {StatusKind::Other, "readings.db", "the disk is full"};
+        desk.Open(*view);
+        Press(*view, view->cmdRecord);
+        EXPECT_EQ(view->Controls.Find("lblStatus")->Caption, "readings.db: the disk is full");
+        EXPECT_EQ(view->cmdRecord.Caption, "Record");
+        view->Unload();
+    }
+}
+
 TEST(Lives, AfterNewScaleAndUnloadNoByteReachesAView) {
     LivesDesk desk;
     for (int round = 0; round < 50; ++round) {
