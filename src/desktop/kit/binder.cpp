@@ -200,26 +200,31 @@ void Binder::Done(const Control& control, Refusal refusal) {
 void Binder::Refresh() {
     const bool before = movingFocus_;
     movingFocus_ = true;
+    QWidget* focus = FocusOfOurs();
     for (const Bound& bound : bound_) ShowOne(bound);
-    HandFocusOn();
+    if (focus) HandFocusOn(*focus);
     movingFocus_ = before;
 }
 
-// Behind another window a widget that goes from show keeps the focus, and the keys that the user then
-// presses would go where nobody sees them.
-void Binder::HandFocusOn() {
+QWidget* Binder::FocusOfOurs() const {
     const auto first =
         std::find_if(bound_.begin(), bound_.end(), [](const Bound& bound) { return bound.Shown; });
-    if (first == bound_.end()) return;
-    const QWidget* window = first->Shown->window();
-    QWidget* focus = window->focusWidget();
-    if (!ControlOf(focus) || CanHaveFocus(*focus, window)) return;
-    for (QWidget* next = focus->nextInFocusChain(); next != focus; next = next->nextInFocusChain()) {
+    QWidget* focus = first == bound_.end() ? nullptr : first->Shown->window()->focusWidget();
+    return ControlOf(focus) ? focus : nullptr;
+}
+
+// The toolkit itself finds nothing where what takes its place comes on show a little later, and does not look
+// behind another window: keys would go where nobody sees them.
+void Binder::HandFocusOn(QWidget& from) {
+    const QWidget* window = from.window();
+    const QWidget* now = window->focusWidget();
+    if (CanHaveFocus(from, window) || (now && CanHaveFocus(*now, window))) return;
+    for (QWidget* next = from.nextInFocusChain(); next != &from; next = next->nextInFocusChain()) {
         if (!(next->focusPolicy() & Qt::TabFocus) || !CanHaveFocus(*next, window)) continue;
         next->setFocus(Qt::OtherFocusReason);
         return;
     }
-    focus->clearFocus();
+    from.clearFocus();
 }
 
 void Binder::ShowOne(const Bound& bound) {

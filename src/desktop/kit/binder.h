@@ -65,7 +65,8 @@ class Binder : public QObject {
     void Listen(Control& control, QWidget* widget);
     void Done(const Control& control, Refusal refusal);
     void ShowOne(const Bound& bound);
-    void HandFocusOn();
+    QWidget* FocusOfOurs() const;
+    void HandFocusOn(QWidget& from);
     void MoveFocus(const Control& control);
     Control* ControlOf(const QObject* widget) const;
 
