@@ -10,27 +10,31 @@ step() {
 # done_in: it has ended.
 done_in() { printf '%-10s done in %d s.\n' "" $((SECONDS - step_began)); }
 
-# progress: turns the lines of the build into one line that counts, where a terminal looks on.
+# progress: turns the lines of the build into one that counts where a terminal looks on, into one a minute else.
 progress() {
-    local line
+    local line last=$SECONDS
     while IFS= read -r line; do
-        [ -t 1 ] && [[ $line == \[*/*\]* ]] && printf '\r%-10s %s ' "" "${line%%]*}]"
+        [[ $line == \[*/*\]* ]] || continue
+        if [ -t 1 ]; then
+            printf '\r%-10s %s ' "" "${line%%]*}]"
+        elif [ $((SECONDS - last)) -ge 60 ]; then
+            last=$SECONDS
+            printf '%-10s %s\n' "" "${line%%]*}]"
+        fi
     done
-    [ -t 1 ] && printf '\r%-30s\r' ""
-    return 0
+    [ ! -t 1 ] || printf '\r%-30s\r' ""
 }
 
-# build PRESET SECONDS TEXT TARGET...: builds the targets; SECONDS of processor time are what a file takes. What the
+# build PRESET SECONDS TEXT TARGET...: builds the targets, which takes SECONDS of processor time from nothing. What the
 # compiler says is in build/PRESET/build.log, and on the screen where it fails.
 build() {
-    local preset=$1 seconds=$2 text=$3 log=build/$1/build.log files
+    local preset=$1 seconds=$2 text=$3 log=build/$1/build.log
     shift 3
-    files=$(ninja -C "build/$preset" -n "$@" | grep -c '^\[' || true)
-    if [ "$files" -eq 0 ] || ninja -C "build/$preset" -n "$@" | grep -q 'no work to do'; then
-        step "Build" "$text: nothing to do."
-        return 0
+    if [ -e "build/$preset/bin/counterctl" ]; then
+        step "Build" "$text: what isn't there yet or has changed ..."
+    else
+        step "Build" "$text, about $((seconds / $(nproc))) s on $(nproc) quiet cores ..."
     fi
-    step "Build" "$text: $files steps, about $((files * seconds / $(nproc) + 1)) s on a quiet machine ..."
     ninja -C "build/$preset" "$@" 2>&1 | tee "$log" | progress || {
         grep -v '^\[' "$log" | head -n 60 >&2
         echo "The build failed; all that it said is in $log" >&2
