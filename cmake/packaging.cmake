@@ -1,7 +1,8 @@
-# What `cmake --install` lays down, and the Debian package. The programs find their data from where they stand:
+# What `cmake --install` lays down, and the packages. The programs find their data from where they stand:
 # PREFIX/bin looks into PREFIX/share/counter-setup.
 #
-# `cmake --build --preset release --target deb` makes build/release/counter-setup_VERSION_ARCHITECTURE.deb.
+# `cmake --build --preset release --target deb` makes build/release/counter-setup_VERSION_ARCHITECTURE.deb,
+# `--target rpm` makes counter-setup-VERSION-1.ARCHITECTURE.rpm, which needs rpmbuild.
 include(GNUInstallDirs)
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)  # a package needs neither tests nor benchmarks
 set(shipped ${CMAKE_SOURCE_DIR}/data)
@@ -69,8 +70,21 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, libqt6sql6-sqlite")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_OUTPUT_FILE_PREFIX ${CMAKE_BINARY_DIR})
+set(CPACK_RPM_FILE_NAME RPM-DEFAULT)
+set(CPACK_RPM_PACKAGE_RELEASE 1)
+set(CPACK_RPM_PACKAGE_LICENSE "MIT")
+set(CPACK_RPM_PACKAGE_GROUP "Applications/Engineering")
+set(CPACK_RPM_PACKAGE_REQUIRES "qt6-qtbase-gui")
+# Folders that belong to the system.
+set(CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
+    /usr/share/applications /usr/share/bash-completion /usr/share/bash-completion/completions /usr/share/icons
+    /usr/share/icons/hicolor /usr/share/icons/hicolor/scalable /usr/share/icons/hicolor/scalable/apps
+    /usr/share/man /usr/share/man/man1 /usr/share/metainfo /usr/share/doc)
 include(CPack)
-add_custom_target(deb
-  COMMAND ${CMAKE_CPACK_COMMAND} --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake
-  DEPENDS ${counter_programs} help_files batch_texts board_drawings gzipped
-  COMMENT "Making the Debian package" VERBATIM USES_TERMINAL)
+foreach(kind deb rpm)
+  string(TOUPPER ${kind} generator)
+  add_custom_target(${kind}
+    COMMAND ${CMAKE_CPACK_COMMAND} -G ${generator} --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake
+    DEPENDS ${counter_programs} help_files batch_texts board_drawings gzipped
+    COMMENT "Making the ${kind} package" VERBATIM USES_TERMINAL)
+endforeach()

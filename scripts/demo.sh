@@ -44,6 +44,4 @@ say "Verify again, and see the difference"
 ctl verify "$home/changed.CT2" || [ $? -eq 4 ]
 ctl get "$home/second.CT2"
 ctl diff "$home/changed.CT2" "$home/second.CT2" || [ $? -eq 4 ]
-say "Pictures of the windows"
-"$bin/counter-pictures" "$home/pictures"
-say "Done. The setup files are in $home, a backup of every read in $home/backups, pictures of the windows in $home/pictures"
+say "Done. The setup files are in $home, a backup of every read in $home/backups. Pictures of the windows: docs/pictures"

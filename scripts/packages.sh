@@ -1,23 +1,44 @@
-# Debian packages that building and testing need. Sourced by ./run and ./test.
-#
-# install_packages PACKAGE...: installs what is missing, as root or with sudo; says nothing when all is there.
+# Packages that running, building and testing need. Sourced by ./run and ./test.
 
-BUILD_PACKAGES="g++ cmake ninja-build ccache qt6-base-dev qt6-serialport-dev qt6-svg-dev libqt6sql6-sqlite libmosquitto-dev libcli11-dev nlohmann-json3-dev"
-TEST_PACKAGES="libgtest-dev librapidcheck-dev libbenchmark-dev libmodbus-dev mbpoll xvfb xauth appstream desktop-file-utils bash-completion hunspell hunspell-en-us fonts-dejavu-core python3 python3-jsonschema python3-pymodbus python3-serial python3-serial-asyncio strace mosquitto mosquitto-clients"
+RUN_PACKAGES="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libqt6sql6-sqlite libmosquitto-dev libcli11-dev nlohmann-json3-dev"
+WINDOW_PACKAGES="qt6-qpa-plugins fonts-dejavu-core"
+TEST_PACKAGES="ccache libgtest-dev librapidcheck-dev libbenchmark-dev libmodbus-dev mbpoll xvfb xauth appstream desktop-file-utils rpm cpio bash-completion hunspell hunspell-en-us fonts-dejavu-core python3 python3-jsonschema python3-pymodbus python3-serial python3-serial-asyncio strace mosquitto mosquitto-clients"
 
-install_packages() {
-    local missing=()
+PACKAGES_IN_WORDS="a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 with widgets, print support, SQL
+(its SQLite plugin), serial port and SVG, libmosquitto, CLI11 and JSON for Modern C++, each with its headers"
+
+# missing_packages PACKAGE...: prints those that aren't installed.
+missing_packages() {
     for package in "$@"; do
-        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || echo "$package"
     done
-    [ ${#missing[@]} -eq 0 ] && return 0
+}
+
+# install_packages PACKAGE...: installs them, as root or with sudo.
+install_packages() {
     local root=()
     if [ "$(id -u)" -ne 0 ]; then
-        command -v sudo >/dev/null || { echo "Needs root or sudo to install: ${missing[*]}" >&2; return 1; }
+        command -v sudo >/dev/null || { echo "Needs root or sudo to install: $*" >&2; return 1; }
         root=(sudo)
     fi
-    echo "Installing ${missing[*]}"
     "${root[@]}" apt-get update -qq
-    "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
-        "${missing[@]}" >/dev/null
+    "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "$@" >/dev/null
+}
+
+# ensure_packages PACKAGE...: a step of its own. What another system than Debian or Ubuntu lacks, its user installs;
+# CMake then tells what it does not find.
+ensure_packages() {
+    if ! command -v apt-get >/dev/null; then
+        step "Packages" "this is no Debian or Ubuntu; needed are $PACKAGES_IN_WORDS."
+        return 0
+    fi
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
+    if [ ${#missing[@]} -eq 0 ]; then
+        step "Packages" "all are there."
+        return 0
+    fi
+    step "Packages" "installing ${#missing[@]} and what they need, up to a minute ..."
+    install_packages "${missing[@]}"
+    done_in
 }

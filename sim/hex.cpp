@@ -57,4 +57,8 @@ std::string_view CutAt(std::string_view& text, char mark) {
     return head;
 }
 
+int WordAt(std::string_view bytes, std::size_t at) {
+    return static_cast<unsigned char>(bytes[at]) << 8 | static_cast<unsigned char>(bytes[at + 1]);
+}
+
 }  // namespace sim

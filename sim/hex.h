@@ -20,6 +20,9 @@ std::string HexOfBytes(std::string_view bytes);
 // Nothing when the length is odd or a character is no digit.
 std::optional<std::string> BytesOfHex(std::string_view digits);
 
+// The 16 bit number in two bytes at `at`, which must be there, the higher one first.
+int WordAt(std::string_view bytes, std::size_t at);
+
 // A whole decimal number without a sign.
 bool ParseNumber(std::string_view text, int& out);
 // Text before the first `mark`, which is removed with it; the whole text when there is none.

@@ -1,5 +1,6 @@
 #include "sim/modbus_server.h"
 
+#include "sim/hex.h"
 #include "sim/register_map.h"
 
 namespace sim {
@@ -9,11 +10,6 @@ namespace {
 constexpr int kNoFunction = 1, kNoAddress = 2, kBadValue = 3;
 // What one frame of 256 bytes can carry.
 constexpr int kMostRead = 125, kMostWritten = 123;
-
-// The 16 bit number at `offset` of a request.
-int WordAt(std::string_view request, std::size_t offset) {
-    return static_cast<unsigned char>(request[offset]) << 8 | static_cast<unsigned char>(request[offset + 1]);
-}
 
 std::string ReadReply(char function, const RegisterValues& values) {
     std::string reply = {function, static_cast<char>(2 * values.size())};

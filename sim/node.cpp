@@ -17,7 +17,7 @@ constexpr std::size_t kCommandSize = 19;
 // Transaction, zeros, length.
 constexpr std::size_t kModbusHeader = 6;
 // Longer than any frame: what a tool sends that makes none is thrown away.
-constexpr std::size_t kLongestInput = 600;
+constexpr std::size_t kLongestFromTool = 600;
 
 constexpr std::string_view kLogin = "login";
 
@@ -89,7 +89,7 @@ void Node::Receive(std::string_view bytes, double nowMs) {
     const bool ascii = meter_.ActiveLine().Protocol == LineProtocol::CustomAscii;
     while (TakeNodeFrame(nowMs) || (ascii ? TakeAscii(nowMs) : TakeModbus(nowMs))) {
     }
-    if (fromTool_.size() > kLongestInput) fromTool_.clear();
+    if (fromTool_.size() > kLongestFromTool) fromTool_.clear();
 }
 
 // Each is answered by a status frame.
@@ -117,7 +117,7 @@ bool Node::TakeModbus(double nowMs) {
     if (fromTool_.size() < kModbusHeader || fromTool_.starts_with(address_ + NodeToken())) return false;
     const auto length = static_cast<std::size_t>(static_cast<unsigned char>(fromTool_[4]) << 8 |
                                                  static_cast<unsigned char>(fromTool_[5]));
-    if (fromTool_.substr(2, 2) != std::string(2, '\0') || length < 2 || length > kLongestInput) {
+    if (fromTool_.substr(2, 2) != std::string(2, '\0') || length < 2 || length > kLongestFromTool) {
         fromTool_.clear();
         return false;
     }

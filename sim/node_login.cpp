@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "sim/hex.h"
+
 namespace sim {
 
 namespace {
@@ -11,10 +13,6 @@ constexpr std::size_t kCheckAt = 14;
 
 int ByteAt(std::string_view bytes, std::size_t at) {
     return static_cast<unsigned char>(bytes[at]);
-}
-
-int WordAt(std::string_view bytes, std::size_t at) {
-    return ByteAt(bytes, at) * 256 + ByteAt(bytes, at + 1);
 }
 
 // Four bytes, worked on one by one as the node's small processor does.

@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "sim/handles.h"
+
 namespace sim {
 
 namespace {
@@ -31,11 +33,6 @@ const sockaddr* Generic(const sockaddr_in& address) {
 void SwitchOn(int handle, int level, int option) {
     const int on = 1;
     setsockopt(handle, level, option, &on, sizeof on);
-}
-
-void CloseHandleOf(int& handle) {
-    if (handle >= 0) close(handle);
-    handle = -1;
 }
 
 }  // namespace

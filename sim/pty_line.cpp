@@ -11,14 +11,11 @@
 #include <cerrno>
 #include <cstring>
 
+#include "sim/handles.h"
+
 namespace sim {
 
 namespace {
-
-void CloseHandleOf(int& handle) {
-    if (handle >= 0) close(handle);
-    handle = -1;
-}
 
 // No echo, no line editing, 9600 baud until a tool says otherwise.
 bool MakeRaw(int terminal) {

@@ -11,7 +11,7 @@ constexpr std::string_view kHeaderToken = "\x5A\x93\xD1\xC0\x7E\x42";
 constexpr std::string_view kStatusMark = "\x05\x04";
 constexpr std::size_t kStatusMarkAt = 12;
 constexpr std::size_t kStatusSize = 19;
-constexpr std::size_t kCheckAt = 14;
+constexpr std::size_t kFrameCheckAt = 14;
 constexpr std::size_t kAddressDigits = 12;
 
 std::string BigEndian(int number) {
@@ -31,7 +31,7 @@ std::string NodeLoginFrame(std::string_view nodeAddress, int variant, int tcpPor
     frame += '\x04';
     frame += static_cast<char>(variant);
     frame += BigEndian(0) + BigEndian(tcpPort) + BigEndian(0);
-    frame.replace(kCheckAt, 2, BigEndian(NodeChecksum(frame, variant)));
+    frame.replace(kFrameCheckAt, 2, BigEndian(NodeChecksum(frame, variant)));
     return frame;
 }
 

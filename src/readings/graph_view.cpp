@@ -41,7 +41,7 @@ double HeightOf(float count, float barScale) {
     return static_cast<double>(count) * 1000 / static_cast<double>(barScale);
 }
 
-void Solid(ChartSurface& chart, double x1, double y1, double x2, double y2) {
+void Thick(ChartSurface& chart, double x1, double y1, double x2, double y2) {
     chart.Draw(ChartLine{x1, y1, x2, y2, 2, LineStyle::Solid});
 }
 
@@ -56,7 +56,7 @@ void DrawCountAxis(ChartSurface& chart, float barScale) {
     const double step = RoundHalfEven(static_cast<double>(barScale) / 5);
     for (int i = 0; i <= 5; ++i) {
         const double y = 200 * i;
-        Solid(chart, -15, y, 0, y);
+        Thick(chart, -15, y, 0, y);
         chart.Draw(ChartLine{0, y, 1000, y, 1, LineStyle::Dotted});
         chart.Draw(ChartBox{-135, y - 10, -35, y + 25, BoxFill::White});
         chart.Draw(ChartText{WholeNumber(step * i), TextAnchor::Right, -35, y + 49, 1});
@@ -66,9 +66,9 @@ void DrawCountAxis(ChartSurface& chart, float barScale) {
 // Clears the chart and draws the frame of a run. The top of the chart represents `barScale`, above 0.
 void DrawGraphFrame(ChartSurface& chart, const ValueScale& scale, float barScale) {
     chart.SetScale(-150, 1030, 1000, -80);
-    Solid(chart, 0, 1030, 0, 0);
-    Solid(chart, 0, 0, 1000, 0);
-    for (int i = 0; i < kBins; ++i) Solid(chart, BarMiddle(i), 0, BarMiddle(i), i % 5 == 0 ? -30 : -15);
+    Thick(chart, 0, 1030, 0, 0);
+    Thick(chart, 0, 0, 1000, 0);
+    for (int i = 0; i < kBins; ++i) Thick(chart, BarMiddle(i), 0, BarMiddle(i), i % 5 == 0 ? -30 : -15);
     DrawCountAxis(chart, barScale);
     for (int i = -15; i <= 15; i += 5)
         chart.Draw(ChartText{ValueLabel(scale, i), TextAnchor::Center, BarMiddle(kMiddleBin + i), -60, -1});

@@ -8,7 +8,7 @@ namespace counter {
 namespace {
 
 // By the box; inside each half byte the order is that of the meter's menu, high bit first.
-constexpr std::array<Field, LockoutsPage::kLocks> kFields = {
+constexpr std::array<Field, LockoutsPage::kLocks> kLockFields = {
     Field::Lockout0,  Field::Lockout1,  Field::Lockout2,  Field::Lockout3,
     Field::Lockout4,  Field::Lockout5,  Field::Lockout6,  Field::Lockout7,
     Field::Lockout8,  Field::Lockout9,  Field::Lockout10, Field::Lockout11,
@@ -16,7 +16,7 @@ constexpr std::array<Field, LockoutsPage::kLocks> kFields = {
 };
 
 Field FieldOf(int box) {
-    return kFields[static_cast<std::size_t>(box)];
+    return kLockFields[static_cast<std::size_t>(box)];
 }
 
 }  // namespace

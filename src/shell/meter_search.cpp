@@ -14,7 +14,7 @@ namespace counter {
 namespace {
 
 constexpr std::array<int, 7> kUsualRates = {5, 6, 4, 3, 2, 1, 0};  // 9600 baud is what a meter comes with
-constexpr std::array<int, 2> kParities = {Parity::Even, Parity::Odd};
+constexpr std::array<int, 2> kUsualParities = {Parity::Even, Parity::Odd};
 // Trials ask for the meter's own version; these two choose its check, old or published.
 constexpr int kOldCheckVersion = 80;
 constexpr int kPublishedCheckVersion = 81;
@@ -89,7 +89,7 @@ std::vector<SearchStep> SearchSteps(const std::vector<std::string>& devices) {
     }
     for (int baud : kUsualRates) {
         for (const std::string& device : devices) {
-            for (int parity : kParities) {
+            for (int parity : kUsualParities) {
                 for (int protocol : {ModbusRtu, ModbusAscii})
                     steps.push_back({device, protocol, baud, parity});
                 steps.push_back({device, ModbusRtu, baud, parity, true});

@@ -40,24 +40,24 @@ void AmendAnalogOption(SetupTransfer& transfer) {
 }
 
 // clang-format off
-constexpr std::array<Piece, 8> kSetpointsAndScales = {{
+constexpr std::array<Piece, 8> kReadSetpointsAndScales = {{
     { 9, 6,  55}, {17, 6,  49}, {25, 6, 223}, {33, 6, 217},
     {41, 6,  43, Form::Int24}, {49, 6,  37}, {57, 6,  31, Form::Int24}, {65, 6,  25},
 }};
-constexpr std::array<Piece, 10> kCoordinates = {{
+constexpr std::array<Piece, 10> kReadCoordinates = {{
     { 7, 8, 103, Form::Float32}, {17, 6,  97}, {23, 8,  91, Form::Float32}, {33, 6,  85},
     {39, 8,  79, Form::Float32}, {49, 6,  73}, {55, 8,  67, Form::Float32}, {65, 6,  61},
     {73, 6,  19}, {81, 6,  13},
 }};
-constexpr std::array<Piece, 12> kOutputsAndTimes = {{
+constexpr std::array<Piece, 12> kReadOutputsAndTimes = {{
     { 9, 6, 211}, {17, 6, 205}, {25, 6,   7}, {33, 6,   1}, {41, 6, 255}, {49, 6, 249},
     {55, 4, 177}, {59, 4, 173}, {63, 4, 161}, {67, 24, 113}, {91, 4, 145}, {95, 4, 137},
 }};
-constexpr std::array<Piece, 11> kAlarmsToSerial = {{
+constexpr std::array<Piece, 11> kReadAlarmsToSerial = {{
     { 9, 2, 203}, {13, 2, 201}, {17, 2, 231}, {21, 2, 229}, {25, 2, 199}, {29, 2, 197},
     {33, 2, 195}, {37, 2, 193}, {41, 2, 191}, {45, 2, 189}, {49, 2, 187},
 }};
-constexpr std::array<Piece, 20> kDisplayToModbus = {{
+constexpr std::array<Piece, 20> kReadDisplayToModbus = {{
     { 9, 2, 109}, {13, 2, 185}, {17, 2, 183}, {21, 2, 181}, {25, 2, 171}, {29, 2, 169}, {33, 2, 167},
     {37, 2, 165}, {41, 2, 159}, {45, 2, 157}, {49, 2, 155}, {53, 2, 151}, {57, 2, 149}, {61, 2, 247},
     {65, 2, 245}, {69, 2, 243}, {73, 2, 241}, {77, 2, 239}, {81, 2, 237}, {85, 2, 111},
@@ -66,11 +66,11 @@ constexpr std::array<Piece, 3> kIdentity = {{{9, 2, 143}, {13, 2, 235}, {17, 2, 
 
 // Function 03, first register, count.
 constexpr std::array<Range, 6> kRanges = {{
-    {"0300010010", 70, LinkErrors::kGet0001,  12, kSetpointsAndScales, nullptr},
-    {"0300110014", 86, LinkErrors::kGet0011,  39, kCoordinates, nullptr},
-    {"0300250017", 98, LinkErrors::kGet0025,  53, kOutputsAndTimes, nullptr},
-    {"030041000B", 50, LinkErrors::kGet0041,  67, kAlarmsToSerial, AmendHalfDuplex},
-    {"03004C0014", 86, LinkErrors::kGet004C,  81, kDisplayToModbus, nullptr},
+    {"0300010010", 70, LinkErrors::kGet0001,  12, kReadSetpointsAndScales, nullptr},
+    {"0300110014", 86, LinkErrors::kGet0011,  39, kReadCoordinates, nullptr},
+    {"0300250017", 98, LinkErrors::kGet0025,  53, kReadOutputsAndTimes, nullptr},
+    {"030041000B", 50, LinkErrors::kGet0041,  67, kReadAlarmsToSerial, AmendHalfDuplex},
+    {"03004C0014", 86, LinkErrors::kGet004C,  81, kReadDisplayToModbus, nullptr},
     {"0300640003", 18, LinkErrors::kGet0064, 100, kIdentity, AmendAnalogOption},
 }};
 // clang-format on

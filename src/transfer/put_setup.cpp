@@ -68,7 +68,7 @@ bool WriteBlock(SetupTransfer& transfer, const AsciiWrite& write) {
     return true;
 }
 
-double PauseMs(const LinkState& link) {
+double PutPauseMs(const LinkState& link) {
     if (link.EthernetMode && link.BaudIndex == 0) return 0;
     return link.BaudIndex == 1 ? 600 : 1000;
 }
@@ -76,7 +76,7 @@ double PauseMs(const LinkState& link) {
 bool WriteRow(SetupTransfer& transfer, const ModbusWrite& write) {
     Link& link = transfer.Line;
     const std::string payload = write.Head + ModbusData(transfer.Image, write);
-    LinkDelay(link, PauseMs(link.State));
+    LinkDelay(link, PutPauseMs(link.State));
     if (transfer.IsSuperseded()) return false;
     transfer.ProgressTo(write.Percent);
     link.State.ModbusPayload = payload;

@@ -19,6 +19,17 @@ done
 
 desktop-file-validate "$share"/applications/*.desktop
 appstreamcli validate --no-net "$share"/metainfo/*.xml >"$work/appstream" || { cat "$work/appstream"; fail "metainfo"; }
+for kind in DEB RPM; do
+    (cd "$work" && cpack -G $kind --config "$bin/../CPackConfig.cmake" -B "$work/$kind" >"$kind.log") || fail "no package, see $work/$kind.log"
+    mkdir "$work/$kind/system"
+done
+dpkg-deb -x "$work"/DEB/*.deb "$work/DEB/system"
+(cd "$work/RPM/system" && rpm2cpio ../*.rpm | cpio -idm --quiet)
+for kind in DEB RPM; do
+    appstreamcli validate-tree --no-net "$work/$kind/system" >"$work/appstream" || { cat "$work/appstream"; fail "metainfo of the $kind"; }
+done
+diff <(cd "$work/DEB/system" && find . -type f | sort) <(cd "$work/RPM/system" && find . -type f | grep -v build-id | sort) || fail "the packages differ"
+
 for entry in "$share"/applications/*.desktop; do
     for program in $(sed -n 's/^Exec=\([^ ]*\).*/\1/p' "$entry"); do
         [ -x "$prefix/bin/$program" ] || fail "$entry starts $program, which is not installed"

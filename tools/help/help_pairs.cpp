@@ -6,7 +6,7 @@ namespace help_tool {
 
 namespace {
 
-constexpr int kRecords = 99;
+constexpr int kRecordsOfPair = 99;
 constexpr std::size_t kRecordBytes = 6;
 constexpr std::size_t kMostLength = 32767;  // two signed bytes
 
@@ -22,7 +22,7 @@ std::string Record(std::size_t position, std::size_t length) {
 
 std::string EmptyIndex() {
     std::string index;
-    for (int i = 0; i < kRecords; ++i) index += Record(1, 0);
+    for (int i = 0; i < kRecordsOfPair; ++i) index += Record(1, 0);
     return index;
 }
 

@@ -11,10 +11,10 @@ namespace counter {
 
 namespace {
 
-constexpr int kEntryCharacters = 14;
+constexpr int kFrequencyCharacters = 14;
 
 void SetCharacters(QWidget* widget) {
-    widget->setFixedWidth(widget->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kEntryCharacters);
+    widget->setFixedWidth(widget->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kFrequencyCharacters);
 }
 
 }  // namespace

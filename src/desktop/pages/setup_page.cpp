@@ -12,7 +12,7 @@ namespace counter {
 
 namespace {
 
-constexpr int kReadingCharacters = 8;  // "-.00001" is the longest reading
+constexpr int kLiveCharacters = 8;  // "-.00001" is the longest reading
 
 }  // namespace
 
@@ -84,7 +84,7 @@ QWidget* SetupPage::MakeFoot() {
     reading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     reading->setMargin(kGrid / 2);
     reading->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    reading->setMinimumWidth(reading->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kReadingCharacters +
+    reading->setMinimumWidth(reading->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kLiveCharacters +
                              2 * kGrid);
     row->addWidget(reading);
     row->addWidget(bound_.Make(buttons.picText, foot), 1);

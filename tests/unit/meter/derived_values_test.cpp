@@ -36,7 +36,7 @@ TEST(NormaliseModeFunction, MakesThePairLegal) {
 }
 
 // An image of zeros with bytes put in.
-SetupImage With(std::initializer_list<std::pair<int, int>> bytes) {
+SetupImage WithBytes(std::initializer_list<std::pair<int, int>> bytes) {
     SetupImage image;
     for (auto [pos, value] : bytes) BytePut(image, pos, value);
     return image;
@@ -55,7 +55,7 @@ TEST(Items, PointsFollowTheLayout) {
         {"layout 3", 0x02, 3, 3, {5, 2, 1, 5}},
     };
     for (const auto& c : cases) {
-        const SetupImage image = With({{193, 0x01}, {199, c.ModeAndFunction}, {185, 0x04}, {151, 0x52}});
+        const SetupImage image = WithBytes({{193, 0x01}, {199, c.ModeAndFunction}, {185, 0x04}, {151, 0x52}});
         const DerivedValues values = DeriveFromImage(image, 83);
         EXPECT_EQ(std::pair(values.ItemLevel, values.ItemCount), std::pair(c.Level, c.Count)) << c.Name;
         EXPECT_EQ(values.ItemDecPts, c.Points) << c.Name;
@@ -79,13 +79,13 @@ TEST(Boards, AreReadFromTheirBits) {
     };
     // clang-format on
     for (const auto& c : cases) {
-        SetupImage image = With({{193, c.Byte193}, {143, c.Byte143}, {235, c.MeterType}});
+        SetupImage image = WithBytes({{193, c.Byte193}, {143, c.Byte143}, {235, c.MeterType}});
         DerivedValues values = DeriveFromImage(image, c.Version);
         EXPECT_EQ((std::array{values.RelayOption, values.CommOption, values.AnalogOption}), c.Boards)
             << c.Name;
     }
-    EXPECT_EQ(DeriveFromImage(With({{235, 3}}), 83, 7).RelayOption, 1) << "a kind known otherwise";
-    EXPECT_EQ(DeriveFromImage(With({{109, 0xFB}}), 83).ProtocolCode, 2);
+    EXPECT_EQ(DeriveFromImage(WithBytes({{235, 3}}), 83, 7).RelayOption, 1) << "a kind known otherwise";
+    EXPECT_EQ(DeriveFromImage(WithBytes({{109, 0xFB}}), 83).ProtocolCode, 2);
 }
 
 }  // namespace
