@@ -1,6 +1,6 @@
 # Packages that running, building and testing need. Sourced by ./run and ./test.
 
-RUN_PACKAGES="g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libqt6sql6-sqlite libmosquitto-dev libcli11-dev nlohmann-json3-dev"
+RUN_PACKAGES="g++ cmake ninja-build pkgconf qt6-base-dev qt6-serialport-dev qt6-svg-dev libqt6sql6-sqlite libmosquitto-dev libcli11-dev nlohmann-json3-dev"
 WINDOW_PACKAGES="qt6-qpa-plugins fonts-dejavu-core"
 TEST_PACKAGES="ccache libgtest-dev librapidcheck-dev libbenchmark-dev libmodbus-dev mbpoll xvfb xauth appstream desktop-file-utils rpm cpio bash-completion hunspell hunspell-en-us fonts-dejavu-core python3 python3-jsonschema python3-pymodbus python3-serial python3-serial-asyncio strace mosquitto mosquitto-clients"
 

@@ -177,11 +177,11 @@ std::size_t GraphView::NearestSpot(double x) const {
 
 void GraphView::DrawWindow(ChartSurface& chart, const ChartWindow& window) const {
     chart.SetScale(-150, 1030, 1000, -80);
-    Solid(chart, 0, 1030, 0, 0);
-    Solid(chart, 0, 0, 1000, 0);
+    Thick(chart, 0, 1030, 0, 0);
+    Thick(chart, 0, 0, 1000, 0);
     const double top = static_cast<double>(histogram_.BarScale);
     AlongSpan(window.Bottom * top, window.Top * top, kCountsApart, [&](double part, const std::string& text) {
-        Solid(chart, -15, part * 1000, 0, part * 1000);
+        Thick(chart, -15, part * 1000, 0, part * 1000);
         chart.Draw(ChartLine{0, part * 1000, 1000, part * 1000, 1, LineStyle::Dotted});
         chart.Draw(ChartText{text, TextAnchor::Right, -35, part * 1000 + 49, 1});
     });

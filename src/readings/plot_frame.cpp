@@ -23,7 +23,7 @@ constexpr double kLowerRail = -205;
 
 // Round numbers along a span are at least this far from one another, as parts of it.
 constexpr double kTimesApart = 0.1;
-constexpr double kValuesApart = 0.125;
+constexpr double kPlotValuesApart = 0.125;
 
 void Solid(ChartSurface& chart, double x1, double y1, double x2, double y2) {
     chart.Draw(ChartLine{x1, y1, x2, y2, 2, LineStyle::Solid});
@@ -170,7 +170,7 @@ void PlotTrace::Remember(double low, double high, int width) {
 void DrawPlotSpan(ChartSurface& chart, const PlotSpan& span) {
     chart.SetScale(kPlotLeft, kPlotTop, kPlotRight, kPlotBottom);
     DrawAxes(chart);
-    AlongSpan(span.Lowest, span.Highest, kValuesApart, [&](double part, const std::string& text) {
+    AlongSpan(span.Lowest, span.Highest, kPlotValuesApart, [&](double part, const std::string& text) {
         const double y = (2 * part - 1) * kPlotHeight;
         Solid(chart, -15, y, 0, y);
         Dotted(chart, 0, y, kPlotWidth, y);
