@@ -14,6 +14,11 @@ namespace {
 constexpr const char* kNoFileName = "No file name active, use Save Setup As";
 constexpr const char* kNoSetup = "No Setup data loaded";
 constexpr const char* kBoxTitle = "Continue";
+constexpr std::string_view kFirstName = "Setup.CT2";  // proposed for a setup that has no file yet
+
+std::string NameIn(const std::string& path) {
+    return path.substr(path.rfind('/') + 1);
+}
 
 // A line that went away may be there again: an adaptor that was plugged back in. One that can't be opened
 // shows in the transfer's own number.
@@ -40,7 +45,8 @@ void HomeView::DefaultSetup() {
 }
 
 void HomeView::OpenSetup() {
-    const std::string path = session_.Dialogs.AskOpenFile({"Open Setup File", std::string(kSetupFilter)});
+    const std::string path = session_.Dialogs.AskOpenFile(
+        {"Open Setup File", std::string(kSetupFilter), false, NameIn(session_.Home.CurrentFileName)});
     if (path.empty()) return;
     std::string wrong;
     if (Status status = LoadSetupFile(session_.Folder.Store, path, session_.Image, wrong); !status.Ok()) {
@@ -60,7 +66,9 @@ void HomeView::SaveSetup() {
         session_.Dialogs.Show({kBoxTitle, kNoFileName});
         return;
     }
-    if (session_.Dialogs.Confirm({"", "Current data will be replaced."})) WriteSetup();
+    const std::string& path = session_.Home.CurrentFileName;
+    if (session_.Dialogs.Confirm({NameIn(path), "Current data will be replaced.", BoxIcon::None, path}))
+        WriteSetup(path);
 }
 
 void HomeView::SaveSetupAs() {
@@ -69,21 +77,21 @@ void HomeView::SaveSetupAs() {
         session_.Dialogs.Show({kBoxTitle, kNoSetup});
         return;
     }
+    const std::string& current = session_.Home.CurrentFileName;
     const std::string path =
-        session_.Dialogs.AskSaveFile({"Save Setup File As", std::string(kSetupFilter), true});
-    if (path.empty()) return;
-    session_.Home.CurrentFileName = path;
-    WriteSetup();
+        session_.Dialogs.AskSaveFile({"Save Setup File As", std::string(kSetupFilter), true,
+                                      current.empty() ? std::string(kFirstName) : NameIn(current)});
+    if (!path.empty() && WriteSetup(path)) session_.Home.CurrentFileName = path;
 }
 
-void HomeView::WriteSetup() {
-    const std::string& path = session_.Home.CurrentFileName;
+bool HomeView::WriteSetup(const std::string& path) {
     const Status status = SaveSetupFile(session_.Folder.Store, path, session_.Image);
     if (status.Ok()) {
         session_.Home.ShowStatus("Setup data saved in " + path, ColorWhite, status.Note);
     } else {
         session_.Home.ShowStatus(status.Text(), ColorRed);
     }
+    return status.Ok();
 }
 
 void HomeView::Get() {

@@ -80,7 +80,7 @@ class HomeView {
     void OpenSetup();
     void SaveSetup();
     void SaveSetupAs();
-    void WriteSetup();
+    bool WriteSetup(const std::string& path);
     void TakeLoaded();
     void Get();
     void Put();
