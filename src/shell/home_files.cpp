@@ -1,5 +1,4 @@
 // What the File and Counter menus of the home view do with the setup.
-#include "link/port_setup.h"
 #include "meter/default_setup.h"
 #include "shell/get_action.h"
 #include "shell/home_view.h"
@@ -14,18 +13,11 @@ namespace {
 constexpr const char* kNoFileName = "No file name active, use Save Setup As";
 constexpr const char* kNoSetup = "No Setup data loaded";
 constexpr const char* kBoxTitle = "Continue";
+constexpr const char* kChangedNote = "with the settings as another program has changed them";
 constexpr std::string_view kFirstName = "Setup.CT2";  // proposed for a setup that has no file yet
 
 std::string NameIn(const std::string& path) {
     return path.substr(path.rfind('/') + 1);
-}
-
-// A line that went away may be there again: an adaptor that was plugged back in. One that can't be opened
-// shows in the transfer's own number.
-void ReopenLine(Session& session) {
-    const bool serial = session.Settings.CommsEnabled != Comms::NoLink && !session.LinkState.EthernetMode;
-    if (serial && session.Port.Faulted() && IllegalLine(session.Settings).empty())
-        OpenPort(session.Link, session.Settings);
 }
 
 }  // namespace
@@ -96,9 +88,10 @@ bool HomeView::WriteSetup(const std::string& path) {
 
 void HomeView::Get() {
     lblTest2.Caption.clear();
-    FollowSettings(session_);
-    ReopenLine(session_);
+    const bool changed = FollowSettings(session_).Changed;
+    ReopenLine(session_);  // where it can't be opened, that shows in the transfer's own number
     GetSetup(session_);
+    if (changed) session_.Home.AddNote(kChangedNote);
     session_.Views.EntryReturn = 0;
 }
 
@@ -114,8 +107,10 @@ bool HomeView::PutIsMeant() {
 
 void HomeView::Put() {
     if (!PutIsMeant()) return;
+    const bool changed = FollowSettings(session_).Changed;
     const Status settled = PutSetup(session_);
     if (!settled.Ok()) session_.Home.ShowStatus(settled.Text(), ColorRed);
+    if (changed) session_.Home.AddNote(kChangedNote);
     session_.Writes.EndIfWanted();
 }
 
