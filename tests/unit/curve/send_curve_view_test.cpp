@@ -146,8 +146,7 @@ TEST(SendCurve, FindsAFileWhateverLettersItsPathHasAndComesBackToItsFolder) {
               "Computer Board Curve #1| VF Board    Curve #2");
     for (const char* file : {"M\u00DCLLER 1.PRM", "M\u00DCLLER 2.prm", "m\u00DCller 3.Prm"}) {
         bench.Store.Contents["/caf\u00E9/" + std::string(file)] = kFirst + "," + kSecond;
-        const std::string number(1, file[8]);
-        bench.Go("M\u00DCLLER " + number, "/caf\u00E9/");
+        bench.Go(std::string("M\u00DCLLER ") + file[8], "/caf\u00E9/");
         EXPECT_EQ(bench.Running(), kStored) << file;
     }
     bench.Go("NONE", "/elsewhere/");
