@@ -1,7 +1,11 @@
 // counter-link: lays down or changes Settings.SSS, and tries what it says.
 #include <QApplication>
+#include <QFile>
+#include <QProcess>
 #include <optional>
 
+#include "desktop/first_start.h"
+#include "desktop/kit/qt_dialogs.h"
 #include "desktop/pages/link_window.h"
 #include "system/core_runtime.h"
 #include "system/disk_files.h"
@@ -18,6 +22,13 @@ namespace counter {
 namespace {
 
 constexpr int kEndedBySignal = 130;
+
+// One that has started this program goes on by itself when it ends.
+bool OpenCounterSetup(const std::string& folder) {
+    if (qEnvironmentVariableIsSet(kSetupWaits)) return true;
+    return QProcess::startDetached(QCoreApplication::applicationDirPath() + "/counter-setup",
+                                   {"--dir", QFile::decodeName(folder.c_str())});
+}
 
 int Run(int argc, char** argv) {
     std::optional<QApplication> application;
@@ -37,6 +48,12 @@ int Run(int argc, char** argv) {
     LinkWindow window(view);
     view.Load();
     view.Close = [&window] { window.close(); };
+    QtDialogs dialogs(pump, folder);
+    dialogs.SetParent(&window);
+    view.AskToDrop = [&dialogs](const Message& message) {
+        return dialogs.Choose(message, "Close without saving", "Back");
+    };
+    view.OpenSetup = [&folder] { return OpenCounterSetup(folder); };
     window.show();
     // A trial holds a port and, through a node, a connection: it is given up with the program.
     const InterruptWatch ends([&] {

@@ -7,6 +7,7 @@
 #include "link/single_reading.h"
 #include "link/waits.h"
 #include "meter/hex_text.h"
+#include "meter/text.h"
 
 namespace counter {
 
@@ -37,7 +38,7 @@ bool AreWords(const Words& words) {
 }
 
 std::string Quoted(const std::string& text) {
-    return "\"" + text + "\"";
+    return "\"" + Printable(text) + "\"";
 }
 
 class Procedure {

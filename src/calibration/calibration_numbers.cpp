@@ -1,8 +1,10 @@
 #include "calibration/calibration_numbers.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 
 #include "meter/hex_text.h"
 #include "meter/leading_number.h"
@@ -12,7 +14,21 @@ namespace counter {
 
 namespace {
 
+constexpr int kMostExponent = 9;  // the meter holds one digit of it
 constexpr unsigned kNegativeBit = 0x8000;
+
+std::string Shortest(double number) {
+    char text[32];
+    const auto end = std::to_chars(std::begin(text), std::end(text), number).ptr;
+    return {text, end};
+}
+
+bool IsNumber(std::string_view text) {
+    if (text.starts_with('+')) text.remove_prefix(1);
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() && std::isfinite(number);
+}
 
 }  // namespace
 
@@ -20,6 +36,20 @@ double FrequencyOf(std::string_view text) {
     const double hertz = LeadingNumber(text);
     const double mantissa = kTargetReading / hertz;
     return std::isnormal(mantissa) && mantissa > 0 ? hertz : 1;
+}
+
+std::string DoubtOfFrequency(std::string_view text) {
+    text = Trimmed(text);
+    const double hertz = FrequencyOf(text);
+    const std::string taken = Shortest(hertz) + " Hertz is what the procedure takes.";
+    if (text.empty()) return "No frequency was entered: " + taken;
+    if (!IsNumber(text) || LeadingNumber(text) != hertz)
+        return "\"" + Printable(text) + "\" is no frequency: " + taken;
+    const int exponent = TestScaleFor(hertz).Exponent;
+    if (exponent >= 0 && exponent <= kMostExponent) return {};
+    return "At " + Shortest(hertz) +
+           " Hertz the meter's scale has no room for the exponent: the correction would be the largest that "
+           "there is.";
 }
 
 TestScale TestScaleFor(double hertz) {

@@ -39,6 +39,10 @@ double ReadingOf(std::string reply);
 // Whether a reply is a number as the meter shows one: a sign, digits, a point.
 bool IsReading(std::string_view reply);
 
+// What speaks against calibrating at the frequency that a user has typed, as sentences: it is no number, or
+// one at which the correction can only come out as the largest that there is. Empty: nothing.
+std::string DoubtOfFrequency(std::string_view text);
+
 struct Correction {
     int Ppm = 0;           // -29999..29999
     bool Limited = false;  // it was larger

@@ -41,8 +41,10 @@ void CalibrationView::Activate() {
     txtFreq.Text.clear();
     const bool modbus = Program.LinkState.ModbusLink;
     txtFreq.Enabled = !modbus;
+    const bool dead = !Program.LineTrouble.Ok();
+    if (dead) picCAL2.Text = Program.LineTrouble.Text();
     if (modbus) picCAL2.Text = kNeedsAsciiText;
-    picCAL2.Visible = modbus;
+    picCAL2.Visible = modbus || dead;
     Controls.SetFocus(modbus ? cmdCANCEL : txtFreq);
     Controls.TellChanged();
 }
@@ -57,15 +59,28 @@ void CalibrationView::Calib() {
     if (running_ || Program.LinkState.ModbusLink) return;
     running_ = true;
     endWanted_ = false;
+    const std::string frequency(Trimmed(txtFreq.Text));
+    const std::string doubt = DoubtOfFrequency(frequency);
+    if (doubt.empty() || User().GoOn(doubt)) Run(frequency);
+    running_ = false;
+    if (std::exchange(exitWanted_, false) && ExitProgram) ExitProgram();
+}
+
+// What is typed meanwhile would be taken for the frequency of this run.
+void CalibrationView::Run(const std::string& frequency) {
     Offer(cmdCANCEL, false);
     Offer(cmdOK, false);  // of a run before this one
     HideProgress();
     picCAL2.Text = kWaitText;
     picCAL2.Visible = true;
+    txtFreq.Enabled = false;
     Controls.TellChanged();
-    TellOutcome(RunCalibration(Program.Link, std::string(Trimmed(txtFreq.Text)), User()));
-    running_ = false;
-    if (std::exchange(exitWanted_, false) && ExitProgram) ExitProgram();
+    Program.Home.ShowHourglass(true);
+    const CalibrationResult result = RunCalibration(Program.Link, frequency, User());
+    Program.Home.ShowHourglass(false);
+    txtFreq.Enabled = true;
+    Controls.TellChanged();
+    TellOutcome(result);
 }
 
 CalibrationUser CalibrationView::User() {

@@ -28,8 +28,9 @@ class CalibrationView {
     // The view is left. Nothing while a run is under way.
     void Unload();
 
-    // The whole procedure, on the frequency in txtFreq; nothing while it runs already. A doubt is a question
-    // to the user, and an end without a new factor, or with one that the meter did not keep, a message.
+    // The whole procedure, on the frequency in txtFreq; nothing while it runs already. A doubt, of the
+    // frequency before anything is sent, is a question to the user, and an end without a new factor, or with
+    // one that the meter did not keep, a message.
     void Calib();
     // From the first frame of the procedure to the last.
     bool Running() const { return running_; }
@@ -71,6 +72,7 @@ class CalibrationView {
     // clang-format on
 
   private:
+    void Run(const std::string& frequency);
     void HideProgress();
     static void Offer(Control& button, bool offered);
     void ShowStage(CalibrationStage stage, const CalibrationResult& sofar);

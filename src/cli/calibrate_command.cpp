@@ -73,6 +73,8 @@ int CalibrateCommand(const CommandCall& call) {
         return RefuseCall(call, "HERTZ is a positive number without commas, such as 1000 or 59.94");
     }
     if (StoredSettings(call).ModbusLink) return RefuseCall(call, kNeedsAsciiText);
+    if (const std::string doubt = DoubtOfFrequency(call.Words[0]); !doubt.empty() && !call.Has("--force"))
+        return RefuseCall(call, doubt + " --force goes on.");
     LinkSession link(call);
     if (const int status = link.Begin(); status != kDone) return status;
     LinkState& state = link.Program().LinkState;

@@ -8,6 +8,7 @@
 #include "cli/offline_session.h"
 #include "cli/suggest.h"
 #include "commands/commands_view.h"
+#include "commands/remote_display.h"
 #include "link/link_error.h"
 #include "link/waits.h"
 #include "meter/text.h"
@@ -171,7 +172,7 @@ int ResetCommand(const CommandCall& call) {
 // A shell gives UTF-8, the box of the panel holds the meter's characters.
 int RemoteCommand(const CommandCall& call) {
     const auto text = FromUtf8(call.Words[1]);
-    if (!text) return RefuseCall(call, "'" + call.Words[1] + "' has characters that the meter does not have");
+    if (!text) return RefuseCall(call, NoMeterText(call.Words[1]));
     CommandCall typed = call;
     typed.Words[1] = *text;
     return PressOne(typed, RemoteWords(), &Panel::EndSending);

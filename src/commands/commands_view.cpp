@@ -85,6 +85,7 @@ void CommandsView::Load() {
     cmdItm3Only.Enabled = cmdBoth.Enabled = true;
     termEachItem_ = CodeOf(Program.Image, Field::Cr);
     DisableTakenItem3();
+    if (!Program.LineTrouble.Ok()) ShowStatus(Program.LineTrouble.Text(), ColorRed);
     cmdC.Enabled = cmdActive.Enabled = cmdActiveP.Enabled = !modbus;
     Controls.TellChanged();
 }

@@ -31,6 +31,9 @@ class CommandsView {
     // The view is left, whatever it waits for.
     void Unload();
 
+    // What was typed, in UTF-8, has characters that the meter lacks; the status line says so.
+    void RefuseTyped(const std::string& typed);
+
     // Why the value of the last press was not sent; empty where it was.
     std::string WhyNotSent;
 

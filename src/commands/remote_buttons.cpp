@@ -25,6 +25,10 @@ void CommandsView::WireHelpLine() {
     Controls.OnLostFocus(txtRmtDspy, [this](Control&) { lblModeC.Visible = false; });
 }
 
+void CommandsView::RefuseTyped(const std::string& typed) {
+    ShowStatus(NoMeterText(typed), ColorRed);
+}
+
 // In Custom ASCII the text goes out exactly as typed. Over Modbus a number that its 32 bits can't hold is
 // refused and stays in the field.
 void CommandsView::SendRemote(const Request& target, const char* status) {

@@ -20,4 +20,8 @@ std::optional<std::string> RemoteDigits(std::string_view text) {
     return HexNumber(static_cast<std::uint32_t>(static_cast<std::int32_t>(value)), 8);
 }
 
+std::string NoMeterText(const std::string& typed) {
+    return "'" + typed + "' has characters that the meter does not have";
+}
+
 }  // namespace counter

@@ -17,4 +17,7 @@ std::string RmtDspyNoDP(std::string text);
 // is 000004D2. Text that begins with no number is 0. Nothing for a value outside -2147483648..2147483647.
 std::optional<std::string> RemoteDigits(std::string_view text);
 
+// Why what was typed, in UTF-8, is no text for the meter.
+std::string NoMeterText(const std::string& typed);
+
 }  // namespace counter

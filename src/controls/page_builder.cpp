@@ -2,17 +2,6 @@
 
 namespace counter {
 
-namespace {
-
-std::string CaptionOf(std::string_view caption, int index) {
-    std::string text(caption);
-    std::size_t mark = index == kSingle ? std::string::npos : text.find('#');
-    if (mark != std::string::npos) text.replace(mark, 1, std::to_string(index));
-    return text;
-}
-
-}  // namespace
-
 Control& PageBuilder::Add(ControlKind kind, Control* container, std::string_view name,
                           std::string_view caption, int index) {
     Control control;
@@ -22,7 +11,7 @@ Control& PageBuilder::Add(ControlKind kind, Control* container, std::string_view
     control.Tab = tab_;
     control.Container = container;
     control.HelpNumber = help_(name);
-    control.Caption = CaptionOf(caption, index);
+    control.Caption = caption;
     return form_.Add(std::move(control));
 }
 
@@ -33,6 +22,13 @@ Framed PageBuilder::Wrap(ControlKind kind, Control* container, std::string_view 
     Control& inner = Add(kind, &frame, name, {}, index);
     frame.HelpNumber = inner.HelpNumber;
     return {frame, inner};
+}
+
+std::string PageBuilder::Numbered(std::string_view caption, int index) {
+    std::string text(caption);
+    if (const std::size_t mark = text.find('#'); mark != std::string::npos)
+        text.replace(mark, 1, std::to_string(index));
+    return text;
 }
 
 }  // namespace counter

@@ -39,19 +39,20 @@ class PageBuilder {
 
     PageBuilder(Form& form, int tab, HelpNumbers help) : form_(form), tab_(tab), help_(help) {}
 
-    // A control inside `container`; null: on the page itself. "#" in the caption means the index.
+    // A control inside `container`; null: on the page itself.
     Control& Add(ControlKind kind, Control* container, std::string_view name, std::string_view caption = {},
                  int index = kSingle);
     // The same within a frame of its own that takes the caption: "cboBaudRate" is in "fraBaudRate".
     Framed Wrap(ControlKind kind, Control* container, std::string_view name, std::string_view caption,
                 int index = kSingle);
 
-    // Elements first..last on the page itself.
+    // Elements first..last on the page itself. "#" in the caption of an array means the index.
     template <std::size_t N>
     ControlArray<N> AddRange(ControlKind kind, int first, int last, std::string_view name,
                              std::string_view caption) {
         ControlArray<N> array;
-        for (int i = first; i <= last; ++i) Element(array, i) = &Add(kind, nullptr, name, caption, i);
+        for (int i = first; i <= last; ++i)
+            Element(array, i) = &Add(kind, nullptr, name, Numbered(caption, i), i);
         return array;
     }
     // An element inside each container that there is, with its index.
@@ -60,7 +61,8 @@ class PageBuilder {
                             std::string_view caption = {}) {
         ControlArray<N> array;
         for (int i = 0; i < static_cast<int>(N); ++i) {
-            if (containers.Has(i)) Element(array, i) = &Add(kind, &containers[i], name, caption, i);
+            if (containers.Has(i))
+                Element(array, i) = &Add(kind, &containers[i], name, Numbered(caption, i), i);
         }
         return array;
     }
@@ -70,7 +72,7 @@ class PageBuilder {
         FramedArray<N> array;
         for (int i = 0; i < static_cast<int>(N); ++i) {
             if (!containers.Has(i)) continue;
-            Framed pair = Wrap(kind, &containers[i], name, caption, i);
+            Framed pair = Wrap(kind, &containers[i], name, Numbered(caption, i), i);
             Element(array.Frame, i) = &pair.Frame;
             Element(array.Inner, i) = &pair.Inner;
         }
@@ -82,6 +84,8 @@ class PageBuilder {
     static Control*& Element(ControlArray<N>& array, int index) {
         return array.Elements[static_cast<std::size_t>(index)];
     }
+
+    static std::string Numbered(std::string_view caption, int index);
 
     Form& form_;
     int tab_;

@@ -1,5 +1,8 @@
 #include "curve/send_curve_view.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "meter/field_code.h"
 #include "meter/mode_tables.h"
 #include "meter/text.h"
@@ -39,6 +42,12 @@ constexpr const char* kOtherMeterText =
     "                    = 1   CUSTOM CURVE (EXTENDED METER ONLY)\n"
     "\n";
 
+// Of a text in UTF-8, whose further bytes of a character are 80 to BF.
+std::size_t CharactersIn(std::string_view text) {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
 // Counters alone have a second curve.
 bool HasTwoCurves(int meterType) {
     return IsCounterKind(meterType);
@@ -59,7 +68,7 @@ SendCurveView::SendCurveView(Session& session) : Program(session) {
 }
 
 void SendCurveView::Load() {
-    txtPath.Text = DefaultPath;
+    txtPath.Text = folder_.empty() ? Program.Folder.Store.Absolute(Program.Folder.At("")) : folder_;
     txtFileName.Text.clear();
     fraVF.Visible = true;
     Controls.SetOption(optMainBd, true);
@@ -89,6 +98,7 @@ void SendCurveView::Go() {
     if (!AcceptsName(name)) return;
     std::string content;
     const bool read = Program.Folder.Store.Read(PathOf(name), content).Ok();
+    if (read) folder_ = txtPath.Text;
     const auto items = read ? ParsePrm(content) : std::nullopt;
     if (items) {
         Send(*items);
@@ -125,7 +135,7 @@ bool SendCurveView::AcceptsName(std::string_view name) {
         wrong = " NO NAME ENTERED.";
     } else if (name.find('.') != std::string_view::npos) {
         wrong = "DO NOT ENTER EXTENSION.";
-    } else if (name.size() > kMostNameLength) {
+    } else if (CharactersIn(name) > kMostNameLength) {
         wrong = " LIMIT NAME TO 8 CHARACTERS";
     }
     if (wrong != nullptr) Tell("", wrong);
@@ -133,8 +143,16 @@ bool SendCurveView::AcceptsName(std::string_view name) {
 }
 
 std::string SendCurveView::PathOf(std::string_view name) const {
-    const std::string path = Utf8(txtPath.Text + std::string(name)) + ".PRM";
-    return path.starts_with('/') ? path : Program.Folder.At(path);
+    const std::string typed = txtPath.Text + std::string(name) + ".PRM";
+    const std::string path = typed.starts_with('/') ? typed : Program.Folder.At(typed);
+    const FileReader& files = Program.Folder.Store;
+    if (files.Exists(path)) return path;
+    const std::size_t nameAt = path.rfind('/') + 1;
+    const std::string folder = path.substr(0, nameAt), wanted = SmallLetters(path.substr(nameAt));
+    std::vector<std::string> names;
+    files.List(folder.substr(0, std::max<std::size_t>(nameAt - 1, 1)), names);
+    const auto same = std::ranges::find(names, wanted, SmallLetters);
+    return same == names.end() ? path : folder + *same;
 }
 
 CurveBoard SendCurveView::Target() const {

@@ -1,9 +1,9 @@
 // SendCurveView: the dialog that sends a .PRM file to the meter.
 //
-// It keeps nothing: every Go begins with the explanation. A transfer that was begun runs to its end whatever
-// is pressed meanwhile, since half a curve helps nobody; after the dialog was left it writes nothing more
-// into it. A program that is to end does so when both items have gone out, and says that they were not
-// verified.
+// It keeps nothing but the folder: every Go begins with the explanation. A transfer that was begun runs to
+// its end whatever is pressed meanwhile, since half a curve helps nobody; after the dialog was left it writes
+// nothing more into it. A program that is to end does so when both items have gone out, and says that they
+// were not verified.
 #pragma once
 
 #include <functional>
@@ -22,17 +22,14 @@ class SendCurveView {
 
     explicit SendCurveView(Session& session);
 
-    // The dialog opens, fresh and with the explanation.
+    // The dialog opens, fresh and with the explanation, in the folder of the last file that it found; the
+    // first time in the program folder.
     void Load();
     // The dialog is left, whatever it waits for.
     void Unload();
 
     // Writes the explanation for the meter at hand and settles which boards are offered.
     void Explain();
-
-    // Where curve files are looked for when the dialog opens: a setting of the installation. It ends in a
-    // separator of its own; a path that does not begin with "/" is relative to the program folder.
-    std::string DefaultPath = "C:\\Program Files\\QX7\\";
 
     // Closes the dialog; may be empty.
     std::function<void()> CloseDialog;
@@ -62,12 +59,15 @@ class SendCurveView {
     void Go();
     void Send(const CurveItems& items);
     bool AcceptsName(std::string_view name);
+    // As typed, or under whatever letters, large or small, the folder has the name: such files come from a
+    // system that makes no difference.
     std::string PathOf(std::string_view name) const;
     CurveBoard Target() const;
     void Write(const char* text);
     void Tell(const char* title, const char* text);
 
-    int opening_ = 0;  // counts how often the dialog was left
+    std::string folder_;  // as it was typed for the last file that was found
+    int opening_ = 0;     // counts how often the dialog was left
 };
 
 }  // namespace counter

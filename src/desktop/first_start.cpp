@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
+#include <QProcessEnvironment>
 
 #include "shell/start.h"
 
@@ -17,6 +18,9 @@ bool RunCounterLink(Session& session) {
     QProcess program;
     program.setProgram(QCoreApplication::applicationDirPath() + "/counter-link");
     program.setArguments({"--dir", QFile::decodeName(session.Folder.Path.c_str())});
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(kSetupWaits, "1");
+    program.setProcessEnvironment(environment);
     program.setProcessChannelMode(QProcess::ForwardedChannels);
     program.start();
     session.Pump.WaitUntil(

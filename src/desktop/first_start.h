@@ -7,6 +7,9 @@
 
 namespace counter {
 
+// Set for a counter-link that this program has started and waits for.
+inline constexpr const char* kSetupWaits = "COUNTER_SETUP_WAITS";
+
 // Starts the session. Where the settings can't be read the user is told so and offered counter-link, which
 // lays them down; a user who wants neither ends the process. The status is of the settings and the port,
 // which may still be unusable: the program goes on without a link.

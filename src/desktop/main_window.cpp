@@ -44,6 +44,14 @@ void MainWindow::FocusFirst() {
     if (first) first->setFocus(Qt::OtherFocusReason);
 }
 
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+    QTimer::singleShot(0, this, [this] {
+        if (current_) current_->Regain();
+    });
+}
+
 // Leaving may take some exchanges with the meter, so it runs as an event of its own. A second click meanwhile
 // changes nothing.
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -26,6 +26,8 @@ class MainWindow : public QMainWindow {
     // The window's own button leaves the page on show: from the home page that is the end of the program.
     void closeEvent(QCloseEvent* event) override;
 
+    void changeEvent(QEvent* event) override;
+
   private:
     void Help();
 

@@ -157,7 +157,9 @@ void ReadingView::TakeFirst() {
 
 std::string ReadingView::StandingStatus() const {
     const int error = Program.Frames.Failure;
-    if (!up_ || answered_ || error == LinkErrors::kGood) return {};
+    if (!up_ || answered_) return {};
+    if (!Program.LineTrouble.Ok()) return Program.LineTrouble.Text();
+    if (error == LinkErrors::kGood) return {};
     return "The meter did not say how its readings end, check connections: " +
            LinkErrorMeaning(error, ErrorSource::Unknown) + "      ( " + std::to_string(error) + ")";
 }

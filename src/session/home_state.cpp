@@ -22,8 +22,13 @@ std::string HomeState::StatusLine() const {
     return StatusNote.empty() ? StatusText : StatusText + "  (" + StatusNote + ")";
 }
 
+void HomeState::AddNote(const std::string& note) {
+    StatusNote += (StatusNote.empty() ? "" : "; ") + note;
+    Tell(*this);
+}
+
 void HomeState::HideStatus() {
-    StatusVisible = false;
+    StatusVisible = ProgressVisible = false;
     Tell(*this);
 }
 

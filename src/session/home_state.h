@@ -14,6 +14,7 @@ struct HomeState {
     std::string StatusNote;  // what else is to be known, after the text of the line; goes with it
     Color StatusColor = ColorWhite;
     bool StatusVisible = false;
+    int Transfers = 0;        // under way, one in a wait of the other
     int ProgressPercent = 0;  // 0..100
     bool ProgressVisible = false;
     bool Hourglass = false;
@@ -32,12 +33,29 @@ struct HomeState {
         Replaced;  // another setup is in memory though the home view may not be on show; may be empty
 
     void ShowStatus(const std::string& text, Color color, const std::string& note = {});
+    // One more thing to be known, behind the text that is on the line.
+    void AddNote(const std::string& note);
     // The status line: text, and the note in brackets after it.
     std::string StatusLine() const;
+    // The progress bar goes with the line.
     void HideStatus();
     void ProgressTo(int percent);
     void ShowProgress(bool visible);
     void ShowHourglass(bool shown);
+};
+
+// While it lives a transfer is under way. The progress bar goes with the last, however that ends.
+class TransferScope {
+  public:
+    explicit TransferScope(HomeState& home) : home_(home) { ++home_.Transfers; }
+    ~TransferScope() {
+        if (--home_.Transfers == 0) home_.ShowProgress(false);
+    }
+    TransferScope(const TransferScope&) = delete;
+    TransferScope& operator=(const TransferScope&) = delete;
+
+  private:
+    HomeState& home_;
 };
 
 }  // namespace counter

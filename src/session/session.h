@@ -42,6 +42,7 @@ struct Session {
     HomeState Home;
     ViewState Views;
     SetupWrites Writes;
+    Status LineTrouble;  // why a serial line that went away could not be opened again for the view on show
 
     NodeClient Node{LinkState, Pump, Dialogs, Sockets};
     counter::Link Link{LinkState, Pump, Port, &Node};

@@ -125,10 +125,13 @@ void Finish(Session& session, const Reading& reading) {
 }  // namespace
 
 void GetSetup(Session& session) {
-    BeginGet(session);
-    Reading reading{session.Image, session.Writes.Begun, session.Image, {}};
-    Transfer(session, reading);
-    Finish(session, reading);
+    {
+        const TransferScope transfer(session.Home);
+        BeginGet(session);
+        Reading reading{session.Image, session.Writes.Begun, session.Image, {}};
+        Transfer(session, reading);
+        Finish(session, reading);
+    }
     if (session.Home.Replaced) session.Home.Replaced();
     if (CodeOf(session.Image, Field::DisplayType) == DisplayType::RemoteA)
         session.Dialogs.Show({"Note:", kRemoteNote, BoxIcon::None});

@@ -1,5 +1,4 @@
 // What the File and Counter menus of the home view do with the setup.
-#include "link/port_setup.h"
 #include "meter/default_setup.h"
 #include "shell/get_action.h"
 #include "shell/home_view.h"
@@ -14,13 +13,11 @@ namespace {
 constexpr const char* kNoFileName = "No file name active, use Save Setup As";
 constexpr const char* kNoSetup = "No Setup data loaded";
 constexpr const char* kBoxTitle = "Continue";
+constexpr const char* kChangedNote = "with the settings as another program has changed them";
+constexpr std::string_view kFirstName = "Setup.CT2";  // proposed for a setup that has no file yet
 
-// A line that went away may be there again: an adaptor that was plugged back in. One that can't be opened
-// shows in the transfer's own number.
-void ReopenLine(Session& session) {
-    const bool serial = session.Settings.CommsEnabled != Comms::NoLink && !session.LinkState.EthernetMode;
-    if (serial && session.Port.Faulted() && IllegalLine(session.Settings).empty())
-        OpenPort(session.Link, session.Settings);
+std::string NameIn(const std::string& path) {
+    return path.substr(path.rfind('/') + 1);
 }
 
 }  // namespace
@@ -40,7 +37,8 @@ void HomeView::DefaultSetup() {
 }
 
 void HomeView::OpenSetup() {
-    const std::string path = session_.Dialogs.AskOpenFile({"Open Setup File", std::string(kSetupFilter)});
+    const std::string path = session_.Dialogs.AskOpenFile(
+        {"Open Setup File", std::string(kSetupFilter), false, NameIn(session_.Home.CurrentFileName)});
     if (path.empty()) return;
     std::string wrong;
     if (Status status = LoadSetupFile(session_.Folder.Store, path, session_.Image, wrong); !status.Ok()) {
@@ -60,7 +58,9 @@ void HomeView::SaveSetup() {
         session_.Dialogs.Show({kBoxTitle, kNoFileName});
         return;
     }
-    if (session_.Dialogs.Confirm({"", "Current data will be replaced."})) WriteSetup();
+    const std::string& path = session_.Home.CurrentFileName;
+    if (session_.Dialogs.Confirm({NameIn(path), "Current data will be replaced.", BoxIcon::None, path}))
+        WriteSetup(path);
 }
 
 void HomeView::SaveSetupAs() {
@@ -69,28 +69,29 @@ void HomeView::SaveSetupAs() {
         session_.Dialogs.Show({kBoxTitle, kNoSetup});
         return;
     }
+    const std::string& current = session_.Home.CurrentFileName;
     const std::string path =
-        session_.Dialogs.AskSaveFile({"Save Setup File As", std::string(kSetupFilter), true});
-    if (path.empty()) return;
-    session_.Home.CurrentFileName = path;
-    WriteSetup();
+        session_.Dialogs.AskSaveFile({"Save Setup File As", std::string(kSetupFilter), true,
+                                      current.empty() ? std::string(kFirstName) : NameIn(current)});
+    if (!path.empty() && WriteSetup(path)) session_.Home.CurrentFileName = path;
 }
 
-void HomeView::WriteSetup() {
-    const std::string& path = session_.Home.CurrentFileName;
+bool HomeView::WriteSetup(const std::string& path) {
     const Status status = SaveSetupFile(session_.Folder.Store, path, session_.Image);
     if (status.Ok()) {
         session_.Home.ShowStatus("Setup data saved in " + path, ColorWhite, status.Note);
     } else {
         session_.Home.ShowStatus(status.Text(), ColorRed);
     }
+    return status.Ok();
 }
 
 void HomeView::Get() {
     lblTest2.Caption.clear();
-    FollowSettings(session_);
-    ReopenLine(session_);
+    const bool changed = FollowSettings(session_).Changed;
+    ReopenLine(session_);  // where it can't be opened, that shows in the transfer's own number
     GetSetup(session_);
+    if (changed) session_.Home.AddNote(kChangedNote);
     session_.Views.EntryReturn = 0;
 }
 
@@ -106,8 +107,10 @@ bool HomeView::PutIsMeant() {
 
 void HomeView::Put() {
     if (!PutIsMeant()) return;
+    const bool changed = FollowSettings(session_).Changed;
     const Status settled = PutSetup(session_);
     if (!settled.Ok()) session_.Home.ShowStatus(settled.Text(), ColorRed);
+    if (changed) session_.Home.AddNote(kChangedNote);
     session_.Writes.EndIfWanted();
 }
 

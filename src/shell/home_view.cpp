@@ -5,6 +5,7 @@
 #include "link/change_settings.h"
 #include "link/port_setup.h"
 #include "meter/meter_words.h"
+#include "shell/start.h"
 
 namespace counter {
 
@@ -15,6 +16,20 @@ constexpr int kEndedAt = 29;              // position of the "1" that an ended p
 
 int NoHelp(std::string_view) {
     return 0;
+}
+
+bool WorksTheMeter(ViewId view) {
+    switch (view) {
+        case ViewId::Setup:
+        case ViewId::Commands:
+        case ViewId::List:
+        case ViewId::Plot:
+        case ViewId::Graph:
+        case ViewId::Calibration:
+            return true;
+        default:
+            return false;
+    }
 }
 
 }  // namespace
@@ -80,7 +95,14 @@ void HomeView::Load() {
 void HomeView::Activate() {
     if (CloseViews) CloseViews();
     session_.Home.Hourglass = false;
+    FollowChanges();
     session_.Views.HelpId = kHomeHelpTopic;  // not what the view that was left had touched last
+    OfferEntries();
+    ShowState();
+}
+
+// As the settings say.
+void HomeView::OfferEntries() {
     const bool comms = session_.Settings.CommsEnabled != Comms::NoLink;
     Menu(HomeItem::Counter).Enabled = comms;
     if (!comms) session_.Identity.SetupFromMeter = false;
@@ -90,7 +112,17 @@ void HomeView::Activate() {
     if (session_.Settings.ProgramKind == ProgramKind::NoCalibration)
         Menu(HomeItem::Calibration).Visible = false;
     Menu(HomeItem::Menu).Visible = HasPanel(session_.Identity.MeterType);
-    ShowState();
+}
+
+// Not in the middle of an exchange, whose port it is.
+void HomeView::FollowChanges() {
+    if (preparing_ || session_.Home.Transfers > 0 || session_.Writes.Running > 0) return;
+    const FollowedSettings now = FollowSettings(session_);
+    if (!now.Changed) return;
+    OfferEntries();
+    const bool opened = now.Opened.Ok();
+    session_.Home.ShowStatus("The settings were changed by another program and are used as they are now.",
+                             opened ? ColorWhite : ColorRed, opened ? "" : now.Opened.Text());
 }
 
 void HomeView::ShowState() {
@@ -113,8 +145,7 @@ void HomeView::RestoreScreen() {
     tallText_ = false;
     cmdOK.Visible = false;
     cmdMenuHelp.Visible = true;
-    session_.Home.StatusVisible = false;
-    ShowState();
+    session_.Home.HideStatus();
 }
 
 void HomeView::MenuHelp() {
@@ -124,9 +155,7 @@ void HomeView::MenuHelp() {
     session_.Home.Hourglass = false;
     cmdMenuHelp.Visible = false;
     cmdOK.Visible = true;
-    session_.Home.StatusVisible = false;
-    session_.Home.ProgressVisible = false;
-    ShowState();
+    session_.Home.HideStatus();
 }
 
 // The status line stays as it is.
@@ -160,6 +189,7 @@ void HomeView::ComeToReadings(Control& heading) {
     lblWait.Visible = true;
     RestoreScreen();
     session_.Views.HelpId = heading.HelpNumber;
+    if (!ReopenLine(session_)) session_.Home.ShowStatus(session_.LineTrouble.Text(), ColorRed);
     if (PrepareStream) PrepareStream();
     lblWait.Visible = false;
     preparing_ = false;
@@ -169,6 +199,7 @@ void HomeView::ComeToReadings(Control& heading) {
 
 void HomeView::OpenView(const HomeMenuRow& row) {
     session_.Home.ShowHourglass(true);
+    if (WorksTheMeter(*row.Opens)) ReopenLine(session_);
     if (Open) Open(*row.Opens);
     session_.Home.ShowHourglass(false);
 }

@@ -29,6 +29,9 @@ class HomeView {
     void Load();
     // The view comes to the front, also on return from another view.
     void Activate();
+    // The window comes to the front, with this view in it: what another program has made of the settings
+    // meanwhile is taken over, and the status line says so.
+    void FollowChanges();
     // The text area, its buttons and the status line as they are at rest; for other views too.
     void RestoreScreen();
     // F1: help on what the user touched last.
@@ -63,6 +66,7 @@ class HomeView {
     void AddMenu();
     void Wire();
     void On(Control& control, void (HomeView::*action)());
+    void OfferEntries();
     void ShowState();
 
     void MenuHelp();
@@ -80,7 +84,7 @@ class HomeView {
     void OpenSetup();
     void SaveSetup();
     void SaveSetupAs();
-    void WriteSetup();
+    bool WriteSetup(const std::string& path);
     void TakeLoaded();
     void Get();
     void Put();

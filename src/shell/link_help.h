@@ -18,7 +18,11 @@ inline constexpr LinkHelpPiece kLinkHelp[] = {
     {"Test", true},
     {" asks once with the fields as they stand. "},
     {"Save", true},
-    {" keeps them for Counter Setup and counterctl.\r\n\r\n"},
+    {" keeps them for Counter Setup and counterctl, also for a Counter Setup that runs: it takes them over "
+     "when "
+     "its window comes to the front. "},
+    {"Save and open Counter Setup", true},
+    {" then starts that program.\r\n\r\n"},
     {"Rate, protocol, parity and address", true},
     {" must be those of the meter's own menu. A meter leaves the factory at 9600 baud, Custom ASCII, address "
      "1. Parity and Modbus address count in the Modbus protocols only, the meter address and the long "

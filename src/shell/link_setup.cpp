@@ -6,9 +6,7 @@
 #include "link/change_settings.h"
 #include "meter/field_lists.h"
 #include "meter/text.h"
-#include "session/session.h"
 #include "settings/settings_keys.h"
-#include "shell/link_trial.h"
 #include "shell/port_numbers.h"
 
 namespace counter {
@@ -30,8 +28,15 @@ constexpr std::array<std::string_view, 32> kAddresses = {
     "0.", "1.", "2.", "3.", "4.", "5.", "6.", "7.", "8.", "9.", "A.", "B.", "C.", "D.", "E.", "F."};
 constexpr const char* kNoNode = "000000000000";
 constexpr std::string_view kTcpPortKey = "TcpPort";
-constexpr std::string_view kFindCaption = "&Find meter";
-constexpr std::string_view kStopCaption = "S&top";
+constexpr const char* kNoPorts =
+    "This machine has no serial port: plug the adaptor in and look again, or name the device.";
+
+// "Modbus address is a number 1 to 255", for a refusal that names the key of the file.
+std::string InCaptions(const std::string& refusal, std::string_view key, const Control& shown) {
+    const std::string caption = shown.Caption.substr(0, shown.Caption.find(" ("));
+    if (shown.Kind == ControlKind::List) return caption + ": nothing is chosen.";
+    return caption + refusal.substr(key.size());
+}
 
 }  // namespace
 
@@ -58,10 +63,12 @@ Control& LinkSetup::Add(ControlKind kind, std::string_view name, std::string_vie
 void LinkSetup::Wire() {
     Controls.On(cboPort, [this](Control&) { PickPort(); });
     Controls.On(cmdRefresh, [this](Control&) { ListPorts(); });
+    Controls.On(txtDevice, [this](Control&) { ShowPortOfDevice(); });
     Controls.On(cboProtocol, [this](Control&) { ShowProtocol(); });
     Controls.On(chkNode, [this](Control&) { ShowNode(); });
     Controls.On(chkWork, [this](Control&) { ShowNode(); });
     Controls.On(cmdSave, [this](Control&) { Save(); });
+    Controls.On(cmdSaveOpen, [this](Control&) { SaveAndOpen(); });
     Controls.On(cmdTest, [this](Control&) { Test(); });
     Controls.On(cmdFind, [this](Control&) { FindOrStop(); });
     Controls.On(cmdClose, [this](Control&) {
@@ -78,8 +85,10 @@ void LinkSetup::Load() {
     Settings settings;
     ParseSettings(lines_, settings);
     ShowSettings(settings);
-    ListPorts();
-    ShowResult(there ? path : path + " does not exist yet: Save writes it.", ColorWhite);
+    ShowPorts();
+    kept_ = EnteredNow();
+    const std::string file = there ? path : path + " does not exist yet: Save writes it.";
+    ShowResult(ports_.empty() && txtDevice.Enabled ? file + "  " + kNoPorts : file, ColorWhite);
 }
 
 void LinkSetup::ShowSettings(const Settings& settings) {
@@ -106,17 +115,29 @@ void LinkSetup::ShowSettings(const Settings& settings) {
 }
 
 void LinkSetup::ListPorts() {
+    ShowPorts();
+    const std::size_t count = ports_.size();
+    if (count == 0) return ShowResult(kNoPorts, ColorRed);
+    ShowResult(std::to_string(count) + (count == 1 ? " serial port." : " serial ports."), ColorWhite);
+}
+
+void LinkSetup::ShowPorts() {
     ports_ = world_.Catalog.Ports();
     portTexts_.clear();
     for (const PortDescription& port : ports_) {
         portTexts_.push_back(port.Description.empty() ? port.Device : port.Device + "   " + port.Description);
     }
     cboPort.Entries.assign(portTexts_.begin(), portTexts_.end());
+    ShowPortOfDevice();
+    Controls.TellChanged();
+}
+
+// The list shows the port that the device field names, by whatever name, and none for another device.
+void LinkSetup::ShowPortOfDevice() {
     const auto shown = std::find_if(ports_.begin(), ports_.end(), [this](const PortDescription& port) {
         return SameDevice(world_.Folder.Store, port.Device, txtDevice.Text);
     });
     cboPort.ListIndex = shown == ports_.end() ? -1 : static_cast<int>(shown - ports_.begin());
-    Controls.TellChanged();
 }
 
 void LinkSetup::PickPort() {
@@ -145,36 +166,68 @@ std::string LinkSetup::TakeLines(SettingsLines& lines) const {
     Comms::Code comms = !node && chkEcho.Value == 1 ? Comms::EchoingLink : Comms::Link;
     if (!node && chkWork.Value == 1) comms = Comms::NoLink;
     const int meter = kMeterTypes[static_cast<std::size_t>(std::max(cboMeter.ListIndex, 0))];
-    const std::pair<std::string_view, std::string> values[] = {
-        {"MeterType", std::to_string(meter)},
-        {"BaudIndex", std::to_string(cboBaud.ListIndex)},
-        {"CommPortNumber", std::to_string(portNumber_)},
-        {"SerialProtocol", std::to_string(cboProtocol.ListIndex)},
-        {"ParityIndex", std::to_string(cboParity.ListIndex)},
-        {"MeterAddressValue", std::to_string(cboAddress.ListIndex)},
-        {"ModbusAddress", std::string(Trimmed(txtModbus.Text))},
-        {"LongWakeUp", std::to_string(chkWakeUp.Value)},
-        {"FirmwareVersion", std::string(Trimmed(txtVersion.Text))},
-        {"CommsEnabled", std::to_string(comms)},
-        {"NodeAddress", node ? std::string(Trimmed(txtNode.Text)) : kNoNode},
-        {"NodeIp", std::string(Trimmed(txtNodeIp.Text))},
-        {"NodeUdpPort", std::string(Trimmed(txtNodeUdp.Text))},
-        {kTcpPortKey, std::string(Trimmed(txtTcp.Text))},
+    const struct {
+        std::string_view Key;
+        const Control& Shown;
+        std::string Value;
+    } values[] = {
+        {"MeterType", cboMeter, std::to_string(meter)},
+        {"BaudIndex", cboBaud, std::to_string(cboBaud.ListIndex)},
+        {"CommPortNumber", cboPort, std::to_string(portNumber_)},
+        {"SerialProtocol", cboProtocol, std::to_string(cboProtocol.ListIndex)},
+        {"ParityIndex", cboParity, std::to_string(cboParity.ListIndex)},
+        {"MeterAddressValue", cboAddress, std::to_string(cboAddress.ListIndex)},
+        {"ModbusAddress", txtModbus, std::string(Trimmed(txtModbus.Text))},
+        {"LongWakeUp", chkWakeUp, std::to_string(chkWakeUp.Value)},
+        {"FirmwareVersion", txtVersion, std::string(Trimmed(txtVersion.Text))},
+        {"CommsEnabled", chkWork, std::to_string(comms)},
+        {"NodeAddress", txtNode, node ? std::string(Trimmed(txtNode.Text)) : kNoNode},
+        {"NodeIp", txtNodeIp, std::string(Trimmed(txtNodeIp.Text))},
+        {"NodeUdpPort", txtNodeUdp, std::string(Trimmed(txtNodeUdp.Text))},
+        {kTcpPortKey, txtTcp, std::string(Trimmed(txtTcp.Text))},
     };
-    for (const auto& [name, value] : values) {
-        if (!node && name == kTcpPortKey) continue;  // means nothing, and may be the 0 of a new file
-        std::string refusal = SetSettingsKey(lines, *FindSettingsKey(name), value);
-        if (!refusal.empty()) return refusal;
+    for (const auto& [key, shown, value] : values) {
+        if (!node && key == kTcpPortKey) continue;  // means nothing, and may be the 0 of a new file
+        const std::string refusal = SetSettingsKey(lines, *FindSettingsKey(key), value);
+        if (!refusal.empty()) return InCaptions(refusal, key, shown);
     }
     return {};
 }
 
-void LinkSetup::Save() {
+LinkSetup::Entered LinkSetup::EnteredNow() const {
+    Entered entered{{}, lines_, txtDevice.Enabled ? txtDevice.Text : ""};
+    entered.Wrong = TakeLines(entered.Lines);
+    return entered;
+}
+
+bool LinkSetup::MayClose() {
+    if (asking_) return false;
+    if (!AskToDrop || EnteredNow() == kept_) return true;
+    asking_ = true;
+    const bool may = AskToDrop(
+        {kTitle, "What was changed here is not saved.", BoxIcon::None, world_.Folder.At(kSettingsFile)});
+    asking_ = false;
+    return may;
+}
+
+void LinkSetup::SaveAndOpen() {
+    if (!Save()) return;
+    if (OpenSetup && !OpenSetup())
+        return ShowResult("Saved, but Counter Setup could not be started.", ColorRed);
+    if (Close) Close();
+}
+
+bool LinkSetup::Save() {
     SettingsLines lines = lines_;
-    if (const std::string wrong = TakeLines(lines); !wrong.empty()) return ShowResult(wrong, ColorRed);
-    if (const Status status = WriteAll(lines); !status.Ok()) return ShowResult(status.Text(), ColorRed);
+    std::string wrong = TakeLines(lines);
+    if (wrong.empty()) {
+        if (const Status status = WriteAll(lines); !status.Ok()) wrong = status.Text();
+    }
+    if (!wrong.empty()) return ShowResult(wrong, ColorRed), false;
     TakeWritten(lines);
+    kept_ = EnteredNow();
     ShowResult("Saved in " + world_.Folder.At(kSettingsFile), ColorGreen);
+    return true;
 }
 
 // What another program has changed meanwhile is kept, and shown from now on.
@@ -186,7 +239,7 @@ void LinkSetup::TakeWritten(const SettingsLines& lines) {
     Settings settings;
     ParseSettings(lines, settings);
     ShowSettings(settings);
-    ListPorts();
+    ShowPorts();
 }
 
 // The port first: settings whose port means nothing are of no use.
@@ -199,80 +252,6 @@ Status LinkSetup::WriteAll(SettingsLines& lines) {
             return status;
     }
     return SaveSettings(world_.Folder, WaitOn(world_.Pump), lines_, lines);
-}
-
-void LinkSetup::Test() {
-    if (testing_) return;
-    SettingsLines lines = lines_;
-    if (const std::string wrong = TakeLines(lines); !wrong.empty()) return ShowResult(wrong, ColorRed);
-    Busy(true);
-    cmdFind.Enabled = false;
-    ShowResult("Asking the meter.", ColorGreen);
-    world_.Tried.Device = txtDevice.Text;
-    const LinkTrial trial = TryLink({world_.Pump, world_.Port, world_.Folder.Path, world_.Sockets}, lines);
-    Busy(false);
-    ShowResult(trial.Words, trial.Answered ? ColorGreen : ColorRed);
-}
-
-// Nothing may be saved or closed while a meter is being asked.
-void LinkSetup::Busy(bool busy) {
-    testing_ = busy;
-    cmdSave.Enabled = cmdClose.Enabled = !busy;
-    ShowNode();
-    if (busy) cmdTest.Enabled = false;
-}
-
-void LinkSetup::FindOrStop() {
-    if (!searching_) return Find();
-    StopSearch();
-    ShowResult("Stopping with this trial.", ColorWhite);
-}
-
-void LinkSetup::Find() {
-    if (testing_) return;
-    SettingsLines lines = lines_;
-    if (const std::string wrong = TakeLines(lines); !wrong.empty()) return ShowResult(wrong, ColorRed);
-    searching_ = true;
-    stopSearch_ = false;
-    Busy(true);
-    cmdFind.Caption = kStopCaption;
-    pbFind.Visible = true;
-    const SearchResult found = FindMeter(
-        {world_.Pump, world_.Port, world_.Folder.Path, {}}, world_.Tried, lines, DevicesToTry(),
-        [this](int number, int all, const SearchStep& step) { return TellProgress(number, all, step); });
-    searching_ = false;
-    Busy(false);
-    cmdFind.Caption = kFindCaption;
-    pbFind.Visible = false;
-    if (found.Found) return TakeFound(found);
-    ShowResult(found.Words, stopSearch_ ? ColorWhite : ColorRed);
-}
-
-bool LinkSetup::TellProgress(int number, int all, const SearchStep& step) {
-    if (stopSearch_) return false;
-    pbFind.Value = 100 * number / all;
-    ShowResult("Trial " + std::to_string(number) + " of " + std::to_string(all) + ": " + StepInWords(step),
-               ColorGreen);
-    return true;
-}
-
-void LinkSetup::TakeFound(const SearchResult& found) {
-    Settings settings;
-    ParseSettings(found.Lines, settings);
-    ShowSettings(settings);
-    txtDevice.Text = found.Device;
-    ListPorts();
-    ShowResult(found.Words + " It is on " + found.Device + ". Save keeps this.", ColorGreen);
-}
-
-// The one that the user has named comes first, whether or not the machine lists it.
-std::vector<std::string> LinkSetup::DevicesToTry() const {
-    std::vector<std::string> devices;
-    if (!txtDevice.Text.empty()) devices.push_back(txtDevice.Text);
-    for (const PortDescription& port : ports_) {
-        if (!SameDevice(world_.Folder.Store, port.Device, txtDevice.Text)) devices.push_back(port.Device);
-    }
-    return devices;
 }
 
 void LinkSetup::ShowResult(const std::string& text, Color color) {

@@ -9,6 +9,7 @@
 
 #include "controls/form.h"
 #include "link/link.h"
+#include "platform/dialogs.h"
 #include "platform/program_folder.h"
 #include "platform/sockets.h"
 #include "settings/settings.h"
@@ -39,7 +40,15 @@ class LinkSetup {
     // The search for a meter ends with the trial that is under way.
     void StopSearch() { stopSearch_ = true; }
 
-    std::function<void()> Close;  // the user is done; may be empty
+    // Whether the window may close: nothing would be lost, or the user says that it may be.
+    bool MayClose();
+
+    // Hooks into what shows the view; each may be empty.
+    std::function<void()> Close;  // the user is done
+    // Asks whether what was not saved may be lost; true: it may.
+    std::function<bool(const Message&)> AskToDrop;
+    // Starts Counter Setup on the folder; false where that fails.
+    std::function<bool()> OpenSetup;
 
     Form Controls;
 
@@ -47,14 +56,26 @@ class LinkSetup {
     Control& Add(ControlKind kind, std::string_view name, std::string_view caption = {});
     void Wire();
     void ListPorts();
+    void ShowPorts();
     void PickPort();
+    void ShowPortOfDevice();
     void ShowProtocol();
     void ShowNode();
     void ShowSettings(const Settings& settings);
 
     // The lines as the view says; an empty text, or what is wrong with it.
     std::string TakeLines(SettingsLines& lines) const;
-    void Save();
+    // What the user has entered, as far as it would be saved.
+    struct Entered {
+        std::string Wrong;
+        SettingsLines Lines;
+        std::string Device;
+        friend bool operator==(const Entered&, const Entered&) = default;
+    };
+    Entered EnteredNow() const;
+    // False: it was not saved, and the result says why.
+    bool Save();
+    void SaveAndOpen();
     // Afterwards `lines` are those of the file.
     Status WriteAll(SettingsLines& lines);
     void TakeWritten(const SettingsLines& lines);
@@ -69,12 +90,14 @@ class LinkSetup {
 
     World world_;
     SettingsLines lines_;  // as the file has them
+    Entered kept_;         // as the view showed what was loaded or saved last
     std::vector<PortDescription> ports_;
     std::vector<std::string> portTexts_;  // what the list of ports shows
     int portNumber_ = 1;
     bool testing_ = false;
     bool searching_ = false;
     bool stopSearch_ = false;
+    bool asking_ = false;
 
   public:
     // clang-format off
@@ -100,6 +123,7 @@ class LinkSetup {
     Control& cmdFind       = Add(ControlKind::Button, "cmdFind",       "&Find meter");
     Control& pbFind        = Add(ControlKind::Progress, "pbFind");
     Control& cmdSave       = Add(ControlKind::Button, "cmdSave",       "&Save");
+    Control& cmdSaveOpen   = Add(ControlKind::Button, "cmdSaveOpen",   "Save and &open Counter Setup");
     Control& cmdClose      = Add(ControlKind::Button, "cmdClose",      "&Close");
     Control& lblResult     = Add(ControlKind::Label,  "lblResult");
     // clang-format on

@@ -17,7 +17,8 @@ std::string PortLink(const ProgramFolder& folder, int number);
 bool SameDevice(const FileReader& files, const std::string& a, const std::string& b);
 
 // Makes the number mean the device. A device that has a name by id is linked by that name, so that the number
-// keeps its adaptor.
+// keeps its adaptor. A device that is the number's own link, or leads through it, is refused: the system
+// could never come to its end.
 Status PointPort(const ProgramFolder& folder, const PortCatalog& catalog, int number,
                  const std::string& device);
 

@@ -93,6 +93,7 @@ Status Finish(Session& session, const SetupImage& image, Status settled) {
 Status PutSetup(Session& session) {
     const SetupWriteScope writing(
         session.Writes, [&session] { return PutSoFar(session.LinkState, session.Identity.FirmwareVersion); });
+    const TransferScope transferring(session.Home);
     session.LinkState.FramesWritten.clear();
     if (Status status = ReadSettings(session.BringUp); !status.Ok()) return status;
     const SetupImage chosen = session.Image;

@@ -1,6 +1,8 @@
 #include "shell/start.h"
 
+#include "link/port_setup.h"
 #include "meter/firmware.h"
+#include "meter/meter_words.h"
 
 namespace counter {
 
@@ -21,10 +23,23 @@ Status Start(Session& session) {
     return status;
 }
 
-void FollowSettings(Session& session) {
+FollowedSettings FollowSettings(Session& session) {
     std::string text;
-    if (!session.Folder.Store.Read(session.Folder.At(kSettingsFile), text).Ok()) return;
-    if (SplitSettings(text) != session.Settings.FileLines) ReadSettings(session.BringUp);
+    if (!session.Folder.Store.Read(session.Folder.At(kSettingsFile), text).Ok()) return {};
+    if (SplitSettings(text) == session.Settings.FileLines) return {};
+    return {true, ReadSettings(session.BringUp)};
+}
+
+bool ReopenLine(Session& session) {
+    const Settings& settings = session.Settings;
+    session.LineTrouble = {};
+    const bool serial = settings.CommsEnabled != Comms::NoLink && !session.LinkState.EthernetMode;
+    if (!serial || !session.Port.Faulted()) return true;
+    const std::string illegal = IllegalLine(settings);
+    session.LineTrouble = illegal.empty()
+                              ? OpenPort(session.Link, settings)
+                              : Status{StatusKind::Illegal, session.Folder.At(kSettingsFile), illegal};
+    return session.LineTrouble.Ok();
 }
 
 Status LogIntoNode(Session& session) {

@@ -103,6 +103,31 @@ TEST(Binder, WhatTheFormRefusesGoesBack) {
     EXPECT_TRUE(bench.Of<QWidget>(bench.Box)->isHidden());
 }
 
+// Typed with a character that the meter lacks in the middle: the text and the cursor stay as they were.
+TEST(Binder, ATextIsInTheCharactersOfItsForm) {
+    const auto type = [](QLineEdit* line, const char* text) {
+        line->insert(QString::fromUtf8(text));
+        emit line->textEdited(line->text());
+    };
+    BinderBench meter;
+    auto* entry = meter.Of<QLineEdit>(meter.Text);
+    meter.Bound.Unfit = [](const Control&, const std::string& typed) { EXPECT_EQ(typed, "5\u20AC\u00B5"); };
+    type(entry, "5\u00B5");
+    entry->setCursorPosition(1);
+    type(entry, "\u20AC");
+    EXPECT_EQ(meter.Text.Text, "5\xB5");
+    EXPECT_EQ(entry->text(), QString::fromUtf8("5\u00B5"));
+    EXPECT_EQ(entry->cursorPosition(), 1);
+
+    Form form;
+    Binder system(form, Characters::System);
+    Control& path = PageBuilder(form, kEveryTab, NoHelp).Add(ControlKind::Entry, nullptr, "txtPath");
+    QWidget window;
+    auto* line = static_cast<QLineEdit*>(system.Make(path, &window));
+    type(line, "/Z\u00E4hler\u20AC");
+    EXPECT_EQ(path.Text, "/Z\u00E4hler\u20AC");
+}
+
 TEST(Colors, TextsCanBeReadOnEveryGround) {
     for (const Color& role : {ColorRed, ColorGreen}) {
         EXPECT_GT(qGray(StripColorOf(role).rgb()), 120) << "the strip is dark";
@@ -117,8 +142,9 @@ TEST(Colors, TextsCanBeReadOnEveryGround) {
 TEST(StatusStrip, ALongTextWraps) {
     StatusStrip strip(nullptr);
     Control line;
-    for (int i = 0; i < 60; ++i) line.Caption += "word ";
+    for (int i = 0; i < 60; ++i) line.Caption += "W\u00F6rd ";
     strip.ShowLine(line);
+    EXPECT_TRUE(strip.Line().text().startsWith(QString::fromUtf8("W\u00F6rd "))) << "the system's text";
     EXPECT_LT(strip.minimumSizeHint().width(), 600);
 }
 

@@ -53,7 +53,7 @@ void LayOutFiles(Dice& dice, MemoryFiles& store) {
     store.Refused = {Folder().At("locked.CT2")};
     if (dice.OneIn(3)) store.ReadOnly = {Folder().At("kept.CT2"), "home/Settings.SSS", "home/DataFil2"};
     for (const char* name : {"0", "1", "2", "3", "5", "A"}) {
-        std::string& curve = store.Contents["home/C:\\Program Files\\QX7\\" + std::string(name) + ".PRM"];
+        std::string& curve = store.Contents["home/home/" + std::string(name) + ".PRM"];
         curve.append(84, '5').append("\r\n").append(84, *name).append("\r\n");
     }
 }

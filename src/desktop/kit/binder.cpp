@@ -9,22 +9,23 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <algorithm>
+#include <optional>
 
 #include "desktop/kit/control_widget.h"
-#include "desktop/kit/qt_text.h"
 #include "desktop/kit/screen_colors.h"
+#include "meter/text.h"
 
 namespace counter {
 
 namespace {
 
-void ShowEntries(const Control& control, QComboBox& list) {
+void ShowEntries(const Control& control, QComboBox& list, Characters characters) {
     bool same = list.count() == static_cast<int>(control.Entries.size());
     for (int i = 0; same && i < list.count(); ++i)
-        same = list.itemText(i) == QtText(control.Entries[static_cast<std::size_t>(i)]);
+        same = list.itemText(i) == TextOf(control.Entries[static_cast<std::size_t>(i)], characters);
     if (!same) {
         list.clear();
-        for (std::string_view entry : control.Entries) list.addItem(QtText(entry));
+        for (std::string_view entry : control.Entries) list.addItem(TextOf(entry, characters));
     }
     if (list.currentIndex() != control.ListIndex) list.setCurrentIndex(control.ListIndex);
 }
@@ -37,36 +38,36 @@ void ShowCaption(const Control& control, QWidget& widget) {
     if (widget.property(name).toString() != caption) widget.setProperty(name, caption);
 }
 
-void ShowLine(const std::string& text, QLineEdit& line) {
-    if (line.text() == QtText(text)) return;
-    line.setText(QtText(text));
+void ShowLine(const QString& text, QLineEdit& line) {
+    if (line.text() == text) return;
+    line.setText(text);
     line.setCursorPosition(0);
 }
 
-void ShowLabel(const std::string& text, QLabel& label) {
-    if (label.text() != QtText(text)) label.setText(QtText(text));
+void ShowLabel(const QString& text, QLabel& label) {
+    if (label.text() != text) label.setText(text);
 }
 
-void ShowValue(const Control& control, QWidget* widget) {
+void ShowValue(const Control& control, QWidget* widget, Characters characters) {
     switch (control.Kind) {
         case ControlKind::List:
-            return ShowEntries(control, *static_cast<QComboBox*>(widget));
+            return ShowEntries(control, *static_cast<QComboBox*>(widget), characters);
         case ControlKind::Check:
         case ControlKind::Option:
             static_cast<QAbstractButton*>(widget)->setChecked(control.Value == 1);
             return ShowCaption(control, *widget);
         case ControlKind::Value:
         case ControlKind::Entry:
-            return ShowLine(control.Text, *static_cast<QLineEdit*>(widget));
+            return ShowLine(TextOf(control.Text, characters), *static_cast<QLineEdit*>(widget));
         case ControlKind::Picture:
-            return ShowLabel(control.Text, *static_cast<QLabel*>(widget));
+            return ShowLabel(TextOf(control.Text, characters), *static_cast<QLabel*>(widget));
         case ControlKind::Label:
-            return ShowLabel(control.Caption, *static_cast<QLabel*>(widget));
+            return ShowLabel(TextOf(control.Caption, characters), *static_cast<QLabel*>(widget));
         case ControlKind::Progress:
             return static_cast<QProgressBar*>(widget)->setValue(control.Value);
         default:
             if (auto* row = dynamic_cast<CaptionRow*>(widget))
-                return ShowLabel(control.Caption, row->Caption());
+                return ShowLabel(QtText(control.Caption), row->Caption());
             return ShowCaption(control, *widget);
     }
 }
@@ -112,7 +113,7 @@ bool CanHaveFocus(const QWidget& widget, const QWidget* window) {
 
 }  // namespace
 
-Binder::Binder(Form& form) : form_(form) {
+Binder::Binder(Form& form, Characters characters) : form_(form), characters_(characters) {
     form_.Changed = [this] { Refresh(); };
     form_.FocusMoved = [this](const Control& control) { MoveFocus(control); };
 }
@@ -183,11 +184,21 @@ void Binder::Listen(Control& control, QWidget* widget) {
     } else if (auto* value = dynamic_cast<ValueBox*>(widget)) {
         value->Opened = [this, of] { Done(*of, form_.Click(*of)); };
     } else if (auto* entry = qobject_cast<QLineEdit*>(widget)) {
-        connect(entry, &QLineEdit::textEdited, this, [this, of](const QString& text) {
-            Done(*of, form_.Type(*of, text.toLatin1().toStdString()));
-        });
+        connect(entry, &QLineEdit::textEdited, this, [this, of, entry] { Typed(*of, *entry); });
         connect(entry, &QLineEdit::returnPressed, this, [this, of] { Done(*of, form_.Enter(*of)); });
     }
+}
+
+// What does not fit goes back whole, and the cursor to where it was.
+void Binder::Typed(Control& entry, QLineEdit& line) {
+    const std::string typed = line.text().toStdString();
+    const auto text = characters_ == Characters::System ? std::optional(typed) : FromUtf8(typed);
+    if (text) return Done(entry, form_.Type(entry, *text));
+    const auto added = line.text().size() - QtText(entry.Text).size();
+    const auto cursor = std::max<qsizetype>(line.cursorPosition() - added, 0);
+    if (Unfit) Unfit(entry, typed);
+    Refresh();
+    line.setCursorPosition(static_cast<int>(cursor));
 }
 
 void Binder::Done(const Control& control, Refusal refusal) {
@@ -234,10 +245,10 @@ void Binder::ShowOne(const Bound& bound) {
         bound.Show();
         if (!widget) return;
     } else {
-        ShowValue(control, widget);
+        ShowValue(control, widget, characters_);
         ShowColors(control, widget);
     }
-    if (auto* row = dynamic_cast<CaptionRow*>(widget)) ShowValue(control, row);
+    if (auto* row = dynamic_cast<CaptionRow*>(widget)) ShowValue(control, row, characters_);
     const bool hidden = widget->testAttribute(Qt::WA_WState_ExplicitShowHide) && widget->isHidden();
     if (hidden == control.Visible) widget->setVisible(control.Visible);
     const bool disabled = widget->testAttribute(Qt::WA_ForceDisabled);

@@ -11,9 +11,11 @@
 #include <vector>
 
 #include "controls/form.h"
+#include "desktop/kit/qt_text.h"
 
 class QAction;
 class QHBoxLayout;
+class QLineEdit;
 class QWidget;
 
 namespace counter {
@@ -22,7 +24,8 @@ class CaptionRow;
 
 class Binder : public QObject {
   public:
-    explicit Binder(Form& form);
+    // The form's texts are in these characters; what a user types becomes such a text.
+    explicit Binder(Form& form, Characters characters = Characters::Meter);
     ~Binder() override;
 
     // Makes the widget of a control and binds it.
@@ -50,6 +53,9 @@ class Binder : public QObject {
 
     // Told of each action that the form refused; may be empty.
     std::function<void(const Control&, Refusal)> Refused;
+    // Told of what was typed, in UTF-8, where it has characters that the meter lacks: the entry stays as it
+    // was. May be empty.
+    std::function<void(const Control&, const std::string& typed)> Unfit;
 
   protected:
     // Focus coming by a user, clicks on labels, Enter in entries.
@@ -63,6 +69,7 @@ class Binder : public QObject {
     };
 
     void Listen(Control& control, QWidget* widget);
+    void Typed(Control& entry, QLineEdit& line);
     void Done(const Control& control, Refusal refusal);
     void ShowOne(const Bound& bound);
     QWidget* FocusOfOurs() const;
@@ -71,6 +78,7 @@ class Binder : public QObject {
     Control* ControlOf(const QObject* widget) const;
 
     Form& form_;
+    const Characters characters_;
     std::vector<Bound> bound_;
     std::unordered_map<const QObject*, Control*> byWidget_;
     std::unordered_map<const Control*, QWidget*> byControl_;

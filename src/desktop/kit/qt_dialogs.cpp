@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -13,27 +15,61 @@ namespace {
 
 // A carriage return is the system's line end in these texts.
 QString BoxText(const std::string& text) {
-    return QtText(text).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return SystemText(text).replace(QLatin1Char('\r'), QLatin1Char('\n'));
 }
 
 void FillBox(QMessageBox& box, const Message& message) {
-    box.setWindowTitle(message.Title.empty() ? QStringLiteral("Counter Setup") : QtText(message.Title));
+    box.setWindowTitle(message.Title.empty() ? QStringLiteral("Counter Setup") : SystemText(message.Title));
     box.setTextFormat(Qt::PlainText);
-    box.setText(BoxText(message.Text));
+    const std::string about = message.About.empty() ? "" : "\n\n" + message.About;
+    box.setText(BoxText(message.Text + about));
     if (message.Icon == BoxIcon::Stop) box.setIcon(QMessageBox::Critical);
 }
 
 // "Setup files (*.CT2)|*.CT2" as Qt has it: the pattern alone decides, in either case.
 QString FilterOf(const std::string& filter) {
-    const QString text = QtText(filter);
+    const QString text = SystemText(filter);
     const QString name = text.section(QLatin1Char('|'), 0, 0).section(QLatin1String(" ("), 0, 0);
     const QString pattern = text.section(QLatin1Char('|'), 1);
     return QStringLiteral("%1 (%2 %3)").arg(name, pattern, pattern.toLower());
 }
 
-QString SuffixOf(const std::string& filter) {
-    return QtText(filter).section(QLatin1Char('.'), -1);
+QString EndingOf(const std::string& filter) {
+    return QLatin1Char('.') + SystemText(filter).section(QLatin1Char('.'), -1);
 }
+
+// The path with the ending of the pattern. A file that is to be opened may be without one.
+QString Completed(const QString& path, const QString& ending, bool save) {
+    if (path.isEmpty() || path.endsWith(ending, Qt::CaseInsensitive) || QFileInfo(path).isDir()) return path;
+    const bool there = QFileInfo::exists(path) || !QFileInfo::exists(path + ending);
+    return !save && there ? path : path + ending;
+}
+
+// A name that was typed is completed before the dialog asks whether it is there; the desktop's own dialog
+// would ask first.
+class NameDialog : public QFileDialog {
+  public:
+    NameDialog(QWidget* parent, const QString& title, const QString& folder, QString ending)
+        : QFileDialog(parent, title, folder), ending_(std::move(ending)) {
+        setOption(DontUseNativeDialog);
+    }
+
+  protected:
+    void accept() override {
+        auto* name = findChild<QLineEdit*>("fileNameEdit");
+        const bool save = acceptMode() == AcceptSave;
+        if (name && !name->text().isEmpty()) {
+            QString typed = name->text();
+            if (typed.startsWith(QLatin1Char('~'))) typed.replace(0, 1, QDir::homePath());
+            const QString path = directory().absoluteFilePath(typed);
+            if (Completed(path, ending_, save) != path) name->setText(name->text() + ending_);
+        }
+        QFileDialog::accept();
+    }
+
+  private:
+    QString ending_;
+};
 
 }  // namespace
 
@@ -65,8 +101,8 @@ bool QtDialogs::Confirm(const Message& message) {
 bool QtDialogs::Choose(const Message& message, const std::string& yes, const std::string& no) {
     QMessageBox box(parent_);
     FillBox(box, message);
-    const QAbstractButton* first = box.addButton(QtText(yes), QMessageBox::AcceptRole);
-    box.addButton(QtText(no), QMessageBox::RejectRole);
+    const QAbstractButton* first = box.addButton(SystemText(yes), QMessageBox::AcceptRole);
+    box.addButton(SystemText(no), QMessageBox::RejectRole);
     RunDialog(box, "a question");
     return box.clickedButton() == first;
 }
@@ -80,16 +116,18 @@ std::string QtDialogs::AskSaveFile(const FileQuestion& question) {
 }
 
 std::string QtDialogs::AskFile(const FileQuestion& question, bool save) {
-    QFileDialog dialog(parent_, QtText(question.Title), QFile::decodeName(folder_.c_str()));
+    const QString ending = EndingOf(question.Filter);
+    NameDialog dialog(parent_, SystemText(question.Title), QFile::decodeName(folder_.c_str()), ending);
     dialog.setNameFilters({FilterOf(question.Filter), QStringLiteral("All files (*)")});
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !question.AskToReplace);
-    if (save) dialog.setDefaultSuffix(SuffixOf(question.Filter));
+    if (!question.Proposed.empty()) dialog.selectFile(QFile::decodeName(question.Proposed.c_str()));
     const bool chosen = RunDialog(dialog, "a file dialog") == QDialog::Accepted;
     if (!chosen || dialog.selectedFiles().isEmpty()) return {};
-    folder_ = QFile::encodeName(dialog.directory().absolutePath()).toStdString();
-    return QFile::encodeName(dialog.selectedFiles().first()).toStdString();
+    const QString path = dialog.selectedFiles().first();
+    folder_ = QFile::encodeName(QFileInfo(path).absolutePath()).toStdString();
+    return QFile::encodeName(path).toStdString();
 }
 
 void QtDialogs::Beep() {

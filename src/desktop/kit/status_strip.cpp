@@ -31,7 +31,7 @@ StatusStrip::StatusStrip(QWidget* parent)
     bar_->setRange(0, 100);
     bar_->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kBarCharacters);
     KeepPlace(line_);
-    KeepPlace(bar_);
+    setMinimumHeight(bar_->sizeHint().height() + kGrid);  // with the bar or without
 }
 
 void StatusStrip::LeaveOutBar() {
@@ -52,7 +52,7 @@ QVBoxLayout* StatusStrip::LieBelow(QWidget* page) {
 }
 
 void StatusStrip::ShowLine(const Control& line) {
-    const QString text = line.Visible ? QtText(line.Caption) : QString();
+    const QString text = line.Visible ? SystemText(line.Caption) : QString();
     if (line_->text() != text) line_->setText(text);
     QPalette colors = palette();
     colors.setColor(QPalette::WindowText, StripColorOf(line.TextColor.value_or(ColorWhite)));

@@ -17,6 +17,9 @@ class ViewPage : public QWidget {
     // It comes to the front, or is put away.
     virtual void ComeToFront() = 0;
     virtual void PutAway() = 0;
+    // The program's window comes to the front again, from behind another program's, while the page is on
+    // show.
+    virtual void Regain() {}
     // The user closes the window while the page is on show: leave as by the page's own button.
     virtual void Leave() = 0;
     // F1. Pages whose controls share one number only ask for it.

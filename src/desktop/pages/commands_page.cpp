@@ -41,6 +41,7 @@ CommandsPage::CommandsPage(CommandsView& view, QWidget* parent)
     column->addStretch(1);
     column->addLayout(bound_.MakeButtonRow(this, {&view.cmdOK}));
     bound_.BindSpecial(view.lblErrText, &strip_->Line(), [this] { strip_->ShowLine(view_.lblErrText); });
+    bound_.Unfit = [this](const Control&, const std::string& typed) { view_.RefuseTyped(typed); };
     bound_.Refresh();
 }
 

@@ -21,6 +21,7 @@ class HomePage : public ViewPage {
     QString Title() const override;
     void ComeToFront() override;
     void PutAway() override {}
+    void Regain() override { view_.FollowChanges(); }
     void Leave() override { view_.Exit(); }
     void HelpKey() override { view_.HelpKey(); }
     QWidget* FirstFocus() override;

@@ -23,7 +23,8 @@ constexpr int kStripLines = 3;
 
 }  // namespace
 
-LinkWindow::LinkWindow(LinkSetup& view) : view_(view), bound_(view.Controls), strip_(new StatusStrip(this)) {
+LinkWindow::LinkWindow(LinkSetup& view)
+    : view_(view), bound_(view.Controls, Characters::System), strip_(new StatusStrip(this)) {
     setWindowTitle(QtText(LinkSetup::kTitle));
     auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
     QObject::connect(help, &QShortcut::activated, this, [this] { ShowHelp(); });
@@ -68,6 +69,7 @@ void LinkWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void LinkWindow::closeEvent(QCloseEvent* event) {
+    if (!view_.MayClose()) return event->ignore();
     view_.StopSearch();
     QWidget::closeEvent(event);
 }
@@ -101,6 +103,7 @@ void LinkWindow::AddButtons(QVBoxLayout& column) {
     row->addWidget(bound_.Make(view_.cmdFind, this));
     row->addStretch(1);
     row->addWidget(bound_.Make(view_.cmdSave, this));
+    row->addWidget(bound_.Make(view_.cmdSaveOpen, this));
     row->addWidget(bound_.Make(view_.cmdClose, this));
     column.addLayout(row);
 }

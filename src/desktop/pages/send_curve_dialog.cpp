@@ -19,7 +19,7 @@ constexpr int kTextColumns = 78;
 }  // namespace
 
 SendCurveDialog::SendCurveDialog(SendCurveView& view, QWidget* parent)
-    : QDialog(parent), view_(view), bound_(view.Controls) {
+    : QDialog(parent), view_(view), bound_(view.Controls, Characters::System) {
     setWindowTitle(QtText(SendCurveView::kTitle));
     auto* column = new QVBoxLayout(this);
     PadByGrid(column);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace counter::test {
 namespace {
 
@@ -45,6 +47,18 @@ TEST(Correction, IsTheNearestPartPerMillionAndLimited) {
         EXPECT_EQ(correction.Limited, c.Limited) << c.Reply;
         EXPECT_EQ(CorrectionWord(correction.Ppm), c.Word) << c.Reply;
     }
+}
+
+TEST(Calibration, AFrequencyThatCannotBeMeantIsDoubted) {
+    const std::map<std::string_view, std::string_view> cases = {
+        // clang-format off
+        {" 59.94 ", ""}, {"+1e3", ""}, {"9.001", ""}, {"", "No frequency was entered: 1 Hertz is"},
+        {"1.000,5", "\"1.000,5\" is no frequency: 1 Hertz is"}, {"1000 Hz", "\"1000 Hz\" is no frequency: 1000 H"},
+        {"9", "At 9 Hertz the meter's scale has no room "}, {"1e12", "At 1e+12 Hertz the meter's scale has no"},
+        // clang-format on
+    };
+    for (const auto& [typed, doubt] : cases)
+        EXPECT_EQ(DoubtOfFrequency(typed).substr(0, std::max<std::size_t>(doubt.size(), 1)), doubt);
 }
 
 }  // namespace

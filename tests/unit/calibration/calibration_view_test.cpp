@@ -63,6 +63,8 @@ TEST(CalibrationView, NoPressInterruptsARun) {
             EXPECT_TRUE(bench.View.Running());
             EXPECT_EQ(bench.Press("cmdCANCEL"), Refusal::Hidden);
             EXPECT_EQ(bench.Press("cmdOK"), Refusal::Hidden);
+            EXPECT_EQ(bench.View.Controls.Type(bench.View.txtFreq, "5"), Refusal::Disabled);
+            EXPECT_TRUE(bench.Program.Home.Hourglass);
             bench.EnterFrequency("5");
             bench.View.Unload();
             bench.View.Activate();
@@ -71,6 +73,16 @@ TEST(CalibrationView, NoPressInterruptsARun) {
     bench.EnterFrequency("1000");
     EXPECT_TRUE(bench.View.lblDone.Visible);
     EXPECT_TRUE(bench.Boxes.Shown.empty());
+    EXPECT_FALSE(bench.Program.Home.Hourglass);
+}
+
+TEST(CalibrationView, AFrequencyInDoubtIsAskedAboutBeforeAnythingIsSent) {
+    ViewBench bench;
+    bench.Boxes.SaysYes = false;
+    bench.EnterFrequency("1.000,5");
+    EXPECT_EQ(bench.Port.Story(), "");
+    EXPECT_EQ(bench.Shown(), " cmdCANCEL");
+    EXPECT_EQ(bench.View.txtFreq.Text, "1.000,5") << "to be put right";
 }
 
 // Closing the window stays in the view and says what became of it; an exit goes.

@@ -95,6 +95,7 @@ TEST(HandWork, RefusalsSendNothing) {
         {kAsciiSettings,  {"calibrate", "0"},                  "HERTZ is a positive number"},
         {kAsciiSettings,  {"calibrate", "1,000"},              "HERTZ is a positive number"},
         {kAsciiSettings,  {"calibrate", "inf"},                "HERTZ is a positive number"},
+        {kAsciiSettings,  {"calibrate", "9"},                  "At 9 Hertz the meter's scale has no room for the exponent"},
         {kModbus, {"read", "all"},                     "'all' does not exist over Modbus"},
         {kModbus, {"read", "all+"},                    "'all+' does not exist over Modbus"},
         {kModbus, {"remote", "c", "1"},                "'c' does not exist over Modbus"},

@@ -115,6 +115,8 @@ TEST(Panel, TheValueGoesWithTheFocusAndTheHelpLineFollows) {
         bench.Focus(view.cmdDspyOnly);
         bench.Focus(view.txtRmtDspy);
         EXPECT_EQ(seen(), modbus ? "2147483648|" : "|help") << "what was refused is kept";
+        view.RefuseTyped("5\u20AC");
+        EXPECT_EQ(bench.Status(), "red '5\u20AC' has characters that the meter does not have");
     }
 }
 
@@ -158,6 +160,9 @@ TEST(Panel, ReadingsThatBringLess) {
 TEST(Panel, APulledAdaptorIsACommunicationsFailure) {
     for (const bool modbus : {false, true}) {
         PanelBench bench(modbus);
+        bench.Program.LineTrouble = {StatusKind::NotFound, "/dev/ttyUSB0", "No such file or directory"};
+        bench.Open();
+        EXPECT_EQ(bench.Status(), "red /dev/ttyUSB0: No such file or directory") << "as it was opened";
         bench.Answer(modbus ? ":0104040000000CEB" : " 1.5");
         bench.Click("cmdItem1");
         bench.Port.Answer = [&](const std::string&) { return bench.Port.Gone = true, "-"; };

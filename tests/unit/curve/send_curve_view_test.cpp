@@ -122,7 +122,7 @@ TEST(SendCurve, NamesAndFilesThatCannotBeSent) {
         // clang-format off
         {"",          "/c/", "| NO NAME ENTERED."},        {"   ",       "/c/", "| NO NAME ENTERED."},
         {"CURVE.PRM", "/c/", "|DO NOT ENTER EXTENSION."},  {"123456789", "/c/", "| LIMIT NAME TO 8 CHARACTERS"},
-        {"12345678",  "/c/", "Error|File doesn't exist."}, {"curve",     "/c/", "Error|File doesn't exist."},
+        {"12345678",  "/c/", "Error|File doesn't exist."}, {"\u00E9\u00E92345678", "/c/", "| LIMIT NAME TO 8 CHARACTERS"},
         {"CURVE",     "/c",  "Error|File doesn't exist."}, {"ONE",       "/c/", "Error|File doesn't exist."},
         {"GIANT",     "/c/", "Error|File doesn't exist."}, {"REFUSED",   "/c/", "Error|File doesn't exist."},
         // clang-format on
@@ -139,11 +139,20 @@ TEST(SendCurve, NamesAndFilesThatCannotBeSent) {
     }
 }
 
-TEST(SendCurve, FindsAFileWhateverLettersItsPathHas) {
+TEST(SendCurve, FindsAFileWhateverLettersItsPathHasAndComesBackToItsFolder) {
     CurveBench bench;
-    bench.Store.Contents["/caf\u00E9/M\u00DCLLER 1.PRM"] = kFirst + "," + kSecond;
-    bench.Go("M\xDCLLER 1", "/caf\xE9/");
-    EXPECT_EQ(bench.Running(), kStored);
+    EXPECT_EQ(bench.View.txtPath.Text, "home/");
+    EXPECT_EQ(bench.View.optMainBd.Caption + "|" + bench.View.optVFBd.Caption,
+              "Computer Board Curve #1| VF Board    Curve #2");
+    for (const char* file : {"M\u00DCLLER 1.PRM", "M\u00DCLLER 2.prm", "m\u00DCller 3.Prm"}) {
+        bench.Store.Contents["/caf\u00E9/" + std::string(file)] = kFirst + "," + kSecond;
+        bench.Go(std::string("M\u00DCLLER ") + file[8], "/caf\u00E9/");
+        EXPECT_EQ(bench.Running(), kStored) << file;
+    }
+    bench.Go("NONE", "/elsewhere/");
+    bench.View.Unload();
+    bench.View.Load();
+    EXPECT_EQ(bench.View.txtPath.Text, "/caf\u00E9/") << "where the last one was found";
 }
 
 // The second press, at 905 ms, throws away the answer to the first read-back: the first then has no proof.

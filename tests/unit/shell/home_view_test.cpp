@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <set>
 
@@ -91,9 +92,16 @@ TEST(HomeView, ASilentMeterIsToldAndNothingElseChanges) {
     bench.Press("mnuGet");
     EXPECT_EQ(bench.StatusLine(), "Failed to Get data, check connections, then try again.      ( 21)");
     EXPECT_EQ(bench.Home.lblPGText.TextColor, ColorRed);
+    EXPECT_FALSE(bench.Home.pbBar.Visible);
     EXPECT_EQ(bench.Program.Image.SetupData, before);
     EXPECT_TRUE(bench.Enabled("mnuView"));
+    bench.Pump.After(2000, [&] {
+        EXPECT_TRUE(bench.Home.pbBar.Visible);
+        bench.Press("mnuFile");
+        EXPECT_FALSE(bench.Home.pbBar.Visible) << "with the line";
+    });
     bench.Press("mnuPut");
+    EXPECT_FALSE(bench.Home.pbBar.Visible);
     EXPECT_EQ(bench.Home.lblPGText.TextColor, ColorRed) << bench.StatusLine();
     EXPECT_TRUE(bench.Home.lblPGText.Visible);
     EXPECT_FALSE(bench.Program.Home.Hourglass);
@@ -105,6 +113,29 @@ TEST(HomeView, ASilentMeterIsToldAndNothingElseChanges) {
     bench.Line.Plug();
     bench.Press("mnuGet");
     EXPECT_EQ(bench.Program.LinkState.LinkError, 0) << "everything is usable afterwards";
+}
+
+TEST(HomeView, ADeadLineIsOpenedOnceForAViewThatNeedsIt) {
+    HomeBench bench;
+    bench.Press("mnuGet");
+    for (const char* entry :
+         {"mnuPS", "mnuCmdsGo", "mnuList", "mnuPlot", "mnuGraph", "mnuCalibGo", "mnuSetup"}) {
+        for (const bool back : {false, true}) {
+            SCOPED_TRACE(entry);
+            const bool opens = std::string(entry) != "mnuPS";  // a drawing needs no line
+            bench.Line.GoAway();
+            bench.Line.NextOpen = {back ? StatusKind::Ok : StatusKind::NotFound, "/dev/ttyUSB0", "gone"};
+            bench.Line.Forget();
+            bench.Press(entry);
+            EXPECT_EQ(bench.Line.Faulted(), !(back && opens));
+            EXPECT_EQ(bench.Program.LineTrouble.Ok(), back || !opens);
+            EXPECT_EQ(std::ranges::count(bench.Line.Calls(), "CommPort 1"), opens ? 1 : 0);
+        }
+    }
+    bench.Line.GoAway();
+    bench.Line.NextOpen.Kind = StatusKind::NotFound;
+    bench.Press("mnuMRdgs");
+    EXPECT_EQ(bench.StatusLine(), "/dev/ttyUSB0: gone");
 }
 
 TEST(HomeView, ExitDuringAGetEndsTheProgramAndWritesNoFurtherFrame) {
@@ -139,6 +170,15 @@ TEST(HomeView, AnotherProgramsSettingsHoldForTheNextGetAndOutliveTheExit) {
     bench.Store.Contents["home/Settings.SSS"] = theirs + "\r\n";
     bench.Press("mnuGet");
     EXPECT_EQ(bench.Program.LinkState.LinkError, 0);
+    EXPECT_TRUE(bench.StatusLine().ends_with("(with the settings as another program has changed them)"));
+    bench.Store.Contents["home/Settings.SSS"] = "3501100100100831010000\r\n" + theirs.substr(24) + "\r\n";
+    bench.Line.NextOpen = {StatusKind::Busy, "/dev/ttyS0", "Device or resource busy"};
+    bench.Home.FollowChanges();
+    EXPECT_EQ(bench.StatusLine(),
+              "The settings were changed by another program and are used as they are now.  "
+              "(/dev/ttyS0: Device or resource busy)");
+    EXPECT_FALSE(bench.Enabled("mnuMRdgs")) << "Modbus now";
+    bench.Line.NextOpen = {};
     const std::string later = "3601" + theirs.substr(4);
     bench.Store.Contents["home/Settings.SSS"] = later + "\r\n";
     EXPECT_THROW(bench.Press("mnuExit"), ProcessEnded);
@@ -205,12 +245,16 @@ TEST(HomeView, SetupFilesAreOpenedAndSaved) {
     bench.Store.ReadOnly = {"a.CT2"};
     bench.Press("mnuSaveAs");
     EXPECT_TRUE(bench.StatusLine().starts_with("a.CT2: ")) << bench.StatusLine();
+    EXPECT_EQ(bench.Program.Home.CurrentFileName, "") << "it was not saved there";
+    EXPECT_EQ(bench.Boxes.Asked.back().Proposed, "Setup.CT2");
     bench.Store.ReadOnly.clear();
     bench.Press("mnuSaveAs");
     EXPECT_EQ(bench.Store.Contents["a.CT2"], bench.Program.Image.SetupData + "\r\n");
     bench.Program.Image.SetupData[0] = '7';
     bench.Boxes.SaysYes = false;
     bench.Press("mnuSave");
+    EXPECT_EQ(bench.Boxes.Shown.back().Title + "|" + bench.Boxes.Shown.back().Text,
+              "a.CT2|Current data will be replaced.");
     EXPECT_NE(bench.Store.Contents["a.CT2"][0], '7') << "the question was cancelled";
     bench.Boxes.SaysYes = true;
     bench.Press("mnuSave");
@@ -224,6 +268,7 @@ TEST(HomeView, SetupFilesAreOpenedAndSaved) {
     bench.Boxes.Path = "missing.CT2";
     bench.Press("mnuOpen");
     EXPECT_EQ(bench.Program.Image.SetupData[0], '7') << "the setup stays";
+    EXPECT_EQ(bench.Program.Home.CurrentFileName, "a.CT2");
 }
 
 // What may be no whole setup is told beside the text, and goes into a meter only after a question.

@@ -53,15 +53,51 @@ TEST(LinkSetup, LaysDownWhatANewFileBeginsWithAndNothingIllegal) {
     bench.View.Controls.Type(bench.View.txtVersion, "many");
     bench.View.Controls.Click(bench.View.cmdSave);
     EXPECT_EQ(bench.View.lblResult.TextColor, ColorRed);
-    EXPECT_NE(bench.Result().find("FirmwareVersion"), std::string::npos);
+    EXPECT_EQ(bench.Result(), "Firmware version is a number 0 to 255");
     bench.View.Controls.Type(bench.View.txtVersion, "83");
     bench.View.Controls.Type(bench.View.txtDevice, "/dev/nothing");
     bench.View.Controls.Click(bench.View.cmdSave);
     EXPECT_EQ(bench.Result(), "/dev/nothing: No such file or directory");
+    bench.Store.Links["home/ports/com1"] = "/dev/ttyS0";
+    bench.Store.Links["home/ports/meter"] = "com1";
+    bench.View.Controls.Type(bench.View.txtDevice, "home/ports/meter");
+    bench.View.Controls.Click(bench.View.cmdSave);
+    EXPECT_EQ(bench.Result(), "home/ports/meter: is port number 1 itself");
     EXPECT_EQ(bench.File(), "");
     bench.View.Controls.Type(bench.View.txtDevice, "/dev/ttyS0");
     bench.View.Controls.Click(bench.View.cmdSave);
     EXPECT_EQ(bench.File(), "3501000100100831010000\r\n2711000000000000F6CB00000000\r\n");
+}
+
+TEST(LinkSetup, ListAndDeviceAgreeAndAMachineWithoutPortsIsToldSo) {
+    LinkBench bench;
+    bench.View.Controls.Type(bench.View.txtDevice, "/dev/ttyUSB0");
+    EXPECT_EQ(bench.View.cboPort.ListIndex, 1);
+    bench.View.Controls.Type(bench.View.txtDevice, "/dev/pts/3");
+    EXPECT_EQ(bench.View.cboPort.ListIndex, -1);
+    bench.Catalog.Known.clear();
+    bench.View.Controls.Click(bench.View.cmdRefresh);
+    EXPECT_TRUE(bench.Result().starts_with("This machine has no serial port:")) << bench.Result();
+}
+
+TEST(LinkSetup, WhatIsNotSavedIsAskedAbout) {
+    LinkBench bench;
+    int asked = 0, opened = 0, closed = 0;
+    bench.View.AskToDrop = [&](const Message&) { return ++asked > 1; };
+    bench.View.OpenSetup = [&] { return ++opened > 1; };
+    bench.View.Close = [&] { ++closed; };
+    EXPECT_TRUE(bench.View.MayClose());
+    bench.View.Controls.Type(bench.View.txtVersion, "many");
+    EXPECT_FALSE(bench.View.MayClose());
+    bench.View.Controls.Click(bench.View.cmdSaveOpen);
+    EXPECT_EQ(opened, 0) << "it was not saved";
+    bench.View.Controls.Type(bench.View.txtVersion, "84");
+    EXPECT_TRUE(bench.View.MayClose()) << "the user says so";
+    bench.View.Controls.Click(bench.View.cmdSaveOpen);
+    EXPECT_EQ(bench.Result(), "Saved, but Counter Setup could not be started.");
+    bench.View.Controls.Click(bench.View.cmdSaveOpen);
+    EXPECT_EQ(closed, 1);
+    EXPECT_TRUE(bench.View.MayClose() && asked == 2);
 }
 
 TEST(LinkSetup, TheTestSaysWhoAnsweredOrWhyNobodyDid) {
