@@ -63,16 +63,41 @@ TEST(DesktopSession, AViewThatWasLeftMovesNeitherFocusNorHelp) {
     EXPECT_EQ(bench.Program.Views.HelpId, 3101);
 }
 
+struct Screen {
+    const char* Name;
+    QSize Size;
+    double Font;  // of 9 points at 96 dots an inch
+};
+
+// What the frame of a window takes of a screen.
+constexpr QSize kFrame(8, 32);
+
 TEST(DesktopSession, NothingIsClippedInAnyViewAtAnyScale) {
-    for (const double factor : {1.0, 1.5, 2.0}) {
-        const FontScale font(factor);
+    const Screen kScreens[] = {
+        {"1000 x 700", {1008, 732}, 1.0},
+        {"1000 x 700, large", {1008, 732}, 1.34},
+        {"800 x 600", {800, 600}, 1.0},
+        {"1280 x 800", {1280, 800}, 1.0},
+        {"1280 x 800 at 144 dpi", {1280, 800}, 1.5},
+        {"1920 x 1080 at 200 percent", {1920, 1080}, 2.0},
+        {"2560 x 1440", {2560, 1440}, 1.0},
+    };
+    for (const Screen& screen : kScreens) {
+        const FontScale font(screen.Font);
+        const QSize room = screen.Size - kFrame;
         int stops = 0;
-        Tour([&](const QWidget& shown, const std::string& name) {
-            EXPECT_TRUE(shown.isVisible()) << name;
-            ExpectWhole(shown, name + " x " + std::to_string(factor));
-            ++stops;
-        });
-        EXPECT_EQ(stops, 23);
+        Tour(
+            [&](const QWidget& shown, const std::string& name) {
+                EXPECT_TRUE(shown.isVisible()) << name;
+                const std::string when = name + " on " + screen.Name;
+                const bool dialog = shown.parentWidget() != nullptr;
+                const QSize most = dialog ? room.expandedTo(QSize(800, 800)) : room;
+                EXPECT_EQ(shown.size().boundedTo(most), shown.size()) << when;
+                ExpectWhole(shown, when);
+                ++stops;
+            },
+            room);
+        EXPECT_EQ(stops, 24);
     }
 }
 

@@ -1,6 +1,8 @@
 #include "desktop/kit/status_strip.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
+#include <algorithm>
 
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
@@ -27,11 +29,29 @@ StatusStrip::StatusStrip(QWidget* parent)
     line_->setTextFormat(Qt::PlainText);
     line_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     line_->setWordWrap(true);
-    line_->setMinimumHeight(line_->fontMetrics().lineSpacing() + kGrid);
+    line_->installEventFilter(this);
     bar_->setRange(0, 100);
     bar_->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kBarCharacters);
     KeepPlace(line_);
     KeepPlace(bar_);
+    KeepLines(1);
+}
+
+void StatusStrip::KeepLines(int lines) {
+    lines_ = lines;
+    FollowText();
+}
+
+// A layout gives a text that wraps the height of one line where it can't ask for more.
+void StatusStrip::FollowText() {
+    const int kept = fontMetrics().lineSpacing() * lines_ + kGrid;
+    const int height = std::max(kept, line_->heightForWidth(line_->width()));
+    if (line_->minimumHeight() != height) line_->setMinimumHeight(height);
+}
+
+bool StatusStrip::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange) FollowText();
+    return QWidget::eventFilter(object, event);
 }
 
 void StatusStrip::LeaveOutBar() {
@@ -53,7 +73,10 @@ QVBoxLayout* StatusStrip::LieBelow(QWidget* page) {
 
 void StatusStrip::ShowLine(const Control& line) {
     const QString text = line.Visible ? QtText(line.Caption) : QString();
-    if (line_->text() != text) line_->setText(text);
+    if (line_->text() != text) {
+        line_->setText(text);
+        FollowText();
+    }
     QPalette colors = palette();
     colors.setColor(QPalette::WindowText, StripColorOf(line.TextColor.value_or(ColorWhite)));
     if (colors != line_->palette()) line_->setPalette(colors);

@@ -12,6 +12,7 @@ namespace counter {
 namespace {
 
 constexpr int kEntryCharacters = 14;
+constexpr int kLeastCharacters = 8;  // in a window that is narrow
 
 }  // namespace
 
@@ -61,7 +62,9 @@ void ChartPage::AddScaleEntry(QVBoxLayout& column) {
         QWidget* caption = bound_.Make(*label, this);
         QWidget* field = bound_.Make(*entry, this);
         field->setAccessibleName(QtText(label->Caption));
-        field->setFixedWidth(field->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kEntryCharacters);
+        const int digit = field->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+        field->setMinimumWidth(digit * kLeastCharacters);
+        field->setMaximumWidth(digit * kEntryCharacters);
         row->addWidget(caption);
         row->addWidget(field);
     }

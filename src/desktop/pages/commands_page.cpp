@@ -5,7 +5,9 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "desktop/kit/box_flow.h"
 #include "desktop/kit/grid.h"
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
@@ -30,15 +32,14 @@ void AsReadingField(QWidget* widget) {
 CommandsPage::CommandsPage(CommandsView& view, QWidget* parent)
     : ViewPage(parent), view_(view), bound_(view.Controls), strip_(new StatusStrip(this)) {
     QVBoxLayout* column = strip_->LieBelow(this);
-    auto* groups = new QGridLayout;
-    groups->setSpacing(kGrid);
-    groups->addWidget(Readings(), 0, 0, 2, 1);
-    groups->addWidget(Resets(), 0, 1, 2, 1);
-    groups->addWidget(RemoteDisplay(), 0, 2);
-    groups->addWidget(Curve(), 1, 2);
-    for (int i = 0; i < 3; ++i) groups->setColumnStretch(i, 1);
-    column->addLayout(groups);
-    column->addStretch(1);
+    auto* content = new QWidget;
+    auto* groups = new BoxFlow(content, 3);
+    groups->setContentsMargins(0, 0, 0, 0);
+    groups->Add(Readings(), 0, 0, 2);
+    groups->Add(Resets(), 0, 1, 2);
+    groups->Add(RemoteDisplay(), 0, 2);
+    groups->Add(Curve(), 1, 2);
+    column->addWidget(new PageBody(this, content), 1);
     column->addLayout(bound_.MakeButtonRow(this, {&view.cmdOK}));
     bound_.BindSpecial(view.lblErrText, &strip_->Line(), [this] { strip_->ShowLine(view_.lblErrText); });
     bound_.Refresh();

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/kit/grid.h"
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
@@ -37,7 +38,8 @@ HelpDialog::HelpDialog(const HelpContent& content, QWidget* parent) : QDialog(pa
     });
     const int twips = content.Width > 0 ? content.Width : kStandardWidth;
     const int columns = content.FixedPitch ? text->fontMetrics().horizontalAdvance('0') * kTableColumns : 0;
-    resize(std::max(twips * logicalDpiX() / kTwipsPerInch, columns), sizeHint().height());
+    const QSize wanted(std::max(twips * logicalDpiX() / kTwipsPerInch, columns), sizeHint().height());
+    resize(wanted.boundedTo(ScreenRoom(*this).size()));
     ok->setFocus();
 }
 
@@ -59,7 +61,8 @@ QTextEdit* HelpDialog::MakeText(const HelpContent& content) {
         cursor.insertText(QtText(piece.Text).remove(QLatin1Char('\r')), format);
     }
     text->moveCursor(QTextCursor::Start);  // what is inserted moves it on, and a long text would show its end
-    text->setMinimumHeight(text->fontMetrics().lineSpacing() * kLines);
+    text->setMinimumHeight(
+        std::min(text->fontMetrics().lineSpacing() * kLines, ScreenRoom(*this).height() * 2 / 3));
     return text;
 }
 

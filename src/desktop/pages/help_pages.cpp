@@ -9,13 +9,15 @@
 #include <QVBoxLayout>
 
 #include "desktop/kit/grid.h"
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kTextCharacters = 40;  // of the text beside a drawing
+constexpr int kTextCharacters = 40;       // of the text beside a drawing
+constexpr QSize kLeastDrawing(600, 373);  // at which its smallest text can be read
 
 QPushButton* Button(const char* name, std::string_view caption, QWidget* parent) {
     auto* button = new QPushButton(PlainCaption(caption), parent);
@@ -59,7 +61,7 @@ SetupHelpPage::SetupHelpPage(HelpWorld world, QWidget* parent) : ViewPage(parent
     picture->setTextFormat(Qt::PlainText);
     picture->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     picture->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    column->addWidget(picture, 1);
+    column->addWidget(new PageBody(this, picture), 1);
     QPushButton* ok = Button("cmdMHelp", kSetupHelpOk, this);
     cmdMHelp_ = ok;
     QObject::connect(ok, &QPushButton::clicked, this, [this] { Leave(); });
@@ -122,8 +124,11 @@ JumperPage::JumperPage(HelpWorld world, const JumperScreen& screen, QWidget* par
     text_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     text_->setMinimumWidth(text_->fontMetrics().averageCharWidth() * kTextCharacters);
-    column->addWidget(drawing_, 1);
-    column->addWidget(text_);
+    drawing_->setMinimumSize(kLeastDrawing);
+    auto* body = new PageBody(this);
+    body->Column().addWidget(drawing_, 1);
+    body->Column().addWidget(text_);
+    column->addWidget(body, 1);
     QPushButton* print = Button("cmdPrinter", "Print", this);
     QPushButton* close = Button("cmdClose", "OK", this);
     cmdClose_ = close;

@@ -8,6 +8,7 @@
 
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
@@ -114,12 +115,12 @@ void HomePage::AddText() {
     buttons->addStretch(1);
     for (Control* control : {&view_.lblTest, &view_.lblTest1, &view_.lblTest2})
         buttons->addWidget(bound_.Make(*control, this));
-    auto* inset = new QVBoxLayout;
-    inset->setContentsMargins(kGrid, 0, kGrid, 0);
-    inset->addWidget(textArea_);
+    auto* body = new PageBody(this);
+    body->Column().setContentsMargins(kGrid, 0, kGrid, 0);
+    body->Column().addWidget(textArea_);
+    body->Column().addStretch(1);
     column->addLayout(buttons);
-    column->addLayout(inset);
-    column->addStretch(1);
+    column->addWidget(body, 1);
     column->addWidget(strip_);
     bound_.BindSpecial(view_.lblPGText, &strip_->Line(), [this] { strip_->ShowLine(view_.lblPGText); });
     bound_.Bind(view_.pbBar, &strip_->Bar());
@@ -131,7 +132,7 @@ void HomePage::ShowText() {
     if (const QString shown = QtText(view_.picText.Text); text->text() != shown) text->setText(shown);
     const int lines = view_.TallText() ? kTallLines : kShortLines;
     const int height = text->fontMetrics().lineSpacing() * lines + 2 * kGrid;
-    if (text->minimumHeight() != height) text->setFixedHeight(height);
+    if (text->minimumHeight() != height) text->setMinimumHeight(height);
 }
 
 }  // namespace counter

@@ -2,10 +2,10 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QScrollArea>
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
@@ -58,18 +58,11 @@ void SetupPage::AddPages() {
     });
 }
 
-// Only where font or scale are too large for the window does a page scroll.
+// Only where font or scale are too large for the window does a page have fewer columns, and scroll.
 void SetupPage::AddPage(void (*layOut)(SetupLayout&, QWidget*), std::string_view caption) {
-    auto* scroll = new QScrollArea(tabs_);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    auto* page = new QWidget(scroll);
+    auto* page = new QWidget;
     layOut(layout_, page);
-    scroll->setWidget(page);
-    scroll->viewport()->setAutoFillBackground(false);
-    page->setAutoFillBackground(false);
-    tabs_->addTab(scroll, PlainCaption(caption));
+    tabs_->addTab(new PageBody(tabs_, page), PlainCaption(caption));
 }
 
 QWidget* SetupPage::MakeFoot() {
