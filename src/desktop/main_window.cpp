@@ -6,6 +6,7 @@
 #include <QShortcut>
 #include <QTimer>
 
+#include "desktop/kit/access_keys.h"
 #include "desktop/kit/page_body.h"
 
 namespace counter {
@@ -38,6 +39,7 @@ void MainWindow::ShowPage(ViewPage* page, bool withMenu) {
     current_ = page;
     menuBar()->setVisible(withMenu);
     stack_->setCurrentWidget(page);
+    GiveAccessKeys(*this);
     ShowTitle();
 }
 

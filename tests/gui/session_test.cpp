@@ -6,6 +6,7 @@
 #include <QTextEdit>
 
 #include "support/gui_bench.h"
+#include "support/spoken_tree.h"
 #include "support/whole.h"
 #include "tour.h"
 
@@ -99,6 +100,31 @@ TEST(DesktopSession, NothingIsClippedInAnyViewAtAnyScale) {
             room);
         EXPECT_EQ(stops, 24);
     }
+}
+
+TEST(DesktopSession, EveryViewSpeaksAndHasItsKeys) {
+    Tour([](const QWidget& shown, const std::string& name) {
+        ExpectSpoken(QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&shown)), name);
+        const KeysOf keys(shown, name);
+        if (name != "home" && name != "counter-link") return;
+        EXPECT_TRUE(shown.findChild<QProgressBar*>()->accessibleName().startsWith("Progress of")) << name;
+    });
+}
+
+// The keys of the menu are keys of the home view alone.
+TEST(DesktopSession, KeysOfTheMenuAndOfAReading) {
+    GuiBench bench;
+    QWidget& window = bench.Desk->Window();
+    QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
+    EXPECT_EQ(bench.StatusLine(), "Getting data from the Counter.  Data received OK.");
+    bench.Choose("mnuSetup");
+    const std::size_t sent = bench.Line.Sent().size();
+    QTest::keyClick(window.focusWidget(), Qt::Key_G, Qt::ControlModifier);
+    EXPECT_EQ(bench.Line.Sent().size(), sent) << "the menu isn't on show";
+    bench.Click("cmdMainMenu");
+    bench.Choose("mnuCmdsGo");
+    QTest::keyClick(window.focusWidget(), Qt::Key_F5);
+    EXPECT_FALSE(bench.Find<QLabel>("picItem1")->text().isEmpty());
 }
 
 TEST(DesktopSession, F1InTheCurveDialogOpensItsHelpOverIt) {

@@ -12,6 +12,9 @@ namespace counter {
 
 namespace {
 
+// Of the line while it says nothing; otherwise its text is its name.
+const QString kEmptyName = QStringLiteral("Status");
+
 constexpr int kBarCharacters = 24;  // width of the bar, in digits of the font
 
 }  // namespace
@@ -26,6 +29,7 @@ StatusStrip::StatusStrip(QWidget* parent)
     row->setContentsMargins(kGrid, kGrid / 2, kGrid, kGrid / 2);
     row->addWidget(line_, 1);
     row->addWidget(bar_);
+    line_->setAccessibleName(kEmptyName);
     line_->setTextFormat(Qt::PlainText);
     line_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     line_->setWordWrap(true);
@@ -75,6 +79,7 @@ void StatusStrip::ShowLine(const Control& line) {
     const QString text = line.Visible ? QtText(line.Caption) : QString();
     if (line_->text() != text) {
         line_->setText(text);
+        line_->setAccessibleName(text.isEmpty() ? kEmptyName : QString());
         FollowText();
     }
     QPalette colors = palette();

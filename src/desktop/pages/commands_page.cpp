@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "desktop/kit/box_flow.h"
@@ -41,12 +42,21 @@ CommandsPage::CommandsPage(CommandsView& view, QWidget* parent)
     groups->Add(Curve(), 1, 2);
     column->addWidget(new PageBody(this, content), 1);
     column->addLayout(bound_.MakeButtonRow(this, {&view.cmdOK}));
+    auto* reading = new QShortcut(QKeySequence(Qt::Key_F5), this);
+    QObject::connect(reading, &QShortcut::activated, this, [this] { Read(); });
     bound_.BindSpecial(view.lblErrText, &strip_->Line(), [this] { strip_->ShowLine(view_.lblErrText); });
     bound_.Refresh();
 }
 
 QString CommandsPage::Title() const {
     return QtText(CommandsView::kTitle);
+}
+
+// Over Modbus there is no button for all Items.
+void CommandsPage::Read() {
+    for (Control* button : {&view_.cmdActive, &view_.cmdItem1}) {
+        if (view_.Controls.Reach(*button) == Refusal::None) return bound_.Press(*button);
+    }
 }
 
 void CommandsPage::ComeToFront() {
@@ -108,6 +118,7 @@ QWidget* CommandsPage::RemoteDisplay() {
     row->addWidget(bound_.Make(view_.lblValue, group));
     QWidget* entry = bound_.Make(view_.txtRmtDspy, group);
     entry->setAccessibleName(QtText(view_.lblValue.Caption));
+    static_cast<QLabel*>(bound_.WidgetOf(view_.lblValue))->setBuddy(entry);
     row->addWidget(entry, 1);
     column->addLayout(row);
     for (Control* button : {&view_.cmdDspyOnly, &view_.cmdItm3Only, &view_.cmdBoth, &view_.cmdC})

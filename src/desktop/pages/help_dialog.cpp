@@ -5,6 +5,7 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+#include "desktop/kit/access_keys.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
@@ -41,6 +42,7 @@ HelpDialog::HelpDialog(const HelpContent& content, QWidget* parent) : QDialog(pa
     const QSize wanted(std::max(twips * logicalDpiX() / kTwipsPerInch, columns), sizeHint().height());
     resize(wanted.boundedTo(ScreenRoom(*this).size()));
     ok->setFocus();
+    GiveAccessKeys(*this);
 }
 
 QTextEdit* HelpDialog::MakeText(const HelpContent& content) {

@@ -18,6 +18,27 @@ namespace {
 constexpr int kTallLines = 20;  // of the text area, and at rest
 constexpr int kShortLines = 9;
 
+struct MenuKey {
+    HomeItem Item;
+    QKeyCombination Keys;
+};
+
+// The menu shows them; data/help tells them under 3103.
+constexpr MenuKey kMenuKeys[] = {
+    {HomeItem::Open, Qt::CTRL | Qt::Key_O},
+    {HomeItem::Save, Qt::CTRL | Qt::Key_S},
+    {HomeItem::SaveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S},
+    {HomeItem::Get, Qt::CTRL | Qt::Key_G},
+    {HomeItem::Put, Qt::CTRL | Qt::Key_U},
+};
+
+QKeySequence KeysOf(HomeItem item) {
+    for (const MenuKey& key : kMenuKeys) {
+        if (key.Item == item) return key.Keys;
+    }
+    return {};
+}
+
 }  // namespace
 
 HomePage::HomePage(HomeView& view, QWidget* parent)
@@ -52,7 +73,8 @@ void HomePage::AddMenu() {
         if (row.Heading) {
             under = AddHeading(control);
         } else {
-            AddEntry(control, *under, row.Opens || row.Item == HomeItem::Glossary);
+            AddEntry(control, *under, row.Opens || row.Item == HomeItem::Glossary)
+                ->setShortcut(KeysOf(row.Item));
         }
     }
 }
@@ -79,7 +101,7 @@ QMenu* HomePage::AddHeading(Control& heading) {
 
 // A view, or help, opens once the menu has gone: a menu that was worked by keys gives the focus back to where
 // it was, and must not take it from the view.
-void HomePage::AddEntry(Control& entry, QMenu& under, bool opensView) {
+QAction* HomePage::AddEntry(Control& entry, QMenu& under, bool opensView) {
     QAction* action = under.addAction(QtText(entry.Caption));
     QObject::connect(action, &QAction::triggered, this, [this, &entry, opensView] {
         const auto click = [this, &entry] { view_.Controls.Click(entry); };
@@ -90,6 +112,7 @@ void HomePage::AddEntry(Control& entry, QMenu& under, bool opensView) {
         }
     });
     bound_.BindAction(entry, action);
+    return action;
 }
 
 void HomePage::AddText() {
@@ -124,6 +147,7 @@ void HomePage::AddText() {
     column->addWidget(strip_);
     bound_.BindSpecial(view_.lblPGText, &strip_->Line(), [this] { strip_->ShowLine(view_.lblPGText); });
     bound_.Bind(view_.pbBar, &strip_->Bar());
+    strip_->Bar().setAccessibleName("Progress of the transfer");
     bound_.BindSpecial(view_.picText, textArea_, [this] { ShowText(); });
 }
 

@@ -58,6 +58,7 @@ LinkWindow::LinkWindow(LinkSetup& view) : view_(view), bound_(view.Controls), st
     AddButtons(*buttons);
     bound_.BindSpecial(view.lblResult, &strip_->Line(), [this] { strip_->ShowLine(view_.lblResult); });
     bound_.Bind(view_.pbFind, &strip_->Bar());
+    strip_->Bar().setAccessibleName("Progress of the search");
     bound_.Refresh();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -46,6 +47,8 @@ SetupPage::~SetupPage() {
 void SetupPage::AddPages() {
     tabs_->tabBar()->setObjectName(ObjectName(view_.Buttons.tabSetup));
     tabs_->setElideMode(Qt::ElideNone);
+    tabs_->setFocusPolicy(Qt::NoFocus);  // the strip takes it, the frame around it has no name
+    tabs_->tabBar()->setFocusPolicy(Qt::TabFocus);
     constexpr void (*kLayOuts[])(SetupLayout&, QWidget*) = {
         LayOutInputDisplay,  LayOutScaling, LayOutFilter,   LayOutAlarms,
         LayOutCommunication, LayOutAnalog,  LayOutLockouts,
@@ -86,12 +89,15 @@ QWidget* SetupPage::MakeFoot() {
 }
 
 void SetupPage::Connect() {
+    auto* reading = new QShortcut(QKeySequence(Qt::Key_F5), this);
+    QObject::connect(reading, &QShortcut::activated, this, [this] { bound_.Press(view_.Buttons.cmdRead); });
     view_.Controls.Changed = [this] { ShowAll(); };
     bound_.Refused = [this](const Control&, Refusal) { ShowAll(); };
     view_.OpenDigitEntry = [this] { OpenEntry(); };
     // Whatever asks for help, the page on show is the one to come back to.
     view_.OpenHelp = [this](int helpNumber) {
         view_.Program.Views.PageTab = view_.CurrentTab();
+        Unmark();
         if (OpenHelp) OpenHelp(helpNumber);
     };
     view_.ShowMainMenu = [this] {
@@ -150,6 +156,12 @@ void SetupPage::DropEntry() {
     dialog_->Drop();
     wanted_ = nullptr;
     view_.Program.Views.EntryReturn = 0;
+}
+
+// The field that help was asked for out of its digit entry is no longer edited.
+void SetupPage::Unmark() {
+    if (Control* target = view_.Program.Views.EntryTarget) target->BackColor = ColorWhite;
+    bound_.Refresh();
 }
 
 void SetupPage::MoveFocus(const Control& control) {

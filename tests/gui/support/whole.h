@@ -45,8 +45,8 @@ inline void ExpectInReach(const QWidget& widget, const QWidget& window, const st
         << name << " is out of reach";
 }
 
-// Every widget with a text has the room that its text needs and lies within what it is in; it may have to be scrolled
-// sideways where the window is too small for its font.
+// Every widget with a text has the room that its text needs and lies within what it is in; it may have to be
+// scrolled sideways where the window is too small for its font.
 inline void ExpectWhole(const QWidget& shown, const std::string& when, bool mayScroll = false) {
     for (const QWidget* widget : shown.findChildren<QWidget*>()) {
         const bool text = qobject_cast<const QLabel*>(widget) || qobject_cast<const QComboBox*>(widget) ||

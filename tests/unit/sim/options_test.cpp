@@ -58,9 +58,9 @@ TEST(Options, AnAnalogBoardIsInTheMemoryOrRefusedWithTheReason) {
     };
     for (const auto& [board, first] : {std::pair(1, 0), {2, 74}, {3, 78}, {4, 78}}) {
         EXPECT_EQ(why(board, first), "") << board;
-        if (first > 0)
-            EXPECT_EQ(why(board, first - 1), "there is analog board " + std::to_string(board) +
-                                                 " from firmware version " + std::to_string(first) + " on");
+        if (first == 0) continue;
+        const std::string from = " from firmware version " + std::to_string(first) + " on";
+        EXPECT_EQ(why(board, first - 1), "there is analog board " + std::to_string(board) + from);
     }
     EXPECT_NE(why(1, 75, LineProtocol::ModbusRtu), "");
     EXPECT_EQ(why(1, 76, LineProtocol::ModbusRtu) + why(0, 50, LineProtocol::ModbusRtu), "");
