@@ -21,8 +21,7 @@ constexpr QSize kWindowSize(1000, 700);
 MainWindow::MainWindow() : stack_(new QStackedWidget(this)) {
     setCentralWidget(stack_);
     resize(SizeOnScreen(*this, kWindowSize));
-    const QRect room = ScreenRoom(*this);
-    if (!room.isEmpty()) move(room.center() - rect().center());
+    PutInMiddle(*this);
     auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
     QObject::connect(help, &QShortcut::activated, this, [this] { Help(); });
 }

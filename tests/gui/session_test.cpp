@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTextEdit>
 
+#include "desktop/kit/page_body.h"
 #include "support/gui_bench.h"
 #include "support/spoken_tree.h"
 #include "support/whole.h"
@@ -100,6 +102,16 @@ TEST(DesktopSession, NothingIsClippedInAnyViewAtAnyScale) {
             room);
         EXPECT_EQ(stops, 24);
     }
+}
+
+// With the title that a window manager draws above it.
+TEST(DesktopSession, TheWindowBeginsWholeOnItsScreen) {
+    const FontScale font(2);
+    const MainWindow window;
+    const int title = ScreenRoom(window).top();
+    const QRect frame(window.pos(), window.size() + QSize(0, title));
+    EXPECT_GT(title, 0);
+    EXPECT_TRUE(window.screen()->availableGeometry().contains(frame)) << QTest::toString(frame);
 }
 
 TEST(DesktopSession, EveryViewSpeaksAndHasItsKeys) {

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QFontInfo>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 
 #include "desktop/kit/grid.h"
@@ -36,7 +37,7 @@ PageBody::PageBody(QWidget* parent) : PageBody(parent, EmptyContent()) {}
 
 QSize PageBody::sizeHint() const {
     // The bar takes no room from the content where the height alone is missing.
-    return widget()->sizeHint() + QSize(style()->pixelMetric(QStyle::PM_ScrollBarExtent), 0);
+    return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
 }
 
 bool PageBody::eventFilter(QObject* object, QEvent* event) {
@@ -56,6 +57,14 @@ QSize SizeOnScreen(const QWidget& window, const QSize& size) {
     const QSize wanted = size * scale;
     const QRect room = ScreenRoom(window);
     return room.isEmpty() ? wanted : wanted.boundedTo(room.size());
+}
+
+// A window is placed by the corner of its frame, which has the title above the window.
+void PutInMiddle(QWidget& window) {
+    const QRect room = ScreenRoom(window);
+    if (room.isEmpty()) return;
+    const int title = room.top() - window.screen()->availableGeometry().top();
+    window.move(room.center() - window.rect().center() - QPoint(0, title));
 }
 
 }  // namespace counter

@@ -30,4 +30,7 @@ QRect ScreenRoom(const QWidget& window);
 // than the screen has room.
 QSize SizeOnScreen(const QWidget& window, const QSize& size);
 
+// Into the middle of that area, with its frame.
+void PutInMiddle(QWidget& window);
+
 }  // namespace counter
