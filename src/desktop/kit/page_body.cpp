@@ -36,8 +36,9 @@ PageBody::PageBody(QWidget* parent, QWidget* content) : QScrollArea(parent) {
 PageBody::PageBody(QWidget* parent) : PageBody(parent, EmptyContent()) {}
 
 QSize PageBody::sizeHint() const {
-    // The bar takes no room from the content where the height alone is missing.
-    return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+    // The bar, and what the style leaves free beside it, takes no room from the content where the height
+    // alone is missing.
+    return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width() + kGrid, 0);
 }
 
 bool PageBody::eventFilter(QObject* object, QEvent* event) {

@@ -1,11 +1,11 @@
 #include "desktop/pages/help_dialog.h"
 
-#include <QPushButton>
 #include <QTextCursor>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
 #include "desktop/kit/access_keys.h"
+#include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
@@ -29,7 +29,7 @@ HelpDialog::HelpDialog(const HelpContent& content, QWidget* parent) : QDialog(pa
     PadByGrid(column);
     auto* text = MakeText(content);
     column->addWidget(text);
-    auto* ok = new QPushButton(QStringLiteral("OK"), this);
+    auto* ok = new PushButton(QStringLiteral("OK"), this);
     ok->setObjectName(QStringLiteral("cmdOK"));
     ok->setDefault(true);
     column->addWidget(ok, 0, Qt::AlignHCenter);
