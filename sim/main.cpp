@@ -38,7 +38,7 @@ void AddMeter(CLI::App& app, sim::MeterOptions& meter) {
         ->check(CLI::Range(0, 3));
     app.add_option("--relay", meter.RelayBoard, "relay board code: 1 four relays, 2 or 3 two")
         ->check(CLI::Range(0, 3));
-    app.add_option("--analog", meter.AnalogBoard, "analog option 0..4")->check(CLI::Range(0, 99));
+    app.add_option("--analog", meter.AnalogBoard, "analog option 0..4")->check(CLI::Range(0, 4));
     app.add_option("--extended", meter.Extended, "Extended option: 0 or 1");
     AddRepeated(app, "--live", "ADDRESS=BYTE: a byte that a G command reads, both hexadecimal",
                 [&](const std::string& text) { return sim::ParseLiveByte(text, meter.LiveBytes); });
@@ -144,6 +144,10 @@ int main(int argc, char** argv) {
     if (const auto failure = sim::LoadImageFile(options); !failure.empty()) {
         std::fprintf(stderr, "counter-sim: %s\n", failure.c_str());
         return 2;
+    }
+    if (const auto why = sim::WhyNotAnalog(options.Meter); !why.empty()) {
+        std::fprintf(stderr, "counter-sim: --analog: %s\n", why.c_str());
+        return 1;
     }
     return options.Node ? sim::NodeSimulator(options).Run() : sim::Simulator(options).Run();
 }

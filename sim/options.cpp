@@ -11,6 +11,8 @@ namespace sim {
 namespace {
 
 constexpr int kBaudRates[] = {300, 600, 1200, 2400, 4800, 9600, 19200};
+constexpr int kFirstVersion[] = {0, 0, 74, 78, 78};  // of the firmware that knows each analog board
+constexpr int kAnalogOverModbus = 76;
 
 }  // namespace
 
@@ -41,7 +43,21 @@ std::string StartImage(const MeterOptions& options) {
     if (options.BaudIndex) memory.SetBits(191, 6, 4, *options.BaudIndex);
     if (options.Address) memory.SetBits(189, 4, 0, *options.Address);
     if (options.ModbusAddress) memory.SetBits(111, 7, 0, *options.ModbusAddress);
+    if (options.AnalogBoard) memory.SetBits(143, 7, 0, *options.AnalogBoard);
     return memory.ImageText();
+}
+
+std::string WhyNotAnalog(const MeterOptions& options) {
+    Memory memory;
+    const int board = options.AnalogBoard.value_or(0);
+    if (board == 0 || !memory.LoadImage(StartImage(options))) return "";
+    const int version = memory.Bits(233, 7, 0);
+    const auto from = [&](int first, const std::string& what) {
+        return version >= first ? "" : what + " from firmware version " + std::to_string(first) + " on";
+    };
+    if (memory.Bits(109, 3, 2) != 0 && version < kAnalogOverModbus)
+        return from(kAnalogOverModbus, "over Modbus a meter tells its analog board");
+    return from(kFirstVersion[board], "there is analog board " + std::to_string(board));
 }
 
 std::optional<int> BaudIndexOf(int rate) {

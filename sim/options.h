@@ -65,6 +65,9 @@ extern const char* const kDefaultImage;
 // end of the image are lost.
 std::string StartImage(const MeterOptions& options);
 
+// Why a setup that is read from this meter could not show its analog board; empty: it shows it.
+std::string WhyNotAnalog(const MeterOptions& options);
+
 // 300, 600 ... 19200 for index 0..6; nothing for another rate.
 std::optional<int> BaudIndexOf(int rate);
 // Index 7 names no rate; the meter then listens at 9600.

@@ -8,7 +8,9 @@
 #include <optional>
 #include <string>
 
+#include "desktop/kit/page_body.h"
 #include "desktop/pages/face_widget.h"
+#include "desktop/pages/program_icon.h"
 #include "system/display_check.h"
 
 namespace counter {
@@ -27,14 +29,25 @@ void TakeLines(std::string& pending, FaceWidget& face) {
     pending.erase(0, end + 1);
 }
 
+// At the right edge: the main window of the desktop tool is in the middle. On a screen that is too narrow for
+// both the face lies over it, not under it.
+void PutBeside(FaceWidget& face) {
+    face.setWindowFlag(Qt::WindowStaysOnTopHint);
+    const QRect room = ScreenRoom(face);
+    face.resize(face.sizeHint().boundedTo(room.size()));
+    face.move(room.right() - face.width() + 1, room.center().y() - face.height() / 2);
+}
+
 int Run(int argc, char** argv) {
     std::optional<QApplication> application;
     {
         const DisplayCheck check;
         application.emplace(argc, argv);
     }
+    CarryIcon("counter-face");
     FaceWidget face;
     face.setWindowTitle("Simulated meter");
+    PutBeside(face);
     std::string pending;
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &face, [&] {

@@ -7,6 +7,7 @@
 #include "desktop/first_start.h"
 #include "desktop/kit/qt_dialogs.h"
 #include "desktop/pages/link_window.h"
+#include "desktop/pages/program_icon.h"
 #include "system/core_runtime.h"
 #include "system/disk_files.h"
 #include "system/display_check.h"
@@ -37,6 +38,7 @@ int Run(int argc, char** argv) {
         application.emplace(argc, argv);
     }
     SettleLocale();
+    CarryIcon("counter-link");
     const std::string folder = FolderArgument(*application, "Lays down the settings of Counter Setup.");
     DiskFiles files;
     QtPump pump;

@@ -5,6 +5,7 @@
 
 #include "desktop/desktop.h"
 #include "desktop/first_start.h"
+#include "desktop/pages/program_icon.h"
 #include "system/core_runtime.h"
 #include "system/disk_files.h"
 #include "system/display_check.h"
@@ -25,6 +26,7 @@ int Run(int argc, char** argv) {
         application.emplace(argc, argv);
     }
     SettleLocale();
+    CarryIcon("counter-setup");
     const std::string folder = FolderArgument(*application, "Setup tool for a panel counter/timer.");
     DiskFiles files;
     QtPump pump;

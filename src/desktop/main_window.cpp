@@ -3,23 +3,25 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
-#include <QScreen>
 #include <QShortcut>
 #include <QTimer>
+
+#include "desktop/kit/access_keys.h"
+#include "desktop/kit/page_body.h"
 
 namespace counter {
 
 namespace {
 
-// Whole on a screen of 1366 x 768 with its frame.
+// Whole on a screen of 1366 x 768 with its frame, in the font of 9 points.
 constexpr QSize kWindowSize(1000, 700);
 
 }  // namespace
 
 MainWindow::MainWindow() : stack_(new QStackedWidget(this)) {
     setCentralWidget(stack_);
-    const QSize room = screen() ? screen()->availableSize() : kWindowSize;
-    resize(kWindowSize.boundedTo(room));
+    resize(SizeOnScreen(*this, kWindowSize));
+    PutInMiddle(*this);
     auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
     QObject::connect(help, &QShortcut::activated, this, [this] { Help(); });
 }
@@ -36,6 +38,7 @@ void MainWindow::ShowPage(ViewPage* page, bool withMenu) {
     current_ = page;
     menuBar()->setVisible(withMenu);
     stack_->setCurrentWidget(page);
+    GiveAccessKeys(*this);
     ShowTitle();
 }
 

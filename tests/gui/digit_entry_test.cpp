@@ -103,6 +103,23 @@ TEST(DigitEntryDialog, OpensByKeyAndGivesTheFocusToTheTabs) {
     EXPECT_EQ(window.Window.focusWidget(), window.Tabs().tabBar());
 }
 
+// The button that Enter presses looks like one already; the focus adds a frame.
+TEST(DigitEntryDialog, TheFocusOnOkIsSeen) {
+    SetupWindow window;
+    window.Click("txtGateTime");
+    const QWidget* ok = PartOf(window, "cmdOK");
+    const auto marked = [ok] {
+        const QImage picture = const_cast<QWidget*>(ok)->grab().toImage();
+        const QColor frame = ok->palette().color(QPalette::Highlight);
+        int dots = 0;
+        for (int x = 0; x < picture.width(); ++x) dots += picture.pixelColor(x, 2) == frame;
+        return dots;
+    };
+    EXPECT_EQ(marked(), 0);
+    DoAll(window, "tab");
+    EXPECT_GT(marked(), ok->width() / 2);
+}
+
 TEST(DigitEntryDialog, APointOnOkMovesTheFreePoint) {
     SetupWindow window("197=20");
     window.ClickTab(kScalingTab);
@@ -137,15 +154,17 @@ TEST(DigitEntryDialog, InThePauseAfterOkItIsGoneAndTheNextFieldWaits) {
 TEST(DigitEntryDialog, F1ClosesItForTheHelpOfItsField) {
     SetupWindow window;
     int helped = 0;
-    bool shown = true;
+    bool shown = true, green = true;
     window.Page->OpenHelp = [&](int helpNumber) {
         helped = helpNumber;
         shown = window.Page->Entry().isVisible();
+        green = window.Of("txtGateTime").BackColor == ColorLightGreen;
     };
     window.Click("txtGateTime");
     DoAll(window, "01250 f1");
     EXPECT_EQ(helped, 1108);
     EXPECT_FALSE(shown) << "behind the help";
+    EXPECT_FALSE(green) << "once help is asked for";
     window.Page->HelpClosed();
     EXPECT_EQ(window.Program.Views.EntryReturn, 0);
     EXPECT_NE(window.Of("txtGateTime").BackColor, ColorLightGreen);

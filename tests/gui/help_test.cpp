@@ -77,6 +77,9 @@ TEST(HelpPages, AFailedPrintIsTold) {
         EXPECT_EQ(meter.Boxes.Shown[1].Title, page->Title().toStdString());
         EXPECT_EQ(meter.Boxes.Shown[1].Text, "lp0: out of paper");
         meter.Boxes.Shown.clear();
+        meter.Program.Views.HelpId = 0;
+        page->PutAway();
+        EXPECT_EQ(meter.Program.Views.HelpId, 3101) << "that of the main view";
     }
     EXPECT_EQ(printer.Text, "The batch reference was not installed.");
 }

@@ -2,10 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTextEdit>
 
+#include "desktop/kit/page_body.h"
 #include "support/gui_bench.h"
+#include "support/spoken_tree.h"
 #include "support/whole.h"
 #include "tour.h"
 
@@ -63,17 +66,77 @@ TEST(DesktopSession, AViewThatWasLeftMovesNeitherFocusNorHelp) {
     EXPECT_EQ(bench.Program.Views.HelpId, 3101);
 }
 
+struct Screen {
+    const char* Name;
+    QSize Size;
+    double Font;  // of 9 points at 96 dots an inch
+};
+
+// What the frame of a window takes of a screen.
+constexpr QSize kFrame(8, 32);
+
 TEST(DesktopSession, NothingIsClippedInAnyViewAtAnyScale) {
-    for (const double factor : {1.0, 1.5, 2.0}) {
-        const FontScale font(factor);
+    const Screen kScreens[] = {
+        {"1000 x 700", {1008, 732}, 1.0},
+        {"1000 x 700, large", {1008, 732}, 1.34},
+        {"800 x 600", {800, 600}, 1.0},
+        {"1280 x 800", {1280, 800}, 1.0},
+        {"1280 x 800 at 144 dpi", {1280, 800}, 1.5},
+        {"1920 x 1080 at 200 percent", {1920, 1080}, 2.0},
+        {"2560 x 1440", {2560, 1440}, 1.0},
+    };
+    for (const Screen& screen : kScreens) {
+        const FontScale font(screen.Font);
+        const QSize room = screen.Size - kFrame;
         int stops = 0;
-        Tour([&](const QWidget& shown, const std::string& name) {
-            EXPECT_TRUE(shown.isVisible()) << name;
-            ExpectWhole(shown, name + " x " + std::to_string(factor));
-            ++stops;
-        });
-        EXPECT_EQ(stops, 23);
+        Tour(
+            [&](const QWidget& shown, const std::string& name) {
+                EXPECT_TRUE(shown.isVisible()) << name;
+                const std::string when = name + " on " + screen.Name;
+                const bool dialog = shown.parentWidget() != nullptr;
+                const QSize most = dialog ? room.expandedTo(QSize(800, 800)) : room;
+                EXPECT_EQ(shown.size().boundedTo(most), shown.size()) << when;
+                ExpectWhole(shown, when);
+                ++stops;
+            },
+            room);
+        EXPECT_EQ(stops, 24);
     }
+}
+
+// With the title that a window manager draws above it.
+TEST(DesktopSession, TheWindowBeginsWholeOnItsScreen) {
+    const FontScale font(2);
+    const MainWindow window;
+    const int title = ScreenRoom(window).top();
+    const QRect frame(window.pos(), window.size() + QSize(0, title));
+    EXPECT_GT(title, 0);
+    EXPECT_TRUE(window.screen()->availableGeometry().contains(frame)) << QTest::toString(frame);
+}
+
+TEST(DesktopSession, EveryViewSpeaksAndHasItsKeys) {
+    Tour([](const QWidget& shown, const std::string& name) {
+        ExpectSpoken(QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&shown)), name);
+        const KeysOf keys(shown, name);
+        if (name != "home" && name != "counter-link") return;
+        EXPECT_TRUE(shown.findChild<QProgressBar*>()->accessibleName().startsWith("Progress of")) << name;
+    });
+}
+
+// The keys of the menu are keys of the home view alone.
+TEST(DesktopSession, KeysOfTheMenuAndOfAReading) {
+    GuiBench bench;
+    QWidget& window = bench.Desk->Window();
+    QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
+    EXPECT_EQ(bench.StatusLine(), "Getting data from the Counter.  Data received OK.");
+    bench.Choose("mnuSetup");
+    const std::size_t sent = bench.Line.Sent().size();
+    QTest::keyClick(window.focusWidget(), Qt::Key_G, Qt::ControlModifier);
+    EXPECT_EQ(bench.Line.Sent().size(), sent) << "the menu isn't on show";
+    bench.Click("cmdMainMenu");
+    bench.Choose("mnuCmdsGo");
+    QTest::keyClick(window.focusWidget(), Qt::Key_F5);
+    EXPECT_FALSE(bench.Find<QLabel>("picItem1")->text().isEmpty());
 }
 
 TEST(DesktopSession, F1InTheCurveDialogOpensItsHelpOverIt) {

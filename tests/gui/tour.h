@@ -82,18 +82,22 @@ struct LinkWindowBench {
     }
 };
 
-inline void TourLink(const TourStop& stop) {
+inline void TourLink(const TourStop& stop, QSize room) {
     LinkWindowBench bench;
+    bench.Window.resize(bench.Window.sizeHint().boundedTo(room));
     bench.View.Controls.Click(bench.View.cmdTest);
     GuiPump::Settle();
     stop(bench.Window, "counter-link");
 }
 
-inline void Tour(const TourStop& stop) {
+// In a window of this size.
+inline void Tour(const TourStop& stop, QSize size = {1000, 700}) {
     sim::MeterOptions options;
     options.Signal = {sim::SignalKind::Sine, 500, 200, 20};
     GuiBench bench(options);
     MainWindow& window = bench.Desk->Window();
+    window.resize(size);
+    GuiPump::Settle();
     stop(window, "home");
     bench.Choose("mnuGet");
     stop(window, "home-after-get");
@@ -104,6 +108,12 @@ inline void Tour(const TourStop& stop) {
     bench.Choose("mnuCmdsGo");
     bench.Click("cmdActiveP");
     stop(window, "commands");
+    bench.Click("cmdSendPRM");
+    if (QWidget* dialog = GuiBench::Dialog()) {
+        dialog->resize(dialog->sizeHint().boundedTo(size));
+        stop(*dialog, "send-curve");
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    }
     bench.Click("cmdOK");
     bench.Choose("mnuCalibGo");
     stop(window, "calibration");
@@ -114,7 +124,7 @@ inline void Tour(const TourStop& stop) {
         stop(window, std::string("help-") + (entry + 3));
         window.Current()->Leave();
     }
-    TourLink(stop);
+    TourLink(stop, size);
 }
 
 }  // namespace counter::test

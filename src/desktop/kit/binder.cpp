@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "desktop/kit/access_keys.h"
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/screen_colors.h"
 #include "meter/text.h"
@@ -35,7 +36,9 @@ void ShowCaption(const Control& control, QWidget& widget) {
     const bool hasKey = control.Kind == ControlKind::Button && control.Caption.find('&') != std::string::npos;
     const QString caption = hasKey ? QtText(control.Caption) : PlainCaption(control.Caption);
     const char* name = control.Kind == ControlKind::Frame ? "title" : "text";
-    if (widget.property(name).toString() != caption) widget.setProperty(name, caption);
+    // The mark of an access key that was given to it is no other caption.
+    const bool same = WithoutKey(widget.property(name).toString()) == WithoutKey(caption);
+    if (!same) widget.setProperty(name, caption);
 }
 
 void ShowLine(const QString& text, QLineEdit& line) {
@@ -44,8 +47,13 @@ void ShowLine(const QString& text, QLineEdit& line) {
     line.setCursorPosition(0);
 }
 
+// That of a field has an access key. One with a name of its own says its text as well.
 void ShowLabel(const QString& text, QLabel& label) {
-    if (label.text() != text) label.setText(text);
+    const bool key = label.buddy() != nullptr;
+    const QString shown = key ? WithoutKey(label.text()) : label.text();
+    if (shown != text) label.setText(key ? WithoutKeys(text) : text);
+    if (!label.accessibleName().isEmpty() && label.accessibleDescription() != text)
+        label.setAccessibleDescription(text);
 }
 
 void ShowValue(const Control& control, QWidget* widget, Characters characters) {
@@ -215,12 +223,23 @@ void Binder::Refresh() {
     for (const Bound& bound : bound_) ShowOne(bound);
     if (focus) HandFocusOn(*focus);
     movingFocus_ = before;
+    GiveKeys();
+}
+
+QWidget* Binder::Window() const {
+    const auto first =
+        std::find_if(bound_.begin(), bound_.end(), [](const Bound& bound) { return bound.Shown; });
+    return first == bound_.end() ? nullptr : first->Shown->window();
+}
+
+// What comes on show may bring captions with it.
+void Binder::GiveKeys() {
+    if (QWidget* window = Window()) GiveAccessKeys(*window);
 }
 
 QWidget* Binder::FocusOfOurs() const {
-    const auto first =
-        std::find_if(bound_.begin(), bound_.end(), [](const Bound& bound) { return bound.Shown; });
-    QWidget* focus = first == bound_.end() ? nullptr : first->Shown->window()->focusWidget();
+    const QWidget* window = Window();
+    QWidget* focus = window ? window->focusWidget() : nullptr;
     return ControlOf(focus) ? focus : nullptr;
 }
 
@@ -253,6 +272,10 @@ void Binder::ShowOne(const Bound& bound) {
     if (hidden == control.Visible) widget->setVisible(control.Visible);
     const bool disabled = widget->testAttribute(Qt::WA_ForceDisabled);
     if (disabled == control.Enabled) widget->setEnabled(control.Enabled);
+}
+
+void Binder::Press(const Control& button) {
+    if (auto* widget = qobject_cast<QAbstractButton*>(WidgetOf(button))) widget->click();
 }
 
 QWidget* Binder::WidgetOf(const Control& control) const {

@@ -44,6 +44,9 @@ class Binder : public QObject {
     // A menu entry and its action, which takes over its flags.
     void BindAction(Control& control, QAction* action);
 
+    // A button, as by its user.
+    void Press(const Control& button);
+
     // Shows what the form says; what is shown already is left alone.
     void Refresh();
 
@@ -72,6 +75,8 @@ class Binder : public QObject {
     void Typed(Control& entry, QLineEdit& line);
     void Done(const Control& control, Refusal refusal);
     void ShowOne(const Bound& bound);
+    QWidget* Window() const;
+    void GiveKeys();
     QWidget* FocusOfOurs() const;
     void HandFocusOn(QWidget& from);
     void MoveFocus(const Control& control);

@@ -1,6 +1,7 @@
 #include "desktop/kit/control_widget.h"
 
 #include <QAbstractItemView>
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -8,11 +9,12 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QWheelEvent>
 
+#include "desktop/kit/access_keys.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
@@ -44,7 +46,7 @@ class PickList : public QComboBox {
 
 // Enter presses the button that has the focus, on a page as in a dialog.
 QPushButton* MakeButton(QWidget* parent) {
-    auto* button = new QPushButton(parent);
+    auto* button = new PushButton(parent);
     button->setAutoDefault(true);
     return button;
 }
@@ -70,7 +72,10 @@ QWidget* MakeProgress(QWidget* parent) {
 
 QWidget* MakeOption(QWidget* parent) {
     auto* option = new QRadioButton(parent);
-    option->setAutoExclusive(false);  // the form decides which of them is set
+    // The form decides which of them is set. One that isn't exclusive by itself reports as a check box.
+    auto* alone = new QButtonGroup(option);
+    alone->setExclusive(false);
+    alone->addButton(option);
     return option;
 }
 
@@ -98,6 +103,15 @@ QWidget* MakeOfKind(ControlKind kind, QWidget* parent) {
 }
 
 }  // namespace
+
+void PushButton::paintEvent(QPaintEvent* event) {
+    QPushButton::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 2, 2);
+}
 
 ValueBox::ValueBox(QWidget* parent) : QLineEdit(parent) {
     setReadOnly(true);
@@ -133,7 +147,7 @@ void ValueBox::keyPressEvent(QKeyEvent* event) {
 }
 
 CaptionRow::CaptionRow(QWidget* parent, const std::string& caption)
-    : QWidget(parent), caption_(new QLabel(QtText(caption), this)) {
+    : QWidget(parent), caption_(new QLabel(PlainCaption(caption), this)) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(kGrid);
@@ -155,7 +169,7 @@ void CaptionRow::SetWidths(int caption, int field) {
 void CaptionRow::FollowField() {
     const bool hidden = field_->testAttribute(Qt::WA_WState_ExplicitShowHide) && field_->isHidden();
     if (caption_->isHidden() != hidden) caption_->setVisible(!hidden);
-    const QString name = caption_->text().trimmed();
+    const QString name = WithoutKey(caption_->text()).trimmed();
     if (field_->accessibleName() != name) field_->setAccessibleName(name);
     if (!behind_) return;
     const int room = fontMetrics().horizontalAdvance(QLatin1String("WWW"));

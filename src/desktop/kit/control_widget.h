@@ -3,12 +3,22 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QWidget>
 #include <functional>
 
 #include "controls/control.h"
 
 namespace counter {
+
+// Shows that it has the focus by a frame of its own: the button that Enter presses looks alike without.
+class PushButton : public QPushButton {
+  public:
+    using QPushButton::QPushButton;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+};
 
 // Shows a value; a click, Enter or the space bar opens its digit entry. Nothing is typed into it.
 class ValueBox : public QLineEdit {

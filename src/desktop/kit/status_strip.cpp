@@ -1,6 +1,8 @@
 #include "desktop/kit/status_strip.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
+#include <algorithm>
 
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
@@ -9,6 +11,9 @@
 namespace counter {
 
 namespace {
+
+// Of the line while it says nothing; otherwise its text is its name.
+const QString kEmptyName = QStringLiteral("Status");
 
 constexpr int kBarCharacters = 24;  // width of the bar, in digits of the font
 
@@ -24,14 +29,33 @@ StatusStrip::StatusStrip(QWidget* parent)
     row->setContentsMargins(kGrid, kGrid / 2, kGrid, kGrid / 2);
     row->addWidget(line_, 1);
     row->addWidget(bar_);
+    line_->setAccessibleName(kEmptyName);
     line_->setTextFormat(Qt::PlainText);
     line_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     line_->setWordWrap(true);
-    line_->setMinimumHeight(line_->fontMetrics().lineSpacing() + kGrid);
+    line_->installEventFilter(this);
     bar_->setRange(0, 100);
     bar_->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kBarCharacters);
     KeepPlace(line_);
     setMinimumHeight(bar_->sizeHint().height() + kGrid);  // with the bar or without
+    KeepLines(1);
+}
+
+void StatusStrip::KeepLines(int lines) {
+    lines_ = lines;
+    FollowText();
+}
+
+// A layout gives a text that wraps the height of one line where it can't ask for more.
+void StatusStrip::FollowText() {
+    const int kept = fontMetrics().lineSpacing() * lines_ + kGrid;
+    const int height = std::max(kept, line_->heightForWidth(line_->width()));
+    if (line_->minimumHeight() != height) line_->setMinimumHeight(height);
+}
+
+bool StatusStrip::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange) FollowText();
+    return QWidget::eventFilter(object, event);
 }
 
 void StatusStrip::LeaveOutBar() {
@@ -53,7 +77,11 @@ QVBoxLayout* StatusStrip::LieBelow(QWidget* page) {
 
 void StatusStrip::ShowLine(const Control& line) {
     const QString text = line.Visible ? SystemText(line.Caption) : QString();
-    if (line_->text() != text) line_->setText(text);
+    if (line_->text() != text) {
+        line_->setText(text);
+        line_->setAccessibleName(text.isEmpty() ? kEmptyName : QString());
+        FollowText();
+    }
     QPalette colors = palette();
     colors.setColor(QPalette::WindowText, StripColorOf(line.TextColor.value_or(ColorWhite)));
     if (colors != line_->palette()) line_->setPalette(colors);

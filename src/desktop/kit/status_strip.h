@@ -18,15 +18,23 @@ class StatusStrip : public QWidget {
     void ShowLine(const Control& line);
     // At the foot of a page that has no layout yet, without a bar. Returns the page's column above it.
     QVBoxLayout* LieBelow(QWidget* page);
+    // Room for this many lines of text, so that the strip doesn't jump; a text that wraps to more gets what
+    // it needs.
+    void KeepLines(int lines);
     QLabel& Line() { return *line_; }
     QProgressBar& Bar() { return *bar_; }
 
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
   private:
+    void FollowText();
     // A strip without a bar gives its place to the line.
     void LeaveOutBar();
 
     QLabel* line_;
     QProgressBar* bar_;
+    int lines_ = 1;
 };
 
 }  // namespace counter

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/kit/grid.h"
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
@@ -21,9 +22,11 @@ void SetCharacters(QWidget* widget) {
 
 CalibrationPage::CalibrationPage(CalibrationView& view, QWidget* parent)
     : ViewPage(parent), view_(view), bound_(view.Controls) {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(3 * kGrid, 2 * kGrid, 3 * kGrid, kGrid);
-    column->setSpacing(kGrid);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(3 * kGrid, 2 * kGrid, 3 * kGrid, kGrid);
+    whole->setSpacing(kGrid);
+    auto* body = new PageBody(this);
+    QVBoxLayout* column = &body->Column();
     for (Control* text : {&view.lblProc, &view.picCAL1}) column->addWidget(bound_.Make(*text, this));
     QFont bold = font();
     bold.setBold(true);
@@ -45,7 +48,8 @@ CalibrationPage::CalibrationPage(CalibrationView& view, QWidget* parent)
     column->addLayout(factor);
     column->addWidget(bound_.Make(view.lblDone, this));
     column->addStretch(1);
-    column->addLayout(bound_.MakeButtonRow(this, {&view.cmdOK, &view.cmdCANCEL}));
+    whole->addWidget(body, 1);
+    whole->addLayout(bound_.MakeButtonRow(this, {&view.cmdOK, &view.cmdCANCEL}));
     for (Control* stage : {&view.lblCalc, &view.lblReturn, &view.lblSet, &view.txtScaleFactor, &view.lblPPM,
                            &view.lblRange, &view.lblDone})
         KeepPlace(bound_.WidgetOf(*stage));

@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kEntryCharacters = 14;
 constexpr QLatin1String kBetween("    ");
+constexpr int kLeastCharacters = 8;  // in a window that is narrow
 
 }  // namespace
 
@@ -107,7 +108,9 @@ void ChartPage::AddScaleEntry(QVBoxLayout& column) {
     for (const auto& [label, number] : pairs) {
         QWidget* field = bound_.Make(*number, this);
         field->setAccessibleName(QtText(label->Caption));
-        field->setFixedWidth(field->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kEntryCharacters);
+        const int digit = field->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+        field->setMinimumWidth(digit * kLeastCharacters);
+        field->setMaximumWidth(digit * kEntryCharacters);
         entry->addWidget(bound_.Make(*label, this), 0, place);
         entry->addWidget(field, 1, place++);
     }
@@ -139,31 +142,19 @@ QHBoxLayout* ChartPage::MakeOptions() {
     return row;
 }
 
-// Captions are plain, so the keys are told by the tips.
 void ChartPage::Explain() {
     const struct {
-        const char *Name, *Tip, *Keys;
-    } tips[] = {
-        {"cmdNewScale", "Ends the run and asks for a scale", "Alt+N"},
-        {"cmdAuto", "A scale that the latest readings fill", "Alt+A"},
-        {"cmdLast", "The scale of the last run", "Alt+L"},
-        {"cboItem", "Which value of a frame with several is shown", "Alt+I"},
-        {"cboSecond", "A second value of the same frames, in another colour", "Alt+D"},
-        {"chkSetpoints", "Setpoints of the setup in memory, of the alarms that watch the item", "Alt+T"},
-        {"chkRolling", "The newest reading stays at the right edge and the chart never ends", "Alt+R"},
-        {"cmdPicture", "The chart as a PNG, SVG or BMP file", "Alt+P"}};
-    for (const auto& [name, tip, keys] : tips) {
-        auto* widget = findChild<QWidget*>(QLatin1String(name));
-        if (!widget) continue;
-        widget->setToolTip(QStringLiteral("%1 (%2)").arg(QLatin1String(tip), QLatin1String(keys)));
-        const QKeySequence sequence{QLatin1String(keys)};
-        if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
-            button->setShortcut(sequence);
-        } else {
-            auto* shortcut = new QShortcut(sequence, this);
-            connect(shortcut, &QShortcut::activated, widget,
-                    [widget] { widget->setFocus(Qt::ShortcutFocusReason); });
-        }
+        const char *Name, *Tip;
+    } tips[] = {{"cmdNewScale", "Ends the run and asks for a scale"},
+                {"cmdAuto", "A scale that the latest readings fill"},
+                {"cmdLast", "The scale of the last run"},
+                {"cboItem", "Which value of a frame with several is shown"},
+                {"cboSecond", "A second value of the same frames, in another colour"},
+                {"chkSetpoints", "Setpoints of the setup in memory, of the alarms that watch the item"},
+                {"chkRolling", "The newest reading stays at the right edge and the chart never ends"},
+                {"cmdPicture", "The chart as a PNG, SVG or BMP file"}};
+    for (const auto& [name, tip] : tips) {
+        if (auto* widget = findChild<QWidget*>(QLatin1String(name))) widget->setToolTip(QLatin1String(tip));
     }
 }
 

@@ -3,9 +3,12 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QShortcut>
 #include <QVBoxLayout>
 
+#include "desktop/kit/box_flow.h"
 #include "desktop/kit/grid.h"
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
@@ -30,16 +33,17 @@ void AsReadingField(QWidget* widget) {
 CommandsPage::CommandsPage(CommandsView& view, QWidget* parent)
     : ViewPage(parent), view_(view), bound_(view.Controls), strip_(new StatusStrip(this)) {
     QVBoxLayout* column = strip_->LieBelow(this);
-    auto* groups = new QGridLayout;
-    groups->setSpacing(kGrid);
-    groups->addWidget(Readings(), 0, 0, 2, 1);
-    groups->addWidget(Resets(), 0, 1, 2, 1);
-    groups->addWidget(RemoteDisplay(), 0, 2);
-    groups->addWidget(Curve(), 1, 2);
-    for (int i = 0; i < 3; ++i) groups->setColumnStretch(i, 1);
-    column->addLayout(groups);
-    column->addStretch(1);
+    auto* content = new QWidget;
+    auto* groups = new BoxFlow(content, 3);
+    groups->setContentsMargins(0, 0, 0, 0);
+    groups->Add(Readings(), 0, 0, 2);
+    groups->Add(Resets(), 0, 1, 2);
+    groups->Add(RemoteDisplay(), 0, 2);
+    groups->Add(Curve(), 1, 2);
+    column->addWidget(new PageBody(this, content), 1);
     column->addLayout(bound_.MakeButtonRow(this, {&view.cmdOK}));
+    auto* reading = new QShortcut(QKeySequence(Qt::Key_F5), this);
+    QObject::connect(reading, &QShortcut::activated, this, [this] { Read(); });
     bound_.BindSpecial(view.lblErrText, &strip_->Line(), [this] { strip_->ShowLine(view_.lblErrText); });
     bound_.Unfit = [this](const Control&, const std::string& typed) { view_.RefuseTyped(typed); };
     bound_.Refresh();
@@ -47,6 +51,13 @@ CommandsPage::CommandsPage(CommandsView& view, QWidget* parent)
 
 QString CommandsPage::Title() const {
     return QtText(CommandsView::kTitle);
+}
+
+// Over Modbus there is no button for all Items.
+void CommandsPage::Read() {
+    for (Control* button : {&view_.cmdActive, &view_.cmdItem1}) {
+        if (view_.Controls.Reach(*button) == Refusal::None) return bound_.Press(*button);
+    }
 }
 
 void CommandsPage::ComeToFront() {
@@ -108,6 +119,7 @@ QWidget* CommandsPage::RemoteDisplay() {
     row->addWidget(bound_.Make(view_.lblValue, group));
     QWidget* entry = bound_.Make(view_.txtRmtDspy, group);
     entry->setAccessibleName(QtText(view_.lblValue.Caption));
+    static_cast<QLabel*>(bound_.WidgetOf(view_.lblValue))->setBuddy(entry);
     row->addWidget(entry, 1);
     column->addLayout(row);
     for (Control* button : {&view_.cmdDspyOnly, &view_.cmdItm3Only, &view_.cmdBoth, &view_.cmdC})

@@ -25,6 +25,7 @@ class CommandsPage : public ViewPage {
     void ComeBack() { view_.Activate(); }
 
   private:
+    void Read();
     QGroupBox* AddGroup(Control& caption);
     QWidget* Readings();
     QWidget* Resets();

@@ -97,14 +97,13 @@ QWidget* CharactersBox(SetupLayout& layout, QWidget* frame) {
 }  // namespace
 
 void LayOutCommunication(SetupLayout& layout, QWidget* page) {
-    QGridLayout* grid = MakePageGrid(page, 1);
+    auto* grid = new BoxFlow(page, 1, 3);
     QWidget* frame = layout.Bound.MakeGroup(layout.View.Communication.fraSerComm, page);
-    grid->addWidget(frame, 0, 0);
-    grid->setRowStretch(1, 1);
-    QGridLayout* columns = MakePageGrid(frame, 3);
-    columns->addWidget(LineBox(layout, frame), 0, 0);
-    columns->addWidget(OutputBox(layout, frame), 0, 1);
-    columns->addWidget(CharactersBox(layout, frame), 0, 2);
+    grid->Add(frame, 0, 0);
+    auto* columns = new BoxFlow(frame, 3);
+    columns->Add(LineBox(layout, frame), 0, 0);
+    columns->Add(OutputBox(layout, frame), 0, 1);
+    columns->Add(CharactersBox(layout, frame), 0, 2);
 }
 
 }  // namespace counter

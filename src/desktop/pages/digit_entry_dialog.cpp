@@ -2,11 +2,11 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/kit/access_keys.h"
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
@@ -38,7 +38,7 @@ void DigitEntryDialog::AddButtons(QHBoxLayout& layout) {
     layout.addStretch(1);
     for (const char* name : {"cmdOK", "cmdCancel"}) {
         Control& control = *entry_.Controls.Find(name);
-        auto* button = new QPushButton(QtText(control.Caption), this);
+        auto* button = new PushButton(QtText(control.Caption), this);
         button->setObjectName(ObjectName(control));
         bound_.BindSpecial(control, button, [] {});
         QObject::connect(button, &QPushButton::clicked, this, [this, &control] { Press(control); });
@@ -63,6 +63,7 @@ void DigitEntryDialog::Press(Control& button) {
 void DigitEntryDialog::Present(const QWidget* field, bool lowPlace) {
     beepsHeard_ = entry_.Beeps();
     front_->Refresh();
+    GiveAccessKeys(*this);
     adjustSize();
     if (field) {
         const QRect place(field->mapToGlobal(QPoint()), field->size());

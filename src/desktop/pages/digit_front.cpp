@@ -29,7 +29,7 @@ QSize BoxSize(const QWidget& widget) {
 }
 
 // One place of the display. A point that is in the box is drawn after its digit.
-class DigitBox : public QWidget {
+class DigitBox : public QWidget, public Spoken {
   public:
     DigitBox(const DigitEntry& entry, int box, DigitFront* front) : QWidget(front), entry_(entry), box_(box) {
         setObjectName(QStringLiteral("txtDigit[%1]").arg(box));
@@ -39,6 +39,8 @@ class DigitBox : public QWidget {
     std::function<void()> Pressed;
 
     QSize sizeHint() const override { return BoxSize(*this); }
+    QAccessible::Role SpokenRole() const override { return QAccessible::StaticText; }
+    QString SpokenValue() const override { return QtText(entry_.BoxText(box_)); }
 
   protected:
     void mousePressEvent(QMouseEvent* event) override {
@@ -86,13 +88,16 @@ class DigitBox : public QWidget {
 };
 
 // The mark of the point: a full disc where it is lit, a small ring where it isn't.
-class PointMark : public QWidget {
+class PointMark : public QWidget, public Spoken {
   public:
     PointMark(const DigitEntry& entry, int mark, QWidget* front)
         : QWidget(front), entry_(entry), mark_(mark) {
         setObjectName(QStringLiteral("lblDP[%1]").arg(mark));
+        setAccessibleName(QStringLiteral("Point after digit %1").arg(kDigitBoxes - 1 - mark));
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
+    QAccessible::Role SpokenRole() const override { return QAccessible::Indicator; }
+    QString SpokenValue() const override { return QLatin1String(entry_.MarkLit(mark_) ? "lit" : "off"); }
     QSize sizeHint() const override {
         const QSize box = BoxSize(*this);
         return {box.width() / 2, box.height()};
@@ -118,6 +123,7 @@ class PointMark : public QWidget {
 }  // namespace
 
 DigitFront::DigitFront(DigitEntry& entry, QWidget* parent) : QWidget(parent), entry_(entry) {
+    ServeSpoken();
     setObjectName(QStringLiteral("digits"));
     setAccessibleName(QStringLiteral("Digits"));
     setFocusPolicy(Qt::StrongFocus);
@@ -137,16 +143,20 @@ DigitFront::DigitFront(DigitEntry& entry, QWidget* parent) : QWidget(parent), en
     }
 }
 
-void DigitFront::Refresh() {
+QString DigitFront::SpokenValue() const {
     QString text;
+    for (int i = 0; i < kDigitBoxes; ++i) text += QtText(entry_.BoxText(i));
+    return text;
+}
+
+void DigitFront::Refresh() {
     for (int i = 0; i < kDigitBoxes; ++i) {
         auto* box = findChild<QWidget*>(QStringLiteral("txtDigit[%1]").arg(i));
         const Control* control = entry_.Controls.Find("txtDigit", i);
         if (box->isEnabled() != control->Enabled) box->setEnabled(control->Enabled);
         box->setAccessibleDescription(QtText(control->Text));
-        text += QtText(control->Text);
     }
-    setAccessibleDescription(QStringLiteral("%1, digit %2").arg(text).arg(entry_.FocusedBox()));
+    setAccessibleDescription(QStringLiteral("%1, digit %2").arg(SpokenValue()).arg(entry_.FocusedBox()));
     for (QWidget* part : findChildren<QWidget*>()) part->update();
 }
 

@@ -5,11 +5,12 @@
 #include <QWidget>
 #include <functional>
 
+#include "desktop/kit/spoken.h"
 #include "digit_entry/digit_entry.h"
 
 namespace counter {
 
-class DigitFront : public QWidget {
+class DigitFront : public QWidget, public Spoken {
   public:
     DigitFront(DigitEntry& entry, QWidget* parent);
 
@@ -18,6 +19,10 @@ class DigitFront : public QWidget {
 
     // Boxes and marks are drawn again where they may have changed.
     void Refresh();
+
+    QAccessible::Role SpokenRole() const override { return QAccessible::EditableText; }
+    // "+012.50": the digits with their point.
+    QString SpokenValue() const override;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -55,6 +55,7 @@ std::optional<FaceText> ParseFaceLine(const std::string& line) {
 }
 
 FaceWidget::FaceWidget(QWidget* parent) : QWidget(parent) {
+    ServeSpoken();
     setObjectName(QStringLiteral("face"));
 }
 

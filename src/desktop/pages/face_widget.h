@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "desktop/kit/spoken.h"
+
 namespace counter {
 
 struct FaceText {
@@ -23,7 +25,7 @@ struct FaceText {
 //                           remote value
 std::optional<FaceText> ParseFaceLine(const std::string& line);
 
-class FaceWidget : public QWidget {
+class FaceWidget : public QWidget, public Spoken {
   public:
     explicit FaceWidget(QWidget* parent = nullptr);
 
@@ -31,6 +33,8 @@ class FaceWidget : public QWidget {
     // "-1234.56, alarm 1 on, alarm 2 off, ...": also its accessible name.
     static QString PlainText(const FaceText& face);
 
+    QAccessible::Role SpokenRole() const override { return QAccessible::StaticText; }
+    QString SpokenValue() const override { return QString::fromStdString(face_.Digits); }
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint() / 2; }
 

@@ -1,11 +1,13 @@
 #include "desktop/pages/help_dialog.h"
 
-#include <QPushButton>
 #include <QTextCursor>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+#include "desktop/kit/access_keys.h"
+#include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
@@ -27,7 +29,7 @@ HelpDialog::HelpDialog(const HelpContent& content, QWidget* parent) : QDialog(pa
     PadByGrid(column);
     auto* text = MakeText(content);
     column->addWidget(text);
-    auto* ok = new QPushButton(QStringLiteral("OK"), this);
+    auto* ok = new PushButton(QStringLiteral("OK"), this);
     ok->setObjectName(QStringLiteral("cmdOK"));
     ok->setDefault(true);
     column->addWidget(ok, 0, Qt::AlignHCenter);
@@ -37,8 +39,10 @@ HelpDialog::HelpDialog(const HelpContent& content, QWidget* parent) : QDialog(pa
     });
     const int twips = content.Width > 0 ? content.Width : kStandardWidth;
     const int columns = content.FixedPitch ? text->fontMetrics().horizontalAdvance('0') * kTableColumns : 0;
-    resize(std::max(twips * logicalDpiX() / kTwipsPerInch, columns), sizeHint().height());
+    const QSize wanted(std::max(twips * logicalDpiX() / kTwipsPerInch, columns), sizeHint().height());
+    resize(wanted.boundedTo(ScreenRoom(*this).size()));
     ok->setFocus();
+    GiveAccessKeys(*this);
 }
 
 QTextEdit* HelpDialog::MakeText(const HelpContent& content) {
@@ -59,7 +63,8 @@ QTextEdit* HelpDialog::MakeText(const HelpContent& content) {
         cursor.insertText(QtText(piece.Text).remove(QLatin1Char('\r')), format);
     }
     text->moveCursor(QTextCursor::Start);  // what is inserted moves it on, and a long text would show its end
-    text->setMinimumHeight(text->fontMetrics().lineSpacing() * kLines);
+    text->setMinimumHeight(
+        std::min(text->fontMetrics().lineSpacing() * kLines, ScreenRoom(*this).height() * 2 / 3));
     return text;
 }
 

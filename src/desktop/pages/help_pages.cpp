@@ -4,21 +4,40 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSvgRenderer>
 #include <QSvgWidget>
 #include <QVBoxLayout>
 
+#include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
+#include "desktop/kit/spoken.h"
 
 namespace counter {
 
 namespace {
 
-constexpr int kTextCharacters = 40;  // of the text beside a drawing
+constexpr int kTextCharacters = 40;       // of the text beside a drawing
+constexpr QSize kLeastDrawing(600, 373);  // at which its smallest text can be read
+
+// The drawing of a board. Its words are its description.
+class BoardDrawing : public QSvgWidget, public Spoken {
+  public:
+    using QSvgWidget::QSvgWidget;
+    QAccessible::Role SpokenRole() const override { return QAccessible::Graphic; }
+};
+
+QString WordsIn(const QString& drawing) {
+    static const QRegularExpression kText(QStringLiteral("<text[^>]*>([^<]+)</text>"));
+    QStringList words;
+    for (auto found = kText.globalMatch(drawing); found.hasNext();) words += found.next().captured(1);
+    return words.join(QLatin1Char('\n'));
+}
 
 QPushButton* Button(const char* name, std::string_view caption, QWidget* parent) {
-    auto* button = new QPushButton(PlainCaption(caption), parent);
+    auto* button = new PushButton(PlainCaption(caption), parent);
     button->setObjectName(QLatin1String(name));
     button->setAutoDefault(true);
     return button;
@@ -59,7 +78,7 @@ SetupHelpPage::SetupHelpPage(HelpWorld world, QWidget* parent) : ViewPage(parent
     picture->setTextFormat(Qt::PlainText);
     picture->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     picture->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    column->addWidget(picture, 1);
+    column->addWidget(new PageBody(this, picture), 1);
     QPushButton* ok = Button("cmdMHelp", kSetupHelpOk, this);
     cmdMHelp_ = ok;
     QObject::connect(ok, &QPushButton::clicked, this, [this] { Leave(); });
@@ -113,17 +132,21 @@ JumperPage::JumperPage(HelpWorld world, const JumperScreen& screen, QWidget* par
     : ViewPage(parent),
       world_(std::move(world)),
       screen_(screen),
-      drawing_(new QSvgWidget(this)),
+      drawing_(new BoardDrawing(this)),
       text_(new QLabel(this)) {
     QVBoxLayout* column = Column(this);
+    ServeSpoken();
     drawing_->setAccessibleName(Title());
     text_->setTextFormat(Qt::PlainText);
     text_->setWordWrap(true);
     text_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     text_->setMinimumWidth(text_->fontMetrics().averageCharWidth() * kTextCharacters);
-    column->addWidget(drawing_, 1);
-    column->addWidget(text_);
+    drawing_->setMinimumSize(kLeastDrawing);
+    auto* body = new PageBody(this);
+    body->Column().addWidget(drawing_, 1);
+    body->Column().addWidget(text_);
+    column->addWidget(body, 1);
     QPushButton* print = Button("cmdPrinter", "Print", this);
     QPushButton* close = Button("cmdClose", "OK", this);
     cmdClose_ = close;
@@ -155,6 +178,7 @@ void JumperPage::ComeToFront() {
         std::string drawing;
         if (!world_.Store.Read(folder + name, drawing).Ok()) continue;
         drawing_->load(QByteArray::fromStdString(drawing));
+        drawing_->setAccessibleDescription(WordsIn(QString::fromStdString(drawing)));
         drawing_->renderer()->setAspectRatioMode(Qt::KeepAspectRatio);
         return;
     }

@@ -55,7 +55,7 @@ class BatchHelpPage : public ViewPage {
     QString Title() const override;
     // Reads the reference; where it can't be read, the page says so.
     void ComeToFront() override;
-    void PutAway() override {}
+    void PutAway() override { world_.Views.HelpId = kHomeHelpId; }
     void Leave() override { world_.GoHome(); }
     void HelpKey() override { AskHelp(kHelpHeadingId); }
     QWidget* FirstFocus() override;
@@ -76,7 +76,7 @@ class JumperPage : public ViewPage {
     QString Title() const override;
     // Shows the drawing, and the text where it can be read.
     void ComeToFront() override;
-    void PutAway() override {}
+    void PutAway() override { world_.Views.HelpId = kHomeHelpId; }
     void Leave() override { world_.GoHome(); }
     void HelpKey() override { AskHelp(screen_.HelpId != 0 ? screen_.HelpId : kJumpersHeadingId); }
     QWidget* FirstFocus() override { return cmdClose_; }

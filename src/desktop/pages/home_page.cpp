@@ -8,6 +8,7 @@
 
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
@@ -16,6 +17,27 @@ namespace {
 
 constexpr int kTallLines = 20;  // of the text area, and at rest
 constexpr int kShortLines = 9;
+
+struct MenuKey {
+    HomeItem Item;
+    QKeyCombination Keys;
+};
+
+// The menu shows them; data/help tells them under 3103.
+constexpr MenuKey kMenuKeys[] = {
+    {HomeItem::Open, Qt::CTRL | Qt::Key_O},
+    {HomeItem::Save, Qt::CTRL | Qt::Key_S},
+    {HomeItem::SaveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S},
+    {HomeItem::Get, Qt::CTRL | Qt::Key_G},
+    {HomeItem::Put, Qt::CTRL | Qt::Key_U},
+};
+
+QKeySequence KeysOf(HomeItem item) {
+    for (const MenuKey& key : kMenuKeys) {
+        if (key.Item == item) return key.Keys;
+    }
+    return {};
+}
 
 }  // namespace
 
@@ -51,7 +73,8 @@ void HomePage::AddMenu() {
         if (row.Heading) {
             under = AddHeading(control);
         } else {
-            AddEntry(control, *under, row.Opens || row.Item == HomeItem::Glossary);
+            AddEntry(control, *under, row.Opens || row.Item == HomeItem::Glossary)
+                ->setShortcut(KeysOf(row.Item));
         }
     }
 }
@@ -78,7 +101,7 @@ QMenu* HomePage::AddHeading(Control& heading) {
 
 // A view, or help, opens once the menu has gone: a menu that was worked by keys gives the focus back to where
 // it was, and must not take it from the view.
-void HomePage::AddEntry(Control& entry, QMenu& under, bool opensView) {
+QAction* HomePage::AddEntry(Control& entry, QMenu& under, bool opensView) {
     QAction* action = under.addAction(QtText(entry.Caption));
     QObject::connect(action, &QAction::triggered, this, [this, &entry, opensView] {
         const auto click = [this, &entry] { view_.Controls.Click(entry); };
@@ -89,6 +112,7 @@ void HomePage::AddEntry(Control& entry, QMenu& under, bool opensView) {
         }
     });
     bound_.BindAction(entry, action);
+    return action;
 }
 
 void HomePage::AddText() {
@@ -114,15 +138,16 @@ void HomePage::AddText() {
     buttons->addStretch(1);
     for (Control* control : {&view_.lblTest, &view_.lblTest1, &view_.lblTest2})
         buttons->addWidget(bound_.Make(*control, this));
-    auto* inset = new QVBoxLayout;
-    inset->setContentsMargins(kGrid, 0, kGrid, 0);
-    inset->addWidget(textArea_);
+    auto* body = new PageBody(this);
+    body->Column().setContentsMargins(kGrid, 0, kGrid, 0);
+    body->Column().addWidget(textArea_);
+    body->Column().addStretch(1);
     column->addLayout(buttons);
-    column->addLayout(inset);
-    column->addStretch(1);
+    column->addWidget(body, 1);
     column->addWidget(strip_);
     bound_.BindSpecial(view_.lblPGText, &strip_->Line(), [this] { strip_->ShowLine(view_.lblPGText); });
     bound_.Bind(view_.pbBar, &strip_->Bar());
+    strip_->Bar().setAccessibleName("Progress of the transfer");
     bound_.BindSpecial(view_.picText, textArea_, [this] { ShowText(); });
 }
 
@@ -131,7 +156,7 @@ void HomePage::ShowText() {
     if (const QString shown = QtText(view_.picText.Text); text->text() != shown) text->setText(shown);
     const int lines = view_.TallText() ? kTallLines : kShortLines;
     const int height = text->fontMetrics().lineSpacing() * lines + 2 * kGrid;
-    if (text->minimumHeight() != height) text->setFixedHeight(height);
+    if (text->minimumHeight() != height) text->setMinimumHeight(height);
 }
 
 }  // namespace counter

@@ -29,7 +29,7 @@ class HomePage : public ViewPage {
   private:
     void AddMenu();
     QMenu* AddHeading(Control& heading);
-    void AddEntry(Control& entry, QMenu& under, bool opensView);
+    QAction* AddEntry(Control& entry, QMenu& under, bool opensView);
     void AddText();
     void ShowText();
 

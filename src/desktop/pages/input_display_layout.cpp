@@ -88,14 +88,13 @@ QWidget* CalibrationBox(SetupLayout& layout, QWidget* page) {
 }  // namespace
 
 void LayOutInputDisplay(SetupLayout& layout, QWidget* page) {
-    QGridLayout* grid = MakePageGrid(page, 3);
-    grid->addWidget(BoardsBox(layout, page), 0, 0);
-    grid->addWidget(ClassBox(layout, page), 1, 0);
-    grid->addWidget(InputBox(layout, page), 0, 1, 2, 1);
-    grid->addWidget(DisplayBox(layout, page), 0, 2);
-    grid->addWidget(CalibrationBox(layout, page), 1, 2, Qt::AlignBottom);
-    grid->addWidget(ControlInputsBox(layout, page), 2, 0, 1, 3);
-    grid->setRowStretch(3, 1);
+    auto* grid = new BoxFlow(page, 3);
+    grid->Add(BoardsBox(layout, page), 0, 0);
+    grid->Add(ClassBox(layout, page), 1, 0);
+    grid->Add(InputBox(layout, page), 0, 1, 2, 1);
+    grid->Add(DisplayBox(layout, page), 0, 2);
+    grid->Add(CalibrationBox(layout, page), 1, 2);
+    grid->Add(ControlInputsBox(layout, page), 2, 0, 1, 3);
 }
 
 }  // namespace counter

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/kit/grid.h"
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 #include "desktop/pages/help_dialog.h"
 #include "shell/link_help.h"
@@ -18,7 +19,7 @@ namespace {
 
 constexpr int kFirstRow = 1;       // of a grid: an empty one counts one row
 constexpr int kCaptionWidth = 34;  // of all groups, in characters
-constexpr int kWindowWidth = 90;
+constexpr int kWidestGroup = 120;  // wider fields read no better
 constexpr int kStripLines = 3;
 
 }  // namespace
@@ -30,12 +31,16 @@ LinkWindow::LinkWindow(LinkSetup& view)
     QObject::connect(help, &QShortcut::activated, this, [this] { ShowHelp(); });
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
-    auto* column = new QVBoxLayout;
+    auto* body = new PageBody(this);
+    QVBoxLayout* column = &body->Column();
     PadByGrid(column);
-    whole->addLayout(column);
-    whole->addStretch(1);
+    auto* buttons = new QVBoxLayout;
+    PadByGrid(buttons);
+    whole->setSpacing(0);
+    whole->addWidget(body, 1);
+    whole->addLayout(buttons);
     whole->addWidget(strip_);
-    strip_->Line().setMinimumHeight(fontMetrics().lineSpacing() * kStripLines);
+    strip_->KeepLines(kStripLines);
 
     QGridLayout* line = AddGroup(*column, "Line");
     for (Control* control : {&view.cboPort, &view.txtDevice, &view.cboBaud}) AddRow(*line, *control);
@@ -50,11 +55,18 @@ LinkWindow::LinkWindow(LinkSetup& view)
     AddWide(*node, view.chkNode);
     for (Control* control : {&view.txtNode, &view.txtNodeIp, &view.txtNodeUdp, &view.txtTcp})
         AddRow(*node, *control);
-    AddButtons(*column);
+    column->addStretch(1);
+    AddButtons(*buttons);
     bound_.BindSpecial(view.lblResult, &strip_->Line(), [this] { strip_->ShowLine(view_.lblResult); });
     bound_.Bind(view_.pbFind, &strip_->Bar());
+    strip_->Bar().setAccessibleName("Progress of the search");
     bound_.Refresh();
-    resize(fontMetrics().averageCharWidth() * kWindowWidth, sizeHint().height());
+}
+
+// The lists have their entries by now.
+void LinkWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!event->spontaneous()) resize(sizeHint().boundedTo(ScreenRoom(*this).size()));
 }
 
 void LinkWindow::ShowHelp() {
@@ -79,6 +91,7 @@ QGridLayout* LinkWindow::AddGroup(QVBoxLayout& column, const QString& title) {
     auto* grid = new QGridLayout(group);
     grid->setSpacing(kGrid);
     grid->setColumnStretch(1, 1);
+    group->setMaximumWidth(fontMetrics().averageCharWidth() * kWidestGroup);
     column.addWidget(group);
     return grid;
 }

@@ -18,6 +18,7 @@ class LinkWindow : public QWidget {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     // F1 out of a list that was dropped down; otherwise the shortcut takes it.
     void keyPressEvent(QKeyEvent* event) override;
 

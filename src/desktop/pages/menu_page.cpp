@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QVBoxLayout>
 
+#include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 
@@ -23,7 +24,7 @@ QLabel* MakeText(const char* name, std::string_view text, QWidget* parent) {
 }
 
 QPushButton* MakeButton(const char* name, std::string_view caption, QWidget* parent) {
-    auto* button = new QPushButton(QtText(caption), parent);
+    auto* button = new PushButton(PlainCaption(caption), parent);
     button->setObjectName(QLatin1String(name));
     return button;
 }

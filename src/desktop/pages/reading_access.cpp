@@ -32,7 +32,9 @@ class CellAccess : public QAccessibleInterface, public QAccessibleTableCellInter
     QAccessible::Role role() const override { return QAccessible::Cell; }
     QString text(QAccessible::Text which) const override {
         const bool told = which == QAccessible::Name || which == QAccessible::Value;
-        return told && isValid() ? grid_.CellText(row_, column_) : QString();
+        if (!told || !isValid()) return {};
+        const QString reading = grid_.CellText(row_, column_);
+        return reading.isEmpty() ? QStringLiteral("blank") : reading;
     }
     void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override {

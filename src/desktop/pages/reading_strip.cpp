@@ -55,7 +55,9 @@ std::vector<QString> TextsOf(const ReadingWords& words) {
 FigureLines::FigureLines(const ReadingView& view, QWidget* parent) : QWidget(parent), view_(view) {
     ServeReadersOfScreens();
     setAccessibleName("Figures of the readings");
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
     setAttribute(Qt::WA_OpaquePaintEvent);  // the page behind it isn't painted again
 }
 
@@ -68,6 +70,33 @@ void FigureLines::Follow() {
     update();
 }
 
+// From the left, a line of figures below the other; one that finds no room begins a line of its own.
+std::vector<QPoint> FigureLines::Places(int width) const {
+    std::vector<QPoint> places;
+    int left = 0, top = 0, line = 0;
+    for (const Figure& field : kFigures) {
+        const int need = WidthOf(field, fontMetrics());
+        if (field.Line != line || (left > 0 && left + need > width)) {
+            left = 0;
+            top += fontMetrics().lineSpacing();
+        }
+        line = field.Line;
+        places.emplace_back(left, top);
+        left += need;
+    }
+    return places;
+}
+
+int FigureLines::heightForWidth(int width) const {
+    return Places(width).back().y() + fontMetrics().lineSpacing();
+}
+
+QSize FigureLines::minimumSizeHint() const {
+    int width = 0;
+    for (const Figure& field : kFigures) width = std::max(width, WidthOf(field, fontMetrics()));
+    return {width, fontMetrics().lineSpacing()};
+}
+
 QSize FigureLines::sizeHint() const {
     int width[2] = {0, 0};
     for (const Figure& field : kFigures) width[field.Line] += WidthOf(field, fontMetrics());
@@ -78,13 +107,9 @@ void FigureLines::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(event->rect(), palette().window());
     painter.setPen(palette().color(QPalette::WindowText));
-    int left[2] = {0, 0};
-    for (std::size_t i = 0; i < shown_.size(); ++i) {
-        const Figure& field = kFigures[i];
-        const int top = field.Line * fontMetrics().lineSpacing();
-        painter.drawText(left[field.Line], top + fontMetrics().ascent(), shown_[i]);
-        left[field.Line] += WidthOf(field, fontMetrics());
-    }
+    const std::vector<QPoint> places = Places(width());
+    for (std::size_t i = 0; i < shown_.size(); ++i)
+        painter.drawText(places[i] + QPoint(0, fontMetrics().ascent()), shown_[i]);
 }
 
 ReadingStrip::ReadingStrip(ReadingView& view, Binder& bound, QWidget* parent)
@@ -105,7 +130,7 @@ ReadingStrip::ReadingStrip(ReadingView& view, Binder& bound, QWidget* parent)
 
 void ReadingStrip::Follow() {
     lines_->Follow();
-    const QString words = view_.Keeper ? QtText(view_.Keeper->Words()) : QString();
+    const QString words = view_.Keeper ? SystemText(view_.Keeper->Words()) : QString();
     if (record_->text() == words) return;
     record_->setText(words);
     record_->setVisible(!words.isEmpty());

@@ -17,12 +17,15 @@ class FigureLines : public QWidget {
     FigureLines(const ReadingView& view, QWidget* parent);
     void Follow();
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    std::vector<QPoint> Places(int width) const;
+
     const ReadingView& view_;
     std::vector<QString> shown_;
 };

@@ -58,14 +58,13 @@ QWidget* ItemBox(SetupLayout& layout, QWidget* page, Control& frame, Control& na
 
 void LayOutScaling(SetupLayout& layout, QWidget* page) {
     const ScalingPage& scaling = layout.View.Scaling;
-    QGridLayout* grid = MakePageGrid(page, 3);
+    auto* grid = new BoxFlow(page, 3);
     for (int level = 0; level < ScalingPage::kLevels; ++level) {
-        grid->addWidget(ItemBox(layout, page, scaling.fraItem1[level], scaling.lblItem1[level]), 0, 0);
-        grid->addWidget(ItemBox(layout, page, scaling.fraItem2[level], scaling.lblItem2[level]), 0, 1);
+        grid->Add(ItemBox(layout, page, scaling.fraItem1[level], scaling.lblItem1[level]), 0, 0);
+        grid->Add(ItemBox(layout, page, scaling.fraItem2[level], scaling.lblItem2[level]), 0, 1);
         if (scaling.fraItem3.Has(level))
-            grid->addWidget(ItemBox(layout, page, scaling.fraItem3[level], scaling.lblItem3[level]), 0, 2);
+            grid->Add(ItemBox(layout, page, scaling.fraItem3[level], scaling.lblItem3[level]), 0, 2);
     }
-    grid->setRowStretch(1, 1);
 }
 
 }  // namespace counter

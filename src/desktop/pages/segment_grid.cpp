@@ -144,9 +144,11 @@ void SegmentGrid::Fill(int row, std::span<const std::string_view> cells) {
     for (std::size_t column = 0; column < cells.size(); ++column) {
         auto* item = new QTableWidgetItem(Latin(cells[column]));
         item->setToolTip(item->text());
+        item->setData(Qt::AccessibleTextRole,
+                      item->text().isEmpty() ? QStringLiteral("blank") : item->text());
         setItem(row - 1, static_cast<int>(column), item);
     }
-    item(row - 1, 0)->setData(Qt::AccessibleTextRole, RowText(row));
+    if (HasNames()) item(row - 1, 0)->setData(Qt::AccessibleTextRole, RowText(row));
 }
 
 void SegmentGrid::SetRowHeight(int height) {

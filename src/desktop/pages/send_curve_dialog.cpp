@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/kit/grid.h"
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
@@ -31,9 +32,11 @@ SendCurveDialog::SendCurveDialog(SendCurveView& view, QWidget* parent)
     text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     text->setMargin(kGrid);
     const QFontMetrics metrics = text->fontMetrics();
-    text->setMinimumSize(metrics.horizontalAdvance(QLatin1Char('0')) * kTextColumns,
+    text->setMinimumSize(metrics.horizontalAdvance(QLatin1Char('0')) * kTextColumns + 4 * kGrid,
                          metrics.lineSpacing() * kTextLines);
-    column->addWidget(text, 1);
+    auto* body = new PageBody(this);
+    body->Column().addWidget(text);
+    column->addWidget(body, 1);
     auto* group = static_cast<QGroupBox*>(bound_.MakeGroup(view.fraVF, this));
     auto* options = new QHBoxLayout(group);
     for (Control* option : {&view.optMainBd, &view.optVFBd}) options->addWidget(bound_.Make(*option, group));
@@ -59,6 +62,7 @@ void SendCurveDialog::OpenFresh(std::function<void()> closed) {
         if (closed_) closed_();
     };
     view_.Load();
+    resize(sizeHint().boundedTo(ScreenRoom(*this).size()));
     open();
     bound_.WidgetOf(view_.txtFileName)->setFocus();
 }

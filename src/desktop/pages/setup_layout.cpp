@@ -89,14 +89,4 @@ void BoxColumn::AddWidget(QWidget* widget) {
     grid_->addWidget(widget, row_++, 0);
 }
 
-QGridLayout* MakePageGrid(QWidget* page, int columns) {
-    auto* grid = new QGridLayout(page);
-    PadByGrid(grid);
-    for (int i = 0; i < columns; ++i) {
-        grid->setColumnStretch(i, 1);
-        grid->setColumnMinimumWidth(i, 1);
-    }
-    return grid;
-}
-
 }  // namespace counter

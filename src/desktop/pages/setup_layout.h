@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "desktop/kit/binder.h"
+#include "desktop/kit/box_flow.h"
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
 #include "setup_view/setup_view.h"
@@ -63,9 +64,6 @@ class BoxColumn {
     QGridLayout* grid_;
     int row_ = 0;
 };
-
-// A grid of boxes with the page's margins; columns of one width.
-QGridLayout* MakePageGrid(QWidget* page, int columns);
 
 // Each in NAME_layout.cpp, those of one kind of box in plain_layouts.cpp.
 void LayOutInputDisplay(SetupLayout& layout, QWidget* page);

@@ -2,10 +2,11 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QScrollArea>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 
 namespace counter {
@@ -46,6 +47,8 @@ SetupPage::~SetupPage() {
 void SetupPage::AddPages() {
     tabs_->tabBar()->setObjectName(ObjectName(view_.Buttons.tabSetup));
     tabs_->setElideMode(Qt::ElideNone);
+    tabs_->setFocusPolicy(Qt::NoFocus);  // the strip takes it, the frame around it has no name
+    tabs_->tabBar()->setFocusPolicy(Qt::TabFocus);
     constexpr void (*kLayOuts[])(SetupLayout&, QWidget*) = {
         LayOutInputDisplay,  LayOutScaling, LayOutFilter,   LayOutAlarms,
         LayOutCommunication, LayOutAnalog,  LayOutLockouts,
@@ -58,18 +61,11 @@ void SetupPage::AddPages() {
     });
 }
 
-// Only where font or scale are too large for the window does a page scroll.
+// Only where font or scale are too large for the window does a page have fewer columns, and scroll.
 void SetupPage::AddPage(void (*layOut)(SetupLayout&, QWidget*), std::string_view caption) {
-    auto* scroll = new QScrollArea(tabs_);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    auto* page = new QWidget(scroll);
+    auto* page = new QWidget;
     layOut(layout_, page);
-    scroll->setWidget(page);
-    scroll->viewport()->setAutoFillBackground(false);
-    page->setAutoFillBackground(false);
-    tabs_->addTab(scroll, PlainCaption(caption));
+    tabs_->addTab(new PageBody(tabs_, page), PlainCaption(caption));
 }
 
 QWidget* SetupPage::MakeFoot() {
@@ -93,12 +89,15 @@ QWidget* SetupPage::MakeFoot() {
 }
 
 void SetupPage::Connect() {
+    auto* reading = new QShortcut(QKeySequence(Qt::Key_F5), this);
+    QObject::connect(reading, &QShortcut::activated, this, [this] { bound_.Press(view_.Buttons.cmdRead); });
     view_.Controls.Changed = [this] { ShowAll(); };
     bound_.Refused = [this](const Control&, Refusal) { ShowAll(); };
     view_.OpenDigitEntry = [this] { OpenEntry(); };
     // Whatever asks for help, the page on show is the one to come back to.
     view_.OpenHelp = [this](int helpNumber) {
         view_.Program.Views.PageTab = view_.CurrentTab();
+        Unmark();
         if (OpenHelp) OpenHelp(helpNumber);
     };
     view_.ShowMainMenu = [this] {
@@ -157,6 +156,12 @@ void SetupPage::DropEntry() {
     dialog_->Drop();
     wanted_ = nullptr;
     view_.Program.Views.EntryReturn = 0;
+}
+
+// The field that help was asked for out of its digit entry is no longer edited.
+void SetupPage::Unmark() {
+    if (Control* target = view_.Program.Views.EntryTarget) target->BackColor = ColorWhite;
+    bound_.Refresh();
 }
 
 void SetupPage::MoveFocus(const Control& control) {

@@ -51,6 +51,7 @@ class SetupPage : public ViewPage {
     void OpenEntry();
     void CloseEntry();
     void DropEntry();
+    void Unmark();
 
     SetupView& view_;
     Binder bound_;

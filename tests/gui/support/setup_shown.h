@@ -34,7 +34,7 @@ inline std::string Difference(const SetupPage& page, const Control& control) {
         shown = button->text().remove('&');
         if (button->isCheckable() && button->isChecked() != (control.Value == 1)) return "is set otherwise";
     } else if (auto* row = dynamic_cast<const CaptionRow*>(widget)) {
-        shown = const_cast<CaptionRow*>(row)->Caption().text();
+        shown = const_cast<CaptionRow*>(row)->Caption().text().remove('&');
     }
     if (shown.toStdString() != text) return "shows '" + shown.toStdString() + "', not '" + text + "'";
     if (widget->isVisible() != visible) return visible ? "is hidden" : "is on show";

@@ -9,6 +9,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTest>
 #include <string>
@@ -29,8 +30,24 @@ class FontScale {
     QFont before_;
 };
 
-// Every widget with a text has the room that its text needs and lies within what it is in.
-inline void ExpectWhole(const QWidget& shown, const std::string& when) {
+// It is in reach: of what scrolls only up and down, and of nothing that is wider than the window.
+inline void ExpectInReach(const QWidget& widget, const QWidget& window, const std::string& name) {
+    const QWidget* within = &window;
+    for (const QWidget* around = widget.parentWidget(); around && around != &window;
+         around = around->parentWidget()) {
+        if (qobject_cast<const QScrollArea*>(around)) within = around;
+        if (within != &window) break;
+    }
+    const QRect place(widget.mapTo(within, QPoint()), widget.size());
+    EXPECT_TRUE(place.left() >= 0 && place.right() < within->width()) << name << " is cut at the side";
+    const bool scrolls = within != &window;
+    EXPECT_TRUE(scrolls || (place.top() >= 0 && place.bottom() < within->height()))
+        << name << " is out of reach";
+}
+
+// Every widget with a text has the room that its text needs and lies within what it is in; it may have to be
+// scrolled sideways where the window is too small for its font.
+inline void ExpectWhole(const QWidget& shown, const std::string& when, bool mayScroll = false) {
     for (const QWidget* widget : shown.findChildren<QWidget*>()) {
         const bool text = qobject_cast<const QLabel*>(widget) || qobject_cast<const QComboBox*>(widget) ||
                           qobject_cast<const QAbstractButton*>(widget) ||
@@ -42,6 +59,7 @@ inline void ExpectWhole(const QWidget& shown, const std::string& when) {
         EXPECT_TRUE(widget->width() >= need.width() && widget->height() >= need.height())
             << name << " " << QTest::toString(widget->size()) << " needs " << QTest::toString(need);
         if (widget->objectName() == "lblNoChange") continue;  // scrolls away with the row that it is beside
+        if (!mayScroll) ExpectInReach(*widget, shown, name);
         EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry())) << name << " sticks out";
     }
     for (const QTabBar* strip : shown.findChildren<QTabBar*>()) {

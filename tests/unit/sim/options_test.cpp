@@ -5,6 +5,8 @@
 #include <cctype>
 #include <sstream>
 
+#include "sim/memory.h"
+
 namespace sim {
 namespace {
 
@@ -41,6 +43,27 @@ TEST(Options, IllegalTextsChangeNothingAndSayWhatIsLegal) {
     EXPECT_TRUE(bytes.empty());
     EXPECT_EQ(ParseLiveByte("2B=04", bytes), "");
     EXPECT_EQ(bytes.at(0x2B), 4);
+}
+
+TEST(Options, AnAnalogBoardIsInTheMemoryOrRefusedWithTheReason) {
+    const auto why = [](int board, int version, LineProtocol protocol = LineProtocol::CustomAscii) {
+        MeterOptions options;
+        options.AnalogBoard = board;
+        options.Version = version;
+        options.Protocol = protocol;
+        Memory memory;
+        EXPECT_TRUE(memory.LoadImage(StartImage(options)));
+        EXPECT_EQ(memory.Bits(143, 7, 0), board);
+        return WhyNotAnalog(options);
+    };
+    for (const auto& [board, first] : {std::pair(1, 0), {2, 74}, {3, 78}, {4, 78}}) {
+        EXPECT_EQ(why(board, first), "") << board;
+        if (first == 0) continue;
+        const std::string from = " from firmware version " + std::to_string(first) + " on";
+        EXPECT_EQ(why(board, first - 1), "there is analog board " + std::to_string(board) + from);
+    }
+    EXPECT_NE(why(1, 75, LineProtocol::ModbusRtu), "");
+    EXPECT_EQ(why(1, 76, LineProtocol::ModbusRtu) + why(0, 50, LineProtocol::ModbusRtu), "");
 }
 
 TEST(Options, Rates) {
