@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include "desktop/kit/qt_dialogs.h"
 #include "support/gui_pump.h"
@@ -30,11 +29,12 @@ struct DialogBench {
             opened = Under(dialog->directory().filePath(name->text()));
             name->setText(QString::fromUtf8(typed));
             QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
-        });
-        // The question has an event loop of its own, on the real clock.
-        QTimer::singleShot(20, &Window, [&] {
-            auto* box = Window.findChild<QMessageBox*>();
-            if (box) end = "asked", box->reject();
+            // Comes after it, and in the event loop of its own that the question has.
+            const auto answer = [&] {
+                auto* box = Window.findChild<QMessageBox*>();
+                if (box) end = "asked", box->reject();
+            };
+            QMetaObject::invokeMethod(&Window, answer, Qt::QueuedConnection);
         });
         Pump.After(300, [&] {
             if (auto* dialog = Window.findChild<QFileDialog*>()) dialog->reject();

@@ -133,7 +133,7 @@ TEST(HomeView, ADeadLineIsOpenedOnceForAViewThatNeedsIt) {
         }
     }
     bench.Line.GoAway();
-    bench.Line.NextOpen.Kind = StatusKind::NotFound;
+    bench.Line.NextOpen = {StatusKind::NotFound, "/dev/ttyUSB0", "gone"};
     bench.Press("mnuMRdgs");
     EXPECT_EQ(bench.StatusLine(), "/dev/ttyUSB0: gone");
 }
