@@ -22,8 +22,9 @@ lay_down() {
     cp "$1/old.CT2" "$work/d.CT2"
     echo "time,item1" >"$1/old.csv"
 }
-# What is on the disk, links and names included. The room that fills it does not count.
-state() { (cd "$disk" && find . ! -name filler ! -type d | sort | while read -r f; do [ -L "$f" ] && readlink "$f" || md5sum "$f"; done); }
+# What is on the disk, links and names included. The room that fills it does not count, nor what SQLite keeps beside
+# its file until it is opened with room.
+state() { (cd "$disk" && find . ! -name filler ! -name 'r.db-*' ! -type d | sort | while read -r f; do [ -L "$f" ] && readlink "$f" || md5sum "$f"; done); }
 
 # refused WHAT REASON ARGUMENT...: status 2, the path and the reason, and the disk as it was.
 refused() {
