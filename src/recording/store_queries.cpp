@@ -1,5 +1,7 @@
 #include "recording/store_queries.h"
 
+#include <sys/statvfs.h>
+
 #include <QSqlError>
 #include <QUuid>
 #include <utility>
@@ -25,6 +27,16 @@ constexpr KnownFailure kKnown[] = {
     {26, StatusKind::Illegal, "is no store of readings"},
 };
 
+constexpr int kInputOutput = 10;
+constexpr int kFull = 13;
+
+// The index of the log is mapped into memory, and SQLite calls it an I/O error where there is no room for it.
+bool NoRoomFor(const std::string& path) {
+    constexpr unsigned long kIndexBytes = 32'768;
+    struct statvfs disk = {};
+    return statvfs(path.c_str(), &disk) == 0 && disk.f_bavail * disk.f_frsize < kIndexBytes;
+}
+
 }  // namespace
 
 StoreQueries::StoreQueries(std::string path)
@@ -46,7 +58,8 @@ Status StoreQueries::Open(const char* options) {
 }
 
 Status StoreQueries::Failure(const QSqlError& error) const {
-    const int number = error.nativeErrorCode().toInt() & 0xFF;
+    int number = error.nativeErrorCode().toInt() & 0xFF;
+    if (number == kInputOutput && NoRoomFor(path_)) number = kFull;
     for (const KnownFailure& known : kKnown) {
         if (known.Number == number) return {known.Kind, path_, known.Words};
     }

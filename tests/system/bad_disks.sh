@@ -22,8 +22,9 @@ lay_down() {
     cp "$1/old.CT2" "$work/d.CT2"
     echo "time,item1" >"$1/old.csv"
 }
-# What is on the disk, links and names included. The room that fills it does not count.
-state() { (cd "$disk" && find . ! -name filler ! -type d | sort | while read -r f; do [ -L "$f" ] && readlink "$f" || md5sum "$f"; done); }
+# What is on the disk, links and names included. The room that fills it does not count, nor what SQLite keeps beside
+# its file until it is opened with room.
+state() { (cd "$disk" && find . ! -name filler ! -name 'r.db-*' ! -type d | sort | while read -r f; do [ -L "$f" ] && readlink "$f" || md5sum "$f"; done); }
 
 # refused WHAT REASON ARGUMENT...: status 2, the path and the reason, and the disk as it was.
 refused() {
@@ -56,9 +57,23 @@ no_meter_files() {
     refused "$disk/old.csv" "$1" stream --count 3 --csv "$disk/old.csv"
 }
 
+# A recording goes on over a full disk, and what came meanwhile is in the store once there is room.
+no_room_for_a_while() {
+    "$bin/counterctl" --dir "$home" record --seconds 6 --db "$disk/r.db" >"$work/out" 2>"$work/err" &
+    until grep -q "run 2 into" "$work/err"; do sleep 0.1; done
+    dd if=/dev/zero of="$disk/filler" bs=4k 2>/dev/null || true
+    until grep -q "No space left on device; the readings wait in memory" "$work/err"; do sleep 0.1; done
+    rm "$disk/filler"
+    wait $! || fail "a disk that was full for a while ends a recording"
+    said "written again" err
+    ! grep -q "lost" "$work/err" || fail "readings were lost"
+    [ "$("$bin/counterctl" readings 2 --db "$disk/r.db" | wc -l)" -gt 80 ] || fail "few readings in $(cat "$work/out")"
+}
+
 lay_down "$disk"
 start_meter
 ctl 0 get "$disk/old.CT2"
+ctl 0 record --count 1 --db "$disk/r.db"
 
 if [ -n "$mounted" ]; then
     dd if=/dev/zero of="$disk/filler" bs=4k 2>/dev/null || true
@@ -67,6 +82,7 @@ if [ -n "$mounted" ]; then
     no_meter_files "No space left on device"
     refused "$disk/r.db" "No space left on device" record --count 3 --db "$disk/r.db"
     rm "$disk/filler"
+    no_room_for_a_while
     ctl 0 get "$disk/old.CT2"
     ctl 0 set "$disk/old.CT2" "Setpoint 1=10"
     ctl 0 settings set BaudIndex=5
