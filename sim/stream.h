@@ -7,10 +7,10 @@
 // setup says so. A start or stop character of code 0 is none. Own characters came with version 35; commands
 // are answered with CR [ LF ] whatever they are.
 //
-// Alarm characters, where the setup includes them, are one for each alarm that is fitted: "A" to "D" for one that
-// is on, "_" for one that isn't. How a real meter writes them isn't known here; these keep what readers of the
-// stream rely on. All frames are equally long, and no character can be taken for a part of a value: neither for a
-// digit, sign, point or blank nor for the E of an exponent. Answers to commands carry none.
+// Alarm characters, where the setup includes them, are one for each alarm that is fitted: "A" to "D" for one
+// that is on, "_" for one that isn't. How a real meter writes them isn't known here; these keep what readers
+// of the stream rely on. All frames are equally long, and no character can be taken for a part of a value:
+// neither for a digit, sign, point or blank nor for the E of an exponent. Answers to commands carry none.
 #pragma once
 
 #include <string>

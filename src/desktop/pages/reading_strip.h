@@ -30,7 +30,7 @@ class ReadingStrip : public QWidget {
   public:
     ReadingStrip(ReadingView& view, Binder& bound, QWidget* parent);
 
-    // Readings have been taken; shown a few times a second, however fast they come.
+    // Readings have been taken; shown once a second, however fast they come.
     void FollowReadings();
 
   protected:
