@@ -160,8 +160,7 @@ TEST(ReadingStrip, TellsOfTheItemThatIsChosenInEveryView) {
         auto* items = bench.Find<QComboBox>("cboItem");
         ASSERT_TRUE(lines && items && items->isEnabled());
         EXPECT_EQ(items->count(), 3);
-        EXPECT_TRUE(lines->accessibleDescription().contains("current 10000, min 10000"))
-            << "within half a second";
+        EXPECT_TRUE(lines->accessibleDescription().contains("current 10000, min 10000")) << "within a second";
         QTest::keyClick(items, Qt::Key_End);
         GuiPump::Settle();
         EXPECT_TRUE(lines->accessibleDescription().contains("current -100, "))

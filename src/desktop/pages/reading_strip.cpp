@@ -14,7 +14,7 @@ namespace counter {
 
 namespace {
 
-constexpr double kFollowMs = 500;
+constexpr double kFollowMs = 1000;
 constexpr int kLookMs = 1000;
 
 struct Figure {

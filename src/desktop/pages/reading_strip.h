@@ -35,7 +35,7 @@ class ReadingStrip : public QWidget {
     ReadingStrip(ReadingView& view, Binder& bound, QWidget* parent);
 
     QString Recorded() const { return record_->text(); }  // how far a recording is
-    // Readings have been taken; shown a few times a second, however fast they come.
+    // Readings have been taken; shown once a second, however fast they come.
     void FollowReadings();
 
   protected:
