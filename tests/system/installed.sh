@@ -14,13 +14,13 @@ done
 for program in "$prefix"/bin/*; do
     page=$share/man/man1/$(basename "$program").1.gz
     gzip -dc "$page" | grep -q "^.SH NAME" || fail "no manual page for $program"
-    gzip -dc "$page" | grep -q '@' && fail "$page has an unfilled @name@"
+    gzip -dc "$page" | grep -qE '@[A-Za-z_]+@' && fail "$page has an unfilled @name@"
 done
 
 desktop-file-validate "$share"/applications/*.desktop
 appstreamcli validate --no-net "$share"/metainfo/*.xml >"$work/appstream" || { cat "$work/appstream"; fail "metainfo"; }
 for kind in DEB RPM; do
-    (cd "$work" && cpack -G $kind --config "$bin/../CPackConfig.cmake" -B "$work/$kind" >"$kind.log") || fail "no package, see $work/$kind.log"
+    (cd "$work" && cpack -G $kind --config "$bin/../CPackConfig.cmake" -B "$work/$kind" -D CPACK_OUTPUT_FILE_PREFIX="$work/$kind" >"$kind.log" 2>&1) || fail "no package, see $work/$kind.log"
     mkdir "$work/$kind/system"
 done
 dpkg-deb -x "$work"/DEB/*.deb "$work/DEB/system"
