@@ -1,5 +1,6 @@
 #include "desktop/pages/reading_font.h"
 
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <algorithm>
 
@@ -11,7 +12,7 @@ namespace counter {
 namespace {
 
 constexpr std::size_t kReadingCharacters = 8;  // a sign, six digits and a point
-constexpr int kTallest = 13, kSmallest = 8;    // pixels of the font
+constexpr int kTallest = 13, kSmallest = 8;    // pixels of the font; taller where all letters are
 constexpr int kSmallestInARow = 10;            // of several values in a row
 constexpr int kClosest = 75;                   // percent of the font's own width
 
@@ -23,7 +24,7 @@ int WidthOf(const QFont& font, std::size_t characters) {
 // Characters are set closer together, and smaller only when that is not enough.
 QFont FitLine(std::size_t characters, int room) {
     QFont font = FixedPitchFont();
-    font.setPixelSize(kTallest);
+    font.setPixelSize(std::max(kTallest, QFontInfo(QFont()).pixelSize()));
     for (; WidthOf(font, characters) > room && font.pixelSize() > kSmallest;
          font.setPixelSize(font.pixelSize() - 1)) {
         QFont closer = font;
