@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPrintDialog>
 #include <QScrollBar>
 #include <QWindow>
@@ -174,7 +175,16 @@ class Monkey {
     void Press(QWidget& top, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         if (!top.windowHandle()) return;
         Tell("key " + QKeySequence(key | modifiers).toString().toStdString() + " on " + NameOf(top));
-        QTest::keyClick(top.windowHandle(), key, modifiers);
+        // A box may end with the press, or with the release of the letter: no event may come behind that.
+        const QPointer<QWindow> window = top.windowHandle();
+        const bool alone = modifiers == Qt::NoModifier;
+        const auto send = [&](bool press) {
+            if (!alone) return QTest::simulateEvent(window, press, key, modifiers, {}, false);
+            QTest::sendKeyEvent(press ? QTest::Press : QTest::Release, window, key, QTest::keyToAscii(key),
+                                modifiers);
+        };
+        send(true);
+        if (window) send(false);
     }
 
     static std::string NameOf(const QWidget& widget) {
