@@ -14,24 +14,6 @@ namespace {
 constexpr double kLabelPitch = 0.06;  // of the data area's height
 constexpr double kLabelGap = 12;      // units between an upright line and its label
 
-std::string_view WordOf(RunState state) {
-    switch (state) {
-        case RunState::Stopped:
-            return "Stopped";
-        case RunState::Starting:
-            return "Starting";
-        case RunState::Running:
-            return "Running";
-        case RunState::Silent:
-            return "No readings come";
-        case RunState::Paused:
-            return "Paused";
-        case RunState::Full:
-            return "Full";
-    }
-    return {};
-}
-
 }  // namespace
 
 ChartView::ChartView(Session& session, const ThirdNumber& third)

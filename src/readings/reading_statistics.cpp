@@ -25,6 +25,24 @@ int DecimalsOf(const std::string& number) {
 
 }  // namespace
 
+std::string_view WordOf(RunState state) {
+    switch (state) {
+        case RunState::Stopped:
+            return "Stopped";
+        case RunState::Starting:
+            return "Starting";
+        case RunState::Running:
+            return "Running";
+        case RunState::Silent:
+            return "No readings come";
+        case RunState::Paused:
+            return "Paused";
+        case RunState::Full:
+            return "Full";
+    }
+    return {};
+}
+
 // By Welford: sums of squares would lose all digits of a small deviation of large values.
 void ItemFigures::Add(double value, int decimals) {
     ++Count;

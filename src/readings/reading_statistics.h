@@ -7,6 +7,7 @@
 #include <array>
 #include <deque>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace counter {
@@ -22,6 +23,9 @@ enum class RunState {
     Paused,
     Full,  // the chart's time is over
 };
+
+// The state in words, "Running".
+std::string_view WordOf(RunState state);
 
 // What holds a run up.
 enum class RunHold { None, Paused, Full };

@@ -26,22 +26,9 @@ std::string RateText(double rate) {
 }
 
 std::string StateText(const ReadingView& view, RunState state) {
-    switch (state) {
-        case RunState::Stopped:
-            return "Stopped";
-        case RunState::Starting:
-            return "Starting";
-        case RunState::Running:
-            return "Running";
-        case RunState::Silent:
-            return "No reading for " +
-                   std::to_string(view.Statistics.SilentSeconds(view.Program.Pump.NowMs())) + " s";
-        case RunState::Paused:
-            return "Paused";
-        case RunState::Full:
-            return "Full";
-    }
-    return {};
+    if (state != RunState::Silent) return std::string(WordOf(state));
+    return "No reading for " + std::to_string(view.Statistics.SilentSeconds(view.Program.Pump.NowMs())) +
+           " s";
 }
 
 void AddFigures(ReadingWords& words, const ItemFigures& figures) {
