@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "meter/leading_number.h"
-#include "recording/store_queries.h"
+#include "system/sql/store_queries.h"
 
 namespace counter {
 

@@ -5,10 +5,10 @@
 
 #include "platform/utc_time.h"
 #include "recording/recorder.h"
-#include "recording/store_queries.h"
 #include "support/temp_folder.h"
 #include "support/virtual_pump.h"
 #include "system/core_runtime.h"
+#include "system/sql/store_queries.h"
 
 namespace counter::test {
 namespace {

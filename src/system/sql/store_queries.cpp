@@ -1,4 +1,4 @@
-#include "recording/store_queries.h"
+#include "system/sql/store_queries.h"
 
 #include <sys/statvfs.h>
 
