@@ -1,5 +1,6 @@
 // What the File and Counter menus of the home view do with the setup.
 #include "meter/default_setup.h"
+#include "session/change_list.h"
 #include "session/take_setup.h"
 #include "shell/get_action.h"
 #include "shell/home_view.h"
@@ -27,7 +28,27 @@ void HomeView::OfferLoaded() {
     session_.Home.ViewEnabled = session_.Home.PutEnabled = true;
 }
 
+// Only what the user did himself can be lost: what a rule replaced, it would replace again.
+bool HomeView::ChangesMayGo(const char* title, const char* yes) {
+    session_.Changes.Settle(session_.Image);
+    const int fields = FieldsChanged(session_);
+    if (fields == 0 || !session_.Changes.ByUser()) return true;
+    const std::string text = "The setup in memory differs from " + OriginInWords(session_.Origin) + " in " +
+                             (fields == 1 ? "1 field" : std::to_string(fields) + " fields") +
+                             ", and it is saved in no file.";
+    return session_.Dialogs.Confirm({title, text, BoxIcon::Stop, {}, yes, "Keep It"});
+}
+
+void HomeView::GoBack() {
+    GoBackToSetupBefore(session_);
+    OfferLoaded();
+    session_.Home.ShowStatus("The setup from " + OriginInWords(session_.Origin) + " is in memory again.",
+                             ColorWhite);
+    if (session_.Home.Replaced) session_.Home.Replaced();
+}
+
 void HomeView::DefaultSetup() {
+    if (!ChangesMayGo("Default Setup", "Load Default")) return;
     SetupImage image = session_.Image;
     BuildDefaultSetup(image);
     TakeSetup(session_, image, SetupSource::Default);
@@ -37,6 +58,7 @@ void HomeView::DefaultSetup() {
 }
 
 void HomeView::OpenSetup() {
+    if (!ChangesMayGo("Open Setup", "Open Another")) return;
     const std::string path = session_.Dialogs.AskOpenFile(
         {"Open Setup File", std::string(kSetupFilter), false, NameIn(session_.Home.CurrentFileName)});
     if (path.empty()) return;
@@ -89,6 +111,7 @@ bool HomeView::WriteSetup(const std::string& path) {
 }
 
 void HomeView::Get() {
+    if (!ChangesMayGo("Get Setup", "Get All the Same")) return;
     lblTest2.Caption.clear();
     const bool changed = FollowSettings(session_).Changed;
     ReopenLine(session_);  // where it can't be opened, that shows in the transfer's own number

@@ -205,7 +205,11 @@ void HomeView::OpenView(const HomeMenuRow& row) {
 }
 
 void HomeView::Exit() {
-    WantEnd(EndWish::User);
+    if (asking_) return;
+    asking_ = true;
+    const bool ends = session_.Writes.EndWanted() || ChangesMayGo("Exit", "Exit All the Same");
+    asking_ = false;
+    if (ends) WantEnd(EndWish::User);
 }
 
 void HomeView::ExitFromOutside() {

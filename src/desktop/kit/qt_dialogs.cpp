@@ -95,6 +95,11 @@ bool QtDialogs::Confirm(const Message& message) {
     QMessageBox box(parent_);
     FillBox(box, message);
     box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+    if (!message.No.empty()) {
+        box.button(QMessageBox::Ok)->setText(SystemText(message.Yes));
+        box.button(QMessageBox::Cancel)->setText(SystemText(message.No));
+        box.setDefaultButton(QMessageBox::Cancel);
+    }
     return RunDialog(box, "a question") == QMessageBox::Ok;
 }
 

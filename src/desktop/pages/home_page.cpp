@@ -41,12 +41,13 @@ QKeySequence KeysOf(HomeItem item) {
 
 }  // namespace
 
-HomePage::HomePage(HomeView& view, QWidget* parent)
+HomePage::HomePage(HomeView& view, const Session& session, QWidget* parent)
     : ViewPage(parent),
       view_(view),
       bound_(view.Controls),
       menu_(new QMenuBar(parent)),
-      strip_(new StatusStrip(this)) {
+      strip_(new StatusStrip(this)),
+      changes_(new ChangesList(session, this)) {
     AddMenu();
     AddText();
     bound_.Refresh();
@@ -141,7 +142,7 @@ void HomePage::AddText() {
     auto* body = new PageBody(this);
     body->Column().setContentsMargins(kGrid, 0, kGrid, 0);
     body->Column().addWidget(textArea_);
-    body->Column().addStretch(1);
+    body->Column().addWidget(changes_, 1);
     column->addLayout(buttons);
     column->addWidget(body, 1);
     column->addWidget(strip_);

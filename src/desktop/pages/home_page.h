@@ -6,13 +6,14 @@
 #include "desktop/kit/binder.h"
 #include "desktop/kit/status_strip.h"
 #include "desktop/kit/view_page.h"
+#include "desktop/pages/changes_list.h"
 #include "shell/home_view.h"
 
 namespace counter {
 
 class HomePage : public ViewPage {
   public:
-    HomePage(HomeView& view, QWidget* parent);
+    HomePage(HomeView& view, const Session& session, QWidget* parent);
     ~HomePage() override;
 
     // For the window; belongs to it once it is set there.
@@ -26,6 +27,8 @@ class HomePage : public ViewPage {
     void HelpKey() override { view_.HelpKey(); }
     QWidget* FirstFocus() override;
 
+    ChangesList& Changes() { return *changes_; }
+
   private:
     void AddMenu();
     QMenu* AddHeading(Control& heading);
@@ -38,6 +41,7 @@ class HomePage : public ViewPage {
     QMenuBar* menu_;
     QWidget* textArea_;
     StatusStrip* strip_;
+    ChangesList* changes_;
 };
 
 }  // namespace counter
