@@ -257,7 +257,7 @@ void Desktop::ShowReplaced() {
 
 void Desktop::ShowChanged() {
     window_->MarkTitle(SetupChanged(session_));
-    homePage_->Changes().Follow();
+    homePage_->ShowFacts();
 }
 
 // Out of the list of the home view: the Setup view has the control.

@@ -1,5 +1,6 @@
 // What the File and Counter menus of the home view do with the setup.
 #include "meter/default_setup.h"
+#include "meter/field_code.h"
 #include "session/change_list.h"
 #include "session/take_setup.h"
 #include "shell/get_action.h"
@@ -24,7 +25,10 @@ std::string NameIn(const std::string& path) {
 
 }  // namespace
 
+// A program without settings takes the kind of meter from the setup.
 void HomeView::OfferLoaded() {
+    if (session_.Settings.FileLines == SettingsLines{})
+        session_.Identity.MeterType = CodeOf(session_.Image, Field::MeterType);
     session_.Home.ViewEnabled = session_.Home.PutEnabled = true;
 }
 
@@ -61,7 +65,14 @@ void HomeView::OpenSetup() {
     if (!ChangesMayGo("Open Setup", "Open Another")) return;
     const std::string path = session_.Dialogs.AskOpenFile(
         {"Open Setup File", std::string(kSetupFilter), false, NameIn(session_.Home.CurrentFileName)});
-    if (path.empty()) return;
+    if (!path.empty()) LoadFile(path);
+}
+
+void HomeView::OpenFile(const std::string& path) {
+    if (ChangesMayGo("Open Setup", "Open Another")) LoadFile(path);
+}
+
+void HomeView::LoadFile(const std::string& path) {
     SetupImage image;
     std::string wrong;
     if (Status status = LoadSetupFile(session_.Folder.Store, path, image, wrong); !status.Ok()) {

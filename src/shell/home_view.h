@@ -44,6 +44,8 @@ class HomeView {
     void ExitFromOutside();
     // The setup that was in memory before the last one came is there again. Only where there is one.
     void GoBack();
+    // As Open does with the file that was chosen. One that can't be read is told on the status line.
+    void OpenFile(const std::string& path);
 
     // The text area is at its full height, 6000 units of 1/1440 inch, otherwise at 2700.
     bool TallText() const { return tallText_; }
@@ -84,6 +86,7 @@ class HomeView {
     // home_files.cpp
     void DefaultSetup();
     void OpenSetup();
+    void LoadFile(const std::string& path);
     void SaveSetup();
     void SaveSetupAs();
     bool WriteSetup(const std::string& path);

@@ -7,6 +7,7 @@
 #include "desktop/kit/status_strip.h"
 #include "desktop/kit/view_page.h"
 #include "desktop/pages/changes_list.h"
+#include "desktop/pages/facts_block.h"
 #include "shell/home_view.h"
 
 namespace counter {
@@ -28,6 +29,8 @@ class HomePage : public ViewPage {
     QWidget* FirstFocus() override;
 
     ChangesList& Changes() { return *changes_; }
+    // What stands below the text, where it is on show.
+    void ShowFacts();
 
   private:
     void AddMenu();
@@ -41,6 +44,8 @@ class HomePage : public ViewPage {
     QMenuBar* menu_;
     QWidget* textArea_;
     StatusStrip* strip_;
+    const Session& session_;
+    FactsBlock* facts_;
     ChangesList* changes_;
 };
 
