@@ -12,6 +12,7 @@
 #include "desktop/pages/send_curve_dialog.h"
 #include "desktop/pages/setup_page.h"
 #include "link/prepare_readings.h"
+#include "session/take_setup.h"
 
 namespace counter {
 
@@ -34,7 +35,7 @@ Desktop::Desktop(Session& session, Folders folders)
       window_(std::make_unique<MainWindow>()),
       paper_(session.Pump, [this] { return static_cast<QWidget*>(window_->Current()); }),
       keeper_(session) {
-    homePage_ = new HomePage(home_, window_.get());
+    homePage_ = new HomePage(home_, session_, window_.get());
     window_->AddPage(homePage_);
     window_->setMenuBar(homePage_->MenuBar());
     pages_[ViewId::Home] = homePage_;
@@ -59,10 +60,13 @@ void Desktop::Connect() {
     home_.HoldExit = [this] { return HoldExit(); };
     home_.TellOutside = [](const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); };
     session_.Home.Replaced = [this] { ShowReplaced(); };
+    homePage_->Changes().GoBack = [this] { home_.GoBack(); };
+    homePage_->Changes().Chosen = [this](Field field) { ComeToField(field); };
     const std::function<void()> shown = session_.Home.Changed;
     session_.Home.Changed = [this, shown] {
         shown();
         ShowHourglass();
+        ShowChanged();
     };
     help_.ClearMenuMark = [this] {
         if (menuPage_) menuPage_->ClearMark();
@@ -157,6 +161,8 @@ ViewPage* Desktop::MakeSetup() {
     setup_ = std::make_unique<SetupView>(session_);
     setupPage_ = new SetupPage(*setup_, window_.get());
     setupPage_->ShowMainMenu = [this] { GoHome(); };
+    setupPage_->Acted = [this] { window_->MarkTitle(SetupChanged(session_)); };
+    setupPage_->Changes().GoBack = [this] { home_.GoBack(); };
     setupPage_->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Setup); };
     return setupPage_;
 }
@@ -247,6 +253,17 @@ void Desktop::Interrupt() {
 void Desktop::ShowReplaced() {
     ViewPage* const page = window_->Current();
     if (page && (page == setupPage_ || page == menuPage_)) page->ComeToFront();
+}
+
+void Desktop::ShowChanged() {
+    window_->MarkTitle(SetupChanged(session_));
+    homePage_->ShowFacts();
+}
+
+// Out of the list of the home view: the Setup view has the control.
+void Desktop::ComeToField(Field field) {
+    if (!setupPage_ || window_->Current() != setupPage_) Open(ViewId::Setup);
+    if (setupPage_ && window_->Current() == setupPage_) setupPage_->ComeToField(field);
 }
 
 void Desktop::ShowHourglass() {

@@ -74,6 +74,9 @@ class Desktop {
     void MakeReading(ReadingView& view);
     void ShowHourglass();
     void ShowReplaced();
+    // What shows how the setup in memory stands to its origin.
+    void ShowChanged();
+    void ComeToField(Field field);
     // True: a view must finish something first, and exits after it.
     bool HoldExit();
     void Connect();

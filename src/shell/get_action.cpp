@@ -55,6 +55,7 @@ void Fail(Session& session, const Reading& reading) {
         note = "memory has only a part of the meter's setup";
     }
     session.Identity.SetupFromMeter = false;
+    NoteTransfer(session, false, false);
     home.ShowStatus("Failed to Get data, check connections, then try again.      ( " +
                         std::to_string(session.LinkState.LinkError) + ")",
                     ColorRed, note);
@@ -79,6 +80,7 @@ void Succeed(Session& session, const Reading& reading) {
               reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".");
     session.MeterAtLastGet = MeterSetup{reading.Came, UtcMs(session.Pump.LocalTime()),
                                         AddressOnLine(session.Settings), LineInWords(session.Settings)};
+    NoteTransfer(session, false, true);
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
     home.ShowProgress(false);
     // What may not be the meter's setup is no copy to go back to.

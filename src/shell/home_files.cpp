@@ -1,5 +1,7 @@
 // What the File and Counter menus of the home view do with the setup.
 #include "meter/default_setup.h"
+#include "meter/field_code.h"
+#include "session/change_list.h"
 #include "session/take_setup.h"
 #include "shell/get_action.h"
 #include "shell/home_view.h"
@@ -23,11 +25,34 @@ std::string NameIn(const std::string& path) {
 
 }  // namespace
 
+// A program without settings takes the kind of meter from the setup.
 void HomeView::OfferLoaded() {
+    if (session_.Settings.FileLines == SettingsLines{})
+        session_.Identity.MeterType = CodeOf(session_.Image, Field::MeterType);
     session_.Home.ViewEnabled = session_.Home.PutEnabled = true;
 }
 
+// Only what the user did himself can be lost: what a rule replaced, it would replace again.
+bool HomeView::ChangesMayGo(const char* title, const char* yes) {
+    session_.Changes.Settle(session_.Image);
+    const int fields = FieldsChanged(session_);
+    if (fields == 0 || !session_.Changes.ByUser()) return true;
+    const std::string text = "The setup in memory differs from " + OriginInWords(session_.Origin) + " in " +
+                             (fields == 1 ? "1 field" : std::to_string(fields) + " fields") +
+                             ", and it is saved in no file.";
+    return session_.Dialogs.Confirm({title, text, BoxIcon::Stop, {}, yes, "Keep It"});
+}
+
+void HomeView::GoBack() {
+    GoBackToSetupBefore(session_);
+    OfferLoaded();
+    session_.Home.ShowStatus("The setup from " + OriginInWords(session_.Origin) + " is in memory again.",
+                             ColorWhite);
+    if (session_.Home.Replaced) session_.Home.Replaced();
+}
+
 void HomeView::DefaultSetup() {
+    if (!ChangesMayGo("Default Setup", "Load Default")) return;
     SetupImage image = session_.Image;
     BuildDefaultSetup(image);
     TakeSetup(session_, image, SetupSource::Default);
@@ -37,9 +62,17 @@ void HomeView::DefaultSetup() {
 }
 
 void HomeView::OpenSetup() {
+    if (!ChangesMayGo("Open Setup", "Open Another")) return;
     const std::string path = session_.Dialogs.AskOpenFile(
         {"Open Setup File", std::string(kSetupFilter), false, NameIn(session_.Home.CurrentFileName)});
-    if (path.empty()) return;
+    if (!path.empty()) LoadFile(path);
+}
+
+void HomeView::OpenFile(const std::string& path) {
+    if (ChangesMayGo("Open Setup", "Open Another")) LoadFile(path);
+}
+
+void HomeView::LoadFile(const std::string& path) {
     SetupImage image;
     std::string wrong;
     if (Status status = LoadSetupFile(session_.Folder.Store, path, image, wrong); !status.Ok()) {
@@ -89,6 +122,7 @@ bool HomeView::WriteSetup(const std::string& path) {
 }
 
 void HomeView::Get() {
+    if (!ChangesMayGo("Get Setup", "Get All the Same")) return;
     lblTest2.Caption.clear();
     const bool changed = FollowSettings(session_).Changed;
     ReopenLine(session_);  // where it can't be opened, that shows in the transfer's own number

@@ -205,7 +205,11 @@ void HomeView::OpenView(const HomeMenuRow& row) {
 }
 
 void HomeView::Exit() {
-    WantEnd(EndWish::User);
+    if (asking_) return;
+    asking_ = true;
+    const bool ends = session_.Writes.EndWanted() || ChangesMayGo("Exit", "Exit All the Same");
+    asking_ = false;
+    if (ends) WantEnd(EndWish::User);
 }
 
 void HomeView::ExitFromOutside() {
@@ -237,11 +241,13 @@ void HomeView::TellWritten() {
 }
 
 void HomeView::EndProgram() {
+    // Settings that were not there are not made.
+    const bool read = !(session_.Settings.FileLines == SettingsLines{});
     SettingsLines lines = session_.Settings.Lines;
     if (lines.SettingsLine2.size() == kOldNodeLine) lines.SettingsLine2 += "0";
     SettingsPut(lines.SettingsLine2, kEndedAt, "1");
     // A folder that takes no file leaves the settings as they were, which are good as well.
-    SaveSettings(session_.Folder, WaitOn(session_.Pump), session_.Settings.FileLines, lines);
+    if (read) SaveSettings(session_.Folder, WaitOn(session_.Pump), session_.Settings.FileLines, lines);
     ClosePort(session_.Link);
     if (CloseSockets) CloseSockets();
     session_.Pump.EndProcess(0);

@@ -36,12 +36,16 @@ class HomeView {
     void RestoreScreen();
     // F1: help on what the user touched last.
     void HelpKey();
-    // Settings written, port closed, process ended. Returns only where the end has to wait for what is under
-    // way to be left in good order; then that calls it again, and so may an impatient user: the second
-    // request is not held. What of a setup was written is told in a box, or where the request comes from
-    // outside, by TellOutside.
+    // Asks before changes are lost. Settings written, port closed, process ended. Returns only where the end
+    // has to wait for what is under way to be left in good order; then that calls it again, and so may an
+    // impatient user: the second request is not held. What of a setup was written is told in a box, or where
+    // the request comes from outside, by TellOutside.
     void Exit();
     void ExitFromOutside();
+    // The setup that was in memory before the last one came is there again. Only where there is one.
+    void GoBack();
+    // As Open does with the file that was chosen. One that can't be read is told on the status line.
+    void OpenFile(const std::string& path);
 
     // The text area is at its full height, 6000 units of 1/1440 inch, otherwise at 2700.
     bool TallText() const { return tallText_; }
@@ -82,6 +86,7 @@ class HomeView {
     // home_files.cpp
     void DefaultSetup();
     void OpenSetup();
+    void LoadFile(const std::string& path);
     void SaveSetup();
     void SaveSetupAs();
     bool WriteSetup(const std::string& path);
@@ -89,11 +94,13 @@ class HomeView {
     void Get();
     void Put();
     bool PutIsMeant();
+    bool ChangesMayGo(const char* title, const char* yes);
 
     Session& session_;
     std::array<Control*, static_cast<std::size_t>(HomeItem::Count)> items_ = {};
     bool tallText_ = true;
     bool preparing_ = false;
+    bool asking_ = false;  // whether changes may be lost at the end
 
   public:
     // clang-format off

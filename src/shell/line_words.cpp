@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "meter/field_lists.h"
+#include "meter/meter_words.h"
 
 namespace counter {
 
@@ -25,6 +26,12 @@ std::string LineInWords(const Settings& settings) {
     return "port " + std::to_string(settings.CommPortNumber) + ", " + protocol + " at " +
            WordOf(BaudTable, settings.BaudIndex) + " baud" +
            (settings.ModbusLink ? WordOf(kParityWords, settings.ParityIndex) : "");
+}
+
+std::string MeterKindInWords(int meterType) {
+    if (meterType == MeterKind::Dpm) return "DPM";
+    if (meterType == MeterKind::WeightMeter) return "Weight Meter";
+    return IsTransmitter(meterType) ? "Counter Transmitter" : "Counter";
 }
 
 int AddressOnLine(const Settings& settings) {

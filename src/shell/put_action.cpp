@@ -4,6 +4,7 @@
 
 #include "link/read_settings.h"
 #include "link/waits.h"
+#include "session/take_setup.h"
 #include "transfer/put_frames.h"
 #include "transfer/put_setup.h"
 
@@ -69,11 +70,13 @@ void GiveUp(Session& session, SetupTransfer& transfer) {
     session.Home.ShowHourglass(false);
     if (transfer.IsSuperseded()) return;
     session.Home.ShowProgress(false);
+    NoteTransfer(session, true, false);
     session.Home.ShowStatus(PutSoFar(session.LinkState, transfer.Identity.FirmwareVersion), ColorRed);
 }
 
 Status Finish(Session& session, const SetupImage& image, Status settled) {
     session.Home.ShowHourglass(false);
+    NoteTransfer(session, true, session.LinkState.LinkError == 0);
     if (session.LinkState.LinkError != 0) {
         session.Home.ShowStatus("Data transfer unsuccessful. Check connections and try again. (" +
                                     std::to_string(session.LinkState.LinkError) + ")",

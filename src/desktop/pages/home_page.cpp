@@ -41,12 +41,15 @@ QKeySequence KeysOf(HomeItem item) {
 
 }  // namespace
 
-HomePage::HomePage(HomeView& view, QWidget* parent)
+HomePage::HomePage(HomeView& view, const Session& session, QWidget* parent)
     : ViewPage(parent),
       view_(view),
       bound_(view.Controls),
       menu_(new QMenuBar(parent)),
-      strip_(new StatusStrip(this)) {
+      strip_(new StatusStrip(this)),
+      session_(session),
+      facts_(new FactsBlock(session, this)),
+      changes_(new ChangesList(session, this)) {
     AddMenu();
     AddText();
     bound_.Refresh();
@@ -60,6 +63,14 @@ QString HomePage::Title() const {
 
 void HomePage::ComeToFront() {
     view_.Activate();
+    ShowFacts();
+}
+
+void HomePage::ShowFacts() {
+    if (!isVisibleTo(window())) return;
+    facts_->Follow();
+    changes_->setVisible(session_.Origin.From != SetupSource::Nothing);
+    changes_->Follow();
 }
 
 QWidget* HomePage::FirstFocus() {
@@ -141,7 +152,11 @@ void HomePage::AddText() {
     auto* body = new PageBody(this);
     body->Column().setContentsMargins(kGrid, 0, kGrid, 0);
     body->Column().addWidget(textArea_);
-    body->Column().addStretch(1);
+    body->Column().addSpacing(kGrid);
+    body->Column().addWidget(facts_);
+    body->Column().addWidget(changes_, 1);
+    body->Column().addStretch(0);
+    facts_->OpenBackup = [this](const std::string& path) { view_.OpenFile(path); };
     column->addLayout(buttons);
     column->addWidget(body, 1);
     column->addWidget(strip_);

@@ -6,13 +6,15 @@
 #include "desktop/kit/binder.h"
 #include "desktop/kit/status_strip.h"
 #include "desktop/kit/view_page.h"
+#include "desktop/pages/changes_list.h"
+#include "desktop/pages/facts_block.h"
 #include "shell/home_view.h"
 
 namespace counter {
 
 class HomePage : public ViewPage {
   public:
-    HomePage(HomeView& view, QWidget* parent);
+    HomePage(HomeView& view, const Session& session, QWidget* parent);
     ~HomePage() override;
 
     // For the window; belongs to it once it is set there.
@@ -26,6 +28,10 @@ class HomePage : public ViewPage {
     void HelpKey() override { view_.HelpKey(); }
     QWidget* FirstFocus() override;
 
+    ChangesList& Changes() { return *changes_; }
+    // What stands below the text, where it is on show.
+    void ShowFacts();
+
   private:
     void AddMenu();
     QMenu* AddHeading(Control& heading);
@@ -38,6 +44,9 @@ class HomePage : public ViewPage {
     QMenuBar* menu_;
     QWidget* textArea_;
     StatusStrip* strip_;
+    const Session& session_;
+    FactsBlock* facts_;
+    ChangesList* changes_;
 };
 
 }  // namespace counter

@@ -8,6 +8,7 @@
 
 #include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
+#include "session/take_setup.h"
 
 namespace counter {
 
@@ -24,11 +25,14 @@ SetupPage::SetupPage(SetupView& view, QWidget* parent)
       layout_(view, bound_),
       entry_({view.Program.Views, view.Program.Image, view.Program.Derived, view.Program.Link}),
       tabs_(new QTabWidget(this)),
-      dialog_(new DigitEntryDialog(entry_, this)) {
+      dialog_(new DigitEntryDialog(entry_, this)),
+      changes_(new ChangesList(view.Program, this)),
+      cmdChanges_(new QPushButton(QStringLiteral("Changes"), this)) {
     auto* column = new QVBoxLayout(this);
     PadByGrid(column);
     column->addWidget(tabs_, 1);
     AddPages();
+    AddChanges(column);
     column->addWidget(MakeFoot());
     Connect();
     view_.Load();
@@ -84,8 +88,41 @@ QWidget* SetupPage::MakeFoot() {
                              2 * kGrid);
     row->addWidget(reading);
     row->addWidget(bound_.Make(buttons.picText, foot), 1);
+    row->addWidget(cmdChanges_);
     row->addWidget(bound_.Make(buttons.cmdMainMenu, foot));
     return foot;
+}
+
+// Below the pages, hidden until its button is pressed: then a page that lacks the room scrolls.
+void SetupPage::AddChanges(QVBoxLayout* column) {
+    changes_->setVisible(false);
+    column->addWidget(changes_);
+    cmdChanges_->setObjectName(QStringLiteral("cmdChanges"));
+    cmdChanges_->setCheckable(true);
+    cmdChanges_->setAutoDefault(false);
+    QObject::connect(cmdChanges_, &QPushButton::toggled, changes_, &QWidget::setVisible);
+    const auto undo = [this] { view_.Undo(); };
+    const auto redo = [this] { view_.Redo(); };
+    changes_->OfferUndo(undo, redo);
+    changes_->Chosen = [this](Field field) { ComeToField(field); };
+    QObject::connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), this), &QShortcut::activated, this,
+                     undo);
+    for (const QKeyCombination keys : {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y})
+        QObject::connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this, redo);
+}
+
+void SetupPage::ShowChanges() {
+    const int fields = view_.Program.Origin.From == SetupSource::Nothing ? 0 : FieldsChanged(view_.Program);
+    const QString caption =
+        QStringLiteral("Changes") + (fields > 0 ? QStringLiteral(" (%1)").arg(fields) : "");
+    if (cmdChanges_->text() != caption) cmdChanges_->setText(caption);
+    changes_->Follow();
+    if (Acted) Acted();
+}
+
+void SetupPage::ComeToField(Field field) {
+    const std::string why = view_.ComeToField(field);
+    if (!why.empty()) view_.Program.Dialogs.Show({"Changes", why});
 }
 
 void SetupPage::Connect() {
@@ -173,6 +210,7 @@ void SetupPage::ShowAll() {
     bound_.Refresh();
     layout_.Follow();
     ShowWhy();
+    ShowChanges();
 }
 
 // What is disabled says why under the pointer.

@@ -7,6 +7,7 @@
 
 #include "desktop/kit/binder.h"
 #include "desktop/kit/view_page.h"
+#include "desktop/pages/changes_list.h"
 #include "desktop/pages/digit_entry_dialog.h"
 #include "desktop/pages/setup_layout.h"
 
@@ -20,6 +21,12 @@ class SetupPage : public ViewPage {
 
     // The home view, for which this page is put away; may be empty. Help over this page ends in HelpClosed.
     std::function<void()> ShowMainMenu;
+    // The setup in memory may have changed; may be empty.
+    std::function<void()> Acted;
+    // The list of changes is told what to do by whoever makes this page.
+    ChangesList& Changes() { return *changes_; }
+    // Brings the user to the control of a field, or tells why it can't be come to.
+    void ComeToField(Field field);
 
     QString Title() const override { return QStringLiteral("Setup"); }
     // Rebuilds the view from the image.
@@ -47,6 +54,8 @@ class SetupPage : public ViewPage {
     void ShowAll();
     void ShowTabs();
     void ShowWhy();
+    void AddChanges(QVBoxLayout* column);
+    void ShowChanges();
     void MoveFocus(const Control& control);
     void OpenEntry();
     void CloseEntry();
@@ -59,6 +68,8 @@ class SetupPage : public ViewPage {
     DigitEntry entry_;
     QTabWidget* tabs_;
     DigitEntryDialog* dialog_;
+    ChangesList* changes_;
+    QPushButton* cmdChanges_;
     Control* edited_ = nullptr;  // the field of the digit entry that was opened last
     Control* wanted_ = nullptr;  // the one to come after it
     bool showingTabs_ = false;
