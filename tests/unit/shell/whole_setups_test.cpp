@@ -96,6 +96,15 @@ TEST(WholeSetups, WhatIsDoneInAWaitOfATransfer) {
         {"mnuPut", "mnuOpen B", 1500, "B", "A", kPut},
         {"mnuPut", "mnuGet", 1500, "A", "A", kPut},
         {"mnuPut", "mnuPut", 1500, "A", "A", kPut},
+        {"mnuPut", "mnuVerify", 1500, "A", "A", kPut},
+        {"mnuVerify", "mnuOpen B", 1200, "B", "M",
+         "7 fields differ in the meter from the setup in memory.  (as it was when Verify began; another is in "
+         "memory now)"},
+        {"mnuVerify", "mnuGet", 1200, "M", "M",
+         "7 fields differ in the meter from the setup in memory.  (as it was when Verify began; another is in "
+         "memory now)"},
+        {"mnuVerify", "mnuPut", 1200, "A", "A",
+         "The meter was written while it was read: what came was not taken. Try once more."},
     };
     for (const LinkKind& kind : kLinkKinds) {
         for (const auto& c : cases) {
