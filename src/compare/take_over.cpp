@@ -71,6 +71,7 @@ TakenOver TakeOver(Session& session, const SetupImage& other, const std::vector<
     }
     if (result.Taken.empty()) return result;
     result.Changed = ChangedBeside(session.Image, desk.Program().Image, fields);
+    const SetupActScope act(session.Changes, session.Image, {"compare", "taken over in Compare", fields});
     session.Image = desk.Program().Image;
     session.Derived = desk.Program().Derived;
     return result;

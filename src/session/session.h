@@ -18,11 +18,23 @@
 #include "platform/serial_port.h"
 #include "platform/sockets.h"
 #include "session/home_state.h"
+#include "session/setup_changes.h"
+#include "session/setup_origin.h"
 #include "session/setup_writes.h"
 #include "session/view_state.h"
 #include "settings/settings.h"
 
 namespace counter {
+
+// A setup that was in memory before another came, with all that belongs to it.
+struct KeptSetup {
+    SetupImage Image;
+    SetupOrigin Origin;
+    SetupChanges Changes;
+    std::string Doubt;     // HomeState::SetupDoubt
+    std::string FileName;  // HomeState::CurrentFileName
+    bool FromMeter = false;
+};
 
 struct Session {
     NoSockets None;  // for those who reach no node
@@ -34,6 +46,10 @@ struct Session {
     counter::Sockets Sockets;
 
     SetupImage Image;
+    SetupOrigin Origin;                        // of the image
+    SetupChanges Changes;                      // since it came
+    std::optional<KeptSetup> SetupBefore;      // the last one came
+    std::optional<MeterSetup> MeterAtLastGet;  // none before the first good Get
     counter::Settings Settings;
     MeterIdentity Identity;
     counter::LinkState LinkState;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "shell/line_words.h"
 #include "shell/setup_files.h"
 
 namespace counter {
@@ -49,11 +50,10 @@ void RemoveOldest(Files& files, const std::string& folder, const std::string& wr
 
 std::string BackupName(const Session& session) {
     const WallTime now = session.Pump.LocalTime();
-    const int address =
-        session.LinkState.ModbusLink ? session.Settings.ModbusAddress : session.Settings.MeterAddressValue;
     char name[96];
     std::snprintf(name, sizeof name, "%04d-%02d-%02d_%02d-%02d-%02d-%03d_address-%02d.CT2", now.Year,
-                  now.Month, now.Day, now.Hour, now.Minute, now.Second, now.Millisecond, address);
+                  now.Month, now.Day, now.Hour, now.Minute, now.Second, now.Millisecond,
+                  AddressOnLine(session.Settings));
     return name;
 }
 

@@ -3,7 +3,10 @@
 #include "link/waits.h"
 #include "meter/field_code.h"
 #include "meter/meter_words.h"
+#include "platform/utc_time.h"
+#include "session/take_setup.h"
 #include "shell/backups.h"
+#include "shell/line_words.h"
 #include "shell/read_meter.h"
 #include "transfer/get_setup.h"
 
@@ -48,8 +51,8 @@ void Fail(Session& session, const Reading& reading) {
     if (session.Image != reading.Before) {
         note = "memory keeps what was chosen meanwhile";
     } else if (reading.Came != reading.Before) {
-        session.Image = reading.Came;
-        home.SetupDoubt = "The last Get failed: what is in memory is from the meter only in part.";
+        TakeSetup(session, reading.Came, SetupSource::FailedGet,
+                  "The last Get failed: what is in memory is from the meter only in part.");
         note = "memory has only a part of the meter's setup";
     }
     session.Identity.SetupFromMeter = false;
@@ -73,10 +76,10 @@ void Succeed(Session& session, const Reading& reading) {
     std::string note = reading.Doubt;
     if (reading.ChosenMeanwhile(session))
         note = AddedNote(note, "memory has the meter's setup, not what was chosen meanwhile");
-    session.Image = reading.Came;
-    session.Identity.SetupFromMeter = true;
-    home.SetupDoubt =
-        reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".";
+    TakeSetup(session, reading.Came, SetupSource::Meter,
+              reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".");
+    session.MeterAtLastGet = MeterSetup{reading.Came, UtcMs(session.Pump.LocalTime()),
+                                        AddressOnLine(session.Settings), LineInWords(session.Settings)};
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
     home.ShowProgress(false);
     // What may not be the meter's setup is no copy to go back to.

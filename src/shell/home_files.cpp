@@ -1,5 +1,6 @@
 // What the File and Counter menus of the home view do with the setup.
 #include "meter/default_setup.h"
+#include "session/take_setup.h"
 #include "shell/get_action.h"
 #include "shell/home_view.h"
 #include "shell/kept_options.h"
@@ -25,16 +26,15 @@ std::string NameIn(const std::string& path) {
 
 }  // namespace
 
-// What was loaded did not come from the meter.
-void HomeView::TakeLoaded() {
-    session_.Identity.SetupFromMeter = false;
+void HomeView::OfferLoaded() {
     session_.Home.ViewEnabled = session_.Home.PutEnabled = true;
 }
 
 void HomeView::DefaultSetup() {
-    BuildDefaultSetup(session_.Image);
-    session_.Home.SetupDoubt.clear();
-    TakeLoaded();
+    SetupImage image = session_.Image;
+    BuildDefaultSetup(image);
+    TakeSetup(session_, image, SetupSource::Default);
+    OfferLoaded();
     session_.Home.ShowProgress(false);
     session_.Home.ShowStatus("Default Setup data loaded.", ColorWhite);
 }
@@ -43,14 +43,15 @@ void HomeView::OpenSetup() {
     const std::string path = session_.Dialogs.AskOpenFile(
         {"Open Setup File", std::string(kSetupFilter), false, NameIn(session_.Home.CurrentFileName)});
     if (path.empty()) return;
+    SetupImage image;
     std::string wrong;
-    if (Status status = LoadSetupFile(session_.Folder.Store, path, session_.Image, wrong); !status.Ok()) {
+    if (Status status = LoadSetupFile(session_.Folder.Store, path, image, wrong); !status.Ok()) {
         session_.Home.ShowStatus(status.Text(), ColorRed);
         return;
     }
-    session_.Home.CurrentFileName = path;
-    session_.Home.SetupDoubt = wrong.empty() ? "" : "The file that was opened has " + wrong + ".";
-    TakeLoaded();
+    TakeSetup(session_, image, SetupSource::File,
+              wrong.empty() ? "" : "The file that was opened has " + wrong + ".", path);
+    OfferLoaded();
     session_.Home.ShowStatus("Setup data loaded from " + path, ColorWhite,
                              wrong.empty() ? "" : "no whole setup: " + wrong);
 }
@@ -82,6 +83,7 @@ void HomeView::SaveSetupAs() {
 bool HomeView::WriteSetup(const std::string& path) {
     const Status status = SaveSetupFile(session_.Folder.Store, path, session_.Image);
     if (status.Ok()) {
+        SetupIsSaved(session_, path);
         session_.Home.ShowStatus("Setup data saved in " + path, ColorWhite, status.Note);
     } else {
         session_.Home.ShowStatus(status.Text(), ColorRed);

@@ -86,7 +86,7 @@ class HomeView {
     void SaveSetup();
     void SaveSetupAs();
     bool WriteSetup(const std::string& path);
-    void TakeLoaded();
+    void OfferLoaded();
     void Get();
     void Put();
     bool PutIsMeant();

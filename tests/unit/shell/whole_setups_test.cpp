@@ -85,26 +85,33 @@ TEST(WholeSetups, WhatIsDoneInAWaitOfATransfer) {
         const char *First, *Meanwhile;
         double AfterMs;
         const char *Memory, *Meter, *Status;
+        SetupSource Origin;
+        const char *Before, *LastGet;
     } cases[] = {
         {"mnuGet", "mnuOpen B", 1200, "M", "M",
          "Getting data from the Counter.  Data received OK.  (memory has the meter's setup, not what was "
-         "chosen meanwhile)"},
-        {"mnuGet", "mnuSaveAs C", 1200, "M", "M", kGot},
-        {"mnuGet", "mnuGet", 1200, "M", "M", kGot},
+         "chosen meanwhile)",
+         SetupSource::Meter, "B", "M"},
+        {"mnuGet", "mnuSaveAs C", 1200, "M", "M", kGot, SetupSource::Meter, "A", "M"},
+        {"mnuGet", "mnuGet", 1200, "M", "M", kGot, SetupSource::Meter, "M", "M"},
         {"mnuGet", "mnuPut", 1200, "A", "A",
-         "The meter was written while it was read: what came was not taken. Get Setup once more."},
-        {"mnuPut", "mnuOpen B", 1500, "B", "A", kPut},
-        {"mnuPut", "mnuGet", 1500, "A", "A", kPut},
-        {"mnuPut", "mnuPut", 1500, "A", "A", kPut},
-        {"mnuPut", "mnuVerify", 1500, "A", "A", kPut},
+         "The meter was written while it was read: what came was not taken. Get Setup once more.",
+         SetupSource::File, "", ""},
+        {"mnuPut", "mnuOpen B", 1500, "B", "A", kPut, SetupSource::File, "A", ""},
+        {"mnuPut", "mnuGet", 1500, "A", "A", kPut, SetupSource::File, "", ""},
+        {"mnuPut", "mnuPut", 1500, "A", "A", kPut, SetupSource::File, "", ""},
+        {"mnuPut", "mnuVerify", 1500, "A", "A", kPut, SetupSource::File, "", ""},
         {"mnuVerify", "mnuOpen B", 1200, "B", "M",
          "7 fields differ in the meter from the setup in memory.  (as it was when Verify began; another is in "
-         "memory now)"},
+         "memory now)",
+         SetupSource::File, "A", ""},
         {"mnuVerify", "mnuGet", 1200, "M", "M",
          "7 fields differ in the meter from the setup in memory.  (as it was when Verify began; another is in "
-         "memory now)"},
+         "memory now)",
+         SetupSource::Meter, "A", "M"},
         {"mnuVerify", "mnuPut", 1200, "A", "A",
-         "The meter was written while it was read: what came was not taken. Try once more."},
+         "The meter was written while it was read: what came was not taken. Try once more.",
+         SetupSource::File, "", ""},
     };
     for (const LinkKind& kind : kLinkKinds) {
         for (const auto& c : cases) {
@@ -117,6 +124,15 @@ TEST(WholeSetups, WhatIsDoneInAWaitOfATransfer) {
             EXPECT_EQ(bench.InMeter(), c.Meter);
             EXPECT_EQ(bench.StatusLine(), c.Status);
             EXPECT_EQ(bench.Store.Contents["C.CT2"].size(), 262U);
+            Session& session = bench.Program;
+            EXPECT_EQ(session.Origin.From, c.Origin);
+            EXPECT_EQ(bench.NameOf(session.Origin.Image.SetupData), c.Memory);
+            EXPECT_EQ(session.SetupBefore ? bench.NameOf(session.SetupBefore->Image.SetupData) : "",
+                      c.Before);
+            const auto& last = session.MeterAtLastGet;
+            EXPECT_EQ(last ? bench.NameOf(last->Image.SetupData) : "", c.LastGet);
+            const std::string line = last ? last->Line : "";
+            EXPECT_EQ(line.find(" at 9600 baud") != std::string::npos, last.has_value()) << line;
         }
     }
 }

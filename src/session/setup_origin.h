@@ -1,0 +1,34 @@
+// Where the setup in memory came from, and what the meter held when it was last read.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "meter/setup_image.h"
+
+namespace counter {
+
+enum class SetupSource {
+    Nothing,  // the zeros of the program's start
+    Default,
+    Meter,      // a good Get
+    File,       // opened, or saved there
+    FailedGet,  // in part from the meter, in part what was there before
+};
+
+struct SetupOrigin {
+    SetupSource From = SetupSource::Nothing;
+    std::string Path;        // of the file; empty otherwise
+    std::int64_t UtcMs = 0;  // when it came, milliseconds since 1970 in UTC
+    SetupImage Image;        // as it came
+};
+
+// What a good Get brought. A Put leaves it alone: what a meter was told to take is not what it holds.
+struct MeterSetup {
+    SetupImage Image;
+    std::int64_t UtcMs = 0;  // when it came
+    int Address = 0;         // of the meter, in the protocol of the line
+    std::string Line;        // in words: "port 3, Custom ASCII at 9600 baud"
+};
+
+}  // namespace counter

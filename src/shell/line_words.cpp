@@ -1,0 +1,34 @@
+#include "shell/line_words.h"
+
+#include <array>
+#include <span>
+#include <string_view>
+
+#include "meter/field_lists.h"
+
+namespace counter {
+
+namespace {
+
+constexpr std::array<std::string_view, 3> kParityWords = {"", ", odd parity", ", even parity"};
+
+std::string WordOf(std::span<const std::string_view> table, int index) {
+    const bool there = index >= 0 && index < static_cast<int>(table.size());
+    return there ? std::string(table[static_cast<std::size_t>(index)]) : "?";
+}
+
+}  // namespace
+
+std::string LineInWords(const Settings& settings) {
+    const std::string protocol = WordOf(lists::kProtocol, settings.SerialProtocol);
+    if (settings.EthernetMode) return "node " + settings.NodeIp + ", " + protocol;
+    return "port " + std::to_string(settings.CommPortNumber) + ", " + protocol + " at " +
+           WordOf(BaudTable, settings.BaudIndex) + " baud" +
+           (settings.ModbusLink ? WordOf(kParityWords, settings.ParityIndex) : "");
+}
+
+int AddressOnLine(const Settings& settings) {
+    return settings.ModbusLink ? settings.ModbusAddress : settings.MeterAddressValue;
+}
+
+}  // namespace counter

@@ -1,0 +1,15 @@
+// The line to the meter in words, as a user knows it.
+#pragma once
+
+#include <string>
+
+#include "settings/settings.h"
+
+namespace counter {
+
+// "port 3, Custom ASCII at 9600 baud", or through a node "node 192.168.1.5, Modbus RTU".
+std::string LineInWords(const Settings& settings);
+// The meter's address in the protocol of the line: 0..31, over Modbus 1..999.
+int AddressOnLine(const Settings& settings);
+
+}  // namespace counter
