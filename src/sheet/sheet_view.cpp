@@ -1,6 +1,8 @@
 #include "sheet/sheet_view.h"
 
 #include "offline/setup_desk.h"
+#include "platform/utc_time.h"
+#include "session/take_setup.h"
 #include "sheet/sheet_html.h"
 #include "shell/home_view.h"
 #include "shell/setup_files.h"
@@ -8,6 +10,31 @@
 namespace counter {
 
 namespace {
+
+std::string CameFrom(const Session& session) {
+    switch (session.Origin.From) {
+        case SetupSource::Default:
+            return "the default setup";
+        case SetupSource::FailedGet:
+            return "from the meter only in part: the last Get failed";
+        case SetupSource::Meter:
+            break;
+        default:
+            return {};
+    }
+    const MeterSetup& meter = *session.MeterAtLastGet;
+    const int east = session.Pump.LocalTime().MinutesEast;
+    return "read from the meter at address " + std::to_string(meter.Address) + ", " + meter.Line + ", on " +
+           SheetDate(WallTimeAt(meter.UtcMs, east));
+}
+
+std::string WhereFrom(const Session& session) {
+    const int changed = FieldsChanged(session);
+    const std::string from = CameFrom(session);
+    if (changed == 0 || session.Origin.From == SetupSource::Nothing) return from;
+    return (from.empty() ? "" : from + "; ") + std::to_string(changed) +
+           (changed == 1 ? " field" : " fields") + " changed since";
+}
 
 std::string FileName(const std::string& path) {
     return path.substr(path.rfind('/') + 1);
@@ -44,8 +71,8 @@ void SheetView::Refresh() {
 }
 
 SheetFacts SheetView::Facts() const {
-    return {Program.Home.CurrentFileName, Program.Identity.SetupFromMeter ? "as read from the meter" : "",
-            SheetDate(Program.Pump.LocalTime())};
+    const bool file = Program.Origin.From == SetupSource::File;
+    return {file ? Program.Origin.Path : "", WhereFrom(Program), SheetDate(Program.Pump.LocalTime())};
 }
 
 void SheetView::ChooseAgainst() {

@@ -52,7 +52,8 @@ TEST(DeskTools, ARowOfTheComparisonIsTakenOver) {
     auto* table = bench.Find<QTableWidget>("grdCompare");
     ASSERT_EQ(table->rowCount(), 2);
     EXPECT_FALSE(bench.Find("cmdTake")->isEnabled());
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualItemRect(table->item(1, 1)).center());
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                      table->visualItemRect(table->item(1, 1)).center());
     GuiPump::Settle();
     bench.Click("cmdCopy");
     EXPECT_TRUE(QApplication::clipboard()->text().endsWith("55\tSetpoint 1\t+010000.\t+012345.\twritten\n"))

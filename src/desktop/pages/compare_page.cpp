@@ -9,7 +9,6 @@
 #include <QVBoxLayout>
 #include <set>
 
-#include "desktop/kit/box_flow.h"
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"

@@ -46,11 +46,10 @@ TEST(Compare, SingleFieldsAreTakenOverByTheRulesOfTheSetupView) {
     } cases[] = {
         // clang-format off
         {"a value",            55,  "003039", Field::Setpoint1,     "003039", ""},
-        {"a list",             191, "E0",     Field::BaudRate,      "",       "Baud Rate has no entry"},
+        {"a list",             191, "70",     Field::BaudRate,      "",       "Baud Rate has no entry"},
         {"a box",              181, "80",     Field::Lockout12,     "80",     ""},
         {"the meter's own",    233, "4D",     Field::FirmwareVersion, "",     "is the meter's own"},
-        {"hidden by the board",67,  "000064", Field::HighIn2,       "",       "is disabled"},
-        {"a mode and what hangs on it", 199, "50", Field::ClassAndCurve, "",  ""},
+        {"disabled by a choice", 67, "000064", Field::HighIn2,       "",       "is disabled"},
         // clang-format on
     };
     for (const auto& c : cases) {
@@ -102,7 +101,8 @@ TEST(Compare, TheMeterIsReadAsideAndABackupIsFound) {
     CompareBench bench;
     CompareView& view = bench.View;
     bench.Program.Image = {bench.Line.Meter().ImageText()};
-    for (const char* name : {"2026-01-01_00-00-00-000_address-01.CT2", "2026-02-01_00-00-00-000_address-01.CT2"})
+    for (const char* name :
+         {"2026-01-01_00-00-00-000_address-01.CT2", "2026-02-01_00-00-00-000_address-01.CT2"})
         bench.File(std::string("home/backups/") + name, 55, name[6] == '2' ? "000002" : "000001");
     DigitsPut(bench.Program.Image, 49, "000007");
     view.Activate();

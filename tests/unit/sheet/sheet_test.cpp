@@ -66,7 +66,9 @@ TEST(SetupSheet, OfTheSetupInMemoryLeavesItAsItIs) {
     struct NoPrinter : Printer {
         Status PrintView() override { return {}; }
         Status PrintText(const std::string&, const std::string&) override { return {}; }
-        Status PrintPages(const std::string&, const std::string& html) override { return Printed = html, Status(); }
+        Status PrintPages(const std::string&, const std::string& html) override {
+            return Printed = html, Status();
+        }
         Status WritePdf(const std::string&, const std::string&, const std::string&) override { return {}; }
         std::string Printed;
     } paper;

@@ -78,7 +78,8 @@ TEST(Verify, TheOptionIsKeptAndVerifiesEachPut) {
     bench.Press("mnuGet");
     bench.Press("mnuPut");
     EXPECT_EQ(bench.StatusLine(),
-              "Putting data to the Counter.  Data appears to have Transferred O.K.  (verified: the meter holds it)");
+              "Putting data to the Counter.  Data appears to have Transferred O.K.  (verified: the meter "
+              "holds it)");
     EXPECT_EQ(bench.Report, "");
     DigitsPut(bench.Program.Image, 55, "003039");
     bench.Press("mnuPut");
