@@ -81,7 +81,7 @@ void TellPeople(const std::string& line) {
 
 }  // namespace
 
-int RunCommandLine(int argc, char** argv, const RecordingCommands& recording) {
+int RunCommandLine(int argc, char** argv, const RecordingCommands& recording, const SheetMaking& sheets) {
     HoldStandardStreams();
     // Nobody here needs the event loop that windows share with other libraries, and each waking of it costs
     // more.
@@ -107,7 +107,8 @@ int RunCommandLine(int argc, char** argv, const RecordingCommands& recording) {
                          TakesColors(STDOUT_FILENO),
                          TakesColors(STDERR_FILENO),
                          [&written] { return written.Failure(); },
-                         recording};
+                         recording,
+                         sheets};
     return RunCli(world, argc, argv);
 }
 

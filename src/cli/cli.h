@@ -46,6 +46,7 @@ int EditCommand(const CommandCall& call);
 int StreamCommand(const CommandCall& call);
 int RecordCommand(const CommandCall& call);
 int ReadingsCommand(const CommandCall& call);
+int SheetCommand(const CommandCall& call);
 int ReadCommand(const CommandCall& call);
 int ResetCommand(const CommandCall& call);
 int RemoteCommand(const CommandCall& call);

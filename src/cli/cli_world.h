@@ -39,6 +39,12 @@ struct RecordingCommands {
     std::function<int(const CommandCall&)> Record, Readings;
 };
 
+// What makes the PDF of a sheet: letters and paper cost a program its start, too. One of both is there.
+struct SheetMaking {
+    std::function<std::string(const std::string& title, const std::string& html)> Pdf;
+    std::function<int(const CommandCall&)> Become;  // the program that has it takes the call over
+};
+
 struct CliWorld {
     std::ostream& Out;
     std::ostream& Err;
@@ -56,11 +62,12 @@ struct CliWorld {
     // Why Out takes no more; may be empty, and answer Ok where it is not known.
     std::function<Status()> WhyOutFailed = {};
     RecordingCommands Recording = {};
+    SheetMaking Sheets = {};
 
     // The same world with other files.
     CliWorld With(Files& files) const {
         return {Out,  Err,          ErrIsTerminal, files,     DefaultFolder, MakeMachine, In,
-                Exit, InIsTerminal, OutColors,     ErrColors, WhyOutFailed,  Recording};
+                Exit, InIsTerminal, OutColors,     ErrColors, WhyOutFailed,  Recording,   Sheets};
     }
 };
 

@@ -78,6 +78,13 @@ const std::vector<CommandRow>& Table() {
          std::string("Actions, one in each line; # begins a comment:\n") + kActionsHelp +
          "At a terminal there is a prompt, and help, list, show CONTROL, undo and quit as well.\n",
          "echo 'select cboBaudRate 19200' | counterctl edit press4.CT2 --out fast.CT2\n"},
+        {"sheet", "FILE [FILE2] --html OUT|--pdf OUT", "a setup as a sheet for the files of a plant",
+         1, 2, {kRead, kRead},
+         {{"--html", "OUT", "writes the sheet as one HTML document that prints as it reads", kWritten},
+          {"--pdf", "OUT", "writes the same sheet as PDF", kWritten}}, SheetCommand,
+         "Meter, line and file, all fields by page with the captions of the Setup view, and the\n"
+         "front-panel menu. With FILE2 also the fields that differ from it.\n",
+         "counterctl sheet press4.CT2 golden.CT2 --html press4.html\n"},
         {"read", "item1|item2|item3|peak|valley|all|all+", "one reading, or one line of them",
          1, 1, {}, {}, ReadCommand,
          "all and all+ exist in Custom ASCII only.\n",

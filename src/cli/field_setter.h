@@ -32,8 +32,6 @@ class FieldSetter : public Player {
 
   private:
     std::string Set(SetupRun& run, Assignment& assignment);
-    std::string SetOneOf(SetupRun& run, Assignment& assignment, const std::vector<Control*>& controls);
-    std::string SetNumber(SetupRun& run, Control& box, Assignment& assignment);
     std::string StillSo(SetupRun& run) const;
 
     std::vector<Assignment> assignments_;

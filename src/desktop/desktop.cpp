@@ -6,11 +6,14 @@
 #include "desktop/pages/calibration_page.h"
 #include "desktop/pages/chart_page.h"
 #include "desktop/pages/commands_page.h"
+#include "desktop/pages/compare_page.h"
 #include "desktop/pages/list_page.h"
 #include "desktop/pages/menu_page.h"
 #include "desktop/pages/node_page.h"
+#include "desktop/pages/report_dialog.h"
 #include "desktop/pages/send_curve_dialog.h"
 #include "desktop/pages/setup_page.h"
+#include "desktop/pages/sheet_page.h"
 #include "link/prepare_readings.h"
 #include "session/take_setup.h"
 
@@ -56,6 +59,7 @@ void Desktop::Connect() {
     home_.PrepareStream = [this] {
         PrepareReadings(session_.Link, session_.Identity.FirmwareVersion, session_.Frames);
     };
+    home_.ShowReport = [this](const std::string& title, const std::string& text) { ShowReport(title, text); };
     home_.CloseSockets = [this] { session_.Node.Close(); };
     home_.HoldExit = [this] { return HoldExit(); };
     home_.TellOutside = [](const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); };
@@ -67,6 +71,7 @@ void Desktop::Connect() {
         shown();
         ShowHourglass();
         ShowChanged();
+        if (compare_) compare_->Follow();
     };
     help_.ClearMenuMark = [this] {
         if (menuPage_) menuPage_->ClearMark();
@@ -144,6 +149,10 @@ ViewPage* Desktop::MakePage(ViewId view) {
             return MakeCommands();
         case ViewId::Calibration:
             return MakeCalibration();
+        case ViewId::Compare:
+            return MakeCompare();
+        case ViewId::Sheet:
+            return MakeSheet();
         case ViewId::List:
             return MakeList();
         case ViewId::Plot:
@@ -190,6 +199,22 @@ ViewPage* Desktop::MakeCalibration() {
     calibration_->ShowMainMenu = [this] { GoHome(); };
     calibration_->ExitProgram = [this] { home_.Exit(); };
     auto* page = new CalibrationPage(*calibration_, window_.get());
+    page->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
+    return page;
+}
+
+ViewPage* Desktop::MakeCompare() {
+    compare_ = std::make_unique<CompareView>(session_);
+    compare_->ShowMainMenu = [this] { GoHome(); };
+    auto* page = new ComparePage(*compare_, window_.get());
+    page->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
+    return page;
+}
+
+ViewPage* Desktop::MakeSheet() {
+    sheet_ = std::make_unique<SheetView>(session_, paper_);
+    sheet_->ShowMainMenu = [this] { GoHome(); };
+    auto* page = new SheetPage(*sheet_, window_.get());
     page->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
     return page;
 }
@@ -244,6 +269,11 @@ void Desktop::OpenHelp(int helpId, HelpFrom from, HelpPlace place) {
     dialog->open();
 }
 
+void Desktop::ShowReport(const std::string& title, const std::string& text) {
+    QWidget* const over = QApplication::activeModalWidget();
+    (new ReportDialog(title, text, over ? over : window_.get()))->open();
+}
+
 void Desktop::Interrupt() {
     if (ViewPage* page = window_->Current(); page && page != homePage_) page->Leave();
     home_.ExitFromOutside();
@@ -253,6 +283,8 @@ void Desktop::Interrupt() {
 void Desktop::ShowReplaced() {
     ViewPage* const page = window_->Current();
     if (page && (page == setupPage_ || page == menuPage_)) page->ComeToFront();
+    if (compare_) compare_->Follow();
+    if (sheet_) sheet_->Refresh();
 }
 
 void Desktop::ShowChanged() {

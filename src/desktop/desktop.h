@@ -7,6 +7,7 @@
 
 #include "calibration/calibration_view.h"
 #include "commands/commands_view.h"
+#include "compare/compare_view.h"
 #include "curve/send_curve_view.h"
 #include "desktop/kit/qt_printer.h"
 #include "desktop/main_window.h"
@@ -20,6 +21,7 @@
 #include "readings/plot_view.h"
 #include "session/session.h"
 #include "setup_view/setup_view.h"
+#include "sheet/sheet_view.h"
 #include "shell/node_view.h"
 
 namespace counter {
@@ -67,10 +69,13 @@ class Desktop {
     ViewPage* MakeMenu();
     ViewPage* MakeCommands();
     ViewPage* MakeCalibration();
+    ViewPage* MakeCompare();
+    ViewPage* MakeSheet();
     ViewPage* MakeChart(ChartView& view, std::string_view title);
     ViewPage* MakeList();
     ViewPage* MakeHelpScreen(ViewId view);
     HelpWorld WorldOfHelp();
+    void ShowReport(const std::string& title, const std::string& text);
     void MakeReading(ReadingView& view);
     void ShowHourglass();
     void ShowReplaced();
@@ -97,6 +102,8 @@ class Desktop {
     std::unique_ptr<CommandsView> commands_;
     std::unique_ptr<SendCurveView> curve_;
     std::unique_ptr<CalibrationView> calibration_;
+    std::unique_ptr<CompareView> compare_;
+    std::unique_ptr<SheetView> sheet_;
     std::unique_ptr<ListView> list_;
     std::unique_ptr<PlotView> plot_;
     std::unique_ptr<GraphView> graph_;

@@ -7,6 +7,7 @@
 #include "session/take_setup.h"
 #include "shell/backups.h"
 #include "shell/line_words.h"
+#include "shell/read_meter.h"
 #include "transfer/get_setup.h"
 
 namespace counter {
@@ -100,14 +101,7 @@ void WriteServiceFile(Session& session, const SetupImage& image) {
 void Transfer(Session& session, Reading& reading) {
     const MeterIdentity before = session.Identity;
     MeterIdentity identity = before;
-    SetupTransfer transfer{session.Link, reading.Came, identity, session.Derived,
-                           [&](int percent) { session.Home.ProgressTo(percent); }};
-    if (session.LinkState.ModbusLink) {
-        GetSetupModbus(transfer);
-    } else {
-        GetSetupAscii(transfer);
-    }
-    reading.Doubt = transfer.Doubt;
+    reading.Doubt = ReadWholeSetup(session, {reading.Came, identity, session.Derived});
     const bool whole = !session.LinkState.ModbusLink && session.LinkState.LinkError == 0;
     const bool told =
         identity.MeterType != before.MeterType || identity.FirmwareVersion != before.FirmwareVersion;

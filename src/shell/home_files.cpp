@@ -5,9 +5,11 @@
 #include "session/take_setup.h"
 #include "shell/get_action.h"
 #include "shell/home_view.h"
+#include "shell/kept_options.h"
 #include "shell/put_action.h"
 #include "shell/setup_files.h"
 #include "shell/start.h"
+#include "shell/verify_action.h"
 
 namespace counter {
 
@@ -15,6 +17,7 @@ namespace {
 
 constexpr const char* kNoFileName = "No file name active, use Save Setup As";
 constexpr const char* kNoSetup = "No Setup data loaded";
+constexpr const char* kReportTitle = "Verify";
 constexpr const char* kBoxTitle = "Continue";
 constexpr const char* kChangedNote = "with the settings as another program has changed them";
 constexpr std::string_view kFirstName = "Setup.CT2";  // proposed for a setup that has no file yet
@@ -144,10 +147,34 @@ bool HomeView::PutIsMeant() {
 void HomeView::Put() {
     if (!PutIsMeant()) return;
     const bool changed = FollowSettings(session_).Changed;
+    const int number = session_.Writes.PutsBegun + 1;
     const Status settled = PutSetup(session_);
     if (!settled.Ok()) session_.Home.ShowStatus(settled.Text(), ColorRed);
     if (changed) session_.Home.AddNote(kChangedNote);
     session_.Writes.EndIfWanted();
+    if (session_.Writes.PutsBegun != number || session_.Writes.EndWanted()) return;
+    putLine_ = session_.Home.StatusText;
+    ShowState();
+    if (Menu(HomeItem::VerifyAfterPut).Value == 1 && putLine_ == kPutAppearsDone) VerifyPut();
+}
+
+void HomeView::Verify() {
+    ReopenLine(session_);  // where it can't be opened, that shows in the transfer's own number
+    const Verification end = VerifySetup(session_);
+    if (!end.Report.empty() && ShowReport) ShowReport(kReportTitle, end.Report);
+}
+
+// What no Put writes is no news after one.
+void HomeView::VerifyPut() {
+    const Verification end = VerifySetup(session_, true);
+    if (!end.Holds && !end.Report.empty() && ShowReport) ShowReport(kReportTitle, end.Report);
+}
+
+void HomeView::ToggleVerify() {
+    Control& entry = Menu(HomeItem::VerifyAfterPut);
+    entry.Value = 1 - entry.Value;
+    KeepOption(session_.Folder, kVerifyAfterPut, entry.Value == 1);
+    Controls.TellChanged();
 }
 
 }  // namespace counter

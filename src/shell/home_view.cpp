@@ -5,6 +5,7 @@
 #include "link/change_settings.h"
 #include "link/port_setup.h"
 #include "meter/meter_words.h"
+#include "shell/kept_options.h"
 #include "shell/start.h"
 
 namespace counter {
@@ -76,6 +77,8 @@ void HomeView::Wire() {
     On(Menu(HomeItem::Exit), &HomeView::Exit);
     On(Menu(HomeItem::Get), &HomeView::Get);
     On(Menu(HomeItem::Put), &HomeView::Put);
+    for (Control* verify : {&Menu(HomeItem::Verify), &cmdVerify}) On(*verify, &HomeView::Verify);
+    On(Menu(HomeItem::VerifyAfterPut), &HomeView::ToggleVerify);
     On(Menu(HomeItem::Glossary), &HomeView::ShowGlossary);
     On(cmdMenuHelp, &HomeView::MenuHelp);
     On(cmdOK, &HomeView::EndMenuHelp);
@@ -86,8 +89,9 @@ void HomeView::On(Control& control, void (HomeView::*action)()) {
 }
 
 void HomeView::Load() {
-    for (Control* hidden : {&lblPGText, &pbBar, &lblWait, &lblTest, &lblTest1, &lblTest2})
+    for (Control* hidden : {&lblPGText, &pbBar, &lblWait, &lblTest, &lblTest1, &lblTest2, &cmdVerify})
         hidden->Visible = false;
+    Menu(HomeItem::VerifyAfterPut).Value = KeptOption(session_.Folder, kVerifyAfterPut) ? 1 : 0;
     session_.Identity.SetupFromMeter = false;
     MenuHelp();
 }
@@ -133,8 +137,11 @@ void HomeView::ShowState() {
     pbBar.Value = home.ProgressPercent;
     pbBar.Visible = home.ProgressVisible;
     lblTest2.Caption = session_.LinkState.ReplyText;
-    Menu(HomeItem::View).Enabled = home.ViewEnabled;
+    for (HomeItem item : {HomeItem::View, HomeItem::Compare, HomeItem::PrintSetup})
+        Menu(item).Enabled = home.ViewEnabled;
     Menu(HomeItem::Put).Enabled = home.PutEnabled;
+    Menu(HomeItem::Verify).Enabled = cmdVerify.Enabled = home.PutEnabled && home.Transfers == 0;
+    cmdVerify.Visible = home.StatusVisible && !putLine_.empty() && home.StatusText == putLine_;
     Menu(HomeItem::Commands).Enabled = home.CommandsEnabled;
     Menu(HomeItem::Calibration).Enabled = home.CalibrationEnabled;
     Controls.TellChanged();

@@ -56,8 +56,9 @@ class HomeView {
     std::function<void(int helpNumber)> OpenHelp;    // over this view
     std::function<void()> PrepareStream;             // the stream's frame rules are asked of the meter
     std::function<void(Control& heading)> DropDown;  // the entries under a heading can be used now
-    std::function<bool()> HoldExit;                  // true: something must be finished first, and calls Exit
-    std::function<void()> CloseSockets;              // before the end
+    std::function<void(const std::string& title, const std::string& text)> ShowReport;  // to read and to copy
+    std::function<bool()> HoldExit;      // true: something must be finished first, and calls Exit
+    std::function<void()> CloseSockets;  // before the end
     std::function<void(const std::string& text)> TellOutside;  // where it is seen though the window is gone
 
     Form Controls;
@@ -95,18 +96,23 @@ class HomeView {
     void Put();
     bool PutIsMeant();
     bool ChangesMayGo(const char* title, const char* yes);
+    void Verify();
+    void VerifyPut();
+    void ToggleVerify();
 
     Session& session_;
     std::array<Control*, static_cast<std::size_t>(HomeItem::Count)> items_ = {};
     bool tallText_ = true;
     bool preparing_ = false;
     bool asking_ = false;  // whether changes may be lost at the end
+    std::string putLine_;  // the status text of the last Put, beside which it can be verified
 
   public:
     // clang-format off
     Control& picText     = Add(ControlKind::Picture,  "picText");
     Control& cmdMenuHelp = Add(ControlKind::Button,   "cmdMenuHelp", "Menu Help");
     Control& cmdOK       = Add(ControlKind::Button,   "cmdOK", "OK");
+    Control& cmdVerify   = Add(ControlKind::Button,   "cmdVerify", "Verify");
     Control& lblPGText   = Add(ControlKind::Label,    "lblPGText");
     Control& pbBar       = Add(ControlKind::Progress, "pbBar");
     Control& lblWait     = Add(ControlKind::Label,    "lblWait", "Wait");

@@ -12,8 +12,6 @@ namespace counter {
 
 namespace {
 
-constexpr const char* kAppearsDone = "Putting data to the Counter.  Data appears to have Transferred O.K.";
-
 // By InputBoard.
 constexpr std::array<const char*, 4> kBoardNames = {"", "Dual Signal Conditioner", "V-F Converter",
                                                     "Quadrature Meter"};
@@ -58,7 +56,7 @@ Status Transfer(Session& session, SetupTransfer& transfer) {
     if (session.LinkState.ModbusLink) return PutSetupModbus(transfer, session.BringUp);
     PutSetupAscii(transfer);
     if (session.LinkState.LinkError != 0 || transfer.GaveUp) return {};
-    session.Home.ShowStatus(kAppearsDone, ColorGreen);
+    session.Home.ShowStatus(kPutAppearsDone, ColorGreen);
     session.Home.ShowProgress(false);
     LinkDelay(session.Link, 1000);
     if (!transfer.IsSuperseded()) LineHolds(session.Link);
@@ -83,7 +81,7 @@ Status Finish(Session& session, const SetupImage& image, Status settled) {
                                 ColorRed);
         return settled;
     }
-    session.Home.ShowStatus(kAppearsDone, ColorGreen);
+    session.Home.ShowStatus(kPutAppearsDone, ColorGreen);
     // Over Modbus the settings have been saved already; then this finds nothing changed.
     if (settled.Ok()) settled = SaveLinkSettings(image, session.BringUp);
     session.Home.ProgressPercent = 0;

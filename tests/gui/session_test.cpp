@@ -100,7 +100,7 @@ TEST(DesktopSession, NothingIsClippedInAnyViewAtAnyScale) {
                 ++stops;
             },
             room);
-        EXPECT_EQ(stops, 24);
+        EXPECT_EQ(stops, 27);
     }
 }
 

@@ -84,8 +84,9 @@ void HomePage::AddMenu() {
         if (row.Heading) {
             under = AddHeading(control);
         } else {
-            AddEntry(control, *under, row.Opens || row.Item == HomeItem::Glossary)
-                ->setShortcut(KeysOf(row.Item));
+            QAction* entry = AddEntry(control, *under, row.Opens || row.Item == HomeItem::Glossary);
+            entry->setShortcut(KeysOf(row.Item));
+            entry->setCheckable(row.Ticked);
         }
     }
 }
@@ -144,7 +145,7 @@ void HomePage::AddText() {
     text->setBackgroundRole(QPalette::Base);
     text->setForegroundRole(QPalette::Text);
     text->setMargin(kGrid);
-    for (Control* control : {&view_.cmdMenuHelp, &view_.cmdOK, &view_.lblWait})
+    for (Control* control : {&view_.cmdMenuHelp, &view_.cmdOK, &view_.cmdVerify, &view_.lblWait})
         buttons->addWidget(bound_.Make(*control, this));
     buttons->addStretch(1);
     for (Control* control : {&view_.lblTest, &view_.lblTest1, &view_.lblTest2})
