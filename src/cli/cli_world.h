@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/child_processes.h"
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "platform/serial_port.h"
@@ -26,9 +27,11 @@ class Machine {
     virtual SerialPort& Port() = 0;
     virtual const PortCatalog& Catalog() = 0;
     virtual counter::Sockets Sockets() { return none_.Both(); }
+    virtual ChildProcesses& Children() { return noChildren_; }
 
   private:
     NoSockets none_;
+    NoChildProcesses noChildren_;
 };
 
 struct CommandCall;
@@ -56,11 +59,18 @@ struct CliWorld {
     // Why Out takes no more; may be empty, and answer Ok where it is not known.
     std::function<Status()> WhyOutFailed = {};
     RecordingCommands Recording = {};
+    // "user@host", for reports; may be empty.
+    std::function<std::string()> User = {};
 
     // The same world with other files.
     CliWorld With(Files& files) const {
         return {Out,  Err,          ErrIsTerminal, files,     DefaultFolder, MakeMachine, In,
-                Exit, InIsTerminal, OutColors,     ErrColors, WhyOutFailed,  Recording};
+                Exit, InIsTerminal, OutColors,     ErrColors, WhyOutFailed,  Recording,   User};
+    }
+    // The same world without people who look on: what is said on either stream comes into `said`.
+    CliWorld Quiet(std::ostream& said) const {
+        return {said,  said,  false, Store, DefaultFolder, MakeMachine, In, Exit,
+                false, false, false, {},    Recording,     User};
     }
 };
 
