@@ -13,7 +13,7 @@ Json TextOrNull(const std::optional<std::string>& text) {
     return text ? Json(*text) : Json();
 }
 
-Json FieldsJson(const std::vector<ReportedField>& fields) {
+Json ReportedFieldsJson(const std::vector<ReportedField>& fields) {
     Json list = Json::array();
     for (const ReportedField& field : fields) {
         list.push_back({{"field", field.Field},
@@ -59,7 +59,7 @@ Json MeterJson(const MeterReport& meter) {
             {"text", meter.Words},
             {"said", meter.Said},
             {"consequences", meter.Consequences},
-            {"fields", FieldsJson(meter.Fields)},
+            {"fields", ReportedFieldsJson(meter.Fields)},
             {"written", meter.Written},
             {"verified", meter.Verified},
             {"asFound", digits(meter.Images.Found)},

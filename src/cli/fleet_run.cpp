@@ -135,6 +135,9 @@ class FleetRun {
         meter.Images.FirmwareVersion = said.value("version", 0);
         if (said.contains("found")) meter.Images.Found = SetupImage{said["found"].get<std::string>()};
         if (said.contains("left")) meter.Images.Left = SetupImage{said["left"].get<std::string>()};
+        // A Put that had nothing to write leaves the meter as it found it.
+        const bool untouched = order_.Action == "put" && meter.End == MeterEnd::AsWanted;
+        if (untouched) meter.Images.Left = meter.Images.Found;
         const std::size_t place = said.value("place", std::size_t{0});
         if (place > 0 && IsGood(meter.End)) meter.AnswersAt = PlaceWords(PlacesOf(planned)[place]);
     }

@@ -36,7 +36,7 @@ struct ReportedField {
     std::string Field;
     int Position = 0;
     std::string Wanted;
-    std::optional<std::string> Found, Left;  // as found, as left
+    std::optional<std::string> Found, Left;  // as found, as a Put has left it
     bool FoundDiffers = false, LeftDiffers = false;
     bool Counts = true;  // a Put over this link writes it
 };

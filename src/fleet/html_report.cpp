@@ -46,7 +46,7 @@ std::string ValueCell(const std::optional<std::string>& value, bool differs) {
     return "<td class=\"" + mark + "\">" + (value ? MarkupText(*value) : "\xE2\x80\x93") + "</td>";
 }
 
-std::string FieldTable(const MeterReport& meter) {
+std::string FieldRows(const MeterReport& meter) {
     if (meter.Fields.empty()) return {};
     std::string text =
         "<table><thead><tr><th>Field</th><th>Table</th><th>As found</th><th>As "
@@ -70,7 +70,7 @@ std::string MeterSection(const FleetReport& report, const MeterReport& meter) {
             Fact("Reading", Joined(meter.Values, ", "));
     for (const std::string& line : meter.Said) text += Fact("Note", line);
     for (const std::string& line : meter.Consequences) text += Fact("Changed with it", line);
-    return text + "</table>\n" + FieldTable(meter) + "</section>\n";
+    return text + "</table>\n" + FieldRows(meter) + "</section>\n";
 }
 
 std::string Overview(const FleetReport& report) {
