@@ -29,6 +29,8 @@ class FieldSetter : public Player {
     // assignment changed again counts as not done.
     const std::string& Wrong() const { return wrong_; }
     const std::vector<Assignment>& Done() const { return assignments_; }
+    // The one that was done last, or could not be. There must be one.
+    const Assignment& Last() const { return assignments_[next_ > 0 ? next_ - 1 : 0]; }
 
   private:
     std::string Set(SetupRun& run, Assignment& assignment);
