@@ -78,14 +78,19 @@ ProbeReply JudgeProbe(const ProbedAddress& probed, std::string_view received) {
 }
 
 ProbeReply Probe(Link& link, const ProbedAddress& probed, double firstCharacterMs) {
+    const std::string frame = ProbeFrame(probed);
     link.Port.SetRtsEnable(true);
     link.Port.Input();
-    link.Port.Output(ProbeFrame(probed));
+    link.Port.Output(frame);
     WaitForOutput(link);
     AwaitedReply reply(link, firstCharacterMs);
     reply.TakeIn();
     if (reply.LinkError == LinkErrors::kPortFault) return ProbeReply::LineGone;
-    return JudgeProbe(probed, reply.Bytes);
+    if (reply.Bytes != frame) return JudgeProbe(probed, reply.Bytes);
+    AwaitedReply behindEcho(link, firstCharacterMs);
+    behindEcho.TakeIn();
+    if (behindEcho.LinkError == LinkErrors::kPortFault) return ProbeReply::LineGone;
+    return JudgeProbe(probed, behindEcho.Bytes);
 }
 
 }  // namespace counter

@@ -31,8 +31,8 @@ std::string ProbeFrame(const ProbedAddress& probed);
 // What has come back for that frame. An echo of it in front does not count.
 ProbeReply JudgeProbe(const ProbedAddress& probed, std::string_view received);
 
-// Sends the question at once and takes the reply in; none has begun `firstCharacterMs` after the question is
-// out. The rest of a reply has the time that every reply has.
+// Sends the question at once and takes the reply in; none has begun `firstCharacterMs` after the question, or
+// its echo, is over. The rest of a reply has the time that every reply has.
 ProbeReply Probe(Link& link, const ProbedAddress& probed, double firstCharacterMs);
 
 }  // namespace counter

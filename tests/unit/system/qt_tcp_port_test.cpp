@@ -8,6 +8,7 @@
 #include <array>
 #include <optional>
 
+#include "platform/tcp_line.h"
 #include "system/core_runtime.h"
 #include "system/qt_pump.h"
 
