@@ -10,9 +10,9 @@
 #include "system/disk_files.h"
 #include "system/display_check.h"
 #include "system/program_folder.h"
+#include "system/qt_line.h"
 #include "system/qt_port_catalog.h"
 #include "system/qt_pump.h"
-#include "system/qt_serial_port.h"
 #include "system/qt_sockets.h"
 
 namespace counter {
@@ -32,7 +32,7 @@ int Run(int argc, char** argv) {
     QtPump pump;
     pump.InstallInterruptHandler();
     QtPortCatalog catalog(folder);
-    QtSerialPort port(catalog);
+    QtLine port(catalog);
     QtDialogs dialogs(pump, folder);
     QtSockets sockets;
     Session session(pump, port, dialogs, {files, folder}, sockets.Both());

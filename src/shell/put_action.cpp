@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "link/port_setup.h"
 #include "link/read_settings.h"
 #include "link/waits.h"
 #include "session/take_setup.h"
@@ -72,7 +73,15 @@ void GiveUp(Session& session, SetupTransfer& transfer) {
     session.Home.ShowStatus(PutSoFar(session.LinkState, transfer.Identity.FirmwareVersion), ColorRed);
 }
 
-Status Finish(Session& session, const SetupImage& image, Status settled) {
+// Of a line whose server has to follow the meter by hand; empty where nothing is to be followed.
+std::string NoteOfSpeed(const Session& session, const std::string& before) {
+    const std::string line = session.Port.SpeedSetBy(), now = PortSettingsText(session.LinkState);
+    if (line.empty() || now == before) return {};
+    return "the meter now talks at " + now + " and " + line + " at " + before +
+           ": no command arrives until its server is set to " + now;
+}
+
+Status Finish(Session& session, const SetupImage& image, Status settled, const std::string& lineBefore) {
     session.Home.ShowHourglass(false);
     NoteTransfer(session, true, session.LinkState.LinkError == 0);
     if (session.LinkState.LinkError != 0) {
@@ -84,6 +93,7 @@ Status Finish(Session& session, const SetupImage& image, Status settled) {
     session.Home.ShowStatus(kPutAppearsDone, ColorGreen);
     // Over Modbus the settings have been saved already; then this finds nothing changed.
     if (settled.Ok()) settled = SaveLinkSettings(image, session.BringUp);
+    if (settled.Ok()) session.Home.StatusNote = NoteOfSpeed(session, lineBefore);
     session.Home.ProgressPercent = 0;
     session.Home.ShowProgress(false);
     return settled;
@@ -97,6 +107,7 @@ Status PutSetup(Session& session) {
     const TransferScope transferring(session.Home);
     session.LinkState.FramesWritten.clear();
     if (Status status = ReadSettings(session.BringUp); !status.Ok()) return status;
+    const std::string line = PortSettingsText(session.LinkState);
     const SetupImage chosen = session.Image;
     SetupImage image = chosen;
     MeterIdentity identity = session.Identity;
@@ -108,7 +119,7 @@ Status PutSetup(Session& session) {
     // same.
     if (session.Image == chosen) session.Image = image;
     if (transfer.GaveUp || transfer.IsSuperseded()) return GiveUp(session, transfer), settled;
-    return Finish(session, image, settled);
+    return Finish(session, image, settled, line);
 }
 
 }  // namespace counter
