@@ -64,8 +64,7 @@ void Desktop::Connect() {
     home_.HoldExit = [this] { return HoldExit(); };
     home_.TellOutside = [](const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); };
     session_.Home.Replaced = [this] { ShowReplaced(); };
-    homePage_->Changes().GoBack = [this] { home_.GoBack(); };
-    homePage_->Changes().Chosen = [this](Field field) { ComeToField(field); };
+    homePage_->FieldChosen = [this](Field field) { ComeToField(field); };
     const std::function<void()> shown = session_.Home.Changed;
     session_.Home.Changed = [this, shown] {
         shown();
@@ -171,7 +170,7 @@ ViewPage* Desktop::MakeSetup() {
     setupPage_ = new SetupPage(*setup_, window_.get());
     setupPage_->ShowMainMenu = [this] { GoHome(); };
     setupPage_->Acted = [this] { window_->MarkTitle(SetupChanged(session_)); };
-    setupPage_->Changes().GoBack = [this] { home_.GoBack(); };
+    setupPage_->GoBack = [this] { home_.GoBack(); };
     setupPage_->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Setup); };
     return setupPage_;
 }

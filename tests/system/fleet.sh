@@ -23,15 +23,15 @@ ctl 0 set golden.CT2 "Setpoint 1"=777 --out other.CT2
         printf 'm%s;./line;"Custom ASCII";9600;%d;golden.CT2;%s\r\n' "$n" "$((10#$n))" "$([ "$n" != 20 ] || echo 777)"
     done
 } >meters.csv
-start_meter --bus bus.csv --save held --link line --verbose
-asked() { grep -E " m[0-9]+ .*$1" peer.log | sed -E 's/.* (m[0-9]+) .*/\1/' | sort -u | tr '\n' ' '; }
-
 # await TEXT FILE: until it is there.
 await() {
     for _ in {1..900}; do grep -qE "$1" "$2" 2>/dev/null && return; sleep 0.1; done
     cat "$2"
     fail "'$1' did not come on $2"
 }
+start_meter --bus bus.csv --save held --link line --verbose
+asked() { grep -E " m[0-9]+ .*$1" peer.log | sed -E 's/.* (m[0-9]+) .*/\1/' | sort -u | tr '\n' ' '; }
+
 "$exe" --json fleet put meters.csv --junit first.xml --html first.html >first.json 2>err &
 put=$!
 await ' m03 .*WR1A' peer.log
@@ -76,7 +76,8 @@ for number in range(1, 32):
     assert number in (3, 5, 7, 9, 11, 20) or meter["end"] == "as wanted", meter
     assert meter["verified"] == (meter["end"] == "written"), meter
 assert "read back" in meters["m11"]["text"], meters["m11"]
-assert meters["m20"]["fields"][-1]["found"] == "+010000." and meters["m20"]["fields"][-1]["left"] == "+000777."
+setpoint = next(field for field in meters["m20"]["fields"] if field["field"] == "Setpoint 1")
+assert (setpoint["table"], setpoint["found"], setpoint["left"]) == ("+000777.", "+010000.", "+000777."), setpoint
 PYTHON
 
 # fleet STATUS ACTION: on a table with the rows of standard input.
@@ -88,11 +89,14 @@ fleet() {
     [ "$status" -eq "$wanted" ] || { cat out err; fail "fleet $1: status $status, not $wanted"; }
 }
 
+# What the Setup view makes of the default setup as soon as somebody sets a field in it.
+ctl 0 set golden.CT2 "Setpoint 2"=20000 --out settled.CT2
+
 # A table that moves a meter: it is found at either place, and what the user's own settings say does not matter.
 ctl 0 settings init --force
 cp home/Settings.SSS settings
 start_meter --link line --address 4
-moved='press,./line,ascii,9600,4,golden.CT2,19200,6'
+moved='press,./line,ascii,9600,4,settled.CT2,19200,6'
 fleet 4 check <<<"$moved"
 said "press:   Address  4  (table: 6)" out
 fleet 0 put <<<"$moved"
@@ -103,13 +107,13 @@ fleet 0 read <<<"$moved"
 cmp settings home/Settings.SSS || fail "the user's settings were touched"
 
 # A line that is not there, and one whose process is killed, stop no other.
-fleet 2 check <<<"absent,./none,ascii,9600,1,golden.CT2,,
-press,./line,ascii,19200,6,golden.CT2,,"
+fleet 2 check <<<"absent,./none,ascii,9600,1,settled.CT2,,
+press,./line,ascii,19200,6,settled.CT2,,"
 said "press: as the table says" out
 said "absent: $work/none: No such file or directory" out
 start_meter --link line --address 6 --baud 19200 --fault 'XR:late=2500' --verbose
 : >peer.log
-{ head -n 1 table.csv; for n in 6 7; do echo "press$n,./line,ascii,19200,$n,golden.CT2,,"; done; } >two.csv
+{ head -n 1 table.csv; for n in 6 7; do echo "press$n,./line,ascii,19200,$n,settled.CT2,,"; done; } >two.csv
 "$exe" fleet check two.csv >out 2>err &
 check=$!
 await XR1A peer.log

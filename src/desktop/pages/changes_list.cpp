@@ -14,7 +14,7 @@ namespace counter {
 
 namespace {
 
-constexpr int kLines = 6;  // that are seen at once where there is little room
+constexpr int kChangeLines = 6;  // that are seen at once where there is little room
 constexpr int kFieldRole = Qt::UserRole;
 
 }  // namespace
@@ -53,7 +53,7 @@ ChangesList::ChangesList(const Session& session, QWidget* parent)
         if (GoBack) GoBack();
     });
     const int line = rows_->fontMetrics().height() + kGrid / 2;
-    rows_->setMinimumHeight((kLines + 1) * line);
+    rows_->setMinimumHeight((kChangeLines + 1) * line);
     QObject::connect(rows_, &QTreeWidget::itemDoubleClicked, this, [this] { ChooseCurrent(); });
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* enter = new QShortcut(QKeySequence(key), rows_, [this] { ChooseCurrent(); });

@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "desktop/kit/access_keys.h"
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/page_body.h"
@@ -48,8 +49,7 @@ HomePage::HomePage(HomeView& view, const Session& session, QWidget* parent)
       menu_(new QMenuBar(parent)),
       strip_(new StatusStrip(this)),
       session_(session),
-      facts_(new FactsBlock(session, this)),
-      changes_(new ChangesList(session, this)) {
+      facts_(new FactsBlock(session, this)) {
     AddMenu();
     AddText();
     bound_.Refresh();
@@ -69,8 +69,20 @@ void HomePage::ComeToFront() {
 void HomePage::ShowFacts() {
     if (!isVisibleTo(window())) return;
     facts_->Follow();
-    changes_->setVisible(session_.Origin.From != SetupSource::Nothing);
-    changes_->Follow();
+    if (!changes_ && session_.Origin.From != SetupSource::Nothing) MakeChanges();
+    if (changes_) changes_->Follow();
+}
+
+// In place of the empty room at the end.
+void HomePage::MakeChanges() {
+    changes_ = new ChangesList(session_, this);
+    delete column_->takeAt(column_->count() - 1);
+    column_->addWidget(changes_, 1);
+    changes_->GoBack = [this] { view_.GoBack(); };
+    changes_->Chosen = [this](Field field) {
+        if (FieldChosen) FieldChosen(field);
+    };
+    GiveAccessKeys(*window());
 }
 
 QWidget* HomePage::FirstFocus() {
@@ -155,8 +167,8 @@ void HomePage::AddText() {
     body->Column().addWidget(textArea_);
     body->Column().addSpacing(kGrid);
     body->Column().addWidget(facts_);
-    body->Column().addWidget(changes_, 1);
-    body->Column().addStretch(0);
+    body->Column().addStretch(1);
+    column_ = &body->Column();
     facts_->OpenBackup = [this](const std::string& path) { view_.OpenFile(path); };
     column->addLayout(buttons);
     column->addWidget(body, 1);

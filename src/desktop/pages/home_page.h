@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMenuBar>
+#include <QVBoxLayout>
 
 #include "desktop/kit/binder.h"
 #include "desktop/kit/status_strip.h"
@@ -28,7 +29,8 @@ class HomePage : public ViewPage {
     void HelpKey() override { view_.HelpKey(); }
     QWidget* FirstFocus() override;
 
-    ChangesList& Changes() { return *changes_; }
+    // A field in the list of changes; may be empty.
+    std::function<void(Field)> FieldChosen;
     // What stands below the text, where it is on show.
     void ShowFacts();
 
@@ -38,6 +40,7 @@ class HomePage : public ViewPage {
     QAction* AddEntry(Control& entry, QMenu& under, bool opensView);
     void AddText();
     void ShowText();
+    void MakeChanges();
 
     HomeView& view_;
     Binder bound_;
@@ -46,7 +49,8 @@ class HomePage : public ViewPage {
     StatusStrip* strip_;
     const Session& session_;
     FactsBlock* facts_;
-    ChangesList* changes_;
+    ChangesList* changes_ = nullptr;  // made when there is a setup
+    QVBoxLayout* column_ = nullptr;   // of what scrolls
 };
 
 }  // namespace counter

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/kit/access_keys.h"
 #include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
 #include "session/take_setup.h"
@@ -26,13 +27,12 @@ SetupPage::SetupPage(SetupView& view, QWidget* parent)
       entry_({view.Program.Views, view.Program.Image, view.Program.Derived, view.Program.Link}),
       tabs_(new QTabWidget(this)),
       dialog_(new DigitEntryDialog(entry_, this)),
-      changes_(new ChangesList(view.Program, this)),
       cmdChanges_(new QPushButton(QStringLiteral("Changes"), this)) {
     auto* column = new QVBoxLayout(this);
     PadByGrid(column);
     column->addWidget(tabs_, 1);
     AddPages();
-    AddChanges(column);
+    OfferChanges(column);
     column->addWidget(MakeFoot());
     Connect();
     view_.Load();
@@ -94,21 +94,31 @@ QWidget* SetupPage::MakeFoot() {
 }
 
 // Below the pages, hidden until its button is pressed: then a page that lacks the room scrolls.
-void SetupPage::AddChanges(QVBoxLayout* column) {
-    changes_->setVisible(false);
-    column->addWidget(changes_);
+void SetupPage::OfferChanges(QVBoxLayout* column) {
     cmdChanges_->setObjectName(QStringLiteral("cmdChanges"));
     cmdChanges_->setCheckable(true);
     cmdChanges_->setAutoDefault(false);
-    QObject::connect(cmdChanges_, &QPushButton::toggled, changes_, &QWidget::setVisible);
+    QObject::connect(cmdChanges_, &QPushButton::toggled, this, [this, column](bool wanted) {
+        if (wanted && !changes_) MakeChanges(column);
+        if (changes_) changes_->setVisible(wanted);
+    });
     const auto undo = [this] { view_.Undo(); };
     const auto redo = [this] { view_.Redo(); };
-    changes_->OfferUndo(undo, redo);
-    changes_->Chosen = [this](Field field) { ComeToField(field); };
     QObject::connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), this), &QShortcut::activated, this,
                      undo);
     for (const QKeyCombination keys : {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y})
         QObject::connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this, redo);
+}
+
+void SetupPage::MakeChanges(QVBoxLayout* column) {
+    changes_ = new ChangesList(view_.Program, this);
+    column->insertWidget(column->count() - 1, changes_);  // above the foot
+    changes_->OfferUndo([this] { view_.Undo(); }, [this] { view_.Redo(); });
+    changes_->Chosen = [this](Field field) { ComeToField(field); };
+    changes_->GoBack = [this] {
+        if (GoBack) GoBack();
+    };
+    GiveAccessKeys(*window());
 }
 
 void SetupPage::ShowChanges() {
@@ -116,7 +126,7 @@ void SetupPage::ShowChanges() {
     const QString caption =
         QStringLiteral("Changes") + (fields > 0 ? QStringLiteral(" (%1)").arg(fields) : "");
     if (cmdChanges_->text() != caption) cmdChanges_->setText(caption);
-    changes_->Follow();
+    if (changes_) changes_->Follow();
     if (Acted) Acted();
 }
 

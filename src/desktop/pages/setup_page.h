@@ -3,6 +3,7 @@
 
 #include <QTabBar>
 #include <QTabWidget>
+#include <QVBoxLayout>
 #include <functional>
 
 #include "desktop/kit/binder.h"
@@ -23,8 +24,8 @@ class SetupPage : public ViewPage {
     std::function<void()> ShowMainMenu;
     // The setup in memory may have changed; may be empty.
     std::function<void()> Acted;
-    // The list of changes is told what to do by whoever makes this page.
-    ChangesList& Changes() { return *changes_; }
+    // The setup that was in memory before comes back; may be empty.
+    std::function<void()> GoBack;
     // Brings the user to the control of a field, or tells why it can't be come to.
     void ComeToField(Field field);
 
@@ -54,7 +55,8 @@ class SetupPage : public ViewPage {
     void ShowAll();
     void ShowTabs();
     void ShowWhy();
-    void AddChanges(QVBoxLayout* column);
+    void OfferChanges(QVBoxLayout* column);
+    void MakeChanges(QVBoxLayout* column);
     void ShowChanges();
     void MoveFocus(const Control& control);
     void OpenEntry();
@@ -68,7 +70,7 @@ class SetupPage : public ViewPage {
     DigitEntry entry_;
     QTabWidget* tabs_;
     DigitEntryDialog* dialog_;
-    ChangesList* changes_;
+    ChangesList* changes_ = nullptr;  // made when it is wanted first
     QPushButton* cmdChanges_;
     Control* edited_ = nullptr;  // the field of the digit entry that was opened last
     Control* wanted_ = nullptr;  // the one to come after it

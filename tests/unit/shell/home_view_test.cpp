@@ -7,9 +7,9 @@
 #include <map>
 #include <set>
 
-#include "support/bench_meter.h"
 #include "meter/field_code.h"
 #include "shell/home_facts.h"
+#include "support/bench_meter.h"
 #include "support/meter_kinds.h"
 
 namespace counter::test {
@@ -333,9 +333,10 @@ TEST(HomeFacts, TellMeterSetupTransferAndBackups) {
     EXPECT_EQ(text(1), "It is what was read from the meter, 2026-03-04 05:06, but for 1 field.");
     bench.Line.Unplug();
     bench.Press("mnuGet");
-    EXPECT_EQ(text(2),
-              "Get, 2026-03-04 05:06: it failed, number 21: no reply within 3 seconds.\nFirst: is the meter on? "
-              "More to try is under that number in docs/when-something-fails.md.");
+    EXPECT_EQ(
+        text(2),
+        "Get, 2026-03-04 05:06: it failed, number 21: no reply within 3 seconds.\nFirst: is the meter on? "
+        "More to try is under that number in docs/when-something-fails.md.");
     EXPECT_TRUE(facts.Facts[2].Bad);
     bench.Program.Settings.MeterAddressValue = 9;
     EXPECT_NE(text(0).find("\nThe link is now to another: address 9, "), std::string::npos) << text(0);
