@@ -81,13 +81,13 @@ void Succeed(Session& session, const Reading& reading) {
               reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".");
     session.MeterAtLastGet = MeterSetup{reading.Came, UtcMs(session.Pump.LocalTime()),
                                         AddressOnLine(session.Settings), LineInWords(session.Settings)};
-    NoteTransfer(session, false, true);
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
     home.ShowProgress(false);
     // What may not be the meter's setup is no copy to go back to.
     home.Backup = reading.Doubt.empty() ? KeepBackup(session) : Status();
     // What a Put overwrites now could not be had again.
     note = AddedNote(note, NoBackupWords(home.Backup));
+    NoteTransfer(session, false, true);
     home.ShowStatus("Getting data from the Counter.  Data received OK.", ColorGreen, note);
 }
 

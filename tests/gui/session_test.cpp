@@ -54,8 +54,8 @@ TEST(DesktopSession, FromGetOverEditAndFilesToPutAndExit) {
     EXPECT_EQ(ExitOf([&] { bench.Choose("mnuExit"); }), 0);
 }
 
-void DoubleClickFirst(QAbstractItemView* list) {
-    const QPoint at = list->visualRect(list->model()->index(0, 0)).center();
+void DoubleClickLast(QAbstractItemView* list) {
+    const QPoint at = list->visualRect(list->model()->index(list->model()->rowCount() - 1, 0)).center();
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
     GuiPump::Settle();
@@ -87,7 +87,7 @@ TEST(DesktopSession, ChangesAreMarkedListedUndoneAndAskedAbout) {
     bench.Click("cmdMainMenu");
     EXPECT_EQ(window.windowTitle(), "COUNTER MAIN  MENU *");
 
-    DoubleClickFirst(rows());
+    DoubleClickLast(rows());
     bench.Pump.Pass(5000);
     EXPECT_EQ(window.windowTitle(), "Setup *");
     EXPECT_EQ(bench.Find<QTabWidget>("")->currentIndex(), 4);
@@ -97,10 +97,10 @@ TEST(DesktopSession, ChangesAreMarkedListedUndoneAndAskedAbout) {
     bench.Boxes.SaysYes = false;
     bench.Choose("mnuExit");
     EXPECT_EQ(bench.Boxes.Shown.back().Title, "Exit");
-    DoubleClickFirst(bench.Find<QListWidget>("lstBackups"));
+    DoubleClickLast(bench.Find<QListWidget>("lstBackups"));
     EXPECT_EQ(bench.Program.Origin.From, SetupSource::Meter);
     bench.Boxes.SaysYes = true;
-    DoubleClickFirst(bench.Find<QListWidget>("lstBackups"));
+    DoubleClickLast(bench.Find<QListWidget>("lstBackups"));
     EXPECT_EQ(bench.Program.Origin.From, SetupSource::File);
     EXPECT_EQ(window.windowTitle(), "COUNTER MAIN  MENU");
     bench.Click("cmdBackTo");
