@@ -158,6 +158,12 @@ ViewPage* Desktop::MakeSetup() {
     setupPage_ = new SetupPage(*setup_, window_.get());
     setupPage_->ShowMainMenu = [this] { GoHome(); };
     setupPage_->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Setup); };
+    setupPage_->MeterSetup = [this] {
+        return session_.MeterAtLastGet ? &session_.MeterAtLastGet->Image : nullptr;
+    };
+    setupPage_->HelpText = [this](int helpId) {
+        return FirstHelpText(session_.Folder.Store, folders_.Help, helpId).value_or("");
+    };
     return setupPage_;
 }
 
