@@ -79,6 +79,7 @@ void HomeView::Wire() {
     On(Menu(HomeItem::Glossary), &HomeView::ShowGlossary);
     On(cmdMenuHelp, &HomeView::MenuHelp);
     On(cmdOK, &HomeView::EndMenuHelp);
+    On(cmdCancel, &HomeView::CancelTransfer);
 }
 
 void HomeView::On(Control& control, void (HomeView::*action)()) {
@@ -86,7 +87,7 @@ void HomeView::On(Control& control, void (HomeView::*action)()) {
 }
 
 void HomeView::Load() {
-    for (Control* hidden : {&lblPGText, &pbBar, &lblWait, &lblTest, &lblTest1, &lblTest2})
+    for (Control* hidden : {&lblPGText, &pbBar, &cmdCancel, &lblWait, &lblTest, &lblTest1, &lblTest2})
         hidden->Visible = false;
     session_.Identity.SetupFromMeter = false;
     MenuHelp();
@@ -132,6 +133,7 @@ void HomeView::ShowState() {
     lblPGText.Visible = home.StatusVisible;
     pbBar.Value = home.ProgressPercent;
     pbBar.Visible = home.ProgressVisible;
+    cmdCancel.Visible = home.Transfers > 0;
     lblTest2.Caption = session_.LinkState.ReplyText;
     Menu(HomeItem::View).Enabled = home.ViewEnabled;
     Menu(HomeItem::Put).Enabled = home.PutEnabled;
