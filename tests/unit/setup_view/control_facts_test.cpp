@@ -54,10 +54,10 @@ TEST(FieldSearch, FindsOnAllPagesAndSaysWhatCantBeReached) {
         {"",          "SCALE 1",         true, "txtScale1[0]",   "Scale 1: +1.00000  (Scaling, Item 1)", ""},
         {"199=0B",    "scale 1",         true, "txtScale1[2]",   "Scale 1: +1.00000  (Scaling, Item 2)", ""},
         {"",          "even",            true, "cboParity",      "Parity: None  (Communication, Serial Communications)", ""},
-        {"",          "crystal",         true, "txtCal",         "Calibration, Parts per Million: 00000.  (Input+Display)", ""},
+        {"",          "crystal",         true, "txtCal",         "Calibration, Parts per Million: -00100.  (Input+Display)", ""},
         {"",          "setpoint 3",      true, "txtSetpt[3]",    "", "This setup has no such field."},
         {"",          "low in 1",        true, "txtLoIn1[0]",    "", "Low In 1 is disabled. The scale or a curve is in force."},
-        {"193=09",    "setpoint 1",      true, "txtSetpt[1]",    "", "Setpoint 1 is on a page that is not offered. There is no relay board."},
+        {"193=09",    "setpoint 1",      true, "txtSetpt[1]",    "", "Setpoint 1 is on a tab that is not offered. There is no relay board."},
         {"",          "no such words",   false, "",               "", ""},
         {"",          "  ",              false, "",               "", ""},
     };
@@ -102,7 +102,7 @@ TEST(LiveValue, AFailureIsToldAndEndsIt) {
     bench.Live.Start();
     EXPECT_FALSE(bench.Live.On());
     EXPECT_EQ(bench.Asked(), 1U);
-    EXPECT_EQ(bench.Live.Trouble(), "No reading: no reply (21).");
+    EXPECT_EQ(bench.Live.Trouble(), "No reading: no reply within 3 seconds (21).");
 }
 
 TEST(LiveValue, NeverAsksWhileSomethingElseIsUnderWay) {
