@@ -14,6 +14,7 @@ echo "counterctl edit with 1,000 actions (A) against an empty QCoreApplication p
     --out "$work/edited.CT2" -- "$bin/bench_empty_qt"
 "$bin/bench_transfer" "$bin" "$work/home"
 "$(dirname "$0")/twenty_meters.sh" "$bin" "$work/meters"
+"$(dirname "$0")/fleet.sh" "$bin" "$work/fleet"
 command -v tio >/dev/null && "$(dirname "$0")/record.sh" "$bin" "$work/record"
 "$bin/counterctl" --dir "$work/desk" settings init CommsEnabled=0
 export QT_QPA_PLATFORM=offscreen

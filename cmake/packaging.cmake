@@ -9,7 +9,7 @@ set(shipped ${CMAKE_SOURCE_DIR}/data)
 set(made ${CMAKE_BINARY_DIR}/packaging)
 set(docs ${CMAKE_INSTALL_DATADIR}/doc/counter-setup)
 
-set(counter_programs counter-setup counterctl counter-record counter-link counter-sim counter-face)
+set(counter_programs counter-setup counterctl counter-record counter-sheet counter-link counter-sim counter-face)
 install(TARGETS ${counter_programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 configure_file(${shipped}/desktop/counter-try ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/counter-try COPYONLY)
 install(PROGRAMS ${shipped}/desktop/counter-try DESTINATION ${CMAKE_INSTALL_BINDIR})

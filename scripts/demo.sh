@@ -31,8 +31,8 @@ echo 'enter txtSetpt[1] +012345' >"$home/change.txt"
 ctl edit "$home/first.CT2" --script "$home/change.txt" --out "$home/changed.CT2"
 ctl diff "$home/first.CT2" "$home/changed.CT2" || [ $? -eq 4 ]
 
-say "Write it into the meter, with a backup of what was there, and read it back"
-ctl put "$home/changed.CT2" --backup "$home/backup.CT2" --verify
+say "Write it into the meter, with a backup of what was there, then read it back and compare"
+ctl put "$home/changed.CT2" --backup "$home/backup.CT2"
 ctl verify "$home/changed.CT2"
 
 say "Change the meter behind the tool's back: Setpoint 2 becomes 500"
@@ -40,8 +40,7 @@ kill -USR1 "$sim" && wait_for "$home/meter.saved"
 sed 's/^\(.\{48\}\)....../\10001F4/' "$home/meter.saved" >"$home/meter.txt"
 kill -HUP "$sim"
 
-say "Verify again, and see the difference"
-ctl verify "$home/changed.CT2" || [ $? -eq 4 ]
+say "Read again, and see the difference"
 ctl get "$home/second.CT2"
 ctl diff "$home/changed.CT2" "$home/second.CT2" || [ $? -eq 4 ]
 say "Done. The setup files are in $home, a backup of every read in $home/backups. Pictures of the windows: docs/pictures"

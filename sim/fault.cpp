@@ -50,6 +50,8 @@ constexpr FaultRow kFaults[] = {
      [](const Fault& fault, Strike& strike) { strike.Gone = fault.Value; }},
     {FaultKind::Byte, "byte", "=AT,VALUE", "VALUE is byte AT of the reply, address and function being 0 and 1; the check field fits it",
      [](const Fault& fault, Strike& strike) { strike.ByteAt = fault.Value, strike.ByteValue = fault.Value2; }},
+    {FaultKind::Alias, "alias", "=ADDRESS", "a command to that address is taken and answered as well",
+     [](const Fault&, Strike&) {}},
     {FaultKind::WrongId, "wrongid", "", "node: the reply carries another transaction",
      [](const Fault&, Strike& strike) { strike.WrongId = true; }},
     {FaultKind::Pieces, "pieces", "=AT,MS", "node: the reply goes out after AT bytes and MS milliseconds later",
@@ -62,7 +64,7 @@ constexpr FaultRow kFaults[] = {
      [](const Fault&, Strike& strike) { strike.Twice = true; }},
 };
 // clang-format on
-constexpr std::span<const FaultRow> kLineFaults(kFaults, 13);
+constexpr std::span<const FaultRow> kLineFaults(kFaults, 14);
 constexpr std::span<const FaultRow> kNodeFaults = std::span(kFaults).subspan(kLineFaults.size());
 
 constexpr bool IsInOrder() {
@@ -132,15 +134,28 @@ FaultList::FaultList(std::vector<Fault> faults) {
     for (Fault& fault : faults) faults_.push_back({std::move(fault), 0});
 }
 
+bool FaultList::Struck(Counted& fault, std::string_view command) {
+    if (fault.What.Command != "*" && !command.starts_with(fault.What.Command)) return false;
+    ++fault.Seen;
+    return fault.What.Time == 0 || fault.What.Time == fault.Seen;
+}
+
 Strike FaultList::Next(std::string_view command) {
     Strike strike;
     for (Counted& fault : faults_) {
-        if (fault.What.Command != "*" && !command.starts_with(fault.What.Command)) continue;
-        ++fault.Seen;
-        if (fault.What.Time == 0 || fault.What.Time == fault.Seen)
+        if (fault.What.Kind != FaultKind::Alias && Struck(fault, command))
             RowOf(fault.What.Kind).Add(fault.What, strike);
     }
     return strike;
+}
+
+bool FaultList::Takes(int address, std::string_view command) {
+    bool taken = false;
+    for (Counted& fault : faults_) {
+        if (fault.What.Kind == FaultKind::Alias && fault.What.Value == address)
+            taken = Struck(fault, command) || taken;
+    }
+    return taken;
 }
 
 }  // namespace sim

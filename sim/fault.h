@@ -23,6 +23,7 @@ enum class FaultKind {
     BadEcho,
     Gone,
     Byte,
+    Alias,
     WrongId,
     Pieces,
     Close,
@@ -69,12 +70,17 @@ class FaultList {
     // What strikes this command; counts it. Commands are compared by their beginning: Custom ASCII without
     // the head ("XR35Z"), Modbus as hexadecimal digits from the function on ("0300110014").
     Strike Next(std::string_view command);
+    // Whether this command, which is for another meter at `address`, is taken as the meter's own; counts it.
+    bool Takes(int address, std::string_view command);
 
   private:
     struct Counted {
         Fault What;
         int Seen = 0;
     };
+    // Whether it strikes; counts a command that it is for.
+    static bool Struck(Counted& fault, std::string_view command);
+
     std::vector<Counted> faults_;
 };
 

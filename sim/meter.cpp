@@ -18,6 +18,7 @@ constexpr std::size_t kLongestInput = 600;
 constexpr double kAdoptDelayMs = 50;
 // As often as an eye follows.
 constexpr double kLookMs = 100;
+constexpr int kHighestAddress = 31;  // of Custom ASCII
 
 std::string CommandPart(const std::string& line) {
     const std::size_t head = line.starts_with('|') ? 3 : 2;
@@ -46,6 +47,7 @@ Meter::Meter(MeterOptions options)
       crc_(options.Crc),
       turnaroundMs_(options.TurnaroundMs),
       strictBaud_(options.StrictBaud),
+      shared_(options.Shared),
       faults_(std::move(options.Faults)),
       line_(LineSettingsOf(device_.Words())) {}
 
@@ -155,10 +157,24 @@ void Meter::EndRtuFrame(double nowMs) {
     if (!raw.empty()) ModbusCommand(ParseRtu(raw, crc_), raw, nowMs);
 }
 
+// A head names one address: the meter's own, or one that a fault makes it take.
+std::optional<std::string> Meter::TakenCommand(const std::string& line) {
+    for (int address = 0; address <= kHighestAddress; ++address) {
+        auto command = CommandBehindHead(line, address);
+        if (command && (address == line_.Address || faults_.Takes(address, *command))) return command;
+    }
+    return std::nullopt;
+}
+
+// A line that is the meter's alone is struck whatever it carries, so that it echoes all.
+Strike Meter::StrikeOn(bool forMe, std::string_view command) {
+    return forMe || !shared_ ? faults_.Next(command) : Strike{};
+}
+
 void Meter::CustomCommand(const std::string& line, double nowMs) {
-    const auto command = CommandBehindHead(line, line_.Address);
+    const auto command = TakenCommand(line);
     commands_.push_back(command || IsWakeUp(line) ? line : "?" + line);
-    const Strike strike = faults_.Next(CommandPart(line));
+    const Strike strike = StrikeOn(command.has_value(), CommandPart(line));
     Echo(line + "\r\n", strike, nowMs);
     if (!command) return;
     auto reply = Execute(device_, *command, nowMs);
@@ -207,9 +223,10 @@ void Meter::LookAtFace(double nowMs) {
 
 void Meter::ModbusCommand(const std::optional<ModbusFrame>& frame, std::string_view raw, double nowMs) {
     const std::string text = HexOfBytes(frame ? std::string_view(frame->Pdu) : raw);
-    const bool forMe = frame && (frame->Address == 0 || frame->Address == line_.ModbusAddress);
+    const bool forMe = frame && (frame->Address == 0 || frame->Address == line_.ModbusAddress ||
+                                 faults_.Takes(frame->Address, text));
     commands_.push_back(forMe ? text : "?" + text);
-    const Strike strike = faults_.Next(frame ? text : "");
+    const Strike strike = StrikeOn(forMe, frame ? text : "");
     Echo(std::string(raw), strike, nowMs);
     if (!forMe) return;
     const std::string reply = ModbusReply(*frame, strike, nowMs);

@@ -84,6 +84,8 @@ class Meter {
     void ReceiveAscii(char byte, double nowMs);
     void ReceiveModbusAscii(char byte, double nowMs);
     void EndRtuFrame(double nowMs);
+    std::optional<std::string> TakenCommand(const std::string& line);
+    Strike StrikeOn(bool forMe, std::string_view command);
     void CustomCommand(const std::string& line, double nowMs);
     void ModbusCommand(const std::optional<ModbusFrame>& frame, std::string_view raw, double nowMs);
     std::string ModbusReply(const ModbusFrame& frame, const Strike& strike, double nowMs);
@@ -103,6 +105,7 @@ class Meter {
     CrcTables crc_;
     double turnaroundMs_;
     bool strictBaud_;
+    bool shared_;
     FaultList faults_;
     LineSettings line_;
     std::string input_;                  // of the command that is arriving

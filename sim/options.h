@@ -47,6 +47,8 @@ struct MeterOptions {
     double TurnaroundMs = 2;  // from the end of a command to the first byte of the reply
     bool StrictBaud = false;  // bytes leave one by one at the speed of the line
     std::vector<Fault> Faults;
+    // Other meters are on the same line: faults strike, and count, what is for this meter alone.
+    bool Shared = false;
 
     SignalOptions Signal;
     // Readings a second; nothing: as fast as the line takes them, a thousand at most.

@@ -3,8 +3,11 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
+#include <optional>
 
 #include "sim/run_loop.h"
 #include "sim/sim_files.h"
@@ -24,14 +27,14 @@ int Simulator::Run() {
     if (options_.Face) {
         if (const auto failure = face_.Open(); !failure.empty()) return Fail(failure);
         if (!face_.Shown()) return kNoDisplay;
-        meter_.OnFaceChanged([this] { face_.Show(meter_.Face(NowMs())); });
+        bus_.At(0).OnFaceChanged([this] { face_.Show(bus_.At(0).Face(NowMs())); });
     }
     const int signals = SignalHandle();
     if (const auto failure = Connect(); !failure.empty()) return Fail(failure);
     while (Step(signals)) {
-        if (!meter_.LineGone()) continue;
+        if (!bus_.LineGone()) continue;
         line_.Drain();
-        meter_.LineBack();
+        bus_.LineBack();
         if (const auto failure = Connect(); !failure.empty()) return Fail(failure);
     }
     close(signals);
@@ -53,12 +56,12 @@ std::string Simulator::Connect() {
 bool Simulator::Step(int signals) {
     pollfd handles[] = {
         {line_.DataHandle(), POLLIN, 0}, {signals, POLLIN, 0}, {line_.CloseHandle(), POLLIN, 0}};
-    const timespec rest = RestUntil(meter_.NextDueMs());
+    const timespec rest = RestUntil(bus_.NextDueMs());
     if (ppoll(handles, std::size(handles), &rest, nullptr) < 0) return errno == EINTR;
-    if (handles[1].revents && !HandleSignal(TakeSignal(signals, !options_.ImageFile.empty()))) return false;
+    if (handles[1].revents && !HandleSignal(TakeSignal(signals, HasImages()))) return false;
     if (handles[2].revents) {
         line_.AfterClose();
-        meter_.FarEndClosed();
+        bus_.FarEndClosed();
     }
     Exchange();
     return true;
@@ -67,25 +70,41 @@ bool Simulator::Step(int signals) {
 bool Simulator::HandleSignal(Asked asked) {
     std::string failure;
     if (asked == Asked::Save) failure = Save();
-    if (asked == Asked::Reload) {
-        failure = LoadImageFile(options_);
-        if (failure.empty()) meter_.LoadImage(StartImage(options_.Meter));
-    }
+    if (asked == Asked::Reload) failure = Reload();
     if (!failure.empty()) Fail(failure);
     return asked != Asked::End;
 }
 
+bool Simulator::HasImages() const {
+    return std::any_of(meters_.begin(), meters_.end(),
+                       [](const BusMeter& meter) { return !meter.ImageFile.empty(); });
+}
+
+// The others are read though one can't be; the last failure is told.
+std::string Simulator::Reload() {
+    std::string failure;
+    for (std::size_t i = 0; i < meters_.size(); ++i) {
+        BusMeter& meter = meters_[i];
+        if (meter.ImageFile.empty()) continue;
+        const auto wrong = ReadImageFile(meter.ImageFile, meter.Options.Image);
+        if (wrong.empty())
+            bus_.At(i).LoadImage(StartImage(meter.Options));
+        else
+            failure = wrong;
+    }
+    return failure;
+}
+
 void Simulator::Exchange() {
     const std::string bytes = line_.Read();
-    const int baud = line_.Baud(), meterBaud = meter_.ActiveLine().Baud;
-    if (options_.AnyBaud || baud == meterBaud)
-        meter_.Receive(bytes, NowMs());
-    else if (!bytes.empty())
+    const int baud = line_.Baud();
+    const auto speed = options_.AnyBaud ? std::nullopt : std::optional(baud);
+    const bool heard = bus_.Receive(bytes, speed, NowMs());
+    if (!heard && !bytes.empty())
         Tell(std::to_string(bytes.size()) + " bytes at " + std::to_string(baud) +
-             " baud, the meter listens at " + std::to_string(meterBaud));
-    line_.Write(meter_.TakeDue(NowMs()));
-    for (const auto& command : meter_.Commands()) Tell(command);
-    meter_.ClearCommands();
+             " baud, the meter listens at " + std::to_string(bus_.At(0).ActiveLine().Baud));
+    line_.Write(bus_.TakeDue(NowMs()));
+    for (const auto& command : bus_.TakeCommands()) Tell(command);
 }
 
 void Simulator::Tell(const std::string& text) const {
@@ -93,7 +112,16 @@ void Simulator::Tell(const std::string& text) const {
 }
 
 std::string Simulator::Save() const {
-    return options_.SaveFile.empty() ? "" : WriteImageFile(options_.SaveFile, meter_.ImageText());
+    if (options_.SaveFile.empty()) return "";
+    if (options_.BusFile.empty()) return WriteImageFile(options_.SaveFile, bus_.At(0).ImageText());
+    std::error_code ignored;  // what can't be made can't be written into
+    std::filesystem::create_directories(options_.SaveFile, ignored);
+    std::string failure;
+    for (std::size_t i = 0; i < meters_.size(); ++i) {
+        const std::string path = options_.SaveFile + "/" + meters_[i].Name + ".CT2";
+        if (auto wrong = WriteImageFile(path, bus_.At(i).ImageText()); !wrong.empty()) failure = wrong;
+    }
+    return failure;
 }
 
 }  // namespace sim

@@ -1,13 +1,14 @@
-// Simulator: the meter on a pseudo terminal, run until a signal ends it.
+// Simulator: the meter, or all meters of a bus, on a pseudo terminal, run until a signal ends it.
 //
-// SIGHUP reads the image file again, SIGUSR1 saves the image, SIGTERM, SIGINT and SIGQUIT save and end,
+// SIGHUP reads image files again, SIGUSR1 saves images, SIGTERM, SIGINT and SIGQUIT save and end,
 // and so does SIGHUP from a terminal that hung up or without an image file.
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "sim/bus.h"
 #include "sim/face_window.h"
-#include "sim/meter.h"
 #include "sim/pty_line.h"
 #include "sim/run_loop.h"
 
@@ -16,7 +17,8 @@ namespace sim {
 struct SimulatorOptions {
     MeterOptions Meter;
     std::string ImageFile;  // read at start and at SIGHUP; empty for none
-    std::string SaveFile;   // empty for none
+    std::string SaveFile;   // empty for none; of a bus the folder for a file of each meter, NAME.CT2
+    std::string BusFile;    // of meters that share the line, see bus_file.h; empty for one meter
     std::string Link;       // symbolic link to the device; empty for none
     bool AnyBaud = false;   // understand bytes at any speed
     bool Node = false;      // at an Ethernet node instead of on a pseudo terminal
@@ -31,7 +33,9 @@ std::string LoadImageFile(SimulatorOptions& options);
 
 class Simulator {
   public:
-    explicit Simulator(const SimulatorOptions& options) : options_(options), meter_(options.Meter) {}
+    // One meter whose name is empty, or those of a bus.
+    Simulator(const SimulatorOptions& options, std::vector<BusMeter> meters)
+        : options_(options), meters_(std::move(meters)), bus_(meters_) {}
     ~Simulator();
 
     // Prints the device, a line, first and whenever it changes; returns the exit status, 0 or 2.
@@ -43,10 +47,13 @@ class Simulator {
     bool HandleSignal(Asked asked);
     void Exchange();
     void Tell(const std::string& text) const;
+    bool HasImages() const;
+    std::string Reload();
     std::string Save() const;
 
     SimulatorOptions options_;
-    Meter meter_;
+    std::vector<BusMeter> meters_;
+    Bus bus_;
     PtyLine line_;
     FaceWindow face_;
 };

@@ -11,12 +11,14 @@
 #include "cli/cli.h"
 #include "system/core_runtime.h"
 #include "system/disk_files.h"
+#include "system/own_processes.h"
 #include "system/patient_output.h"
 #include "system/program_folder.h"
 #include "system/qt_port_catalog.h"
 #include "system/qt_pump.h"
 #include "system/qt_serial_port.h"
 #include "system/qt_sockets.h"
+#include "system/user_name.h"
 
 namespace counter {
 
@@ -34,6 +36,7 @@ class QtMachine : public Machine {
     SerialPort& Port() override { return port_; }
     const PortCatalog& Catalog() override { return catalog_; }
     counter::Sockets Sockets() override { return sockets_.Both(); }
+    ChildProcesses& Children() override { return children_; }
 
   private:
     Patience& patience_;
@@ -42,6 +45,7 @@ class QtMachine : public Machine {
     QtPortCatalog catalog_;
     QtSerialPort port_;
     QtSockets sockets_;
+    OwnProcesses children_;
 };
 
 std::string DefaultFolder() {
@@ -81,7 +85,7 @@ void TellPeople(const std::string& line) {
 
 }  // namespace
 
-int RunCommandLine(int argc, char** argv, const RecordingCommands& recording) {
+int RunCommandLine(int argc, char** argv, const RecordingCommands& recording, const SheetMaking& sheets) {
     HoldStandardStreams();
     // Nobody here needs the event loop that windows share with other libraries, and each waking of it costs
     // more.
@@ -107,7 +111,9 @@ int RunCommandLine(int argc, char** argv, const RecordingCommands& recording) {
                          TakesColors(STDOUT_FILENO),
                          TakesColors(STDERR_FILENO),
                          [&written] { return written.Failure(); },
-                         recording};
+                         recording,
+                         sheets,
+                         UserAtHost};
     return RunCli(world, argc, argv);
 }
 

@@ -7,6 +7,6 @@
 namespace counter {
 
 // Runs the command line; the exit status.
-int RunCommandLine(int argc, char** argv, const RecordingCommands& recording);
+int RunCommandLine(int argc, char** argv, const RecordingCommands& recording, const SheetMaking& sheets = {});
 
 }  // namespace counter

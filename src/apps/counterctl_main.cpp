@@ -1,5 +1,6 @@
-// counterctl: the command line companion. Its commands on stores of readings are a program of their own,
-// counter-record, which takes the same arguments: so no other command pays for SQLite and a broker's client.
+// counterctl: the command line companion. What needs more than files and a line is a program of its own,
+// which takes the same arguments: counter-record for stores of readings, counter-sheet for PDF. So no other
+// command pays for SQLite, a broker's client, or letters and paper.
 #include <unistd.h>
 
 #include <cerrno>
@@ -13,18 +14,16 @@
 
 namespace {
 
-constexpr const char* kRecorder = "counter-record";
-
 // The one beside this program, else the one on PATH. Returns only where there is none.
-int BecomeRecorder(const counter::CommandCall& call, char** argv) {
+int Become(const char* program, const counter::CommandCall& call, char** argv) {
     std::error_code ignored;
     const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", ignored);
-    const std::string beside = (self.parent_path() / kRecorder).string();
+    const std::string beside = (self.parent_path() / program).string();
     call.World.Out << std::flush;
     execv(beside.c_str(), argv);
     int error = errno;
     if (error == ENOENT) {
-        execvp(kRecorder, argv);
+        execvp(program, argv);
         error = errno;
     }
     return counter::RefuseStatus(call, {counter::StatusKind::Other, beside, std::strerror(error)});
@@ -33,6 +32,9 @@ int BecomeRecorder(const counter::CommandCall& call, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const auto recorder = [argv](const counter::CommandCall& call) { return BecomeRecorder(call, argv); };
-    return counter::RunCommandLine(argc, argv, {recorder, recorder});
+    const auto become = [argv](const char* program) {
+        return [argv, program](const counter::CommandCall& call) { return Become(program, call, argv); };
+    };
+    const auto recorder = become("counter-record");
+    return counter::RunCommandLine(argc, argv, {recorder, recorder}, {nullptr, become("counter-sheet")});
 }

@@ -170,7 +170,8 @@ int RunCommand(const CliWorld& world, const CLI::App& app, const CommandRow& row
                      parsed.Trace,
                      false,
                      parsed.Words,
-                     GivenOptions(app, row, parsed)};
+                     GivenOptions(app, row, parsed),
+                     !parsed.Folder.empty()};
     if (const std::string empty = EmptyOption(app, call); !empty.empty())
         return RefuseUsage(world, &row, empty + " needs a value");
     if (call.Folder.empty()) call.Folder = world.DefaultFolder();

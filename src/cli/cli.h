@@ -19,6 +19,7 @@ struct CommandCall {
     bool OutIsFile = false;                      // "-" names standard output as a file to write
     std::vector<std::string> Words;              // arguments without "--"
     std::map<std::string, std::string> Options;  // "--as" -> "fields"; a flag that was given -> "1"
+    bool FolderNamed = false;                    // by --dir
 
     bool Has(const std::string& option) const { return Options.count(option) != 0; }
     // Where an edited first FILE is written: over itself, or what --out names.
@@ -46,11 +47,13 @@ int EditCommand(const CommandCall& call);
 int StreamCommand(const CommandCall& call);
 int RecordCommand(const CommandCall& call);
 int ReadingsCommand(const CommandCall& call);
+int SheetCommand(const CommandCall& call);
 int ReadCommand(const CommandCall& call);
 int ResetCommand(const CommandCall& call);
 int RemoteCommand(const CommandCall& call);
 int CurveCommand(const CommandCall& call);
 int CalibrateCommand(const CommandCall& call);
+int FleetCommand(const CommandCall& call);
 
 // show --as menu. The image keeps what building the menu repairs.
 int ShowMenu(const CommandCall& call, SetupImage& image);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/cli.h"
+#include "meter/columns.h"
 #include "meter/field_table.h"
 #include "meter/field_value.h"
 #include "meter/setup_image.h"
@@ -44,8 +45,5 @@ std::string BitsText(const FieldRow& row);
 Json ValueJson(const FieldValue& value);
 Json FieldJson(const SetupImage& image, Field field);
 std::string FieldValueText(const SetupImage& image, Field field);
-
-// Lines in columns as wide as their widest cell, two blanks between them.
-std::string Columns(const std::vector<std::vector<std::string>>& lines);
 
 }  // namespace counter

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/child_processes.h"
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "platform/serial_port.h"
@@ -26,9 +27,11 @@ class Machine {
     virtual SerialPort& Port() = 0;
     virtual const PortCatalog& Catalog() = 0;
     virtual counter::Sockets Sockets() { return none_.Both(); }
+    virtual ChildProcesses& Children() { return noChildren_; }
 
   private:
     NoSockets none_;
+    NoChildProcesses noChildren_;
 };
 
 struct CommandCall;
@@ -37,6 +40,12 @@ struct CommandCall;
 // a program its start: whoever makes the world says what runs them.
 struct RecordingCommands {
     std::function<int(const CommandCall&)> Record, Readings;
+};
+
+// What makes the PDF of a sheet: letters and paper cost a program its start, too. One of both is there.
+struct SheetMaking {
+    std::function<std::string(const std::string& title, const std::string& html)> Pdf;
+    std::function<int(const CommandCall&)> Become;  // the program that has it takes the call over
 };
 
 struct CliWorld {
@@ -56,11 +65,19 @@ struct CliWorld {
     // Why Out takes no more; may be empty, and answer Ok where it is not known.
     std::function<Status()> WhyOutFailed = {};
     RecordingCommands Recording = {};
+    SheetMaking Sheets = {};
+    // "user@host", for reports; may be empty.
+    std::function<std::string()> User = {};
 
     // The same world with other files.
     CliWorld With(Files& files) const {
-        return {Out,  Err,          ErrIsTerminal, files,     DefaultFolder, MakeMachine, In,
-                Exit, InIsTerminal, OutColors,     ErrColors, WhyOutFailed,  Recording};
+        return {Out,          Err,       ErrIsTerminal, files,        DefaultFolder, MakeMachine, In,  Exit,
+                InIsTerminal, OutColors, ErrColors,     WhyOutFailed, Recording,     Sheets,      User};
+    }
+    // The same world without people who look on: what is said on either stream comes into `said`.
+    CliWorld Quiet(std::ostream& said) const {
+        return {said,  said,  false, Store, DefaultFolder, MakeMachine, In,  Exit,
+                false, false, false, {},    Recording,     Sheets,      User};
     }
 };
 

@@ -78,6 +78,13 @@ const std::vector<CommandRow>& Table() {
          std::string("Actions, one in each line; # begins a comment:\n") + kActionsHelp +
          "At a terminal there is a prompt, and help, list, show CONTROL, undo and quit as well.\n",
          "echo 'select cboBaudRate 19200' | counterctl edit press4.CT2 --out fast.CT2\n"},
+        {"sheet", "FILE [FILE2] --html OUT|--pdf OUT", "a setup as a sheet for the files of a plant",
+         1, 2, {kRead, kRead},
+         {{"--html", "OUT", "writes the sheet as one HTML document that prints as it reads", kWritten},
+          {"--pdf", "OUT", "writes the same sheet as PDF", kWritten}}, SheetCommand,
+         "Meter, line and file, all fields by page with the captions of the Setup view, and the\n"
+         "front-panel menu. With FILE2 also the fields that differ from it.\n",
+         "counterctl sheet press4.CT2 golden.CT2 --html press4.html\n"},
         {"read", "item1|item2|item3|peak|valley|all|all+", "one reading, or one line of them",
          1, 1, {}, {}, ReadCommand,
          "all and all+ exist in Custom ASCII only.\n",
@@ -130,6 +137,20 @@ const std::vector<CommandRow>& Table() {
          "kept is read back. An interrupt puts its scale and calibration factor back first,\n"
          "or finishes what was measured, and says which.\n",
          "counterctl calibrate 1000\n"},
+        {"fleet", "check|put|get|read TABLE [FOLDER|ITEM]", "many meters, as a table says what each should hold",
+         1, 3, {FileUse::None, kRead},
+         {{"--junit", "FILE", "writes a report for test benches, JUnit XML", kWritten},
+          {"--html", "FILE", "writes a report for people: a page that stands alone, for screen and paper", kWritten},
+          {"--jobs", "N", "works N lines at once; all of them without it"}}, FleetCommand,
+         "TABLE is CSV, a row a meter: name, line, protocol, baud, address, setup; further\n"
+         "columns are named as fields, and their values replace those of the setup file.\n"
+         "check reads all and compares. put writes those that differ, each with a backup\n"
+         "before and a comparison after. get reads all into FOLDER. read takes one reading\n"
+         "of each, item1 or ITEM. Lines run side by side, and a meter that fails stops no\n"
+         "other; the exit status is the worst, 2 before 3 before 4. Settings and backups of\n"
+         "each meter are in fleet/NAME beside TABLE, or in the folder of --dir.\n",
+         "counterctl fleet check meters.csv\n"
+         "counterctl fleet put meters.csv --html report.html\n"},
         {"help", "[COMMAND]", "tells about a command, with an example",
          0, 1, {}, {}, HelpCommand,
          "",

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <istream>
 
-#include "cli/setup_output.h"
+#include "controls/form_lines.h"
 #include "meter/text.h"
 
 namespace counter {

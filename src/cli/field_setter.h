@@ -29,11 +29,11 @@ class FieldSetter : public Player {
     // assignment changed again counts as not done.
     const std::string& Wrong() const { return wrong_; }
     const std::vector<Assignment>& Done() const { return assignments_; }
+    // The one that was done last, or could not be. There must be one.
+    const Assignment& Last() const { return assignments_[next_ > 0 ? next_ - 1 : 0]; }
 
   private:
     std::string Set(SetupRun& run, Assignment& assignment);
-    std::string SetOneOf(SetupRun& run, Assignment& assignment, const std::vector<Control*>& controls);
-    std::string SetNumber(SetupRun& run, Control& box, Assignment& assignment);
     std::string StillSo(SetupRun& run) const;
 
     std::vector<Assignment> assignments_;

@@ -182,6 +182,7 @@ void LinkSession::OnInterrupt() {
     session_.Node.Close();
     EndBar();
     Complain(call_.World) << "interrupted" << SentSoFar() << "\n" << std::flush;
+    if (Interrupted) Interrupted();
     call_.World.Out << std::flush;
     machine_->Pump().EndProcess(kInterrupted);
 }

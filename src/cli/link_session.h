@@ -64,6 +64,8 @@ class LinkSession {
     int EndAction(const ActionEnd& end);
 
     Session& Program() { return session_; }
+    // Before an interrupt ends the process; may be empty.
+    std::function<void()> Interrupted;
 
   private:
     int LogIn();

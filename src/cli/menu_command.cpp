@@ -2,6 +2,7 @@
 #include "cli/cli.h"
 #include "cli/cli_files.h"
 #include "cli/cli_output.h"
+#include "menu_view/menu_beside.h"
 #include "menu_view/menu_view.h"
 #include "meter/field_code.h"
 #include "meter/text.h"
@@ -58,28 +59,6 @@ Json MenuJson(const MenuView& view, const SetupImage& image) {
             {"setup", Utf8(image.SetupData)}};
 }
 
-// The characters of cells without the blank that each begins with.
-template <typename Cells>
-std::string Spelled(const Cells& cells) {
-    std::string text;
-    for (const MenuCell& cell : cells) text += cell.View().substr(cell.View().size() > 1 ? 1 : 0);
-    return std::string(Trimmed(text));
-}
-
-// A multiplier; a code that has none shows nothing.
-std::string Times(const std::string& multiplier) {
-    return multiplier.empty() ? multiplier : "x " + multiplier;
-}
-
-// What is shown beside a row of the main grid.
-std::string Beside(const MenuView& view, int row) {
-    if (row == view.InputPlace.Row) return Spelled(view.grdInput);
-    if (row == view.Scale1Place.Row) return Times(Spelled(view.grdScale1));
-    if (row == view.Scale2Place.Row) return Times(Spelled(view.grdScale2));
-    if (row == view.NoChangePlace.Row) return std::string(Trimmed(kNoChangeText));
-    return {};
-}
-
 // A row of either grid: the name, then columns of two characters with a blank between them.
 std::string Line(const MenuRow& row, const std::string& beside) {
     std::string line(row.Name.View());
@@ -98,7 +77,7 @@ std::string MenuTable(const MenuView& view) {
     std::string text = std::string(kMenuTitle) + "\n" + std::string(kInputOptionCaption) + " " +
                        std::string(view.lblSigCond) + "\n\n";
     for (int row = 0; row <= view.MenuRowCount; ++row) {
-        text += Line(view.grdMain[static_cast<std::size_t>(row)], row == 0 ? "" : Beside(view, row));
+        text += Line(view.grdMain[static_cast<std::size_t>(row)], row == 0 ? "" : BesideMenuRow(view, row));
     }
     if (view.SetPtRowCount > 0) text += "\n";
     for (int row = 0; view.SetPtRowCount > 0 && row <= view.SetPtRowCount; ++row) {

@@ -1,23 +1,9 @@
 #include "cli/offline_session.h"
 
-#include <cstdlib>
-
 #include "link/read_settings.h"
 #include "meter/field_code.h"
 
 namespace counter {
-
-void JumpingPump::RunEvents(double deadlineMs) {
-    if (OnTurn) OnTurn();
-    // Nothing can arrive, so a wait without end would never end.
-    if (deadlineMs == kForever) EndProcess(kLinkFailed);
-    nowMs_ = deadlineMs;
-}
-
-void JumpingPump::EndProcess(int status) {
-    if (OnEnd) OnEnd();
-    std::_Exit(status);
-}
 
 OfflineSession::OfflineSession(const CommandCall& call)
     : call_(call),

@@ -14,8 +14,4 @@ Json SetupJson(SetupRun& run);
 // Tab by tab and frame by frame, what is visible; a line for each control.
 std::string SetupText(SetupRun& run);
 
-// What a control shows beside its caption: an entry's or value's text without blanks around it, "(none)" for
-// a list without selection, "0" or "1" of a box or option.
-std::string ValueShown(const Control& control);
-
 }  // namespace counter

@@ -68,28 +68,13 @@ void TypeKeys(DigitEntry& entry, const std::string& keys) {
 
 }  // namespace
 
-std::string NoEntryLine(const Control& list, const std::string& wanted) {
-    std::string text = list.FullName() + " has no entry " + wanted + "; entries are";
-    int index = 0;
-    for (const std::string_view entry : list.Entries) {
-        text += " #" + std::to_string(index++) + " '" + std::string(Trimmed(entry)) + "'";
-    }
-    return text;
-}
-
 SetupRun::SetupRun(const CommandCall& call, Player& player, Finish finish)
     : call_(call),
       player_(player),
       finish_(std::move(finish)),
       offline_(call),
       view_(offline_.Program()),
-      entry_({offline_.Program().Views, offline_.Program().Image, offline_.Program().Derived,
-              offline_.Program().Link}) {
-    view_.Controls.OnlyPageOnShow = false;
-    view_.OpenDigitEntry = [this] {
-        entry_.OpenDigitEntry();
-        entryOpened_ = true;
-    };
+      user_(view_) {
     view_.ShowMainMenu = [this] { left_ = true; };
     offline_.Pump().OnTurn = [this] { RunDuringReadLoop(); };
     offline_.Pump().OnEnd = [this] { End(); };
@@ -142,11 +127,6 @@ std::string SetupRun::Run(const ScriptAction& action) {
     return ActOn(*control, action);
 }
 
-std::string SetupRun::RefusalLine(const Control& control, Refusal refusal) const {
-    if (refusal == Refusal::None) return {};
-    return control.FullName() + " " + view_.WhyRefused(refusal, control);
-}
-
 std::string SetupRun::ComeToTab(int tab) {
     const Refusal refusal = view_.Controls.ComeToTab(tab);
     if (refusal == Refusal::None) return {};
@@ -160,9 +140,9 @@ std::string SetupRun::ActOn(Control& control, const ScriptAction& action) {
         case ScriptVerb::Select:
             return Select(control, action);
         case ScriptVerb::Check:
-            return RefusalLine(control, view_.Controls.Check(control, action.Number));
+            return user_.RefusalLine(control, view_.Controls.Check(control, action.Number));
         case ScriptVerb::Click:
-            return RefusalLine(control, view_.Controls.Click(control));
+            return user_.RefusalLine(control, view_.Controls.Click(control));
         default:
             return TypeInto(control, action);
     }
@@ -170,31 +150,17 @@ std::string SetupRun::ActOn(Control& control, const ScriptAction& action) {
 
 std::string SetupRun::Select(Control& list, const ScriptAction& action) {
     const Refusal reach = view_.Controls.Reach(list);
-    if (reach != Refusal::None) return RefusalLine(list, reach);
+    if (reach != Refusal::None) return user_.RefusalLine(list, reach);
     const int index = EntryOf(list, action);
     const Refusal refusal = view_.Controls.Select(list, index);
-    return refusal == Refusal::NoSuchEntry ? NoEntryLine(list, Wanted(action)) : RefusalLine(list, refusal);
-}
-
-std::string SetupRun::OpenEntry(Control& value) {
-    entryOpened_ = false;
-    const Refusal refusal = view_.Controls.Click(value);
-    if (refusal != Refusal::None) return RefusalLine(value, refusal);
-    return entryOpened_ ? "" : value.FullName() + " opens no digit entry";
-}
-
-bool SetupRun::CloseEntry(bool ok) {
-    if (ok) entry_.Ok();
-    const bool stayed = entry_.Shown();
-    if (stayed) entry_.Cancel();
-    view_.EntryClosed();
-    return !ok || !stayed;
+    return refusal == Refusal::NoSuchEntry ? user_.NoEntryLine(list, Wanted(action))
+                                           : user_.RefusalLine(list, refusal);
 }
 
 std::string SetupRun::TypeInto(Control& value, const ScriptAction& action) {
-    if (std::string why = OpenEntry(value); !why.empty()) return why;
-    TypeKeys(entry_, action.Text);
-    CloseEntry(action.Verb == ScriptVerb::Enter);
+    if (std::string why = user_.OpenEntry(value); !why.empty()) return why;
+    TypeKeys(user_.Entry, action.Text);
+    user_.CloseEntry(action.Verb == ScriptVerb::Enter);
     return {};
 }
 

@@ -7,7 +7,7 @@
 
 #include "cli/edit_script.h"
 #include "cli/offline_session.h"
-#include "digit_entry/digit_entry.h"
+#include "offline/view_user.h"
 #include "setup_view/setup_view.h"
 
 namespace counter {
@@ -39,16 +39,10 @@ class SetupRun {
     std::string Run(const ScriptAction& action);
     // "no control 'txtSetpt'; there is txtSetpt[1] txtSetpt[2]", or with the names that may be meant.
     std::string NoControl(const std::string& fullName) const;
-    // "txtCal is disabled"; empty for none.
-    std::string RefusalLine(const Control& control, Refusal refusal) const;
     // Full names of all, in the form's order.
     std::vector<std::string> ControlNames() const;
-    // Opens digit entry on a value. Returns why not; empty where it is open.
-    std::string OpenEntry(Control& value);
-    DigitEntry& Entry() { return entry_; }
-    // Ends digit entry by OK or by Cancel. False for an OK that was refused, as for a byte of 256 or more:
-    // then it is cancelled.
-    bool CloseEntry(bool ok);
+    // Who acts on the controls.
+    ViewUser& User() { return user_; }
     // The image and what is beside it are as they were, and the view is built from them.
     void Restore(const SetupImage& image);
 
@@ -80,17 +74,12 @@ class SetupRun {
     Finish finish_;
     OfflineSession offline_;
     SetupView view_;
-    DigitEntry entry_;
+    ViewUser user_;
 
-    bool entryOpened_ = false;
     bool actsInLoop_ = false;
     bool left_ = false;        // the view was left for the main menu
     bool playerDone_ = false;  // the program was ended because the player was at the end
     bool ended_ = false;
 };
-
-// "cboDuplex has no entry 'Full'; entries are #0 'Full Duplex' #1 'Half Duplex'", with what was asked for as
-// `wanted`.
-std::string NoEntryLine(const Control& list, const std::string& wanted);
 
 }  // namespace counter

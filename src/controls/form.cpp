@@ -149,9 +149,10 @@ Refusal Form::Select(Control& list, int index) {
     Refusal refusal = Touch(list, list.Kind == ControlKind::List);
     if (refusal != Refusal::None) return refusal;
     if (!HasPlace(list, index)) return Refusal::NoSuchEntry;
-    list.ListIndex = index;
-    RunLive(list);
-    TellChanged();
+    Act(list, [&] {
+        list.ListIndex = index;
+        RunLive(list);
+    });
     return Refusal::None;
 }
 
@@ -159,17 +160,17 @@ Refusal Form::Check(Control& box, int value) {
     Refusal refusal = Touch(box, box.Kind == ControlKind::Check);
     if (refusal != Refusal::None) return refusal;
     if (value != 0 && value != 1) return Refusal::NoSuchEntry;
-    SetCheck(box, value);
-    TellChanged();
+    Act(box, [&] { SetCheck(box, value); });
     return Refusal::None;
 }
 
 Refusal Form::Click(Control& control) {
     Refusal refusal = Touch(control, TakesClick(control.Kind));
     if (refusal != Refusal::None) return refusal;
-    if (control.Kind == ControlKind::Option) SetOption(control, true);
-    Run(control);
-    TellChanged();
+    Act(control, [&] {
+        if (control.Kind == ControlKind::Option) SetOption(control, true);
+        Run(control);
+    });
     return Refusal::None;
 }
 
@@ -178,8 +179,7 @@ Refusal Form::ComeToTab(int tab) {
     if (!strip_->Offered[static_cast<std::size_t>(tab)]) return Refusal::TabNotOffered;
     if (Touched) Touched(*strip_);
     strip_->ListIndex = tab;
-    Run(*strip_);
-    TellChanged();
+    Act(*strip_, [this] { Run(*strip_); });
     return Refusal::None;
 }
 
@@ -214,6 +214,11 @@ Refusal Form::TakeFocus(Control& control, bool picked) {
     MoveFocus(control, picked);
     TellChanged();
     return Refusal::None;
+}
+
+void Form::Act(const Control& control, const std::function<void()>& act) {
+    Around ? Around(control, act) : act();
+    TellChanged();
 }
 
 void Form::TellChanged() const {

@@ -110,6 +110,9 @@ class Form {
 
     // Told which control a user acts on, before its handler runs; may be empty.
     std::function<void(const Control&)> Touched;
+    // What is around all that comes of one act of the user's, a rule's waits and acts within them included.
+    // It does `act` once; may be empty.
+    std::function<void(const Control&, const std::function<void()>& act)> Around;
     // Told when something may have to be drawn again; may be empty.
     std::function<void()> Changed;
     void TellChanged() const;
@@ -124,6 +127,7 @@ class Form {
     void Run(Control& control);
     void RunLive(Control& control);
     Refusal Touch(Control& control, bool rightKind);
+    void Act(const Control& control, const std::function<void()>& act);
 
     const bool* live_ = nullptr;  // null: always
     Control* strip_ = nullptr;

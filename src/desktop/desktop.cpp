@@ -6,12 +6,16 @@
 #include "desktop/pages/calibration_page.h"
 #include "desktop/pages/chart_page.h"
 #include "desktop/pages/commands_page.h"
+#include "desktop/pages/compare_page.h"
 #include "desktop/pages/list_page.h"
 #include "desktop/pages/menu_page.h"
 #include "desktop/pages/node_page.h"
+#include "desktop/pages/report_dialog.h"
 #include "desktop/pages/send_curve_dialog.h"
 #include "desktop/pages/setup_page.h"
+#include "desktop/pages/sheet_page.h"
 #include "link/prepare_readings.h"
+#include "session/take_setup.h"
 
 namespace counter {
 
@@ -34,7 +38,7 @@ Desktop::Desktop(Session& session, Folders folders)
       window_(std::make_unique<MainWindow>()),
       paper_(session.Pump, [this] { return static_cast<QWidget*>(window_->Current()); }),
       keeper_(session) {
-    homePage_ = new HomePage(home_, window_.get());
+    homePage_ = new HomePage(home_, session_, window_.get());
     window_->AddPage(homePage_);
     window_->setMenuBar(homePage_->MenuBar());
     pages_[ViewId::Home] = homePage_;
@@ -55,14 +59,18 @@ void Desktop::Connect() {
     home_.PrepareStream = [this] {
         PrepareReadings(session_.Link, session_.Identity.FirmwareVersion, session_.Frames);
     };
+    home_.ShowReport = [this](const std::string& title, const std::string& text) { ShowReport(title, text); };
     home_.CloseSockets = [this] { session_.Node.Close(); };
     home_.HoldExit = [this] { return HoldExit(); };
     home_.TellOutside = [](const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); };
     session_.Home.Replaced = [this] { ShowReplaced(); };
+    homePage_->FieldChosen = [this](Field field) { ComeToField(field); };
     const std::function<void()> shown = session_.Home.Changed;
     session_.Home.Changed = [this, shown] {
         shown();
         ShowHourglass();
+        ShowChanged();
+        if (compare_) compare_->Follow();
     };
     help_.ClearMenuMark = [this] {
         if (menuPage_) menuPage_->ClearMark();
@@ -140,6 +148,10 @@ ViewPage* Desktop::MakePage(ViewId view) {
             return MakeCommands();
         case ViewId::Calibration:
             return MakeCalibration();
+        case ViewId::Compare:
+            return MakeCompare();
+        case ViewId::Sheet:
+            return MakeSheet();
         case ViewId::List:
             return MakeList();
         case ViewId::Plot:
@@ -157,6 +169,8 @@ ViewPage* Desktop::MakeSetup() {
     setup_ = std::make_unique<SetupView>(session_);
     setupPage_ = new SetupPage(*setup_, window_.get());
     setupPage_->ShowMainMenu = [this] { GoHome(); };
+    setupPage_->Acted = [this] { window_->MarkTitle(SetupChanged(session_)); };
+    setupPage_->GoBack = [this] { home_.GoBack(); };
     setupPage_->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Setup); };
     setupPage_->MeterSetup = [this] {
         return session_.MeterAtLastGet ? &session_.MeterAtLastGet->Image : nullptr;
@@ -190,6 +204,22 @@ ViewPage* Desktop::MakeCalibration() {
     calibration_->ShowMainMenu = [this] { GoHome(); };
     calibration_->ExitProgram = [this] { home_.Exit(); };
     auto* page = new CalibrationPage(*calibration_, window_.get());
+    page->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
+    return page;
+}
+
+ViewPage* Desktop::MakeCompare() {
+    compare_ = std::make_unique<CompareView>(session_);
+    compare_->ShowMainMenu = [this] { GoHome(); };
+    auto* page = new ComparePage(*compare_, window_.get());
+    page->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
+    return page;
+}
+
+ViewPage* Desktop::MakeSheet() {
+    sheet_ = std::make_unique<SheetView>(session_, paper_);
+    sheet_->ShowMainMenu = [this] { GoHome(); };
+    auto* page = new SheetPage(*sheet_, window_.get());
     page->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
     return page;
 }
@@ -244,6 +274,11 @@ void Desktop::OpenHelp(int helpId, HelpFrom from, HelpPlace place) {
     dialog->open();
 }
 
+void Desktop::ShowReport(const std::string& title, const std::string& text) {
+    QWidget* const over = QApplication::activeModalWidget();
+    (new ReportDialog(title, text, over ? over : window_.get()))->open();
+}
+
 void Desktop::Interrupt() {
     if (ViewPage* page = window_->Current(); page && page != homePage_) page->Leave();
     home_.ExitFromOutside();
@@ -253,6 +288,19 @@ void Desktop::Interrupt() {
 void Desktop::ShowReplaced() {
     ViewPage* const page = window_->Current();
     if (page && (page == setupPage_ || page == menuPage_)) page->ComeToFront();
+    if (compare_) compare_->Follow();
+    if (sheet_) sheet_->Refresh();
+}
+
+void Desktop::ShowChanged() {
+    window_->MarkTitle(SetupChanged(session_));
+    homePage_->ShowFacts();
+}
+
+// Out of the list of the home view: the Setup view has the control.
+void Desktop::ComeToField(Field field) {
+    if (!setupPage_ || window_->Current() != setupPage_) Open(ViewId::Setup);
+    if (setupPage_ && window_->Current() == setupPage_) setupPage_->ComeToField(field);
 }
 
 void Desktop::ShowHourglass() {

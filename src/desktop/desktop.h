@@ -7,6 +7,7 @@
 
 #include "calibration/calibration_view.h"
 #include "commands/commands_view.h"
+#include "compare/compare_view.h"
 #include "curve/send_curve_view.h"
 #include "desktop/kit/qt_printer.h"
 #include "desktop/main_window.h"
@@ -20,6 +21,7 @@
 #include "readings/plot_view.h"
 #include "session/session.h"
 #include "setup_view/setup_view.h"
+#include "sheet/sheet_view.h"
 #include "shell/node_view.h"
 
 namespace counter {
@@ -67,13 +69,19 @@ class Desktop {
     ViewPage* MakeMenu();
     ViewPage* MakeCommands();
     ViewPage* MakeCalibration();
+    ViewPage* MakeCompare();
+    ViewPage* MakeSheet();
     ViewPage* MakeChart(ChartView& view, std::string_view title);
     ViewPage* MakeList();
     ViewPage* MakeHelpScreen(ViewId view);
     HelpWorld WorldOfHelp();
+    void ShowReport(const std::string& title, const std::string& text);
     void MakeReading(ReadingView& view);
     void ShowHourglass();
     void ShowReplaced();
+    // What shows how the setup in memory stands to its origin.
+    void ShowChanged();
+    void ComeToField(Field field);
     // True: a view must finish something first, and exits after it.
     bool HoldExit();
     void Connect();
@@ -94,6 +102,8 @@ class Desktop {
     std::unique_ptr<CommandsView> commands_;
     std::unique_ptr<SendCurveView> curve_;
     std::unique_ptr<CalibrationView> calibration_;
+    std::unique_ptr<CompareView> compare_;
+    std::unique_ptr<SheetView> sheet_;
     std::unique_ptr<ListView> list_;
     std::unique_ptr<PlotView> plot_;
     std::unique_ptr<GraphView> graph_;

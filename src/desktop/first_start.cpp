@@ -33,12 +33,44 @@ bool CanRead(const Session& session) {
     return session.Folder.Store.Read(session.Folder.At(kSettingsFile), text).Ok();
 }
 
+// The same meter and settings as the menu of the desktop opens.
+bool RunCounterTry() {
+    return QProcess::startDetached(QCoreApplication::applicationDirPath() + "/counter-try", {});
+}
+
+// True: the program goes on without settings, on files alone.
+bool WorksWithFiles(Session& session, QtDialogs& dialogs) {
+    enum Way { kFind, kTry, kFiles, kQuit };
+    const std::string text =
+        "No meter is known yet in the folder " + session.Folder.Path +
+        ".\n\n"
+        "Find a Meter: counter-link looks for it on the ports of this computer and keeps "
+        "how it is reached.\n"
+        "Try the Simulated One: all views on a meter that is a program.\n"
+        "Work With Files: setups are opened, changed and saved; no meter is needed.";
+    const int way = dialogs.ChooseOf({"Counter Setup", text},
+                                     {"Find a Meter", "Try the Simulated One", "Work With Files", "Quit"});
+    if (way == kFiles) return true;
+    if (way == kTry) {
+        if (RunCounterTry()) session.Pump.EndProcess(0);
+        dialogs.Show(
+            {"Counter Setup", "counter-try can't be started: it comes with counter-sim.", BoxIcon::Stop});
+        return false;
+    }
+    if (way == kQuit || !RunCounterLink(session)) session.Pump.EndProcess(kNoSettingsExit);
+    return false;
+}
+
 }  // namespace
 
 Status StartWithSettings(Session& session, QtDialogs& dialogs) {
     for (;;) {
         Status status = Start(session);
         if (status.Ok() || CanRead(session)) return status;
+        if (status.Kind == StatusKind::NotFound) {
+            if (WorksWithFiles(session, dialogs)) return {};
+            continue;
+        }
         const std::string text =
             status.Text() +
             "\n\nThis file says which meter is connected and how. The program counter-link lays "

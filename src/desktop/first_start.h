@@ -10,9 +10,10 @@ namespace counter {
 // Set for a counter-link that this program has started and waits for.
 inline constexpr const char* kSetupWaits = "COUNTER_SETUP_WAITS";
 
-// Starts the session. Where the settings can't be read the user is told so and offered counter-link, which
-// lays them down; a user who wants neither ends the process. The status is of the settings and the port,
-// which may still be unusable: the program goes on without a link.
+// Starts the session. Where there are no settings the user has three ways: counter-link, which finds a meter
+// and lays them down, the simulated meter, or files alone, without settings. Where they can't be read he is
+// told so and offered counter-link. A user who wants none of it ends the process. The status is of the
+// settings and the port, which may still be unusable: the program goes on without a link.
 Status StartWithSettings(Session& session, QtDialogs& dialogs);
 
 }  // namespace counter

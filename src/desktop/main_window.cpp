@@ -42,6 +42,17 @@ void MainWindow::ShowPage(ViewPage* page, bool withMenu) {
     ShowTitle();
 }
 
+void MainWindow::ShowTitle() {
+    const QString title = current_ ? current_->Title() : QString();
+    setWindowTitle(marked_ ? title + QStringLiteral(" *") : title);
+}
+
+void MainWindow::MarkTitle(bool changed) {
+    if (changed == marked_) return;
+    marked_ = changed;
+    ShowTitle();
+}
+
 void MainWindow::FocusFirst() {
     QWidget* first = current_ ? current_->FirstFocus() : nullptr;
     if (first) first->setFocus(Qt::OtherFocusReason);

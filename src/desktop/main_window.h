@@ -18,7 +18,9 @@ class MainWindow : public QMainWindow {
     void ShowPage(ViewPage* page, bool withMenu);
     // The focus goes where the page on show wants it first.
     void FocusFirst();
-    void ShowTitle() { setWindowTitle(current_ ? current_->Title() : QString()); }
+    void ShowTitle();
+    // Every title bears a mark while the setup in memory differs from what came.
+    void MarkTitle(bool changed);
 
   protected:
     // F1 out of a list that was dropped down; otherwise the shortcut takes it.
@@ -34,6 +36,7 @@ class MainWindow : public QMainWindow {
     QStackedWidget* stack_;
     ViewPage* current_ = nullptr;
     bool leaving_ = false;
+    bool marked_ = false;
 };
 
 }  // namespace counter

@@ -89,4 +89,27 @@ std::string LinkErrorMeaning(int linkError, ErrorSource source) {
     return "a reply of the wrong length, or the meter refused with exception " + std::to_string(linkError);
 }
 
+std::string FirstToTry(int linkError, ErrorSource source) {
+    switch (linkError) {
+        case LinkErrors::kNodeNoReply:
+            return "is the meter behind the node on";
+        case LinkErrors::kNoReply:
+            return "is the meter on";
+        case LinkErrors::kNoEcho:
+            return "clear the box \"The line echoes what is sent\"";
+        case LinkErrors::kNoCarriageReturn:
+            return "compare the baud rate";
+        case LinkErrors::kCrc:
+            return "compare baud rate and parity";
+        case LinkErrors::kNoLineFeed:
+            return "compare the protocol";
+        case LinkErrors::kLrc:
+            return "try again";
+        case LinkErrors::kPortFault:
+            return "plug the adaptor in again";
+        default:
+            return source == ErrorSource::Refusal ? "do a Get" : "try again";
+    }
+}
+
 }  // namespace counter

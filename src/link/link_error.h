@@ -79,4 +79,8 @@ std::string LinkStepName(int step, ErrorSource source);
 // The number in words, for people: "third block: wrong length".
 std::string LinkErrorMeaning(int linkError, ErrorSource source = ErrorSource::Unknown);
 
+// What to try first: "compare the baud rate", "is the meter on". As docs/when-something-fails.md has it,
+// which goes on from there.
+std::string FirstToTry(int linkError, ErrorSource source = ErrorSource::Unknown);
+
 }  // namespace counter

@@ -12,6 +12,8 @@ struct Message {
     std::string Text;
     BoxIcon Icon = BoxIcon::None;
     std::string About = {};  // what the text is about, such as a file, beside it; empty for nothing
+    std::string Yes = {};    // of a question that may lose something: its answers in words, in place of OK
+    std::string No = {};     // and Cancel; Enter is then No
 };
 
 struct FileQuestion {

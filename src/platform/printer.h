@@ -14,6 +14,10 @@ class Printer {
     // user chooses; a user who cancels that choice is no failure.
     virtual Status PrintView() = 0;
     virtual Status PrintText(const std::string& title, const std::string& text) = 0;
+    // The same for a document of HTML, in UTF-8.
+    virtual Status PrintPages(const std::string& title, const std::string& html) = 0;
+    // Into this file, without a question.
+    virtual Status WritePdf(const std::string& path, const std::string& title, const std::string& html) = 0;
 };
 
 }  // namespace counter

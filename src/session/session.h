@@ -50,6 +50,7 @@ struct Session {
     SetupChanges Changes;                      // since it came
     std::optional<KeptSetup> SetupBefore;      // the last one came
     std::optional<MeterSetup> MeterAtLastGet;  // none before the first good Get
+    std::optional<TransferReport> LastTransfer;
     counter::Settings Settings;
     MeterIdentity Identity;
     counter::LinkState LinkState;

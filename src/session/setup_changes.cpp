@@ -33,6 +33,13 @@ void SetupChanges::Mark() {
 
 void SetupChanges::Begin(SetupAct act, const SetupImage& image) {
     Settle(image);
+    awaited_ = {};
+    ++depth_;
+    open_.assign(1, std::move(act));
+}
+
+void SetupChanges::BeginEntered(SetupAct act) {
+    awaited_ = {};
     ++depth_;
     open_.assign(1, std::move(act));
 }
@@ -41,7 +48,7 @@ void SetupChanges::End(const SetupImage& image) {
     if (--depth_ == 0) Settle(image);
 }
 
-// What has changed while nothing was open was changed by a value's digits, or is none of the user's doing.
+// What changed while nothing was open was changed by a value's digits, or is none of the user's doing.
 void SetupChanges::Settle(const SetupImage& image) {
     if (!open_.empty()) {
         Note(std::move(open_.back()), image);
@@ -60,7 +67,7 @@ void SetupChanges::Note(SetupAct act, const SetupImage& image) {
     done_.push_back(std::move(step));
     if (done_.size() <= kMostSteps) return;
     done_.erase(done_.begin());
-    mark_ > 0 ? void(--mark_) : void();
+    if (mark_ > 0) --mark_;
 }
 
 bool SetupChanges::CanUndo() const {
@@ -91,6 +98,13 @@ SetupChanges::Step SetupChanges::Redo() {
 bool SetupChanges::ByUser() const {
     return takenBack_ ||
            std::any_of(done_.begin() + static_cast<std::ptrdiff_t>(mark_), done_.end(), IsUsers);
+}
+
+void SetupChanges::Exchange(SetupChanges& other) {
+    open_.clear();
+    other.open_.clear();
+    std::swap(*this, other);
+    std::swap(depth_, other.depth_);
 }
 
 const SetupChanges::Step* SetupChanges::LastOn(Field field) const {

@@ -19,7 +19,8 @@ namespace counter {
 struct SetupAct {
     std::string Control;        // its full name; empty: the view was opened or built anew, by nobody's hand
     std::string What;           // for people: "Mode"
-    std::vector<Field> Fields;  // that the user himself changes by it
+    std::vector<Field> Fields = {};  // that the user himself changes by it
+    bool Typed = false;         // by digit entry; otherwise he picks
 };
 
 class SetupChanges {
@@ -34,8 +35,10 @@ class SetupChanges {
     // The setup as it is now is kept elsewhere: who changed what is told from here on.
     void Mark();
 
-    // An act begins, and ends; one may begin inside another.
+    // An act begins, and ends; one may begin inside another. That of a value begins with the digits that are
+    // in the image already.
     void Begin(SetupAct act, const SetupImage& image);
+    void BeginEntered(SetupAct act);
     void End(const SetupImage& image);
     // A value's digits were asked for: they go into the image with nobody's further word.
     void AwaitEntry(SetupAct act) { awaited_ = std::move(act); }
@@ -53,6 +56,11 @@ class SetupChanges {
     bool ByUser() const;
     // Who changed the field last since the mark; null: nobody whose act was noted.
     const Step* LastOn(Field field) const;
+    // He has undone acts from before the mark.
+    bool TakenBack() const { return takenBack_; }
+
+    // Whose notes these are changes; acts under way stay where they are.
+    void Exchange(SetupChanges& other);
 
   private:
     void Note(SetupAct act, const SetupImage& image);
@@ -61,8 +69,8 @@ class SetupChanges {
     std::vector<Step> done_, undone_;
     std::vector<SetupAct> open_;  // the act under way, at most one
     SetupAct awaited_;
-    int depth_ = 0;
     std::size_t mark_ = 0;
+    int depth_ = 0;           // acts under way, one inside the other
     bool takenBack_ = false;  // acts from before the mark
 };
 
@@ -70,7 +78,7 @@ class SetupActScope {
   public:
     SetupActScope(SetupChanges& changes, const SetupImage& image, SetupAct act)
         : changes_(changes), image_(image) {
-        changes_.Begin(std::move(act), image_);
+        act.Typed ? changes_.BeginEntered(std::move(act)) : changes_.Begin(std::move(act), image_);
     }
     ~SetupActScope() { changes_.End(image_); }
     SetupActScope(const SetupActScope&) = delete;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "link/link_error.h"
 #include "meter/setup_image.h"
 
 namespace counter {
@@ -29,6 +30,15 @@ struct MeterSetup {
     std::int64_t UtcMs = 0;  // when it came
     int Address = 0;         // of the meter, in the protocol of the line
     std::string Line;        // in words: "port 3, Custom ASCII at 9600 baud"
+};
+
+// How the last Get or Put ended.
+struct TransferReport {
+    bool Put = false;
+    bool Good = false;
+    int LinkError = 0;  // with Good false and 0: it was given up, or refused before a number came of it
+    ErrorSource FailedIn = ErrorSource::Unknown;
+    std::int64_t UtcMs = 0;
 };
 
 }  // namespace counter

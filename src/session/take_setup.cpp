@@ -19,6 +19,7 @@ SetupOrigin OriginNow(const Session& session, SetupSource from, const std::strin
 void TakeSetup(Session& session, const SetupImage& image, SetupSource from, const std::string& doubt,
                const std::string& path) {
     HomeState& home = session.Home;
+    session.Changes.Settle(session.Image);
     if (session.Origin.From != SetupSource::Nothing)
         session.SetupBefore =
             KeptSetup{session.Image,   session.Origin,       session.Changes,
@@ -37,12 +38,19 @@ void SetupIsSaved(Session& session, const std::string& path) {
     session.Changes.Mark();
 }
 
+void NoteTransfer(Session& session, bool put, bool good) {
+    const LinkState& link = session.LinkState;
+    session.LastTransfer =
+        TransferReport{put, good, link.LinkError, link.FailedIn, UtcMs(session.Pump.LocalTime())};
+}
+
 void GoBackToSetupBefore(Session& session) {
     HomeState& home = session.Home;
     KeptSetup& before = *session.SetupBefore;
+    session.Changes.Settle(session.Image);
     std::swap(session.Image, before.Image);
     std::swap(session.Origin, before.Origin);
-    std::swap(session.Changes, before.Changes);
+    session.Changes.Exchange(before.Changes);
     std::swap(home.SetupDoubt, before.Doubt);
     std::swap(home.CurrentFileName, before.FileName);
     std::swap(session.Identity.SetupFromMeter, before.FromMeter);

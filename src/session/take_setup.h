@@ -13,6 +13,9 @@ void TakeSetup(Session& session, const SetupImage& image, SetupSource from, cons
 // The setup in memory lies in this file as it is now.
 void SetupIsSaved(Session& session, const std::string& path);
 
+// A Get or Put has ended; the number is the link's.
+void NoteTransfer(Session& session, bool put, bool good);
+
 // The setup that was in memory before the last one came is there again, with its changes, and that one is
 // kept in its place. Only where there is one.
 void GoBackToSetupBefore(Session& session);

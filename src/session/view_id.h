@@ -26,6 +26,8 @@ enum class ViewId {
     ModbusG,
     Usb,
     Ethernet,
+    Compare,
+    Sheet,
 };
 
 }  // namespace counter

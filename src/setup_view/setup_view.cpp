@@ -22,6 +22,9 @@ SetupView::SetupView(Session& session) : Program(session), Controls(session.View
     Lockouts.Wire();
     Analog.Wire();
     Controls.Touched = [this](const Control& control) { Program.Views.HelpId = control.HelpNumber; };
+    Controls.Around = [this](const Control& control, const std::function<void()>& act) {
+        DoAct(control, act);
+    };
 }
 
 void SetupView::Load() {
@@ -48,6 +51,7 @@ void SetupView::PutAway() {
 }
 
 void SetupView::Build(int page) {
+    const SetupActScope opening(Program.Changes, Program.Image, {"", "as the view was opened"});
     onShow_ = true;
     const int stay = ++stay_;
     opening_ = true;
@@ -131,8 +135,13 @@ void SetupView::EntryClosed() {
     if (!onShow_) Program.Views.EntryReturn = 0;
     if (Program.Views.EntryReturn == 0) return;
     Control* entered = Program.Views.EntryTarget;
-    Activate();
-    if (entered) Communication.EntryClosed(*entered);
+    {
+        SetupAct act = entered ? ActOn(*entered) : SetupAct();
+        act.Typed = true;
+        const SetupActScope entering(Program.Changes, Program.Image, std::move(act));
+        Activate();
+        if (entered) Communication.EntryClosed(*entered);
+    }
     Controls.TellChanged();
 }
 

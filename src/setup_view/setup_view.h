@@ -61,6 +61,13 @@ class SetupView {
     void ComeBack();
     int CurrentTab() const { return Buttons.tabSetup.ListIndex; }
 
+    // --- Undo ---
+
+    // The last act of the user's is taken back, with all that rules changed along with it, or done again: the
+    // view is built from the image on the page of that act. False where there is none.
+    bool Undo();
+    bool Redo();
+
     // --- Which control shows which field ---
 
     // As the pages bind them.
@@ -71,6 +78,9 @@ class SetupView {
     std::vector<Control*> ControlsOf(Field field, int entry) const;
     // The fields that a control changes; more than one where it shows them in turns.
     std::vector<Field> FieldsOf(const Control& control) const;
+
+    // Brings the user to the control of a field. Empty, or why it can't be come to, a sentence.
+    std::string ComeToField(Field field);
 
     // --- Why something can't be reached now ---
 
@@ -145,6 +155,12 @@ class SetupView {
     };
 
   private:
+    SetupAct ActOn(const Control& control) const;
+    std::vector<Field> FieldsOfAct(const Control& control) const;
+    void DoAct(const Control& control, const std::function<void()>& act);
+    void BuildOn(const SetupImage& image, const SetupAct& act);
+    Control* ControlFor(Field field);
+
     void Build(int page);
     void ComeToPageOnShow();
     void TakeIdentity();

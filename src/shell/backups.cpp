@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <vector>
 
 #include "shell/line_words.h"
 #include "shell/setup_files.h"
@@ -66,6 +65,19 @@ Status KeepBackup(Session& session) {
     Status status = SaveSetupFile(files, folder + "/" + name, session.Image);
     if (status.Ok()) RemoveOldest(files, folder, name);
     return status;
+}
+
+std::vector<std::string> NewestBackups(const ProgramFolder& folder, std::size_t most) {
+    std::vector<std::string> names;
+    if (!folder.Store.List(folder.At("backups"), names).Ok()) return {};
+    std::erase_if(names, [](const std::string& name) { return !IsBackup(name); });
+    std::sort(names.rbegin(), names.rend());
+    names.resize(std::min(names.size(), most));
+    return names;
+}
+
+std::string BackupPath(const ProgramFolder& folder, const std::string& name) {
+    return folder.At("backups") + "/" + name;
 }
 
 std::string NoBackupWords(const Status& kept) {

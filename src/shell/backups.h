@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/status.h"
 #include "session/session.h"
@@ -19,6 +20,10 @@ std::string BackupName(const Session& session);
 // Writes one and removes those that are too many, never the one just written. A failure to write it is the
 // status.
 Status KeepBackup(Session& session);
+
+// Names of the backups in the program folder, the newest first, `most` at most.
+std::vector<std::string> NewestBackups(const ProgramFolder& folder, std::size_t most);
+std::string BackupPath(const ProgramFolder& folder, const std::string& name);
 
 // What a user is told of it: "no backup: PATH: REASON"; empty where it was kept.
 std::string NoBackupWords(const Status& kept);

@@ -7,6 +7,7 @@
 #include "session/take_setup.h"
 #include "shell/backups.h"
 #include "shell/line_words.h"
+#include "shell/read_meter.h"
 #include "transfer/get_setup.h"
 
 namespace counter {
@@ -55,6 +56,7 @@ void Fail(Session& session, const Reading& reading) {
         note = "memory has only a part of the meter's setup";
     }
     session.Identity.SetupFromMeter = false;
+    NoteTransfer(session, false, false);
     home.ShowStatus("Failed to Get data, check connections, then try again.      ( " +
                         std::to_string(session.LinkState.LinkError) + ")",
                     ColorRed, note);
@@ -79,6 +81,7 @@ void Succeed(Session& session, const Reading& reading) {
               reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".");
     session.MeterAtLastGet = MeterSetup{reading.Came, UtcMs(session.Pump.LocalTime()),
                                         AddressOnLine(session.Settings), LineInWords(session.Settings)};
+    NoteTransfer(session, false, true);
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
     home.ShowProgress(false);
     // What may not be the meter's setup is no copy to go back to.
@@ -100,17 +103,9 @@ void Transfer(Session& session, Reading& reading, const TransferScope& scope) {
     MeterIdentity identity = before;
     DerivedValues derived = session.Derived;
     const bool extendedBefore = derived.ExtendedMeter;
-    SetupTransfer transfer{session.Link, reading.Came, identity, derived,
-                           [&](int percent) { session.Home.ProgressTo(percent); }};
-    transfer.EndWanted = [&scope] { return scope.Cancelled(); };
-    if (session.LinkState.ModbusLink) {
-        GetSetupModbus(transfer);
-    } else {
-        GetSetupAscii(transfer);
-    }
+    reading.Doubt = ReadWholeSetup(session, {reading.Came, identity, derived}, scope);
     if (scope.Cancelled()) return;
     if (derived.ExtendedMeter != extendedBefore) session.Derived.ExtendedMeter = derived.ExtendedMeter;
-    reading.Doubt = transfer.Doubt;
     const bool whole = !session.LinkState.ModbusLink && session.LinkState.LinkError == 0;
     const bool told =
         identity.MeterType != before.MeterType || identity.FirmwareVersion != before.FirmwareVersion;

@@ -1,12 +1,16 @@
 // What the File and Counter menus of the home view do with the setup.
 #include "meter/default_setup.h"
+#include "meter/field_code.h"
+#include "session/change_list.h"
 #include "session/take_setup.h"
 #include "shell/get_action.h"
 #include "shell/home_view.h"
+#include "shell/kept_options.h"
 #include "shell/put_action.h"
 #include "shell/recent_files.h"
 #include "shell/setup_files.h"
 #include "shell/start.h"
+#include "shell/verify_action.h"
 
 namespace counter {
 
@@ -14,6 +18,7 @@ namespace {
 
 constexpr const char* kNoFileName = "No file name active, use Save Setup As";
 constexpr const char* kNoSetup = "No Setup data loaded";
+constexpr const char* kReportTitle = "Verify";
 constexpr const char* kBoxTitle = "Continue";
 constexpr const char* kChangedNote = "with the settings as another program has changed them";
 constexpr std::string_view kFirstName = "Setup.CT2";  // proposed for a setup that has no file yet
@@ -24,11 +29,34 @@ std::string NameIn(const std::string& path) {
 
 }  // namespace
 
+// A program without settings takes the kind of meter from the setup.
 void HomeView::OfferLoaded() {
+    if (session_.Settings.FileLines == SettingsLines{})
+        session_.Identity.MeterType = CodeOf(session_.Image, Field::MeterType);
     session_.Home.ViewEnabled = session_.Home.PutEnabled = true;
 }
 
+// Only what the user did himself can be lost: what a rule replaced, it would replace again.
+bool HomeView::ChangesMayGo(const char* title, const char* yes) {
+    session_.Changes.Settle(session_.Image);
+    const int fields = FieldsChanged(session_);
+    if (fields == 0 || !session_.Changes.ByUser()) return true;
+    const std::string text = "The setup in memory differs from " + OriginInWords(session_.Origin) + " in " +
+                             (fields == 1 ? "1 field" : std::to_string(fields) + " fields") +
+                             ", and it is saved in no file.";
+    return session_.Dialogs.Confirm({title, text, BoxIcon::Stop, {}, yes, "Keep It"});
+}
+
+void HomeView::GoBack() {
+    GoBackToSetupBefore(session_);
+    OfferLoaded();
+    session_.Home.ShowStatus("The setup from " + OriginInWords(session_.Origin) + " is in memory again.",
+                             ColorWhite);
+    if (session_.Home.Replaced) session_.Home.Replaced();
+}
+
 void HomeView::DefaultSetup() {
+    if (!ChangesMayGo("Default Setup", "Load Default")) return;
     SetupImage image = session_.Image;
     BuildDefaultSetup(image);
     TakeSetup(session_, image, SetupSource::Default);
@@ -38,12 +66,17 @@ void HomeView::DefaultSetup() {
 }
 
 void HomeView::OpenSetup() {
+    if (!ChangesMayGo("Open Setup", "Open Another")) return;
     const std::string path = session_.Dialogs.AskOpenFile(
         {"Open Setup File", std::string(kSetupFilter), false, NameIn(session_.Home.CurrentFileName)});
-    if (!path.empty()) OpenFile(path);
+    if (!path.empty()) LoadFile(path);
 }
 
 void HomeView::OpenFile(const std::string& path) {
+    if (ChangesMayGo("Open Setup", "Open Another")) LoadFile(path);
+}
+
+void HomeView::LoadFile(const std::string& path) {
     SetupImage image;
     std::string wrong;
     if (Status status = LoadSetupFile(session_.Folder.Store, path, image, wrong); !status.Ok()) {
@@ -99,6 +132,7 @@ std::vector<std::string> HomeView::RecentSetups() const {
 }
 
 void HomeView::Get() {
+    if (!ChangesMayGo("Get Setup", "Get All the Same")) return;
     lblTest2.Caption.clear();
     const bool changed = FollowSettings(session_).Changed;
     ReopenLine(session_);  // where it can't be opened, that shows in the transfer's own number
@@ -120,10 +154,34 @@ bool HomeView::PutIsMeant() {
 void HomeView::Put() {
     if (!PutIsMeant()) return;
     const bool changed = FollowSettings(session_).Changed;
+    const int number = session_.Writes.PutsBegun + 1;
     const Status settled = PutSetup(session_);
     if (!settled.Ok()) session_.Home.ShowStatus(settled.Text(), ColorRed);
     if (changed) session_.Home.AddNote(kChangedNote);
     session_.Writes.EndIfWanted();
+    if (session_.Writes.PutsBegun != number || session_.Writes.EndWanted()) return;
+    putLine_ = session_.Home.StatusText;
+    ShowState();
+    if (Menu(HomeItem::VerifyAfterPut).Value == 1 && putLine_ == kPutAppearsDone) VerifyPut();
+}
+
+void HomeView::Verify() {
+    ReopenLine(session_);  // where it can't be opened, that shows in the transfer's own number
+    const Verification end = VerifySetup(session_);
+    if (!end.Report.empty() && ShowReport) ShowReport(kReportTitle, end.Report);
+}
+
+// What no Put writes is no news after one.
+void HomeView::VerifyPut() {
+    const Verification end = VerifySetup(session_, true);
+    if (!end.Holds && !end.Report.empty() && ShowReport) ShowReport(kReportTitle, end.Report);
+}
+
+void HomeView::ToggleVerify() {
+    Control& entry = Menu(HomeItem::VerifyAfterPut);
+    entry.Value = 1 - entry.Value;
+    KeepOption(session_.Folder, kVerifyAfterPut, entry.Value == 1);
+    Controls.TellChanged();
 }
 
 // What began while the question was on show is not meant.

@@ -9,6 +9,7 @@ namespace {
 constexpr int kNoTopic = 0;
 constexpr bool kHeading = true, kEntry = false;
 constexpr bool kOn = true, kOff = false;
+constexpr bool kTicked = true;
 
 // clang-format off
 constexpr auto kMenu = std::to_array<HomeMenuRow>({
@@ -17,10 +18,14 @@ constexpr auto kMenu = std::to_array<HomeMenuRow>({
     {"mnuOpen",       "&Open Setup",            kEntry,   kNoTopic, kOn,  {}, HomeItem::Open},
     {"mnuSave",       "&Save Setup",            kEntry,   kNoTopic, kOn,  {}, HomeItem::Save},
     {"mnuSaveAs",     "Save Setup &As",         kEntry,   kNoTopic, kOn,  {}, HomeItem::SaveAs},
+    {"mnuPrintSetup", "&Print Setup",           kEntry,   kNoTopic, kOff, ViewId::Sheet, HomeItem::PrintSetup},
+    {"mnuCompare",    "&Compare...",            kEntry,   kNoTopic, kOff, ViewId::Compare, HomeItem::Compare},
     {"mnuExit",       "E&xit",                  kEntry,   kNoTopic, kOn,  {}, HomeItem::Exit},
     {"mnuCounter",    "&Counter",               kHeading, 3115,     kOff, {}, HomeItem::Counter},
     {"mnuGet",        "&Get Setup",             kEntry,   kNoTopic, kOn,  {}, HomeItem::Get},
     {"mnuPut",        "&Put Setup",             kEntry,   kNoTopic, kOff, {}, HomeItem::Put},
+    {"mnuVerify",     "&Verify",                kEntry,   kNoTopic, kOff, {}, HomeItem::Verify},
+    {"mnuVerifyPut",  "Verify &after Put",      kEntry,   kNoTopic, kOn,  {}, HomeItem::VerifyAfterPut, kTicked},
     {"mnuView",       "&View",                  kHeading, 3116,     kOff, {}, HomeItem::View},
     {"mnuSetup",      "&Setup",                 kEntry,   kNoTopic, kOn,  ViewId::Setup},
     {"mnuMenu",       "&Menu",                  kEntry,   kNoTopic, kOn,  ViewId::Menu, HomeItem::Menu},

@@ -16,10 +16,14 @@ enum class HomeItem {
     Open,
     Save,
     SaveAs,
+    Compare,
+    PrintSetup,
     Exit,
     Counter,
     Get,
     Put,
+    Verify,
+    VerifyAfterPut,
     View,
     Menu,
     Commands,
@@ -37,6 +41,7 @@ struct HomeMenuRow {
     bool Enabled;                 // as the program starts
     std::optional<ViewId> Opens;  // the view that an entry opens and does nothing else
     HomeItem Item = HomeItem::Other;
+    bool Ticked = false;  // an entry that is on or off
 };
 
 std::span<const HomeMenuRow> HomeMenu();

@@ -5,6 +5,7 @@
 #include "link/change_settings.h"
 #include "link/port_setup.h"
 #include "meter/meter_words.h"
+#include "shell/kept_options.h"
 #include "shell/start.h"
 
 namespace counter {
@@ -76,6 +77,8 @@ void HomeView::Wire() {
     On(Menu(HomeItem::Exit), &HomeView::Exit);
     On(Menu(HomeItem::Get), &HomeView::Get);
     On(Menu(HomeItem::Put), &HomeView::Put);
+    for (Control* verify : {&Menu(HomeItem::Verify), &cmdVerify}) On(*verify, &HomeView::Verify);
+    On(Menu(HomeItem::VerifyAfterPut), &HomeView::ToggleVerify);
     On(Menu(HomeItem::Glossary), &HomeView::ShowGlossary);
     On(cmdMenuHelp, &HomeView::MenuHelp);
     On(cmdOK, &HomeView::EndMenuHelp);
@@ -87,8 +90,10 @@ void HomeView::On(Control& control, void (HomeView::*action)()) {
 }
 
 void HomeView::Load() {
-    for (Control* hidden : {&lblPGText, &pbBar, &cmdCancel, &lblWait, &lblTest, &lblTest1, &lblTest2})
+    for (Control* hidden :
+         {&lblPGText, &pbBar, &cmdCancel, &lblWait, &lblTest, &lblTest1, &lblTest2, &cmdVerify})
         hidden->Visible = false;
+    Menu(HomeItem::VerifyAfterPut).Value = KeptOption(session_.Folder, kVerifyAfterPut) ? 1 : 0;
     session_.Identity.SetupFromMeter = false;
     MenuHelp();
 }
@@ -135,8 +140,11 @@ void HomeView::ShowState() {
     pbBar.Visible = home.ProgressVisible;
     cmdCancel.Visible = home.Transfers > 0;
     lblTest2.Caption = session_.LinkState.ReplyText;
-    Menu(HomeItem::View).Enabled = home.ViewEnabled;
+    for (HomeItem item : {HomeItem::View, HomeItem::Compare, HomeItem::PrintSetup})
+        Menu(item).Enabled = home.ViewEnabled;
     Menu(HomeItem::Put).Enabled = home.PutEnabled;
+    Menu(HomeItem::Verify).Enabled = cmdVerify.Enabled = home.PutEnabled && home.Transfers == 0;
+    cmdVerify.Visible = home.StatusVisible && !putLine_.empty() && home.StatusText == putLine_;
     Menu(HomeItem::Commands).Enabled = home.CommandsEnabled;
     Menu(HomeItem::Calibration).Enabled = home.CalibrationEnabled;
     Controls.TellChanged();
@@ -207,7 +215,11 @@ void HomeView::OpenView(const HomeMenuRow& row) {
 }
 
 void HomeView::Exit() {
-    WantEnd(EndWish::User);
+    if (asking_) return;
+    asking_ = true;
+    const bool ends = session_.Writes.EndWanted() || ChangesMayGo("Exit", "Exit All the Same");
+    asking_ = false;
+    if (ends) WantEnd(EndWish::User);
 }
 
 void HomeView::ExitFromOutside() {
@@ -239,11 +251,13 @@ void HomeView::TellWritten() {
 }
 
 void HomeView::EndProgram() {
+    // Settings that were not there are not made.
+    const bool read = !(session_.Settings.FileLines == SettingsLines{});
     SettingsLines lines = session_.Settings.Lines;
     if (lines.SettingsLine2.size() == kOldNodeLine) lines.SettingsLine2 += "0";
     SettingsPut(lines.SettingsLine2, kEndedAt, "1");
     // A folder that takes no file leaves the settings as they were, which are good as well.
-    SaveSettings(session_.Folder, WaitOn(session_.Pump), session_.Settings.FileLines, lines);
+    if (read) SaveSettings(session_.Folder, WaitOn(session_.Pump), session_.Settings.FileLines, lines);
     ClosePort(session_.Link);
     if (CloseSockets) CloseSockets();
     session_.Pump.EndProcess(0);

@@ -37,12 +37,14 @@ class HomeView {
     void RestoreScreen();
     // F1: help on what the user touched last.
     void HelpKey();
-    // Settings written, port closed, process ended. Returns only where the end has to wait for what is under
-    // way to be left in good order; then that calls it again, and so may an impatient user: the second
-    // request is not held. What of a setup was written is told in a box, or where the request comes from
-    // outside, by TellOutside.
+    // Asks before changes are lost. Settings written, port closed, process ended. Returns only where the end
+    // has to wait for what is under way to be left in good order; then that calls it again, and so may an
+    // impatient user: the second request is not held. What of a setup was written is told in a box, or where
+    // the request comes from outside, by TellOutside.
     void Exit();
     void ExitFromOutside();
+    // The setup that was in memory before the last one came is there again. Only where there is one.
+    void GoBack();
 
     // Stops what is under way between meter and memory at its next wait: a Get hands over nothing; a Put only
     // after a question that tells what went out.
@@ -61,8 +63,9 @@ class HomeView {
     std::function<void(int helpNumber)> OpenHelp;    // over this view
     std::function<void()> PrepareStream;             // the stream's frame rules are asked of the meter
     std::function<void(Control& heading)> DropDown;  // the entries under a heading can be used now
-    std::function<bool()> HoldExit;                  // true: something must be finished first, and calls Exit
-    std::function<void()> CloseSockets;              // before the end
+    std::function<void(const std::string& title, const std::string& text)> ShowReport;  // to read and to copy
+    std::function<bool()> HoldExit;      // true: something must be finished first, and calls Exit
+    std::function<void()> CloseSockets;  // before the end
     std::function<void(const std::string& text)> TellOutside;  // where it is seen though the window is gone
 
     Form Controls;
@@ -91,6 +94,7 @@ class HomeView {
     // home_files.cpp
     void DefaultSetup();
     void OpenSetup();
+    void LoadFile(const std::string& path);
     void SaveSetup();
     void SaveSetupAs();
     bool WriteSetup(const std::string& path);
@@ -99,18 +103,25 @@ class HomeView {
     void Put();
     bool PutIsMeant();
     bool CancelIsMeant();
+    bool ChangesMayGo(const char* title, const char* yes);
+    void Verify();
+    void VerifyPut();
+    void ToggleVerify();
 
     Session& session_;
     std::array<Control*, static_cast<std::size_t>(HomeItem::Count)> items_ = {};
     bool tallText_ = true;
     bool preparing_ = false;
     bool askingToCancel_ = false;
+    bool asking_ = false;  // whether changes may be lost at the end
+    std::string putLine_;  // the status text of the last Put, beside which it can be verified
 
   public:
     // clang-format off
     Control& picText     = Add(ControlKind::Picture,  "picText");
     Control& cmdMenuHelp = Add(ControlKind::Button,   "cmdMenuHelp", "Menu Help");
     Control& cmdOK       = Add(ControlKind::Button,   "cmdOK", "OK");
+    Control& cmdVerify   = Add(ControlKind::Button,   "cmdVerify", "Verify");
     Control& lblPGText   = Add(ControlKind::Label,    "lblPGText");
     Control& pbBar       = Add(ControlKind::Progress, "pbBar");
     Control& cmdCancel   = Add(ControlKind::Button,   "cmdCancel", "Cancel");

@@ -5,12 +5,13 @@
 #include <string_view>
 
 #include "meter/field_lists.h"
+#include "meter/meter_words.h"
 
 namespace counter {
 
 namespace {
 
-constexpr std::array<std::string_view, 3> kParityWords = {"", ", odd parity", ", even parity"};
+constexpr std::array<std::string_view, 3> kParityNames = {"", ", odd parity", ", even parity"};
 
 std::string WordOf(std::span<const std::string_view> table, int index) {
     const bool there = index >= 0 && index < static_cast<int>(table.size());
@@ -24,7 +25,13 @@ std::string LineInWords(const Settings& settings) {
     if (settings.EthernetMode) return "node " + settings.NodeIp + ", " + protocol;
     return "port " + std::to_string(settings.CommPortNumber) + ", " + protocol + " at " +
            WordOf(BaudTable, settings.BaudIndex) + " baud" +
-           (settings.ModbusLink ? WordOf(kParityWords, settings.ParityIndex) : "");
+           (settings.ModbusLink ? WordOf(kParityNames, settings.ParityIndex) : "");
+}
+
+std::string MeterKindInWords(int meterType) {
+    if (meterType == MeterKind::Dpm) return "DPM";
+    if (meterType == MeterKind::WeightMeter) return "Weight Meter";
+    return IsTransmitter(meterType) ? "Counter Transmitter" : "Counter";
 }
 
 int AddressOnLine(const Settings& settings) {

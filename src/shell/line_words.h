@@ -9,6 +9,8 @@ namespace counter {
 
 // "port 3, Custom ASCII at 9600 baud", or through a node "node 192.168.1.5, Modbus RTU".
 std::string LineInWords(const Settings& settings);
+// "Counter", "DPM".
+std::string MeterKindInWords(int meterType);
 // The meter's address in the protocol of the line: 0..31, over Modbus 1..999.
 int AddressOnLine(const Settings& settings);
 

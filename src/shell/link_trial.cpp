@@ -7,6 +7,7 @@
 #include "meter/meter_words.h"
 #include "session/session.h"
 #include "shell/get_action.h"
+#include "shell/line_words.h"
 #include "shell/start.h"
 
 namespace counter {
@@ -37,22 +38,17 @@ class NoBoxes : public Dialogs {
     void Show(const Message&) override {}
 };
 
-std::string MeterName(int meterType) {
-    if (meterType == MeterKind::Dpm) return "A DPM";
-    if (meterType == MeterKind::WeightMeter) return "A Weight Meter";
-    return IsTransmitter(meterType) ? "A Counter Transmitter" : "A Counter";
-}
-
 // The version is the meter's own; over Modbus a Get leaves the identity of the settings, but the image has
 // it.
 std::string AnswerInWords(const Session& session) {
     const Settings& stored = session.Settings;
     const bool modbus = session.LinkState.ModbusLink;
     const std::string_view protocol = lists::kProtocol[static_cast<std::size_t>(stored.SerialProtocol)];
-    std::string words =
-        MeterName(ValueOfField(session.Image, Field::MeterType).Number) + " answered: firmware version " +
-        std::to_string(ValueOfField(session.Image, Field::FirmwareVersion).Number) + ", address " +
-        (modbus ? std::to_string(stored.ModbusAddress) : stored.MeterAddressLabel) + ", ";
+    std::string words = "A " + MeterKindInWords(ValueOfField(session.Image, Field::MeterType).Number) +
+                        " answered: firmware version " +
+                        std::to_string(ValueOfField(session.Image, Field::FirmwareVersion).Number) +
+                        ", address " +
+                        (modbus ? std::to_string(stored.ModbusAddress) : stored.MeterAddressLabel) + ", ";
     words += std::string(protocol);
     if (session.LinkState.EthernetMode) return words + " through the node at " + stored.NodeIp + ".";
     return words + " at " + std::string(BaudTable[static_cast<std::size_t>(session.LinkState.BaudIndex)]) +

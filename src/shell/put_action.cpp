@@ -4,14 +4,13 @@
 
 #include "link/read_settings.h"
 #include "link/waits.h"
+#include "session/take_setup.h"
 #include "transfer/put_frames.h"
 #include "transfer/put_setup.h"
 
 namespace counter {
 
 namespace {
-
-constexpr const char* kAppearsDone = "Putting data to the Counter.  Data appears to have Transferred O.K.";
 
 // By InputBoard.
 constexpr std::array<const char*, 4> kBoardNames = {"", "Dual Signal Conditioner", "V-F Converter",
@@ -58,7 +57,7 @@ Status Transfer(Session& session, SetupTransfer& transfer) {
     if (session.LinkState.ModbusLink) return PutSetupModbus(transfer, session.BringUp);
     PutSetupAscii(transfer);
     if (session.LinkState.LinkError != 0 || transfer.GaveUp) return {};
-    session.Home.ShowStatus(kAppearsDone, ColorGreen);
+    session.Home.ShowStatus(kPutAppearsDone, ColorGreen);
     session.Home.ShowProgress(false);
     LinkDelay(session.Link, 1000);
     if (!transfer.IsSuperseded()) LineHolds(session.Link);
@@ -70,18 +69,20 @@ void GiveUp(Session& session, SetupTransfer& transfer) {
     session.Home.ShowHourglass(false);
     if (transfer.IsSuperseded()) return;
     session.Home.ShowProgress(false);
+    NoteTransfer(session, true, false);
     session.Home.ShowStatus(PutSoFar(session.LinkState, transfer.Identity.FirmwareVersion), ColorRed);
 }
 
 Status Finish(Session& session, const SetupImage& image, Status settled) {
     session.Home.ShowHourglass(false);
+    NoteTransfer(session, true, session.LinkState.LinkError == 0);
     if (session.LinkState.LinkError != 0) {
         session.Home.ShowStatus("Data transfer unsuccessful. Check connections and try again. (" +
                                     std::to_string(session.LinkState.LinkError) + ")",
                                 ColorRed);
         return settled;
     }
-    session.Home.ShowStatus(kAppearsDone, ColorGreen);
+    session.Home.ShowStatus(kPutAppearsDone, ColorGreen);
     // Over Modbus the settings have been saved already; then this finds nothing changed.
     if (settled.Ok()) settled = SaveLinkSettings(image, session.BringUp);
     session.Home.ProgressPercent = 0;

@@ -61,6 +61,10 @@ bool OtherClass(const SetupImage& a, const SetupImage& b) {
     return ExtendedMeterFromSetup(a) != ExtendedMeterFromSetup(b);
 }
 
+bool Compared(const FieldRow& row) {
+    return row.Kind != Mark::Overlap;
+}
+
 }  // namespace
 
 PutRoad RoadOf(const LinkState& link) {
@@ -78,6 +82,11 @@ Standing StandingOf(Field field, PutRoad road, int firmwareVersion) {
     return written ? Standing::Written : Standing::NotWritten;
 }
 
+std::string_view StandingName(Standing standing) {
+    constexpr std::string_view kNames[] = {"written", "not written", "hardware", "read-only"};
+    return kNames[static_cast<std::size_t>(standing)];
+}
+
 FieldDifference DifferenceIn(Field field, const SetupImage& a, const SetupImage& b, Standing standing) {
     FieldDifference difference = {RowOf(field).Name, RowOf(field).Pos, Shown(a, field), Shown(b, field),
                                   standing};
@@ -88,13 +97,18 @@ FieldDifference DifferenceIn(Field field, const SetupImage& a, const SetupImage&
     return difference;
 }
 
+Standing StandingBetween(Field field, const SetupImage& a, const SetupImage& b, PutRoad road,
+                         int firmwareVersion) {
+    if (field == Field::ClassAndCurve && OtherClass(a, b)) return Standing::Hardware;
+    return StandingOf(field, road, firmwareVersion);
+}
+
 std::vector<FieldDifference> CompareSetups(const SetupImage& a, const SetupImage& b, PutRoad road,
                                            int firmwareVersion) {
     std::vector<FieldDifference> differences;
     for (const FieldRow& row : FieldTable()) {
-        if (row.Kind == Mark::Overlap || FieldEqual(a, b, row.Handle)) continue;
-        Standing standing = StandingOf(row.Handle, road, firmwareVersion);
-        if (row.Handle == Field::ClassAndCurve && OtherClass(a, b)) standing = Standing::Hardware;
+        if (!Compared(row) || FieldEqual(a, b, row.Handle)) continue;
+        const Standing standing = StandingBetween(row.Handle, a, b, road, firmwareVersion);
         differences.push_back(DifferenceIn(row.Handle, a, b, standing));
     }
     return differences;
@@ -103,12 +117,30 @@ std::vector<FieldDifference> CompareSetups(const SetupImage& a, const SetupImage
 std::vector<FieldDifference> CompareFiles(const SetupImage& a, const SetupImage& b) {
     std::vector<FieldDifference> differences;
     for (const FieldRow& row : FieldTable()) {
-        if (row.Kind == Mark::Overlap || FieldEqual(a, b, row.Handle)) continue;
+        if (!Compared(row) || FieldEqual(a, b, row.Handle)) continue;
         differences.push_back(DifferenceIn(row.Handle, a, b));
     }
-    if (Surplus(a) != Surplus(b))
-        differences.push_back({"Digits behind the setup", kImageDigits + 1, {Surplus(a)}, {Surplus(b)}});
+    if (const auto surplus = SurplusDifference(a, b)) differences.push_back(*surplus);
     return differences;
+}
+
+std::optional<FieldDifference> SurplusDifference(const SetupImage& a, const SetupImage& b) {
+    if (Surplus(a) == Surplus(b)) return std::nullopt;
+    return FieldDifference{"Digits behind the setup", kImageDigits + 1, {Surplus(a)}, {Surplus(b)}};
+}
+
+std::vector<FieldPair> PairSetups(const SetupImage& a, const SetupImage& b, PutRoad road,
+                                  int firmwareVersion) {
+    std::vector<FieldPair> pairs;
+    for (const FieldRow& row : FieldTable()) {
+        if (!Compared(row)) continue;
+        const bool differs = !FieldEqual(a, b, row.Handle);
+        const Standing standing = StandingBetween(row.Handle, a, b, road, firmwareVersion);
+        FieldDifference both = DifferenceIn(row.Handle, a, b, standing);
+        if (!differs) both.A = both.B = Shown(a, row.Handle);
+        pairs.push_back({both, row.Handle, differs});
+    }
+    return pairs;
 }
 
 }  // namespace counter

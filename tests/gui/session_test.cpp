@@ -1,10 +1,14 @@
 // The whole program on the real widgets: a session from start to exit, and presses in the middle of waits.
 #include <gtest/gtest.h>
 
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTextEdit>
+#include <QTreeWidget>
 
 #include "desktop/kit/page_body.h"
 #include "support/gui_bench.h"
@@ -48,6 +52,61 @@ TEST(DesktopSession, FromGetOverEditAndFilesToPutAndExit) {
     EXPECT_EQ(bench.StatusLine(), "Putting data to the Counter.  Data appears to have Transferred O.K.");
     EXPECT_EQ(bench.Line.Meter().ImageText().substr(54, 6), "003039") << "the meter's own memory";
     EXPECT_EQ(ExitOf([&] { bench.Choose("mnuExit"); }), 0);
+}
+
+void DoubleClickFirst(QAbstractItemView* list) {
+    const QPoint at = list->visualRect(list->model()->index(0, 0)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
+    GuiPump::Settle();
+}
+
+TEST(DesktopSession, ChangesAreMarkedListedUndoneAndAskedAbout) {
+    GuiBench bench;
+    MainWindow& window = bench.Desk->Window();
+    const auto rows = [&] { return bench.Find<QTreeWidget>("lstChanges"); };
+    bench.Choose("mnuGet");
+    bench.Choose("mnuSetup");
+    bench.Pump.Pass(5000);
+    bench.Click("cmdChanges");
+    const int byRules = rows()->topLevelItemCount();
+    bench.ComeToTab(4);
+    QTest::keyClick(bench.Find<QComboBox>("cboBaudRate"), Qt::Key_Down);
+    GuiPump::Settle();
+    EXPECT_EQ(window.windowTitle(), "Setup *");
+    ASSERT_EQ(rows()->topLevelItemCount(), byRules + 1);
+    QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+    GuiPump::Settle();
+    EXPECT_EQ(rows()->topLevelItemCount(), byRules);
+    EXPECT_EQ(window.windowTitle(), byRules > 0 ? "Setup *" : "Setup");
+    QTest::keyClick(&window, Qt::Key_Y, Qt::ControlModifier);
+    GuiPump::Settle();
+    ASSERT_EQ(rows()->topLevelItemCount(), byRules + 1);
+    EXPECT_EQ(rows()->topLevelItem(byRules)->text(3), "picked");
+    bench.ComeToTab(0);
+    bench.Click("cmdMainMenu");
+    EXPECT_EQ(window.windowTitle(), "COUNTER MAIN  MENU *");
+
+    DoubleClickFirst(rows());
+    bench.Pump.Pass(5000);
+    EXPECT_EQ(window.windowTitle(), "Setup *");
+    EXPECT_EQ(bench.Find<QTabWidget>("")->currentIndex(), 4);
+    EXPECT_EQ(QApplication::focusWidget(), bench.Find<QComboBox>("cboBaudRate"));
+    bench.Click("cmdMainMenu");
+
+    bench.Boxes.SaysYes = false;
+    bench.Choose("mnuExit");
+    EXPECT_EQ(bench.Boxes.Shown.back().Title, "Exit");
+    DoubleClickFirst(bench.Find<QListWidget>("lstBackups"));
+    EXPECT_EQ(bench.Program.Origin.From, SetupSource::Meter);
+    bench.Boxes.SaysYes = true;
+    DoubleClickFirst(bench.Find<QListWidget>("lstBackups"));
+    EXPECT_EQ(bench.Program.Origin.From, SetupSource::File);
+    EXPECT_EQ(window.windowTitle(), "COUNTER MAIN  MENU");
+    bench.Click("cmdBackTo");
+    EXPECT_EQ(bench.Program.Origin.From, SetupSource::Meter);
+    EXPECT_EQ(window.windowTitle(), "COUNTER MAIN  MENU *");
+    EXPECT_NE(bench.Find<QLabel>("factSetup")->text().indexOf("but for"), -1);
 }
 
 // The window goes home in the middle of the write: focus and help are the home view's from then on.
@@ -100,7 +159,7 @@ TEST(DesktopSession, NothingIsClippedInAnyViewAtAnyScale) {
                 ++stops;
             },
             room);
-        EXPECT_EQ(stops, 24);
+        EXPECT_EQ(stops, 27);
     }
 }
 

@@ -1,6 +1,7 @@
 // Tour: through every view and page of the program, on a simulated meter.
 #pragma once
 
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QTabWidget>
 #include <functional>
@@ -66,6 +67,27 @@ inline void TourReadings(GuiBench& bench, const TourStop& stop) {
     bench.Click("cmdEnd");
 }
 
+// A verified setup that differs, a comparison of all fields with the meter, the sheet.
+inline void TourTools(GuiBench& bench, const TourStop& stop) {
+    const SetupImage got = bench.Program.Image;
+    DigitsPut(bench.Program.Image, 55, "003039");
+    bench.Choose("mnuVerify");
+    if (QWidget* dialog = GuiBench::Dialog()) {
+        stop(*dialog, "verify");
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    }
+    bench.Choose("mnuCompare");
+    bench.Click("cmdMeter");
+    bench.Find<QCheckBox>("chkDiffer")->click();
+    stop(bench.Desk->Window(), "compare");
+    bench.Find<QCheckBox>("chkDiffer")->click();
+    bench.Click("cmdMainMenu");
+    bench.Choose("mnuPrintSetup");
+    stop(bench.Desk->Window(), "setup-sheet");
+    bench.Click("cmdMainMenu");
+    bench.Program.Image = got;
+}
+
 struct LinkWindowBench {
     FixedCatalog Catalog;
     GuiPump Pump;
@@ -101,6 +123,7 @@ inline void Tour(const TourStop& stop, QSize size = {1000, 700}) {
     stop(window, "home");
     bench.Choose("mnuGet");
     stop(window, "home-after-get");
+    TourTools(bench, stop);
     TourSetup(bench, stop);
     bench.Choose("mnuMenu");
     stop(window, "menu");

@@ -72,6 +72,7 @@ completes "counterctl se"                         settings set
 completes "counterctl --dir x settings set Baud"  BaudIndex=
 completes "counterctl settings init --f"          --force
 completes "counterctl read p"                     peak
+completes "counterctl sheet a.CT2 --p"            --pdf
 completes "counterctl show a"                     a.CT2
 completes "counterctl show a.CT2 --as "           fields menu setup
 completes "counterctl curve "                     b.PRM

@@ -44,6 +44,9 @@ document record.three 0 record --count 3 --seconds 60 --mqtt mqtt://127.0.0.1:1/
 document readings.runs 0 readings
 document readings.one 0 readings 1
 sed -i 1q "$work/json/readings.one.json"
+printf 'name,line,protocol,baud,address,setup,Setpoint 1\na,%s,ascii,9600,1,d,5\nb,%s,ascii,9600,2,d,\n' "$device" "$device" >"$work/t"
+document fleet.put 3 fleet put "$work/t"
+document fleet.read 3 fleet read "$work/t"
 printf 'A%.0s' {1..84} >"$work/curve"
 { echo; printf '5%.0s' {1..84}; echo; } >>"$work/curve"
 document curve.one 0 curve "$work/curve"

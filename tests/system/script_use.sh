@@ -92,6 +92,16 @@ waits QUIT "waiting for a reader of standard output" full_pipe
 waits HUP "waiting for a reader of standard output" full_pipe
 exec 5>&-
 
+# A sheet needs no display, and whoever asks for none of it pays for no letters and paper.
+ctl 0 default "$work/a.CT2"
+ctl 0 set "$work/a.CT2" "Setpoint 1=12345" --out "$work/b.CT2"
+ctl 0 sheet "$work/b.CT2" "$work/a.CT2" --html "$work/b.html"
+grep -qF "<td>Setpoint 1</td><td>+010000.</td><td>+012345.</td>" "$work/b.html" || fail "no change in the sheet"
+(unset DISPLAY WAYLAND_DISPLAY; ctl 0 sheet - "$work/a.CT2" --pdf "$work/b.pdf" <"$work/b.CT2")
+[ "$(head -c 5 "$work/b.pdf")" = %PDF- ] && [ "$(grep -ac '^/Type /Page$' "$work/b.pdf")" -ge 2 ] || fail "no PDF"
+ctl 2 sheet "$work/a.CT2" --pdf "$work/absent/b.pdf"
+ldd "$exe" | grep -E "Qt6(Gui|Widgets)" && fail "counterctl loads what only windows need"
+
 # Colours are for terminals, and not for those who mind.
 at_terminal() { script -qec "$1" /dev/null </dev/null | tr -d '\r' | head -n 1; }
 [[ "$(TERM=xterm at_terminal "$exe frob")" == $'\e[31mcounterctl:\e[0m no command'* ]] || fail "no colour at a terminal"

@@ -53,6 +53,27 @@ start_meter --frequency 500000 --timebase-ppm 112.5 --strict-baud --set 199=01
 ctl 0 read item1
 said 500006. out
 
+# Many meters on one line: each answers to its own address and speed, keeps its own memory, has its own faults.
+cat >"$work/bus.csv" <<'TABLE'
+name,address,protocol,baud,image,set,fault
+press,1,,,image,,
+dryer,31,,,,177=1111,B1#1:noreply
+oven,200,rtu,19200,,177=2222,
+TABLE
+start_meter --bus "$work/bus.csv" --save "$work/bus" --version 78
+ctl 0 get "$work/got"
+ctl 0 settings set MeterAddressValue=31
+ctl 3 read item1
+ctl 0 put "$work/first"
+ctl 0 settings set SerialProtocol=1 ModbusAddress=200 BaudIndex=6
+ctl 0 get "$work/oven"
+ctl 0 set "$work/image" "Gate Time"=0.34
+kill -HUP "$sim"
+stop_peer
+ls "$work/bus" | tr '\n' ' ' | grep -qx "dryer.CT2 oven.CT2 press.CT2 " || fail "saved: $(ls "$work/bus")"
+gates() { cut -c 177-180 "$work/bus/dryer.CT2" "$work/bus/oven.CT2" "$work/bus/press.CT2" "$work/oven" | tr '\n' ' '; }
+[ "$(gates)" = "000A 2222 0022 2222 " ] || fail "each has its own memory: $(gates)"
+
 refuses() {
     local status=0
     "$bin/counter-sim" "$2" "$3" >/dev/null 2>&1 || status=$?
@@ -69,5 +90,6 @@ echo precious >"$work/file"
 refuses 2 --image "$work/none"
 refuses 2 --image "$work/file"
 refuses 2 --link "$work/file"
+refuses 2 --bus "$work/file"
 [ "$(cat "$work/file")" = precious ] || fail "a file was replaced by a link"
 echo "All as it should be."

@@ -15,9 +15,10 @@ namespace fs = std::filesystem;
 // In order of height: a room includes only itself and rooms that come before it. Rooms that are not listed
 // may be included by nobody.
 const std::vector<std::string> kRooms = {
-    "meter",      "platform",  "settings", "link",       "transfer",    "controls", "digit_entry", "session",
-    "setup_view", "menu_view", "commands", "readings",   "calibration", "curve",    "help",        "system",
-    "recording",  "shell",     "cli",      "publishing", "record_cli",  "desktop",  "apps"};
+    "meter",   "platform",   "settings",   "link",       "transfer", "controls", "digit_entry",
+    "session", "setup_view", "offline",    "menu_view",  "commands", "readings", "calibration",
+    "curve",   "help",       "system",     "recording",  "shell",    "compare",  "sheet",
+    "fleet",   "cli",        "publishing", "record_cli", "desktop",  "apps"};
 
 // Views are side by side: none includes another.
 const std::vector<std::string> kViews = {"setup_view",  "menu_view", "commands", "readings",

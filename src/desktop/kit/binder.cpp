@@ -176,6 +176,7 @@ void Binder::BindAction(Control& control, QAction* action) {
     bound_.push_back({&control, nullptr, [&control, action] {
                           action->setEnabled(control.Enabled);
                           action->setVisible(control.Visible);
+                          if (action->isCheckable()) action->setChecked(control.Value == 1);
                       }});
 }
 

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QWidget>
 #include <functional>
+#include <memory>
 
 namespace counter {
 
@@ -12,6 +13,7 @@ struct PaperWork {
     QStringList Head;                     // lines above the view: what it is, of which meter, when
     QWidget* Part = nullptr;              // not printed as it is on the screen; null: there is none
     std::function<void(QPainter&)> Draw;  // in its place, in its own coordinates
+    std::unique_ptr<QWidget> Instead;     // printed in the place of the whole page; null: the page itself
 };
 
 // A page of such a kind; the printer asks it.

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 
 #include "desktop/kit/qt_text.h"
 
@@ -95,16 +96,29 @@ bool QtDialogs::Confirm(const Message& message) {
     QMessageBox box(parent_);
     FillBox(box, message);
     box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+    if (!message.No.empty()) {
+        box.button(QMessageBox::Ok)->setText(SystemText(message.Yes));
+        box.button(QMessageBox::Cancel)->setText(SystemText(message.No));
+        box.setDefaultButton(QMessageBox::Cancel);
+    }
     return RunDialog(box, "a question") == QMessageBox::Ok;
 }
 
 bool QtDialogs::Choose(const Message& message, const std::string& yes, const std::string& no) {
+    return ChooseOf(message, {yes, no}) == 0;
+}
+
+int QtDialogs::ChooseOf(const Message& message, const std::vector<std::string>& answers) {
     QMessageBox box(parent_);
     FillBox(box, message);
-    const QAbstractButton* first = box.addButton(SystemText(yes), QMessageBox::AcceptRole);
-    box.addButton(SystemText(no), QMessageBox::RejectRole);
+    std::vector<QAbstractButton*> buttons;
+    for (std::size_t i = 0; i < answers.size(); ++i)
+        buttons.push_back(box.addButton(SystemText(answers[i]), i + 1 < answers.size()
+                                                                    ? QMessageBox::AcceptRole
+                                                                    : QMessageBox::RejectRole));
     RunDialog(box, "a question");
-    return box.clickedButton() == first;
+    const auto picked = std::find(buttons.begin(), buttons.end(), box.clickedButton());
+    return static_cast<int>(std::min<std::ptrdiff_t>(picked - buttons.begin(), std::ssize(answers) - 1));
 }
 
 std::string QtDialogs::AskOpenFile(const FileQuestion& question) {

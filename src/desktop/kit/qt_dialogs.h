@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QWidget>
 #include <string>
+#include <vector>
 
 #include "platform/dialogs.h"
 #include "platform/pump.h"
@@ -30,6 +31,9 @@ class QtDialogs : public Dialogs {
 
     // A question with two answers of its own; true for the first.
     bool Choose(const Message& message, const std::string& yes, const std::string& no);
+    // The same with any number of answers: the place of the one that was picked, of the last where the box
+    // was closed.
+    int ChooseOf(const Message& message, const std::vector<std::string>& answers);
 
   private:
     // Shows it over the window and waits until it is closed; its result.

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QWidget>
 
+#include "desktop/kit/html_paper.h"
 #include "desktop/kit/paper_page.h"
 #include "desktop/kit/qt_text.h"
 #include "system/disk_files.h"
@@ -35,22 +36,31 @@ bool IsFile(const QPrinter& printer) {
     return printer.outputFormat() == QPrinter::PdfFormat || !printer.outputFileName().isEmpty();
 }
 
-Status PrintOn(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
+// False: the device can't be drawn on.
+using PaperDraw = std::function<bool(QPrinter&)>;
+
+PaperDraw Painted(const std::function<void(QPainter&)>& draw) {
+    return [draw](QPrinter& printer) {
+        QPainter painter;
+        if (!painter.begin(&printer)) return false;
+        draw(painter);
+        return true;
+    };
+}
+
+Status PrintOn(QPrinter& printer, const PaperDraw& draw) {
     const std::string name = printer.printerName().toStdString();
-    QPainter painter;
-    if (!painter.begin(&printer)) {
+    if (!draw(printer)) {
         return {printer.isValid() ? StatusKind::Other : StatusKind::NotFound, name,
                 "the printer doesn't answer"};
     }
-    draw(painter);
-    painter.end();
     if (printer.printerState() != QPrinter::Error) return {};
     return {StatusKind::Other, name, "was not printed to its end"};
 }
 
 // Printed aside first: a full disk or a kill in the middle must not leave half of it where an older one
 // was. A full disk is no error to the one who draws; the file then lacks its end.
-Status PrintInto(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
+Status PrintInto(QPrinter& printer, const PaperDraw& draw) {
     const std::string path = QFile::encodeName(printer.outputFileName()).toStdString();
     const QTemporaryDir aside;
     if (!aside.isValid()) return {StatusKind::Other, path, aside.errorString().toStdString()};
@@ -104,10 +114,21 @@ QSizeF WithHead(const QWidget& widget, const QStringList& head) {
             widget.height() + (head.isEmpty() ? 0 : line * static_cast<double>(head.size()) + kHeadMargin)};
 }
 
+PaperWork WorkOf(QWidget& page) {
+    auto* own = dynamic_cast<PaperPage*>(&page);
+    return own ? own->OnPaper() : PaperWork();
+}
+
+bool IsWide(QWidget& page) {
+    const PaperWork work = WorkOf(page);
+    const QSize size = (work.Instead ? *work.Instead : page).size();
+    return size.width() > size.height();
+}
+
 // As large as the page lets it be, in the middle of its upper edge; all in the widget's coordinates.
-void DrawWidget(QPainter& painter, const QRectF& page, QWidget& widget) {
-    auto* own = dynamic_cast<PaperPage*>(&widget);
-    const PaperWork work = own ? own->OnPaper() : PaperWork();
+void DrawWidget(QPainter& painter, const QRectF& page, QWidget& onShow) {
+    const PaperWork work = WorkOf(onShow);
+    QWidget& widget = work.Instead ? *work.Instead : onShow;
     const QSizeF whole = WithHead(widget, work.Head);
     const double scale = std::min(page.width() / whole.width(), page.height() / whole.height());
     painter.translate((page.width() - whole.width() * scale) / 2, 0);
@@ -181,18 +202,31 @@ Status QtPrinter::PrintView() {
     QPrinter printer(QPrinter::HighResolution);
     printer.setResolution(kViewDpi);
     printer.setDocName(widget->window()->windowTitle());
-    const bool wide = widget->width() > widget->height();
-    printer.setPageOrientation(wide ? QPageLayout::Landscape : QPageLayout::Portrait);
-    return Run(printer, [&](QPainter& painter) { DrawWidget(painter, PageOf(printer), *widget); });
+    printer.setPageOrientation(IsWide(*widget) ? QPageLayout::Landscape : QPageLayout::Portrait);
+    return Run(printer, Painted([&](QPainter& painter) { DrawWidget(painter, PageOf(printer), *widget); }));
 }
 
 Status QtPrinter::PrintText(const std::string& title, const std::string& text) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(QtText(title));
-    return Run(printer, [&](QPainter& painter) { DrawText(painter, printer, PageOf(printer), text); });
+    return Run(printer,
+               Painted([&](QPainter& painter) { DrawText(painter, printer, PageOf(printer), text); }));
 }
 
-Status QtPrinter::Run(QPrinter& printer, const std::function<void(QPainter&)>& draw) {
+Status QtPrinter::PrintPages(const std::string& title, const std::string& html) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(QtText(title));
+    return Run(printer, [&html](QPrinter& chosen) {
+        PrintHtml(chosen, html);
+        return chosen.isValid();
+    });
+}
+
+Status QtPrinter::WritePdf(const std::string& path, const std::string& title, const std::string& html) {
+    return DiskFiles().Write(path, PdfOfHtml(title, html).toStdString());
+}
+
+Status QtPrinter::Run(QPrinter& printer, const std::function<bool(QPrinter&)>& draw) {
     bool answered = false;
     bool chosen = false;
     choose_(printer, [&](bool print) {

@@ -28,10 +28,12 @@ class QtPrinter : public Printer {
 
     Status PrintView() override;
     Status PrintText(const std::string& title, const std::string& text) override;
+    Status PrintPages(const std::string& title, const std::string& html) override;
+    Status WritePdf(const std::string& path, const std::string& title, const std::string& html) override;
 
   private:
-    // Chosen and begun, `draw` draws; the failure with its reason.
-    Status Run(QPrinter& printer, const std::function<void(QPainter&)>& draw);
+    // Chosen, `draw` draws, false where it can't begin; the failure with its reason.
+    Status Run(QPrinter& printer, const std::function<bool(QPrinter&)>& draw);
 
     Pump& pump_;
     View view_;

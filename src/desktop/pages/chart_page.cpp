@@ -92,7 +92,8 @@ PaperWork ChartPage::OnPaper() {
     return {{title_ + kBetween + date.toString(QStringLiteral("yyyy-MM-dd HH:mm")) + kBetween + meter,
              QtText(view_.ScaleText())},
             chart_,
-            [this](QPainter& painter) { PaintChart(painter, chart_->rect(), chart_->Layers()); }};
+            [this](QPainter& painter) { PaintChart(painter, chart_->rect(), chart_->Layers()); },
+            nullptr};
 }
 
 // The place of the entry stays when it closes, so that the chart keeps its size. Captions stand above the

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "desktop/kit/access_keys.h"
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/page_body.h"
@@ -42,12 +43,14 @@ QKeySequence KeysOf(HomeItem item) {
 
 }  // namespace
 
-HomePage::HomePage(HomeView& view, QWidget* parent)
+HomePage::HomePage(HomeView& view, const Session& session, QWidget* parent)
     : ViewPage(parent),
       view_(view),
       bound_(view.Controls),
       menu_(new QMenuBar(parent)),
-      strip_(new StatusStrip(this)) {
+      strip_(new StatusStrip(this)),
+      session_(session),
+      facts_(new FactsBlock(session, this)) {
     AddMenu();
     AddText();
     bound_.Refresh();
@@ -61,6 +64,26 @@ QString HomePage::Title() const {
 
 void HomePage::ComeToFront() {
     view_.Activate();
+    ShowFacts();
+}
+
+void HomePage::ShowFacts() {
+    if (!isVisibleTo(window())) return;
+    facts_->Follow();
+    if (!changes_ && session_.Origin.From != SetupSource::Nothing) MakeChanges();
+    if (changes_) changes_->Follow();
+}
+
+// In place of the empty room at the end.
+void HomePage::MakeChanges() {
+    changes_ = new ChangesList(session_, this);
+    delete column_->takeAt(column_->count() - 1);
+    column_->addWidget(changes_, 1);
+    changes_->GoBack = [this] { view_.GoBack(); };
+    changes_->Chosen = [this](Field field) {
+        if (FieldChosen) FieldChosen(field);
+    };
+    GiveAccessKeys(*window());
 }
 
 QWidget* HomePage::FirstFocus() {
@@ -75,8 +98,9 @@ void HomePage::AddMenu() {
             under = AddHeading(control);
         } else {
             if (row.Item == HomeItem::Exit) AddRecent(*under);
-            AddEntry(control, *under, row.Opens || row.Item == HomeItem::Glossary)
-                ->setShortcut(KeysOf(row.Item));
+            QAction* entry = AddEntry(control, *under, row.Opens || row.Item == HomeItem::Glossary);
+            entry->setShortcut(KeysOf(row.Item));
+            entry->setCheckable(row.Ticked);
         }
     }
 }
@@ -151,7 +175,7 @@ void HomePage::AddText() {
     text->setBackgroundRole(QPalette::Base);
     text->setForegroundRole(QPalette::Text);
     text->setMargin(kGrid);
-    for (Control* control : {&view_.cmdMenuHelp, &view_.cmdOK, &view_.lblWait})
+    for (Control* control : {&view_.cmdMenuHelp, &view_.cmdOK, &view_.cmdVerify, &view_.lblWait})
         buttons->addWidget(bound_.Make(*control, this));
     buttons->addStretch(1);
     for (Control* control : {&view_.lblTest, &view_.lblTest1, &view_.lblTest2})
@@ -159,7 +183,11 @@ void HomePage::AddText() {
     auto* body = new PageBody(this);
     body->Column().setContentsMargins(kGrid, 0, kGrid, 0);
     body->Column().addWidget(textArea_);
+    body->Column().addSpacing(kGrid);
+    body->Column().addWidget(facts_);
     body->Column().addStretch(1);
+    column_ = &body->Column();
+    facts_->OpenBackup = [this](const std::string& path) { view_.OpenFile(path); };
     column->addLayout(buttons);
     column->addWidget(body, 1);
     column->addWidget(strip_);

@@ -202,6 +202,20 @@ void MenuPage::Place(QWidget* widget, const Overlay& overlay) {
     widget->setVisible(overlay.Visible);
 }
 
+// A second page, as high as its rows; the first stays as it is scrolled.
+PaperWork MenuPage::OnPaper() {
+    auto whole = std::make_unique<MenuPage>(session_, printer_, nullptr);
+    whole->ComeToFront();
+    whole->setFont(font());
+    whole->cmdPrinter_->hide();
+    whole->cmdMainMenu_->hide();
+    const int around = 2 * kGrid;
+    whole->resize(width(), std::max(height(), whole->grdMain_->sizeHint().height() + around));
+    PaperWork work;
+    work.Instead = std::move(whole);
+    return work;
+}
+
 void MenuPage::Print() {
     const Status status = printer_.PrintView();
     if (!status.Ok()) session_.Dialogs.Show({std::string(kMenuTitle), status.Text(), BoxIcon::Stop});

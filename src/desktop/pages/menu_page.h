@@ -10,6 +10,7 @@
 #include <QTextEdit>
 #include <functional>
 
+#include "desktop/kit/paper_page.h"
 #include "desktop/kit/view_page.h"
 #include "desktop/pages/help_dialog.h"
 #include "desktop/pages/segment_grid.h"
@@ -19,7 +20,7 @@
 
 namespace counter {
 
-class MenuPage : public ViewPage {
+class MenuPage : public ViewPage, public PaperPage {
   public:
     MenuPage(Session& session, Printer& printer, QWidget* parent);
     ~MenuPage() override;
@@ -31,6 +32,8 @@ class MenuPage : public ViewPage {
     // Help of the row that the keys move from, or of what stands beside the rows and has the focus.
     void HelpKey() override;
     QWidget* FirstFocus() override { return grdMain_; }
+    // All rows, those that are scrolled out of the window as well.
+    PaperWork OnPaper() override;
 
     // The marks of the rows go off, once the help window is closed.
     void ClearMark();

@@ -8,8 +8,10 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/kit/access_keys.h"
 #include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
+#include "session/take_setup.h"
 
 namespace counter {
 
@@ -28,13 +30,15 @@ SetupPage::SetupPage(SetupView& view, QWidget* parent)
       tabs_(new QTabWidget(this)),
       dialog_(new DigitEntryDialog(entry_, this)),
       beside_(new QHBoxLayout),
-      live_(view.Program) {
+      live_(view.Program),
+      cmdChanges_(new QPushButton(QStringLiteral("Changes"), this)) {
     auto* column = new QVBoxLayout(this);
     PadByGrid(column);
     beside_->setSpacing(kGrid);
     beside_->addWidget(tabs_, 1);
     column->addLayout(beside_, 1);
     AddPages();
+    OfferChanges(column);
     column->addWidget(MakeFoot());
     Connect();
     view_.Load();
@@ -93,6 +97,7 @@ QWidget* SetupPage::MakeFoot() {
                              2 * kGrid);
     row->addWidget(reading);
     row->addWidget(bound_.Make(buttons.picText, foot), 1);
+    row->addWidget(cmdChanges_);
     cmdFind_ = AddTool(*row, "cmdFind", QStringLiteral("Find"), QKeySequence::Find);
     cmdPanel_ = AddTool(*row, "cmdPanel", QStringLiteral("Side panel"), Qt::Key_F9);
     cmdPanel_->setCheckable(true);
@@ -174,6 +179,48 @@ void SetupPage::GoTo(const Control& control) {
             if (auto* body = qobject_cast<QScrollArea*>(around)) body->ensureWidgetVisible(widget);
         }
     }
+}
+
+// Below the pages, hidden until its button is pressed: then a page that lacks the room scrolls.
+void SetupPage::OfferChanges(QVBoxLayout* column) {
+    cmdChanges_->setObjectName(QStringLiteral("cmdChanges"));
+    cmdChanges_->setCheckable(true);
+    cmdChanges_->setAutoDefault(false);
+    QObject::connect(cmdChanges_, &QPushButton::toggled, this, [this, column](bool wanted) {
+        if (wanted && !changes_) MakeChanges(column);
+        if (changes_) changes_->setVisible(wanted);
+    });
+    const auto undo = [this] { view_.Undo(); };
+    const auto redo = [this] { view_.Redo(); };
+    QObject::connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), this), &QShortcut::activated, this,
+                     undo);
+    for (const QKeyCombination keys : {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y})
+        QObject::connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, this, redo);
+}
+
+void SetupPage::MakeChanges(QVBoxLayout* column) {
+    changes_ = new ChangesList(view_.Program, this);
+    column->insertWidget(column->count() - 1, changes_);  // above the foot
+    changes_->OfferUndo([this] { view_.Undo(); }, [this] { view_.Redo(); });
+    changes_->Chosen = [this](Field field) { ComeToField(field); };
+    changes_->GoBack = [this] {
+        if (GoBack) GoBack();
+    };
+    GiveAccessKeys(*window());
+}
+
+void SetupPage::ShowChanges() {
+    const int fields = view_.Program.Origin.From == SetupSource::Nothing ? 0 : FieldsChanged(view_.Program);
+    const QString caption =
+        QStringLiteral("Changes") + (fields > 0 ? QStringLiteral(" (%1)").arg(fields) : "");
+    if (cmdChanges_->text() != caption) cmdChanges_->setText(caption);
+    if (changes_) changes_->Follow();
+    if (Acted) Acted();
+}
+
+void SetupPage::ComeToField(Field field) {
+    const std::string why = view_.ComeToField(field);
+    if (!why.empty()) view_.Program.Dialogs.Show({"Changes", why});
 }
 
 void SetupPage::Connect() {
@@ -266,6 +313,7 @@ void SetupPage::ShowAll() {
     bound_.Refresh();
     layout_.Follow();
     ShowWhy();
+    ShowChanges();
     if (panel_) panel_->Refresh();
 }
 

@@ -3,10 +3,12 @@
 
 #include <QTabBar>
 #include <QTabWidget>
+#include <QVBoxLayout>
 #include <functional>
 
 #include "desktop/kit/binder.h"
 #include "desktop/kit/view_page.h"
+#include "desktop/pages/changes_list.h"
 #include "desktop/pages/digit_entry_dialog.h"
 #include "desktop/pages/field_finder.h"
 #include "desktop/pages/setup_layout.h"
@@ -26,6 +28,12 @@ class SetupPage : public ViewPage {
     std::function<std::string(int helpNumber)> HelpText;
     // For the panel: the setup as it came with the last good Get, null before it; may be empty.
     std::function<const SetupImage*()> MeterSetup;
+    // The setup in memory may have changed; may be empty.
+    std::function<void()> Acted;
+    // The setup that was in memory before comes back; may be empty.
+    std::function<void()> GoBack;
+    // Brings the user to the control of a field, or tells why it can't be come to.
+    void ComeToField(Field field);
 
     QString Title() const override { return QStringLiteral("Setup"); }
     // Rebuilds the view from the image.
@@ -62,6 +70,9 @@ class SetupPage : public ViewPage {
     void ShowAll();
     void ShowTabs();
     void ShowWhy();
+    void OfferChanges(QVBoxLayout* column);
+    void MakeChanges(QVBoxLayout* column);
+    void ShowChanges();
     void MoveFocus(const Control& control);
     void OpenEntry();
     void CloseEntry();
@@ -82,6 +93,8 @@ class SetupPage : public ViewPage {
     LiveValue live_;
     std::optional<bool> panelWished_;  // by the button; none: where no page would need more room for it
     bool placing_ = false;
+    ChangesList* changes_ = nullptr;  // made when it is wanted first
+    QPushButton* cmdChanges_;
     Control* edited_ = nullptr;  // the field of the digit entry that was opened last
     Control* wanted_ = nullptr;  // the one to come after it
     bool showingTabs_ = false;

@@ -12,6 +12,10 @@ class FailingPrinter : public Printer {
         Text = text;
         return PrintView();
     }
+    Status PrintPages(const std::string&, const std::string& html) override { return PrintText({}, html); }
+    Status WritePdf(const std::string&, const std::string&, const std::string& html) override {
+        return PrintText({}, html);
+    }
     std::string Text;  // what was to be printed last
 };
 

@@ -165,6 +165,7 @@ class Monkey {
                                             Qt::Key_Down,     Qt::Key_Down,   Qt::Key_Left,    Qt::Key_Right,
                                             Qt::Key_Space,    Qt::Key_Home,   Qt::Key_End,     Qt::Key_PageUp,
                                             Qt::Key_PageDown, Qt::Key_Delete};
+        if (dice_.OneIn(12)) return Press(top, dice_.OneIn(3) ? Qt::Key_Y : Qt::Key_Z, Qt::ControlModifier);
         if (dice_.OneIn(10))
             return Press(top, static_cast<Qt::Key>(Qt::Key_A + dice_.Below(26)), Qt::AltModifier);
         if (!dice_.OneIn(3)) return Press(top, dice_.Pick(kKeys));

@@ -298,9 +298,16 @@ std::set<std::string> SectionsOfThePage() {
 
 TEST(FailurePage, HasASectionForEachFailure) {
     const std::set<std::string> sections = SectionsOfThePage();
+    std::ifstream file(SOURCE_FOLDER "/docs/when-something-fails.md");
+    std::string page{std::istreambuf_iterator<char>(file), {}};
+    std::ranges::replace(page, '\n', ' ');
     for (int number = 1; number <= LinkErrors::kPortFault; ++number) {
         for (const ErrorSource source : {ErrorSource::GetAscii, ErrorSource::Refusal})
             EXPECT_TRUE(sections.contains(FailureSection(number, source))) << number;
+        const std::size_t section =
+            page.find(number < LinkErrors::kNodeNoReply ? "### 1 to 16" : "### " + std::to_string(number));
+        const std::size_t first = page.find("First: ", section);
+        EXPECT_EQ(page.compare(first + 7, FirstToTry(number).size(), FirstToTry(number)), 0) << number;
     }
     EXPECT_TRUE(sections.contains(kDoubtSection));
     EXPECT_TRUE(sections.contains(kNodeSection));

@@ -70,6 +70,7 @@ struct CliBenchOf {
         const auto exit = [](int status) { throw ProcessEnded{status}; };
         CliWorld world{out, err, Terminal, Store, home, machine, in, exit, Terminal};
         world.Recording = Recording;
+        world.Sheets.Pdf = [](const std::string&, const std::string& html) { return "PDF of " + html; };
         const int status = RunLine(world, words);
         Out = written.str();
         Err = err.str();

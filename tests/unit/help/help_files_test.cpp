@@ -186,7 +186,7 @@ TEST(HelpFiles, HeadingsAndScreensHaveTheirTexts) {
         {3101, "Main menu"}, {3102, "File"}, {3103, "Help"},    {3104, "Commands"},    {3105, "Readings"},
         {3115, "Counter"},   {3116, "View"}, {3117, "Jumpers"}, {1210, "Calibration"},
         {3118, "Typing a value"}, {3119, "Send .PRM File"}, {3120, "Waiting for the Ethernet node"},
-        {3121, "Glossary"},
+        {3121, "Glossary"}, {3125, "Compare"}, {3126, "Setup sheet"},
         // clang-format on
     };
     for (const auto& [number, title] : titles) {

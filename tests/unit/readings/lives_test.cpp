@@ -63,6 +63,8 @@ struct WatchingPrinter : Printer {
         return Seen += Shown() ? "line " : "clean ", Status{StatusKind::NotFound, "lp0", "out of paper"};
     }
     Status PrintText(const std::string&, const std::string&) override { return {}; }
+    Status PrintPages(const std::string&, const std::string&) override { return {}; }
+    Status WritePdf(const std::string&, const std::string&, const std::string&) override { return {}; }
 };
 
 TEST(Lives, AFailedPrintIsNoPartOfTheNext) {

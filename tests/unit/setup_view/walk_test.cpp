@@ -112,6 +112,7 @@ class Walk {
         }
         EXPECT_GT(acted_, sequences);
         EXPECT_GT(refused_, sequences);
+        EXPECT_GT(undone_, sequences / 10);
     }
 
   private:
@@ -135,6 +136,7 @@ class Walk {
     bool Open() {
         bench_.Image().SetupData.resize(kImageDigits);
         MakeWorld();
+        bench_.Bench.Program.Changes.Restart(bench_.Image());
         bench_.Ended = false;
         bench_.Open();
         return !bench_.Ended;
@@ -144,6 +146,7 @@ class Walk {
         Form& form = bench_.View.Controls;
         slippedIn_ = false;
         if (Below(20) == 0) return AskHelp();
+        if (Below(10) == 0) return GoBackAndForth();
         if (Below(4) == 0) form.ComeToTab(Below(7));
         Control& control = Pick(form);
         if (Below(3) > 0 && control.Tab != kEveryTab) form.ComeToTab(control.Tab);
@@ -172,6 +175,22 @@ class Walk {
         bench_.View.ComeBack();
         ASSERT_TRUE(slippedIn_ || bench_.View.CurrentTab() == tab);
         CompareWithFresh("help");
+    }
+
+    // Undo and redo: what is in memory then was there after some act, but for what opening a view repairs.
+    void GoBackAndForth() {
+        const SetupImage before = bench_.Image();
+        const bool undone = bench_.View.Undo();
+        ASSERT_TRUE(undone || bench_.Image() == before);
+        if (undone) ++undone_;
+        CompareWithFresh("undo");
+        if (!undone || slippedIn_ || Below(2) == 0) return;
+        const SetupImage earlier = bench_.Image();
+        ASSERT_TRUE(bench_.View.Redo());
+        CompareWithFresh("redo");
+        if (slippedIn_) return;
+        ASSERT_TRUE(bench_.View.Undo());
+        ASSERT_EQ(bench_.Image().SetupData, earlier.SetupData);
     }
 
     // Any control; mostly one that can be reached and is more than a frame.
@@ -272,7 +291,7 @@ class Walk {
     const std::vector<Control> began_{fresh_.View.Controls.begin(), fresh_.View.Controls.end()};
     DigitEntry entry_{{bench_.Bench.Program.Views, bench_.Image(), bench_.Bench.Program.Derived,
                        bench_.Bench.Program.Link}};
-    int acted_ = 0, refused_ = 0;
+    int acted_ = 0, refused_ = 0, undone_ = 0;
     bool slippedIn_ = false;
 };
 

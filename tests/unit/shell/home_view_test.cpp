@@ -7,6 +7,8 @@
 #include <map>
 #include <set>
 
+#include "meter/field_code.h"
+#include "shell/home_facts.h"
 #include "support/bench_meter.h"
 #include "support/meter_kinds.h"
 
@@ -269,6 +271,75 @@ TEST(HomeView, SetupFilesAreOpenedAndSaved) {
     bench.Press("mnuOpen");
     EXPECT_EQ(bench.Program.Image.SetupData[0], '7') << "the setup stays";
     EXPECT_EQ(bench.Program.Home.CurrentFileName, "a.CT2");
+}
+
+// Asked first of all: of a "Keep It" nothing else is to be seen.
+TEST(HomeView, WhatTheUserChangedIsNotLostWithoutAQuestion) {
+    const char* const acts[] = {"mnuDefaultSet", "mnuOpen", "mnuGet", "mnuExit", "backup"};
+    for (const std::string act : acts) {
+        for (const bool changed : {false, true}) {
+            SCOPED_TRACE(act + (changed ? " of a changed one" : ""));
+            HomeBench bench;
+            bench.Press("mnuGet");
+            {
+                const SetupActScope pick(bench.Program.Changes, bench.Program.Image,
+                                         {"cboBaudRate", "Baud Rate", {Field::BaudRate}});
+                if (changed) PutCode(bench.Program.Image, Field::BaudRate, 6);
+            }
+            const SetupImage before = bench.Program.Image;
+            const std::string status = bench.StatusLine();
+            bench.Boxes.Path = "missing.CT2";
+            bench.Boxes.SaysYes = false;
+            bench.Boxes.Shown.clear(), bench.Boxes.Asked.clear(), bench.Line.Forget();
+            const auto press = [&] {
+                act == "backup" ? bench.Home.OpenFile("missing.CT2") : void(bench.Press(act.c_str()));
+            };
+            if (act == "mnuExit" && !changed) {
+                EXPECT_THROW(press(), ProcessEnded);
+                continue;
+            }
+            press();
+            EXPECT_EQ(bench.Boxes.Shown.size(), changed ? 1U : 0U);
+            if (!changed) continue;
+            EXPECT_EQ(bench.Boxes.Shown[0].Text,
+                      "The setup in memory differs from what was read from the meter in 1 field, and it is "
+                      "saved in no file.");
+            EXPECT_EQ(bench.Program.Image, before);
+            EXPECT_EQ(bench.StatusLine(), status);
+            EXPECT_TRUE(bench.Boxes.Asked.empty() && bench.Line.Sent().empty());
+            EXPECT_THROW(bench.Home.ExitFromOutside(), ProcessEnded) << "which never asks";
+        }
+    }
+}
+
+TEST(HomeFacts, TellMeterSetupTransferAndBackups) {
+    HomeBench bench;
+    HomeFacts facts(bench.Program);
+    const auto text = [&](std::size_t fact) {
+        facts.Follow();
+        return facts.Facts[fact].Text;
+    };
+    EXPECT_TRUE(text(0).starts_with("Not read yet: address ")) << text(0);
+    EXPECT_TRUE(facts.Backups.empty());
+    bench.Press("mnuGet");
+    EXPECT_TRUE(text(0).starts_with("Counter, firmware 83, Extended\nInput Option ")) << text(0);
+    EXPECT_TRUE(text(0).find("Read 2026-03-04 05:06 at address ") != std::string::npos) << text(0);
+    EXPECT_EQ(text(1), "It is what was read from the meter, 2026-03-04 05:06, unchanged.");
+    EXPECT_EQ(text(2), "Get, 2026-03-04 05:06: all came.");
+    ASSERT_EQ(facts.Backups.size(), 1U);
+    EXPECT_TRUE(facts.Backups[0].Words.starts_with("2026-03-04 05:06, address ")) << facts.Backups[0].Words;
+    EXPECT_FALSE(facts.Follow()) << "nothing has changed";
+    PutCode(bench.Program.Image, Field::BaudRate, 6);
+    EXPECT_EQ(text(1), "It is what was read from the meter, 2026-03-04 05:06, but for 1 field.");
+    bench.Line.Unplug();
+    bench.Press("mnuGet");
+    EXPECT_EQ(
+        text(2),
+        "Get, 2026-03-04 05:06: it failed, number 21: no reply within 3 seconds.\nFirst: is the meter on? "
+        "More to try is under that number in docs/when-something-fails.md.");
+    EXPECT_TRUE(facts.Facts[2].Bad);
+    bench.Program.Settings.MeterAddressValue = 9;
+    EXPECT_NE(text(0).find("\nThe link is now to another: address 9, "), std::string::npos) << text(0);
 }
 
 // What may be no whole setup is told beside the text, and goes into a meter only after a question.

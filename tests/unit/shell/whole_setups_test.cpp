@@ -100,6 +100,18 @@ TEST(WholeSetups, WhatIsDoneInAWaitOfATransfer) {
         {"mnuPut", "mnuOpen B", 1500, "B", "A", kPut, SetupSource::File, "A", ""},
         {"mnuPut", "mnuGet", 1500, "A", "A", kPut, SetupSource::File, "", ""},
         {"mnuPut", "mnuPut", 1500, "A", "A", kPut, SetupSource::File, "", ""},
+        {"mnuPut", "mnuVerify", 1500, "A", "A", kPut, SetupSource::File, "", ""},
+        {"mnuVerify", "mnuOpen B", 1200, "B", "M",
+         "7 fields differ in the meter from the setup in memory.  (as it was when Verify began; another is in "
+         "memory now)",
+         SetupSource::File, "A", ""},
+        {"mnuVerify", "mnuGet", 1200, "M", "M",
+         "7 fields differ in the meter from the setup in memory.  (as it was when Verify began; another is in "
+         "memory now)",
+         SetupSource::Meter, "A", "M"},
+        {"mnuVerify", "mnuPut", 1200, "A", "A",
+         "The meter was written while it was read: what came was not taken. Try once more.",
+         SetupSource::File, "", ""},
     };
     for (const LinkKind& kind : kLinkKinds) {
         for (const auto& c : cases) {

@@ -1,4 +1,4 @@
-#include "cli/number_entry.h"
+#include "offline/number_entry.h"
 
 #include <algorithm>
 #include <cctype>

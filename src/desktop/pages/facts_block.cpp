@@ -1,0 +1,95 @@
+#include "desktop/pages/facts_block.h"
+
+#include <QShortcut>
+
+#include "desktop/kit/grid.h"
+#include "desktop/kit/qt_text.h"
+#include "desktop/kit/screen_colors.h"
+
+namespace counter {
+
+namespace {
+
+constexpr int kTextStretch = 3, kBackupStretch = 1;
+
+QLabel* MakeHeading(const QString& text, QWidget* parent) {
+    auto* heading = new QLabel(text, parent);
+    QFont bold = heading->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+    heading->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    return heading;
+}
+
+}  // namespace
+
+FactsBlock::FactsBlock(const Session& session, QWidget* parent)
+    : QWidget(parent),
+      facts_(session),
+      grid_(new QGridLayout(this)),
+      backupsHeading_(MakeHeading(QStringLiteral("Latest backups"), this)),
+      backups_(new QListWidget(this)) {
+    grid_->setContentsMargins(0, 0, 0, 0);
+    grid_->setHorizontalSpacing(2 * kGrid);
+    grid_->setVerticalSpacing(kGrid);
+    grid_->setColumnStretch(1, kTextStretch);
+    grid_->setColumnStretch(2, kBackupStretch);
+    backups_->setObjectName(QStringLiteral("lstBackups"));
+    backups_->setAccessibleName(backupsHeading_->text());
+    backups_->setToolTip(QStringLiteral("A double click opens the backup"));
+    grid_->addWidget(backupsHeading_, 0, 2);
+    grid_->addWidget(backups_, 1, 2, 2, 1);
+    QObject::connect(backups_, &QListWidget::itemDoubleClicked, this, [this] { OpenCurrent(); });
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* enter = new QShortcut(QKeySequence(key), backups_, [this] { OpenCurrent(); });
+        enter->setContext(Qt::WidgetShortcut);
+    }
+}
+
+// The row's label, made with its heading where it was not yet.
+QLabel* FactsBlock::TextOf(std::size_t row) {
+    if (row < texts_.size()) return texts_[row];
+    const HomeFact& fact = facts_.Facts[row];
+    auto* text = new QLabel(this);
+    text->setObjectName(QtText(fact.Name));
+    text->setAccessibleName(QtText(fact.Heading));
+    text->setTextFormat(Qt::PlainText);
+    text->setWordWrap(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    const int place = static_cast<int>(row);
+    grid_->addWidget(MakeHeading(QtText(fact.Heading), this), place, 0);
+    grid_->addWidget(text, place, 1);
+    texts_.push_back(text);
+    return text;
+}
+
+void FactsBlock::Follow() {
+    if (!facts_.Follow()) return;
+    for (std::size_t row = 0; row < facts_.Facts.size(); ++row) {
+        const HomeFact& fact = facts_.Facts[row];
+        QLabel* text = TextOf(row);
+        text->setText(SystemText(fact.Text));
+        QPalette palette;
+        if (fact.Bad) palette.setColor(QPalette::WindowText, TextColorOf(ColorRed, palette));
+        text->setPalette(palette);
+    }
+    ShowBackups();
+}
+
+void FactsBlock::ShowBackups() {
+    const bool any = !facts_.Backups.empty();
+    backupsHeading_->setVisible(any);
+    backups_->setVisible(any);
+    backups_->clear();
+    for (const BackupFact& backup : facts_.Backups) backups_->addItem(SystemText(backup.Words));
+}
+
+void FactsBlock::OpenCurrent() {
+    const int row = backups_->currentRow();
+    if (row < 0 || !OpenBackup) return;
+    const std::string path = facts_.Backups[static_cast<std::size_t>(row)].Path;
+    OpenBackup(path);
+}
+
+}  // namespace counter

@@ -1,0 +1,36 @@
+// FactsBlock: what the home view tells below its text, and the latest backups.
+#pragma once
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <functional>
+#include <vector>
+
+#include "shell/home_facts.h"
+
+namespace counter {
+
+class FactsBlock : public QWidget {
+  public:
+    FactsBlock(const Session& session, QWidget* parent);
+
+    // Shows what has changed.
+    void Follow();
+
+    // A double click on a backup, or Enter; may be empty.
+    std::function<void(const std::string& path)> OpenBackup;
+
+  private:
+    QLabel* TextOf(std::size_t row);
+    void ShowBackups();
+    void OpenCurrent();
+
+    HomeFacts facts_;
+    QGridLayout* grid_;
+    std::vector<QLabel*> texts_;
+    QLabel* backupsHeading_;
+    QListWidget* backups_;
+};
+
+}  // namespace counter
