@@ -27,7 +27,7 @@ int Run(int argc, char** argv) {
     }
     SettleLocale();
     CarryIcon("counter-setup");
-    const std::string folder = FolderArgument(*application, "Setup tool for a panel counter/timer.");
+    const auto [folder, file] = FolderAndFileArguments(*application, "Setup tool for a panel counter/timer.");
     DiskFiles files;
     QtPump pump;
     pump.InstallInterruptHandler();
@@ -42,6 +42,7 @@ int Run(int argc, char** argv) {
     dialogs.SetParent(&desktop.Window());
     if (!started.Ok()) session.Home.ShowStatus(started.Text(), ColorRed);
     desktop.ShowFirst();
+    if (!file.empty()) desktop.Home().OpenFile(file);
     desktop.Window().show();
     pump.OnInterrupt = [&desktop] { desktop.Interrupt(); };
     // The pump's own wait carries the whole run, so that whatever waits inside it nests.

@@ -42,8 +42,8 @@ SettingsLines LinesOf(const SettingsLines& base, const SearchStep& step) {
 }
 
 bool MadeNoSense(const LinkTrial& trial) {
-    return trial.PortOpened && !trial.Answered && trial.LinkError != LinkErrors::kNoReply &&
-           trial.LinkError != LinkErrors::kPortFault;
+    return trial.PortOpened && !trial.Answered && !trial.Cancelled &&
+           trial.LinkError != LinkErrors::kNoReply && trial.LinkError != LinkErrors::kPortFault;
 }
 
 // One step, and where its answer made no sense once more with the echo read away. `lines` is left as it was
@@ -124,6 +124,7 @@ SearchResult FindMeter(const TrialWorld& world, TriedDevice& tried, const Settin
         tried.Device = step.Device;
         SettingsLines with = LinesOf(lines, step);
         const LinkTrial trial = Try(world, with);
+        if (trial.Cancelled) return {false, lines, {}, trial.Words};
         if (trial.PortOpened) {
             ++trials;
         } else {

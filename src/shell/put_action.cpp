@@ -22,12 +22,13 @@ const char* BoardName(int board) {
 }
 
 // Of two Puts, one begun in a wait of the other, the meter is to hold the later: the earlier writes no more.
-SetupTransfer TransferOf(Session& session, SetupImage& image, MeterIdentity& identity) {
+SetupTransfer TransferOf(Session& session, SetupImage& image, MeterIdentity& identity,
+                         const TransferScope& scope) {
     SetupTransfer transfer{session.Link, image, identity, session.Derived,
                            [&session](int percent) { session.Home.ProgressTo(percent); }};
     const int number = ++session.Writes.PutsBegun;
     transfer.Superseded = [&session, number] { return session.Writes.PutsBegun != number; };
-    transfer.EndWanted = [&session] { return session.Writes.EndWanted(); };
+    transfer.EndWanted = [&session, &scope] { return session.Writes.EndWanted() || scope.Cancelled(); };
     return transfer;
 }
 
@@ -111,7 +112,7 @@ Status PutSetup(Session& session) {
     const SetupImage chosen = session.Image;
     SetupImage image = chosen;
     MeterIdentity identity = session.Identity;
-    SetupTransfer transfer = TransferOf(session, image, identity);
+    SetupTransfer transfer = TransferOf(session, image, identity, transferring);
     BeginPut(session.Home);
     CheckBoard(session, transfer);
     Status settled = Transfer(session, transfer);
