@@ -198,6 +198,28 @@ TEST(DesktopSession, KeysOfTheMenuAndOfAReading) {
     EXPECT_FALSE(bench.Find<QLabel>("picItem1")->text().isEmpty());
 }
 
+TEST(DesktopSession, EscapeCancelsAGetAndTheFileMenuKnowsRecentFiles) {
+    GuiBench bench;
+    QWidget& window = bench.Desk->Window();
+    bench.Pump.After(1500, [&] {
+        EXPECT_TRUE(bench.Find("cmdCancel")->isVisible());
+        QTest::keyClick(&window, Qt::Key_Escape);
+    });
+    bench.Choose("mnuGet");
+    EXPECT_EQ(bench.StatusLine(), "Get Setup was cancelled. What is in memory is as it was.");
+    bench.Store.Contents["/s/a & b.CT2"] = std::string(260, '0') + "\r\n";
+    bench.Boxes.Path = "/s/a & b.CT2";
+    bench.Choose("mnuOpen");
+    auto* recent = window.findChild<QMenu*>("mnuRecent");
+    emit static_cast<QMenu*>(recent->parentWidget())->aboutToShow();
+    ASSERT_EQ(recent->actions().size(), 1);
+    EXPECT_EQ(recent->actions()[0]->text(), "&1  /s/a && b.CT2");
+    bench.Store.Contents.erase("/s/a & b.CT2");
+    recent->actions()[0]->trigger();
+    EXPECT_TRUE(bench.StatusLine().startsWith("/s/a & b.CT2")) << bench.StatusLine().toStdString();
+    EXPECT_EQ(bench.Desk->Home().RecentSetups().size(), 1U) << "it may come back";
+}
+
 TEST(DesktopSession, F1InTheCurveDialogOpensItsHelpOverIt) {
     GuiBench bench;
     bench.Choose("mnuGet");
