@@ -69,26 +69,30 @@ void HomeView::OpenSetup() {
     if (!ChangesMayGo("Open Setup", "Open Another")) return;
     const std::string path = session_.Dialogs.AskOpenFile(
         {"Open Setup File", std::string(kSetupFilter), false, NameIn(session_.Home.CurrentFileName)});
-    if (!path.empty()) LoadFile(path);
+    if (!path.empty() && LoadFile(path)) KeepRecentFile(session_.Folder, path);
 }
 
 void HomeView::OpenFile(const std::string& path) {
-    if (ChangesMayGo("Open Setup", "Open Another")) LoadFile(path);
+    if (ChangesMayGo("Open Setup", "Open Another") && LoadFile(path)) KeepRecentFile(session_.Folder, path);
 }
 
-void HomeView::LoadFile(const std::string& path) {
+void HomeView::OpenBackup(const std::string& path) {
+    if (ChangesMayGo("Open Backup", "Open It") && LoadFile(path)) session_.Home.CurrentFileName.clear();
+}
+
+bool HomeView::LoadFile(const std::string& path) {
     SetupImage image;
     std::string wrong;
     if (Status status = LoadSetupFile(session_.Folder.Store, path, image, wrong); !status.Ok()) {
         session_.Home.ShowStatus(status.Text(), ColorRed);
-        return;
+        return false;
     }
     TakeSetup(session_, image, SetupSource::File,
               wrong.empty() ? "" : "The file that was opened has " + wrong + ".", path);
     OfferLoaded();
-    KeepRecentFile(session_.Folder, path);
     session_.Home.ShowStatus("Setup data loaded from " + path, ColorWhite,
                              wrong.empty() ? "" : "no whole setup: " + wrong);
+    return true;
 }
 
 void HomeView::SaveSetup() {

@@ -51,6 +51,8 @@ class HomeView {
     void CancelTransfer();
     // As Open does with the file that was chosen. One that can't be read is told on the status line.
     void OpenFile(const std::string& path);
+    // The same with a backup, which Save then does not write over.
+    void OpenBackup(const std::string& path);
     // That were opened or saved, the last one first.
     std::vector<std::string> RecentSetups() const;
 
@@ -94,7 +96,7 @@ class HomeView {
     // home_files.cpp
     void DefaultSetup();
     void OpenSetup();
-    void LoadFile(const std::string& path);
+    bool LoadFile(const std::string& path);
     void SaveSetup();
     void SaveSetupAs();
     bool WriteSetup(const std::string& path);

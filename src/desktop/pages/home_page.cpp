@@ -187,7 +187,7 @@ void HomePage::AddText() {
     body->Column().addWidget(facts_);
     body->Column().addStretch(1);
     column_ = &body->Column();
-    facts_->OpenBackup = [this](const std::string& path) { view_.OpenFile(path); };
+    facts_->OpenBackup = [this](const std::string& path) { view_.OpenBackup(path); };
     column->addLayout(buttons);
     column->addWidget(body, 1);
     column->addWidget(strip_);

@@ -292,7 +292,7 @@ TEST(HomeView, WhatTheUserChangedIsNotLostWithoutAQuestion) {
             bench.Boxes.SaysYes = false;
             bench.Boxes.Shown.clear(), bench.Boxes.Asked.clear(), bench.Line.Forget();
             const auto press = [&] {
-                act == "backup" ? bench.Home.OpenFile("missing.CT2") : void(bench.Press(act.c_str()));
+                act == "backup" ? bench.Home.OpenBackup("missing.CT2") : void(bench.Press(act.c_str()));
             };
             if (act == "mnuExit" && !changed) {
                 EXPECT_THROW(press(), ProcessEnded);
@@ -329,6 +329,10 @@ TEST(HomeFacts, TellMeterSetupTransferAndBackups) {
     ASSERT_EQ(facts.Backups.size(), 1U);
     EXPECT_TRUE(facts.Backups[0].Words.starts_with("2026-03-04 05:06, address ")) << facts.Backups[0].Words;
     EXPECT_FALSE(facts.Follow()) << "nothing has changed";
+    bench.Home.OpenBackup(facts.Backups[0].Path);
+    EXPECT_EQ(bench.Program.Origin.From, SetupSource::File);
+    EXPECT_EQ(bench.Program.Home.CurrentFileName, "") << "Save would write over the backup";
+    bench.Home.GoBack();
     PutCode(bench.Program.Image, Field::BaudRate, 6);
     EXPECT_EQ(text(1), "It is what was read from the meter, 2026-03-04 05:06, but for 1 field.");
     bench.Line.Unplug();
