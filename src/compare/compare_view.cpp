@@ -200,7 +200,8 @@ void CompareView::ShowState() {
     };
     cmdMeter.Enabled = link && !reading_ && home.Transfers == 0 && Program.Writes.Running == 0;
     cmdTake.Enabled = std::any_of(marked_.begin(), marked_.end(), takes);
-    cmdCsv.Enabled = cmdCopy.Enabled = !otherName_.empty();
+    cmdCsv.Enabled = !otherName_.empty();
+    cmdCopy.Enabled = !rows_.empty();
     lblOther.Caption = otherName_.empty() ? kNothingYet : "In memory, and " + otherName_;
     pbBar.Value = home.ProgressPercent;
     pbBar.Visible = reading_ && home.ProgressVisible;

@@ -75,7 +75,9 @@ void ComparePage::MakeTable() {
     table_->setColumnCount(static_cast<int>(headings.size()));
     table_->setHorizontalHeaderLabels(headings);
     table_->verticalHeader()->hide();
-    table_->horizontalHeader()->setStretchLastSection(true);
+    QHeaderView& header = *table_->horizontalHeader();
+    header.setSectionResizeMode(QHeaderView::ResizeToContents);
+    for (const int values : {2, 3}) header.setSectionResizeMode(values, QHeaderView::Stretch);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setTabKeyNavigation(false);
@@ -113,7 +115,6 @@ void ComparePage::ShowRows() {
             table_->setItem(line, place++, new QTableWidgetItem(SystemText(cell)));
         ++line;
     }
-    table_->resizeColumnsToContents();
 }
 
 }  // namespace counter
