@@ -53,7 +53,7 @@ TEST(FieldSearch, FindsOnAllPagesAndSaysWhatCantBeReached) {
         {"",          "setpoint 2",      true, "txtSetpt[2]",    "Setpoint 2: +020000.  (Relay Alarms, Alarm 2)", ""},
         {"",          "SCALE 1",         true, "txtScale1[0]",   "Scale 1: +1.00000  (Scaling, Item 1)", ""},
         {"199=0B",    "scale 1",         true, "txtScale1[2]",   "Scale 1: +1.00000  (Scaling, Item 2)", ""},
-        {"",          "even",            true, "cboParity",      "Parity: None  (Communication, Serial Communications)", ""},
+        {"109=04",    "even",            true, "cboParity",      "Parity: None  (Communication, Serial Communications)", ""},
         {"",          "crystal",         true, "txtCal",         "Calibration, Parts per Million: -00100.  (Input+Display)", ""},
         {"",          "setpoint 3",      true, "txtSetpt[3]",    "", "This setup has no such field."},
         {"",          "low in 1",        true, "txtLoIn1[0]",    "", "Low In 1 is disabled. The scale or a curve is in force."},
