@@ -22,6 +22,7 @@ foreach(program counter-setup counter-link)
 endforeach()
 install(FILES ${shipped}/desktop/counter-setup.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
         RENAME org.counter_setup.counter_setup.metainfo.xml)
+install(FILES ${shipped}/desktop/counter-setup.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
 install(FILES ${shipped}/completion/counterctl DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 install(FILES ${shipped}/debian/copyright DESTINATION ${docs})
 install(FILES ${shipped}/udev/78-counter-setup.rules DESTINATION ${docs}/examples)
@@ -80,7 +81,7 @@ set(CPACK_RPM_PACKAGE_REQUIRES "qt6-qtbase-gui")
 set(CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
     /usr/share/applications /usr/share/bash-completion /usr/share/bash-completion/completions /usr/share/icons
     /usr/share/icons/hicolor /usr/share/icons/hicolor/scalable /usr/share/icons/hicolor/scalable/apps
-    /usr/share/man /usr/share/man/man1 /usr/share/metainfo /usr/share/doc)
+    /usr/share/man /usr/share/man/man1 /usr/share/mime /usr/share/mime/packages /usr/share/metainfo /usr/share/doc)
 include(CPack)
 foreach(kind deb rpm)
   string(TOUPPER ${kind} generator)

@@ -2,7 +2,7 @@
 
 RUN_PACKAGES="g++ cmake ninja-build pkgconf qt6-base-dev qt6-serialport-dev qt6-svg-dev libqt6sql6-sqlite libmosquitto-dev libcli11-dev nlohmann-json3-dev"
 WINDOW_PACKAGES="qt6-qpa-plugins fonts-dejavu-core"
-TEST_PACKAGES="ccache libgtest-dev librapidcheck-dev libbenchmark-dev libmodbus-dev mbpoll xvfb xauth appstream desktop-file-utils rpm cpio bash-completion hunspell hunspell-en-us fonts-dejavu-core python3 python3-jsonschema python3-pymodbus python3-serial python3-serial-asyncio strace mosquitto mosquitto-clients"
+TEST_PACKAGES="ccache libgtest-dev librapidcheck-dev libbenchmark-dev libmodbus-dev mbpoll xvfb xauth appstream desktop-file-utils rpm cpio bash-completion hunspell hunspell-en-us fonts-dejavu-core python3 python3-jsonschema python3-pymodbus python3-serial python3-serial-asyncio ser2net strace mosquitto mosquitto-clients"
 
 PACKAGES_IN_WORDS="a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 with widgets, print support, SQL
 (its SQLite plugin), serial port and SVG, libmosquitto, CLI11 and JSON for Modern C++, each with its headers"

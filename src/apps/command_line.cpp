@@ -9,14 +9,15 @@
 #include <string_view>
 
 #include "cli/cli.h"
+#include "shell/meter_search.h"
 #include "system/core_runtime.h"
 #include "system/disk_files.h"
 #include "system/own_processes.h"
 #include "system/patient_output.h"
 #include "system/program_folder.h"
+#include "system/qt_line.h"
 #include "system/qt_port_catalog.h"
 #include "system/qt_pump.h"
-#include "system/qt_serial_port.h"
 #include "system/qt_sockets.h"
 #include "system/user_name.h"
 
@@ -34,6 +35,10 @@ class QtMachine : public Machine {
     ~QtMachine() override { patience_.EndWith(nullptr); }
     counter::Pump& Pump() override { return pump_; }
     SerialPort& Port() override { return port_; }
+    SerialPort& PortOn(const std::string& device) override {
+        named_.Device = device;
+        return portOnNamed_;
+    }
     const PortCatalog& Catalog() override { return catalog_; }
     counter::Sockets Sockets() override { return sockets_.Both(); }
     ChildProcesses& Children() override { return children_; }
@@ -43,7 +48,8 @@ class QtMachine : public Machine {
     CoreRuntime runtime_;  // before all that lives in its event loop
     QtPump pump_;
     QtPortCatalog catalog_;
-    QtSerialPort port_;
+    TriedDevice named_;
+    QtLine port_, portOnNamed_{named_};
     QtSockets sockets_;
     OwnProcesses children_;
 };

@@ -13,9 +13,9 @@
 #include "system/display_check.h"
 #include "system/interrupt_watch.h"
 #include "system/program_folder.h"
+#include "system/qt_line.h"
 #include "system/qt_port_catalog.h"
 #include "system/qt_pump.h"
-#include "system/qt_serial_port.h"
 #include "system/qt_sockets.h"
 
 namespace counter {
@@ -44,7 +44,7 @@ int Run(int argc, char** argv) {
     QtPump pump;
     QtPortCatalog catalog(folder);
     TriedDevice tried;
-    QtSerialPort port(tried);
+    QtLine port(tried);
     QtSockets sockets;
     LinkSetup view({pump, port, tried, catalog, {files, folder}, sockets.Both()});
     LinkWindow window(view);

@@ -10,9 +10,9 @@
 #include "system/disk_files.h"
 #include "system/display_check.h"
 #include "system/program_folder.h"
+#include "system/qt_line.h"
 #include "system/qt_port_catalog.h"
 #include "system/qt_pump.h"
-#include "system/qt_serial_port.h"
 #include "system/qt_sockets.h"
 
 namespace counter {
@@ -27,12 +27,12 @@ int Run(int argc, char** argv) {
     }
     SettleLocale();
     CarryIcon("counter-setup");
-    const std::string folder = FolderArgument(*application, "Setup tool for a panel counter/timer.");
+    const auto [folder, file] = FolderAndFileArguments(*application, "Setup tool for a panel counter/timer.");
     DiskFiles files;
     QtPump pump;
     pump.InstallInterruptHandler();
     QtPortCatalog catalog(folder);
-    QtSerialPort port(catalog);
+    QtLine port(catalog);
     QtDialogs dialogs(pump, folder);
     QtSockets sockets;
     Session session(pump, port, dialogs, {files, folder}, sockets.Both());
@@ -42,6 +42,7 @@ int Run(int argc, char** argv) {
     dialogs.SetParent(&desktop.Window());
     if (!started.Ok()) session.Home.ShowStatus(started.Text(), ColorRed);
     desktop.ShowFirst();
+    if (!file.empty()) desktop.Home().OpenFile(file);
     desktop.Window().show();
     pump.OnInterrupt = [&desktop] { desktop.Interrupt(); };
     // The pump's own wait carries the whole run, so that whatever waits inside it nests.

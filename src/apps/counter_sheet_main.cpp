@@ -10,6 +10,8 @@ int main(int argc, char** argv) {
     const auto pdf = [argv](const std::string& title, const std::string& html) {
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
         int count = 1;
+        // What the library has to say of the user's desktop is of no concern here.
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
         const QGuiApplication application(count, argv);
         return counter::PdfOfHtml(title, html).toStdString();
     };

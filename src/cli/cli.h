@@ -34,6 +34,7 @@ int RunCli(const CliWorld& world, int argc, const char* const* argv);
 // The commands.
 int SettingsCommand(const CommandCall& call);
 int PortsCommand(const CommandCall& call);
+int ScanCommand(const CommandCall& call);
 int DefaultCommand(const CommandCall& call);
 int ShowCommand(const CommandCall& call);
 int FieldsCommand(const CommandCall& call);

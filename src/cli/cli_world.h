@@ -25,6 +25,8 @@ class Machine {
     virtual ~Machine() = default;
     virtual counter::Pump& Pump() = 0;
     virtual SerialPort& Port() = 0;
+    // A port that means this device, or line on the network, under every number; the same at each call.
+    virtual SerialPort& PortOn(const std::string&) { return Port(); }
     virtual const PortCatalog& Catalog() = 0;
     virtual counter::Sockets Sockets() { return none_.Both(); }
     virtual ChildProcesses& Children() { return noChildren_; }

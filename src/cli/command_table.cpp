@@ -27,8 +27,24 @@ const std::vector<CommandRow>& Table() {
          "counterctl settings init BaudIndex=5 MeterAddressValue=1\n"},
         {"ports", "[map N DEVICE]", "lists the serial ports; gives port number N to DEVICE",
          0, 3, {}, {}, PortsCommand,
-         "N is 1 to 99. If the device has a name under /dev/serial/by-id, that name is used.\n",
-         "counterctl ports map 1 /dev/ttyUSB0\n"},
+         "N is 1 to 99. If the device has a name under /dev/serial/by-id, that name is used.\n"
+         "tcp://HOST:PORT is a serial line that a server on the network hands on as raw bytes,\n"
+         "such as ser2net. The server sets its speed and form, and has to be set anew when a\n"
+         "Put gives the meter others.\n",
+         "counterctl ports map 1 /dev/ttyUSB0\n"
+         "counterctl ports map 2 tcp://hall2.plant:4001\n"},
+        {"scan", "LINE... [--protocol P] [--baud B] [--address A] [--all]", "asks a line which addresses answer",
+         1, kManyWords, {},
+         {{"--protocol", "P", "ascii, rtu, modbus-ascii, with commas between; ascii,rtu without it"},
+          {"--baud", "B", "speeds, with commas between; 9600,19200 without it"},
+          {"--address", "A", "numbers and ranges, such as 1-31,40; 1-31 without it"},
+          {"--all", "", "every protocol, speed and address that isn't chosen"},
+          {"--wait", "MS", "time for the first character of a reply; 250 without it"}}, ScanCommand,
+         "LINE is a port number, a device, its name by id, or tcp://HOST:PORT. Prints rows\n"
+         "that begin a table of meters. Sends only what reads: G130 in Custom ASCII, behind a\n"
+         "wake-up string, and Modbus function 04. Over tcp:// the server has set the speed:\n"
+         "each protocol is asked once, and one --baud alone is believed. Parity is none.\n",
+         "counterctl scan /dev/ttyUSB0 --address 1-8 >meters.csv\n"},
         {"default", "FILE", "writes the default setup",
          1, 1, {kWritten}, {}, DefaultCommand,
          "",

@@ -115,6 +115,7 @@ int PutCommand(const CommandCall& call) {
     session.Image = image;
     if (Status settled = link.Put(); !settled.Ok()) return RefuseSettled(call, link, settled);
     if (session.LinkState.LinkError != 0) link.TellSent();
+    if (!session.Home.StatusNote.empty()) link.Tell(session.Home.StatusNote);
     if (session.LinkState.LinkError != 0 || !call.Has("--verify")) return link.End(Json::object());
     return PutVerified(call, link);
 }

@@ -64,11 +64,6 @@ int PrintPorts(const CommandCall& call, const std::vector<ListedPort>& ports) {
     return kDone;
 }
 
-// "ttyUSB0" is a device of /dev, a path stays one: the link must hold wherever counterctl is called.
-std::string DevicePath(const FileReader& files, const std::string& word) {
-    return word.find('/') == std::string::npos ? "/dev/" + word : files.Absolute(word);
-}
-
 int MapPort(const CommandCall& call, const PortCatalog& catalog) {
     const int number = ExactNumber<int>(call.Words[1]).value_or(0);
     if (number < 1 || number > kMostPorts) return RefuseCall(call, "a port number is 1 to 99");

@@ -96,7 +96,7 @@ std::string LineText(const FormLine& line) {
     if (line.Heading) return text + "\n";
     if (!line.Value.empty()) {
         text.resize(std::max(text.size() + 2, kValueColumn), ' ');
-        text += Printable(line.Value);
+        text += Printable(line.Value + (line.Beside.empty() ? "" : "  " + line.Beside));
     }
     text.resize(std::max(text.size() + 2, kNameColumn), ' ');
     return text + line.Of->FullName() + (line.Of->Enabled ? "\n" : "  (disabled)\n");

@@ -109,10 +109,11 @@ void CompareView::CompareWithMeter() {
     const int stay = stay_;
     Controls.SetIndex(Backup.Inner, -1);
     ReopenLine(Program);  // where it can't be opened, that shows in the transfer's own number
-    Tell("Reading the meter to compare.", ColorGreen);
     reading_ = true;
+    Tell("Reading the meter to compare.", ColorGreen);
     const MeterReading reading = ReadMeter(Program, Program.Image);
     reading_ = false;
+    ShowState();
     if (stay != stay_) return;
     if (!reading.Trouble.empty()) return Tell(reading.Trouble, ColorRed);
     Take(reading.Came, "the meter");
@@ -197,7 +198,7 @@ void CompareView::ShowState() {
     const auto takes = [this](std::size_t row) {
         return rows_[row].Differs && rows_[row].Of != Field::Count;
     };
-    cmdMeter.Enabled = link && home.Transfers == 0 && Program.Writes.Running == 0;
+    cmdMeter.Enabled = link && !reading_ && home.Transfers == 0 && Program.Writes.Running == 0;
     cmdTake.Enabled = std::any_of(marked_.begin(), marked_.end(), takes);
     cmdCsv.Enabled = cmdCopy.Enabled = !otherName_.empty();
     lblOther.Caption = otherName_.empty() ? kNothingYet : "In memory, and " + otherName_;

@@ -55,7 +55,7 @@ class LineMaker {
             if (child->Kind == ControlKind::Frame) {
                 Frame(*child, level);
             } else {
-                Add({level, child, false, CaptionOf(*child), ValueOf(*child)});
+                Add({level, child, false, CaptionOf(*child), ValueOf(*child), {}});
             }
         }
     }
@@ -69,14 +69,14 @@ class LineMaker {
                 return child == *field || child->Kind == ControlKind::Label;
             });
         if (!wraps) {
-            Lines.push_back({level, &frame, true, CaptionOf(frame), {}});
+            Lines.push_back({level, &frame, true, CaptionOf(frame), {}, {}});
             return Children(children, level + 1);
         }
-        std::string value = ValueOf(**field);
+        std::string beside;
         for (const Control* child : children) {
-            if (child != *field) value += "  " + CaptionOf(*child);
+            if (child != *field) beside += (beside.empty() ? "" : "  ") + CaptionOf(*child);
         }
-        Add({level, *field, false, CaptionOf(frame), value});
+        Add({level, *field, false, CaptionOf(frame), ValueOf(**field), beside});
     }
 
     void Add(FormLine line) {

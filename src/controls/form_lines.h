@@ -13,7 +13,8 @@ struct FormLine {
     const Control* Of;     // the control that has the value; of a heading the frame
     bool Heading = false;  // the caption of a frame, whose lines follow
     std::string Caption;   // with the mark of a box or option in front; a button's in brackets
-    std::string Value;     // as ValueShown, and the labels that are in the frame with it; may be empty
+    std::string Value;     // as ValueShown; may be empty
+    std::string Beside;    // the labels that are in the frame with it, such as a unit; may be empty
 };
 
 // What is visible of a page, kEveryTab: of what is beside the pages. A frame that only wraps a field is one

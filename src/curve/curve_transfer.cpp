@@ -17,8 +17,9 @@ struct CurveBlocks {
 constexpr CurveBlocks kMainBlocks = {"L69", "L54"};
 constexpr CurveBlocks kVToFBlocks = {"LFF", "LEA"};
 
-void WriteBlock(Link& link, const char* block, const std::string& item) {
-    SendAscii(link, std::string("W") + block + item + "Z");
+bool WriteBlock(Link& link, const char* block, const std::string& item,
+                const std::function<bool()>& withdrawn = {}) {
+    return SendAscii(link, std::string("W") + block + item + "Z", withdrawn);
 }
 
 // What an earlier command left in RawReply proves nothing.
@@ -49,7 +50,7 @@ CurveEnd SendCurve(Link& link, const CurveItems& items, CurveBoard board,
     if (ends()) return CurveEnd::NotBegun;
     const CurveBlocks& blocks = board == CurveBoard::Main ? kMainBlocks : kVToFBlocks;
     tell(kSendingText);
-    WriteBlock(link, blocks.OfSecond, items.Second);
+    if (!WriteBlock(link, blocks.OfSecond, items.Second, ends)) return CurveEnd::NotBegun;
     WriteBlock(link, blocks.OfFirst, items.First);
     tell(kSentText);
     tell(kVerifyingText);

@@ -39,7 +39,7 @@ const char* LeftBy(CurveEnd end);
 
 // Sends the items and reads them back, telling the first three texts above when it is so. An item that comes
 // back as another one leaves LinkError at 1 (the second) or 2. `endWanted`, which may be empty, is looked at
-// between the frames; half a curve helps nobody, so that the second item follows the first whatever it says.
+// before each frame; half a curve helps nobody, so that the second item follows the first whatever it says.
 CurveEnd SendCurve(Link& link, const CurveItems& items, CurveBoard board,
                    const std::function<void(const char* text)>& tell,
                    const std::function<bool()>& endWanted = {});

@@ -60,7 +60,9 @@ bool HasVFBoard(const SetupImage& image) {
 }  // namespace
 
 SendCurveView::SendCurveView(Session& session) : Program(session) {
+    cmdCancel.Enabled = false;
     Controls.On(cmdGo, [this](Control&) { Go(); });
+    Controls.On(cmdCancel, [this](Control&) { Cancel(); });
     Controls.On(cmdDone, [this](Control&) {
         Unload();
         if (CloseDialog) CloseDialog();
@@ -109,15 +111,22 @@ void SendCurveView::Go() {
 
 void SendCurveView::Send(const CurveItems& items) {
     const int opening = opening_;
-    const auto write = [this, opening](const char* text) {
+    const auto write = [this, opening](const std::string& text) {
         if (opening == opening_) Write(text);
     };
+    const int number = ++begun_;
+    const auto cancelled = [this, number] { return number <= cancelledUpTo_; };
+    cmdCancel.Enabled = ++sending_ > 0;
     CurveEnd end = CurveEnd::NotVerified;
     {
         const SetupWriteScope scope(Program.Writes,
                                     [&end] { return std::string("Custom curve: ") + LeftBy(end); });
-        end = SendCurve(Program.Link, items, Target(), write, [this] { return Program.Writes.EndWanted(); });
+        end = SendCurve(Program.Link, items, Target(), write,
+                        [&] { return Program.Writes.EndWanted() || cancelled(); });
     }
+    cmdCancel.Enabled = --sending_ > 0;
+    if (cancelled() && (end == CurveEnd::NotBegun || end == CurveEnd::NotVerified))
+        write(std::string(" CANCELLED: ") + LeftBy(end) + ".");
     if (end == CurveEnd::Failed) {
         write(kVerifyFailedText);
         write(kCheckCablingText);
@@ -126,7 +135,14 @@ void SendCurveView::Send(const CurveItems& items) {
         write(kStoredText);
         if (opening == opening_) Controls.SetFocus(cmdDone);
     }
+    Controls.TellChanged();
     Program.Writes.EndIfWanted();
+}
+
+bool SendCurveView::Cancel() {
+    if (sending_ == 0) return false;
+    cancelledUpTo_ = begun_;
+    return true;
 }
 
 bool SendCurveView::AcceptsName(std::string_view name) {
@@ -160,8 +176,8 @@ CurveBoard SendCurveView::Target() const {
     return main ? CurveBoard::Main : CurveBoard::VToF;
 }
 
-void SendCurveView::Write(const char* text) {
-    picSend.Text += std::string(text) + "\n";
+void SendCurveView::Write(const std::string& text) {
+    picSend.Text += text + "\n";
     Controls.TellChanged();
 }
 

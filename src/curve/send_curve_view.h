@@ -1,9 +1,9 @@
 // SendCurveView: the dialog that sends a .PRM file to the meter.
 //
-// It keeps nothing but the folder: every Go begins with the explanation. A transfer that was begun runs to
-// its end whatever is pressed meanwhile, since half a curve helps nobody; after the dialog was left it writes
-// nothing more into it. A program that is to end does so when both items have gone out, and says that they
-// were not verified.
+// It keeps nothing but the folder: every Go begins with the explanation. Of a transfer whose first item is
+// out both go out whatever is pressed meanwhile, since half a curve helps nobody; Cancel stops it before that
+// or after, and what the meter was left with is told. After the dialog was left it writes nothing more into
+// it. A program that is to end does so when both items have gone out, and says that they were not verified.
 #pragma once
 
 #include <functional>
@@ -31,6 +31,9 @@ class SendCurveView {
     // Writes the explanation for the meter at hand and settles which boards are offered.
     void Explain();
 
+    // Escape: cancels what is under way. False where nothing is.
+    bool Cancel();
+
     // Closes the dialog; may be empty.
     std::function<void()> CloseDialog;
 
@@ -52,6 +55,7 @@ class SendCurveView {
     Control& lblFileName = Build.Add(ControlKind::Label,   nullptr, "lblFileName", "Name of .PRM file to be sent");
     Control& txtFileName = Build.Add(ControlKind::Entry,   nullptr, "txtFileName");
     Control& cmdGo       = Build.Add(ControlKind::Button,  nullptr, "cmdGo", "Go");
+    Control& cmdCancel   = Build.Add(ControlKind::Button,  nullptr, "cmdCancel", "Cancel");
     Control& cmdDone     = Build.Add(ControlKind::Button,  nullptr, "cmdDone", "Done");
     // clang-format on
 
@@ -63,11 +67,14 @@ class SendCurveView {
     // system that makes no difference.
     std::string PathOf(std::string_view name) const;
     CurveBoard Target() const;
-    void Write(const char* text);
+    void Write(const std::string& text);
     void Tell(const char* title, const char* text);
 
-    std::string folder_;  // as it was typed for the last file that was found
-    int opening_ = 0;     // counts how often the dialog was left
+    int sending_ = 0;        // under way, one in a wait of the other
+    int begun_ = 0;          // since the program began
+    int cancelledUpTo_ = 0;  // those up to this number stop
+    std::string folder_;     // as it was typed for the last file that was found
+    int opening_ = 0;        // counts how often the dialog was left
 };
 
 }  // namespace counter

@@ -172,6 +172,12 @@ ViewPage* Desktop::MakeSetup() {
     setupPage_->Acted = [this] { window_->MarkTitle(SetupChanged(session_)); };
     setupPage_->GoBack = [this] { home_.GoBack(); };
     setupPage_->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Setup); };
+    setupPage_->MeterSetup = [this] {
+        return session_.MeterAtLastGet ? &session_.MeterAtLastGet->Image : nullptr;
+    };
+    setupPage_->HelpText = [this](int helpId) {
+        return FirstHelpText(session_.Folder.Store, folders_.Help, helpId).value_or("");
+    };
     return setupPage_;
 }
 

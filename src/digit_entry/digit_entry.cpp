@@ -6,10 +6,12 @@
 #include <utility>
 
 #include "controls/colors.h"
+#include "digit_entry/digit_range.h"
 #include "digit_entry/digit_text.h"
 #include "link/waits.h"
 #include "meter/field_table.h"
 #include "meter/meter_words.h"
+#include "meter/text.h"
 #include "meter/value_codec.h"
 
 namespace counter {
@@ -77,6 +79,18 @@ void DigitEntry::OpenDigitEntry() {
     stored_.reset();
     shown_ = true;
     LoadDigits();
+    title_ = TitleOfField();
+}
+
+std::string DigitEntry::TitleOfField() const {
+    const EntryState& state = work_.State;
+    std::string field = state.EntryTarget->Caption;
+    for (const Control* around = state.EntryTarget; field.empty() && around; around = around->Container)
+        field = around->Caption;
+    std::string title = kTitle;
+    if (!field.empty()) title += " - " + std::string(Trimmed(field));
+    const std::string range = RangeOfBoxes(Limits(), state.EntryDecimal);
+    return range.empty() ? title : title + ", " + range + UnitBehind(state.FieldType, state.FieldPos);
 }
 
 void DigitEntry::LoadDigits() {
@@ -176,7 +190,7 @@ bool DigitEntry::StoreByte() {
     EntryState& state = work_.State;
     const int number = NumberOf(state.FieldText);
     if (number > kMostByte) {
-        Beep();
+        Refuse(FirstBox(kByteType));
         MoveTo(FirstBox(kByteType));
         return false;
     }

@@ -45,7 +45,12 @@ class DigitEntry {
     // Opens on the request in the state: EntryTarget (not null), FieldText, FieldType and FieldPos.
     void OpenDigitEntry();
     bool Shown() const { return shown_; }
+    // "Enter Decimal Value - Gate Time, 0.00 to 199.99 seconds": the field by its caption, and what the boxes
+    // admit. As it opened: it stays while digits are typed.
+    const std::string& Title() const { return title_; }
 
+    // The key that opened it: a digit goes into the first box behind the sign.
+    void FirstKey(char character);
     // A character typed into the box that has the focus; 13 is Enter, which stores.
     void Key(char character);
     void LeftArrow();
@@ -72,8 +77,9 @@ class DigitEntry {
     int FocusedBox() const { return focus_; }
     // Characters of the focused box in front of the caret, 0 or 1.
     int Caret() const { return caret_; }
-    // How often it has beeped since the program began.
+    // How often it has beeped since the program began, and the box that refused the key that time.
     int Beeps() const { return beeps_; }
+    int RefusedBox() const { return refusedBox_; }
 
     // What the boxes admit, while it is open.
     DigitLimits Limits() const;
@@ -96,7 +102,8 @@ class DigitEntry {
     void CutToDigits();
     void WriteBox(int box, std::string text);
     void MoveTo(int box);
-    void Beep() { ++beeps_; }
+    void Refuse(int box);
+    std::string TitleOfField() const;
 
     EntryWork work_;
     std::array<Control*, kDigitBoxes> boxes_{};
@@ -106,6 +113,8 @@ class DigitEntry {
     int focus_ = 0;
     int caret_ = 0;
     int beeps_ = 0;
+    int refusedBox_ = 0;
+    std::string title_ = kTitle;
 };
 
 }  // namespace counter

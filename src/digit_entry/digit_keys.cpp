@@ -28,10 +28,22 @@ void DigitEntry::Key(char character) {
         return;
     }
     if (!BoxAdmits(limits, focus_, character)) {
-        Beep();
+        Refuse(focus_);
         return;
     }
     TakeCharacter(focus_, character);
+}
+
+void DigitEntry::FirstKey(char character) {
+    const DigitLimits limits = Limits();
+    const bool digit = character >= '0' && character <= '9';
+    if (digit && BoxAdmits(limits, focus_, '+')) MoveTo(focus_ + 1);
+    Key(character);
+}
+
+void DigitEntry::Refuse(int box) {
+    ++beeps_;
+    refusedBox_ = box;
 }
 
 // The character replaces what the box holds. A box with the point after it keeps it; as a key has no

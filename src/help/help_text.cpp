@@ -63,6 +63,14 @@ std::optional<std::string> ReadHelpText(const FileReader& files, const std::stri
     return found ? TextOf(texts, *found) : std::nullopt;
 }
 
+std::optional<std::string> FirstHelpText(const FileReader& files, const std::vector<std::string>& folders,
+                                         int helpId) {
+    for (const std::string& folder : folders) {
+        if (std::optional<std::string> text = ReadHelpText(files, folder, helpId)) return text;
+    }
+    return {};
+}
+
 std::optional<std::string> LoadHelpText(const FileReader& files, const std::string& folder, int helpId) {
     std::optional<std::string> text = ReadHelpText(files, folder, helpId);
     if (text) std::replace(text->begin(), text->end(), '$', ' ');

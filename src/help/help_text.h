@@ -18,6 +18,10 @@ namespace counter {
 // where the record says what can't be; a record of length 0 is an empty text.
 std::optional<std::string> ReadHelpText(const FileReader& files, const std::string& folder, int helpId);
 
+// The text out of the first of the folders that has it.
+std::optional<std::string> FirstHelpText(const FileReader& files, const std::vector<std::string>& folders,
+                                         int helpId);
+
 // The same with a blank for every "$", for a label that knows no emphasis.
 std::optional<std::string> LoadHelpText(const FileReader& files, const std::string& folder, int helpId);
 

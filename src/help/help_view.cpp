@@ -13,14 +13,6 @@ namespace {
 // Between the window's going and the page's coming back, so that the view behind is drawn first.
 constexpr double kBehindWindowMs = 10;
 
-std::optional<std::string> FirstText(const FileReader& files, const std::vector<std::string>& folders,
-                                     int helpId) {
-    for (const std::string& folder : folders) {
-        if (std::optional<std::string> text = ReadHelpText(files, folder, helpId)) return text;
-    }
-    return {};
-}
-
 Control OkButton() {
     Control button;
     button.Kind = ControlKind::Button;
@@ -45,7 +37,7 @@ bool HelpView::Open(int helpId, HelpFrom from) {
     Segments.clear();
     cmdOK_.Visible = false;
     EndEntry();
-    const std::optional<std::string> text = FirstText(session_.Folder.Store, folders_, helpId);
+    const std::optional<std::string> text = FirstHelpText(session_.Folder.Store, folders_, helpId);
     shown_ = text.has_value();
     if (!shown_) {
         Vanish();

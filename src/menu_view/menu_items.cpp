@@ -66,15 +66,15 @@ constexpr MenuItem Digits(int order, std::string_view name, int code, int kind, 
 }
 
 constexpr MenuItem Text(int order, std::string_view name, int code, int kind, Shown shown, MenuCellsBy by,
-                        TextRule text) {
-    return {order, name, code, kind, by, shown, {}, {}, nullptr, text, nullptr};
+                        Field field, TextRule text) {
+    return {order, name, code, kind, by, shown, {field}, {}, nullptr, text, nullptr};
 }
 
 // Names may go on, see NameEnd. Of bits: position, high bit, low bit.
 // clang-format off
 constexpr auto kItems = std::to_array<MenuItem>({
     //        name     code kind shown         content
-    Text  ( 1, "InPut",   1, 5, kAlways,       MenuCellsBy::Text, ModeText),
+    Text  ( 1, "InPut",   1, 5, kAlways,       MenuCellsBy::Text, Field::Mode, ModeText),
     Digits( 2, "SEtuP",   2, 6, kAlways,       {{197,7,7}, {197,6,6}, {197,5,5}, {197,4,4}, {197,3,0}}, CorrectSetup),
     Digits( 3, "ConFiG",  3, 6, kAlways,       {{185,7,4}, {185,3,2}, {185,1,1}, {185,0,0}}, CorrectConfig),
     Digits( 4, "dSPyno",  4, 6, kAlways,       {{157,3,2}, {157,1,0}}, CorrectDisplayItem),
@@ -85,8 +85,8 @@ constexpr auto kItems = std::to_array<MenuItem>({
     Digits( 9, "bAtCH",   8, 6, kBatch,        {{171,5,4}, {171,3,3}, {171,2,2}, {171,1,1}, {171,0,0}}),
     Digits(10, "FiLtEr",  9, 6, kFilter,       {{195,6,6}, {195,5,5}, {195,4,4}, {195,3,3}, {195,2,0}}),
     Digits(11, "SLOPE",  10, 6, kSlopes,       {{159,1,1}, {159,0,0}}),
-    Text  (12, "DecPt1", 11, 4, kPoint1,       MenuCellsBy::Points, Point1Text),
-    Text  (13, "DecPt2", 12, 4, kPoint2,       MenuCellsBy::Points, Point2Text),
+    Text  (12, "DecPt1", 11, 4, kPoint1,       MenuCellsBy::Points, Field::DecimalPoint1, Point1Text),
+    Text  (13, "DecPt2", 12, 4, kPoint2,       MenuCellsBy::Points, Field::DecimalPoint2, Point2Text),
     Value (14, "SCALE1", 13, 3, kScale1,       {Field::Scale1}),
     Value (15, "OFFSt1", 14, 2, kScale1,       {Field::Offset1, Clock}),
     Value (16, "Lo In1", 15, 4, kCoord1,       {Field::LowIn1}),
@@ -100,7 +100,7 @@ constexpr auto kItems = std::to_array<MenuItem>({
     Value (24, "Hi In2", 23, 4, kCoord2,       {Field::HighIn2}),
     Value (25, "Hi rd2", 24, 2, kCoord2,       {Field::HighRead2}),
     Value (26, "rd0 In", 25, 4, kRead0,        {Field::Read0In}),
-    Text  (27, "rESoLn", 26, 5, kResolution,   MenuCellsBy::Multiplier, ResolutionText),
+    Text  (27, "rESoLn", 26, 5, kResolution,   MenuCellsBy::Multiplier, Field::Resolution, ResolutionText),
     Value (28, "PrESEt", 20, 2, kPreset,       {Field::Preset}),
     Digits(29, "SourcE", 27, 6, kRelays,       {{169,7,6}, {169,5,4}, {169,3,2}, {169,1,0}}, CorrectSources),
     Digits(30, "AL SEt", 28, 6, kRelays,       {{203,7,6}, {203,5,4}, {203,3,0}, {201,5,3}, {201,2,0}}, CorrectAlarmStates),
@@ -145,6 +145,16 @@ static_assert(OrdersCount(), "items stand in their order");
 
 std::span<const MenuItem> MenuItems() {
     return kItems;
+}
+
+MenuDigits DigitsOfItem(const SetupImage& image, const MenuFacts& facts, const MenuItem& item) {
+    MenuDigits digits;
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        const MenuBits& bits = item.Digits[i];
+        digits[i] = bits.Pos == 0 ? kBlankDigit : BitsGet(image, bits.HiBit, bits.LoBit, bits.Pos);
+    }
+    if (item.Correct != nullptr) item.Correct(facts, digits);
+    return digits;
 }
 
 std::span<const SetpointItem> SetpointItems() {

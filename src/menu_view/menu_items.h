@@ -45,7 +45,7 @@ struct MenuItem {
     MenuCellsBy By = MenuCellsBy::Value;
     bool (*Shown)(const MenuFacts&) = nullptr;
 
-    MenuValue Value;
+    MenuValue Value;  // of texts and points only its field
     std::array<MenuBits, 6> Digits{};
     void (*Correct)(const MenuFacts&, MenuDigits&) = nullptr;                    // of digits; may be none
     std::string (*Text)(const SetupImage&, const MenuFacts&) = nullptr;          // of texts and points
@@ -53,6 +53,9 @@ struct MenuItem {
 };
 
 std::span<const MenuItem> MenuItems();
+
+// The digits of an item whose cells are made of them, as the panel shows them.
+MenuDigits DigitsOfItem(const SetupImage& image, const MenuFacts& facts, const MenuItem& item);
 
 // A setpoint, in the list that the meter's alarm key opens.
 struct SetpointItem {

@@ -56,22 +56,12 @@ MenuCells ValueCells(const SetupImage& image, const MenuFacts& facts, const Menu
     return CellsOfValue(text, clockPoints ? CellPoints::Clock : CellPoints::Inside);
 }
 
-MenuCells DigitRowCells(const SetupImage& image, const MenuFacts& facts, const MenuItem& item) {
-    MenuDigits digits;
-    for (std::size_t i = 0; i < digits.size(); ++i) {
-        const MenuBits& bits = item.Digits[i];
-        digits[i] = bits.Pos == 0 ? kBlankDigit : BitsGet(image, bits.HiBit, bits.LoBit, bits.Pos);
-    }
-    if (item.Correct != nullptr) item.Correct(facts, digits);
-    return CellsOfDigits(digits);
-}
-
 MenuCells CellsOf(const SetupImage& image, const MenuFacts& facts, const MenuItem& item) {
     switch (item.By) {
         case MenuCellsBy::Value:
             return ValueCells(image, facts, item.Value);
         case MenuCellsBy::Digits:
-            return DigitRowCells(image, facts, item);
+            return CellsOfDigits(DigitsOfItem(image, facts, item));
         case MenuCellsBy::Text:
             return CellsOfText(item.Text(image, facts));
         case MenuCellsBy::Points:
@@ -108,6 +98,7 @@ void AddMenuRow(MenuView& view, const SetupImage& image, const MenuFacts& facts,
     std::string_view end = item.NameEnd == nullptr ? "" : item.NameEnd(image, facts);
     view.grdMain[row] = {NameOf(item.Name, end), CellsOf(image, facts, item)};
     view.MenuRowCodes[row] = static_cast<std::int16_t>(item.Code);
+    view.MenuRowItems[row] = static_cast<std::int16_t>(item.Order - 1);
     PlaceBeside(view, item.Code, image, facts);
 }
 
@@ -119,11 +110,14 @@ bool HasSetpoint(const SetupImage& image, const MenuFacts& facts, const Setpoint
 
 void AddSetpoints(MenuView& view, const SetupImage& image, const MenuFacts& facts) {
     view.SetPtHeight = facts.Values.RelayOption == RelayBoard::FourRelays ? 4 : 2;
+    std::int16_t place = -1;
     for (const SetpointItem& item : SetpointItems()) {
+        ++place;
         if (!HasSetpoint(image, facts, item)) continue;
         auto row = static_cast<std::size_t>(++view.SetPtRowCount);
         std::string text = TextOf(image, facts, item.Value, ShowsClock(facts));
         view.grdSetPt[row] = {NameOf(item.Name), CellsOfSetpoint(text)};
+        view.SetPtItems[row] = place;
     }
 }
 
@@ -151,6 +145,7 @@ int MenuView::HelpIdOfRow(int row, PointerEvent event) const {
 MenuView BuildMenuView(SetupImage& image, const MeterIdentity& meter, const DerivedValues& shared) {
     const MenuFacts facts = ReadMenuFacts(image, meter, shared);
     MenuView view;
+    view.Facts = facts;
     view.AnalogOption = facts.Values.AnalogOption;
     view.ProtocolCode = facts.Values.ProtocolCode;
     view.lblSigCond = EntryOrBlank(kInputOptions, facts.Values.InputOption);

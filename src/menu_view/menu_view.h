@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "menu_view/menu_cells.h"
+#include "menu_view/menu_facts.h"
 #include "meter/derived_values.h"
 #include "meter/meter_identity.h"
 #include "meter/setup_image.h"
@@ -55,6 +56,9 @@ struct MenuView {
     // Row 0 of both grids is the header.
     std::array<MenuRow, kMostMenuRows + 1> grdMain;
     std::array<std::int16_t, kMostMenuRows + 1> MenuRowCodes{};
+    // Places in MenuItems() and SetpointItems() of what a row shows; none of the header.
+    std::array<std::int16_t, kMostMenuRows + 1> MenuRowItems{};
+    std::array<std::int16_t, kMostSetpoints + 1> SetPtItems{};
     int MenuRowCount = 0;  // without the header
     std::array<MenuRow, kMostSetpoints + 1> grdSetPt;
     int SetPtRowCount = 0;
@@ -73,6 +77,7 @@ struct MenuView {
 
     int AnalogOption = 0;  // decide which help a row has
     int ProtocolCode = 0;
+    MenuFacts Facts;  // that it was built from
 
     // Lets the overlays follow; `firstVisibleRow` counts from 1.
     void ScrollTo(int firstVisibleRow);

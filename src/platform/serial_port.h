@@ -40,6 +40,10 @@ class SerialPort {
     // True once the port is not open or its line went away; stays so until the next opening.
     virtual bool Faulted() const = 0;
 
+    // The name of an open line whose speed and form are another machine's, whatever SetSettings says; empty
+    // for a line of this machine.
+    virtual std::string SpeedSetBy() const { return {}; }
+
     // Told from the event loop that input has arrived; may be empty. It must not wait.
     std::function<void()> Arrived;
 

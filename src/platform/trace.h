@@ -36,6 +36,7 @@ class TracePort : public SerialPort {
     void Output(std::string_view bytes) override;
     std::size_t OutBufferCount() override { return inner_.OutBufferCount(); }
     bool Faulted() const override { return inner_.Faulted(); }
+    std::string SpeedSetBy() const override { return inner_.SpeedSetBy(); }
 
   private:
     void PassArrival();

@@ -14,8 +14,11 @@ struct HomeState {
     std::string StatusNote;  // what else is to be known, after the text of the line; goes with it
     Color StatusColor = ColorWhite;
     bool StatusVisible = false;
-    int Transfers = 0;        // under way, one in a wait of the other
-    int ProgressPercent = 0;  // 0..100
+    int Transfers = 0;                   // under way, one in a wait of the other
+    int TransfersBegun = 0;              // since the program began
+    int CancelledUpTo = 0;               // those up to this number stop at their next wait
+    std::function<bool()> CancelWanted;  // asked as well; may be empty
+    int ProgressPercent = 0;             // 0..100
     bool ProgressVisible = false;
     bool Hourglass = false;
     std::string CurrentFileName;
@@ -42,20 +45,30 @@ struct HomeState {
     void ProgressTo(int percent);
     void ShowProgress(bool visible);
     void ShowHourglass(bool shown);
+    // Those that are under way; what begins later goes its way.
+    void CancelTransfers() { CancelledUpTo = TransfersBegun; }
 };
 
 // While it lives a transfer is under way. The progress bar goes with the last, however that ends.
 class TransferScope {
   public:
-    explicit TransferScope(HomeState& home) : home_(home) { ++home_.Transfers; }
+    explicit TransferScope(HomeState& home) : home_(home), number_(++home.TransfersBegun) {
+        ++home_.Transfers;
+    }
     ~TransferScope() {
         if (--home_.Transfers == 0) home_.ShowProgress(false);
     }
     TransferScope(const TransferScope&) = delete;
     TransferScope& operator=(const TransferScope&) = delete;
 
+    // The user has called it off.
+    bool Cancelled() const {
+        return number_ <= home_.CancelledUpTo || (home_.CancelWanted && home_.CancelWanted());
+    }
+
   private:
     HomeState& home_;
+    const int number_;
 };
 
 }  // namespace counter

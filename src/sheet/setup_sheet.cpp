@@ -1,5 +1,6 @@
 #include "sheet/setup_sheet.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "controls/form_lines.h"
@@ -38,6 +39,29 @@ void AddFacts(SetupSheet& sheet, const SetupImage& image, const SheetFacts& fact
     }
 }
 
+// Parts of a text between runs of `between`, two or more, without blanks at their ends.
+std::vector<std::string> Parts(const std::string& text, char between) {
+    std::vector<std::string> parts;
+    const std::string run(2, between);
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find(run, start), text.size());
+        parts.emplace_back(Trimmed(std::string_view(text).substr(start, end - start)));
+        start = std::min(text.find_first_not_of(between, end), text.size());
+    }
+    return parts;
+}
+
+// A unit stands behind its value; a heading of columns names the parts of an entry.
+std::string ValueWithLabels(const FormLine& line) {
+    const std::vector<std::string> columns = Parts(line.Beside, '-'), parts = Parts(line.Value, ' ');
+    if (columns.size() < 2 || parts.size() > columns.size())
+        return line.Value + (line.Beside.empty() ? "" : " " + line.Beside);
+    std::string value;
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        value += (i == 0 ? "" : "; ") + columns[i] + ": " + parts[i];
+    return value;
+}
+
 // Buttons act, and say nothing of a setup; a heading goes with the last of its lines.
 std::vector<SheetLine> LinesFor(const Form& form, int tab) {
     std::vector<FormLine> lines = LinesOfPage(form, tab);
@@ -48,7 +72,7 @@ std::vector<SheetLine> LinesFor(const Form& form, int tab) {
         const bool empty = i + 1 == lines.size() || lines[i + 1].Level <= line.Level;
         if (line.Heading && empty) continue;
         made.push_back({line.Level, line.Heading, line.Heading || line.Of->Enabled, Printable(line.Caption),
-                        Printable(line.Value)});
+                        Printable(ValueWithLabels(line))});
     }
     return made;
 }

@@ -52,8 +52,8 @@ std::string Cell(const std::string& content, const char* attributes = "") {
     return std::string("<td") + attributes + ">" + (content.empty() ? "&nbsp;" : content) + "</td>";
 }
 
-constexpr const char* kTable = "<table border=\"1\" cellspacing=\"0\" cellpadding=\"2\" width=\"100%\">\n";
-constexpr const char* kNarrow = "<table border=\"1\" cellspacing=\"0\" cellpadding=\"2\">\n";
+constexpr const char* kTable = "<table border=\"1\" cellspacing=\"0\" cellpadding=\"1\" width=\"100%\">\n";
+constexpr const char* kNarrow = "<table border=\"1\" cellspacing=\"0\" cellpadding=\"1\">\n";
 
 std::string FactsTable(const SetupSheet& sheet) {
     std::string html = kNarrow;
@@ -72,6 +72,11 @@ std::string LineRow(const SheetLine& line) {
     const std::string caption = Indent(line.Level) + Escaped(line.Caption);
     if (line.Heading) return "<tr><th colspan=\"2\">" + caption + "</th></tr>\n";
     const char* const style = line.Active ? " width=\"50%\"" : " width=\"50%\" class=\"off\"";
+    if (line.Value.empty()) {
+        const std::string cell = caption + (line.Active ? "" : " (not in use)");
+        return "<tr>" + Cell(cell, line.Active ? " colspan=\"2\"" : " colspan=\"2\" class=\"off\"") +
+               "</tr>\n";
+    }
     const std::string value = Escaped(line.Value) + (line.Active ? "" : " (not in use)");
     return "<tr>" + Cell(caption, style) + Cell(value, style) + "</tr>\n";
 }

@@ -65,6 +65,7 @@ void SheetView::Activate() {
 // A second view is opened on the setup: what opening the program's own would mend stays as it is.
 void SheetView::Refresh() {
     SetupDesk desk(Program);
+    desk.Program().Identity.SetupFromMeter = false;  // boards that no user may change are in use all the same
     html_ = SheetHtml(desk.Open(Program.Image) ? MakeSheet(desk.View(), Facts(), against_)
                                                : MakeBareSheet(Program, desk.WhyEnded(), Facts(), against_));
     Controls.TellChanged();

@@ -81,13 +81,13 @@ void Succeed(Session& session, const Reading& reading) {
               reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".");
     session.MeterAtLastGet = MeterSetup{reading.Came, UtcMs(session.Pump.LocalTime()),
                                         AddressOnLine(session.Settings), LineInWords(session.Settings)};
-    NoteTransfer(session, false, true);
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
     home.ShowProgress(false);
     // What may not be the meter's setup is no copy to go back to.
     home.Backup = reading.Doubt.empty() ? KeepBackup(session) : Status();
     // What a Put overwrites now could not be had again.
     note = AddedNote(note, NoBackupWords(home.Backup));
+    NoteTransfer(session, false, true);
     home.ShowStatus("Getting data from the Counter.  Data received OK.", ColorGreen, note);
 }
 
@@ -98,10 +98,14 @@ void WriteServiceFile(Session& session, const SetupImage& image) {
 }
 
 // A view that is opened in a wait takes the meter's kind and version from the setup that is still in memory.
-void Transfer(Session& session, Reading& reading) {
+void Transfer(Session& session, Reading& reading, const TransferScope& scope) {
     const MeterIdentity before = session.Identity;
     MeterIdentity identity = before;
-    reading.Doubt = ReadWholeSetup(session, {reading.Came, identity, session.Derived});
+    DerivedValues derived = session.Derived;
+    const bool extendedBefore = derived.ExtendedMeter;
+    reading.Doubt = ReadWholeSetup(session, {reading.Came, identity, derived}, scope);
+    if (scope.Cancelled()) return;
+    if (derived.ExtendedMeter != extendedBefore) session.Derived.ExtendedMeter = derived.ExtendedMeter;
     const bool whole = !session.LinkState.ModbusLink && session.LinkState.LinkError == 0;
     const bool told =
         identity.MeterType != before.MeterType || identity.FirmwareVersion != before.FirmwareVersion;
@@ -114,27 +118,46 @@ bool WrittenMeanwhile(const Session& session, const Reading& reading) {
     return session.Writes.Running > 0 || session.Writes.Begun != reading.WritesBegun;
 }
 
-void Finish(Session& session, const Reading& reading) {
-    if (WrittenMeanwhile(session, reading)) return TellWritten(session);
-    if (session.LinkState.LinkError != 0) return Fail(session, reading);
-    if (session.LinkState.ModbusLink) WriteServiceFile(session, reading.Came);
-    Succeed(session, reading);
+GetEnd Finish(Session& session, const Reading& reading) {
+    const bool failed = session.LinkState.LinkError != 0;
+    if (WrittenMeanwhile(session, reading)) {
+        TellWritten(session);
+    } else if (failed) {
+        Fail(session, reading);
+    } else {
+        if (session.LinkState.ModbusLink) WriteServiceFile(session, reading.Came);
+        Succeed(session, reading);
+        return GetEnd::Done;
+    }
+    return GetEnd::Failed;
+}
+
+// Nothing is handed over, and nobody asks what the last exchange came to.
+GetEnd CallOff(Session& session, int linkErrorBefore) {
+    session.LinkState.LinkError = linkErrorBefore;
+    session.Home.ShowStatus("Get Setup was cancelled. What is in memory is as it was.", ColorWhite);
+    session.Home.ShowHourglass(false);
+    return GetEnd::Cancelled;
 }
 
 }  // namespace
 
-void GetSetup(Session& session) {
+GetEnd GetSetup(Session& session) {
+    const int linkErrorBefore = session.LinkState.LinkError;
+    GetEnd end = GetEnd::Failed;
     {
         const TransferScope transfer(session.Home);
         BeginGet(session);
         Reading reading{session.Image, session.Writes.Begun, session.Image, {}};
-        Transfer(session, reading);
-        Finish(session, reading);
+        Transfer(session, reading, transfer);
+        if (transfer.Cancelled()) return CallOff(session, linkErrorBefore);
+        end = Finish(session, reading);
     }
     if (session.Home.Replaced) session.Home.Replaced();
     if (CodeOf(session.Image, Field::DisplayType) == DisplayType::RemoteA)
         session.Dialogs.Show({"Note:", kRemoteNote, BoxIcon::None});
     session.Home.ShowHourglass(false);
+    return end;
 }
 
 }  // namespace counter

@@ -35,7 +35,7 @@ std::string Shown(const SetupImage& image, Field field) {
 std::string BoardsOf(const SetupImage& image) {
     std::string words;
     for (const Field field : {Field::InputOption, Field::RelayOption, Field::CommOption, Field::AnalogOption})
-        words += (words.empty() ? "" : ", ") + std::string(FieldName(field)) + " " + Shown(image, field);
+        words += (words.empty() ? "" : ", ") + std::string(FieldName(field)) + ": " + Shown(image, field);
     return words;
 }
 

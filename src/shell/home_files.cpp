@@ -7,6 +7,7 @@
 #include "shell/home_view.h"
 #include "shell/kept_options.h"
 #include "shell/put_action.h"
+#include "shell/recent_files.h"
 #include "shell/setup_files.h"
 #include "shell/start.h"
 #include "shell/verify_action.h"
@@ -85,6 +86,7 @@ void HomeView::LoadFile(const std::string& path) {
     TakeSetup(session_, image, SetupSource::File,
               wrong.empty() ? "" : "The file that was opened has " + wrong + ".", path);
     OfferLoaded();
+    KeepRecentFile(session_.Folder, path);
     session_.Home.ShowStatus("Setup data loaded from " + path, ColorWhite,
                              wrong.empty() ? "" : "no whole setup: " + wrong);
 }
@@ -117,11 +119,16 @@ bool HomeView::WriteSetup(const std::string& path) {
     const Status status = SaveSetupFile(session_.Folder.Store, path, session_.Image);
     if (status.Ok()) {
         SetupIsSaved(session_, path);
+        KeepRecentFile(session_.Folder, path);
         session_.Home.ShowStatus("Setup data saved in " + path, ColorWhite, status.Note);
     } else {
         session_.Home.ShowStatus(status.Text(), ColorRed);
     }
     return status.Ok();
+}
+
+std::vector<std::string> HomeView::RecentSetups() const {
+    return RecentFiles(session_.Folder);
 }
 
 void HomeView::Get() {
@@ -175,6 +182,29 @@ void HomeView::ToggleVerify() {
     entry.Value = 1 - entry.Value;
     KeepOption(session_.Folder, kVerifyAfterPut, entry.Value == 1);
     Controls.TellChanged();
+}
+
+// What began while the question was on show is not meant.
+void HomeView::CancelTransfer() {
+    HomeState& home = session_.Home;
+    if (home.Transfers == 0 || askingToCancel_) return;
+    const int upTo = home.TransfersBegun;
+    if (session_.Writes.Running > 0 && !CancelIsMeant()) return;
+    if (home.Transfers == 0) return;  // it has come to its end meanwhile, and the line says how
+    home.CancelledUpTo = upTo;
+    home.ShowStatus("Stopping after the frame in hand.", ColorWhite);
+}
+
+// A setup that is in the meter in part helps nobody.
+bool HomeView::CancelIsMeant() {
+    askingToCancel_ = true;
+    const std::string written = session_.Writes.SoFar ? session_.Writes.SoFar() + "\n" : "";
+    const bool meant = session_.Dialogs.Confirm(
+        {"Put Data",
+         written + "It goes on while you read this. OK stops it there; Cancel lets it come to its end.",
+         BoxIcon::Stop});
+    askingToCancel_ = false;
+    return meant;
 }
 
 }  // namespace counter

@@ -82,6 +82,7 @@ void HomeView::Wire() {
     On(Menu(HomeItem::Glossary), &HomeView::ShowGlossary);
     On(cmdMenuHelp, &HomeView::MenuHelp);
     On(cmdOK, &HomeView::EndMenuHelp);
+    On(cmdCancel, &HomeView::CancelTransfer);
 }
 
 void HomeView::On(Control& control, void (HomeView::*action)()) {
@@ -89,7 +90,8 @@ void HomeView::On(Control& control, void (HomeView::*action)()) {
 }
 
 void HomeView::Load() {
-    for (Control* hidden : {&lblPGText, &pbBar, &lblWait, &lblTest, &lblTest1, &lblTest2, &cmdVerify})
+    for (Control* hidden :
+         {&lblPGText, &pbBar, &cmdCancel, &lblWait, &lblTest, &lblTest1, &lblTest2, &cmdVerify})
         hidden->Visible = false;
     Menu(HomeItem::VerifyAfterPut).Value = KeptOption(session_.Folder, kVerifyAfterPut) ? 1 : 0;
     session_.Identity.SetupFromMeter = false;
@@ -136,6 +138,7 @@ void HomeView::ShowState() {
     lblPGText.Visible = home.StatusVisible;
     pbBar.Value = home.ProgressPercent;
     pbBar.Visible = home.ProgressVisible;
+    cmdCancel.Visible = home.Transfers > 0;
     lblTest2.Caption = session_.LinkState.ReplyText;
     for (HomeItem item : {HomeItem::View, HomeItem::Compare, HomeItem::PrintSetup})
         Menu(item).Enabled = home.ViewEnabled;

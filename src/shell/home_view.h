@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "controls/form.h"
 #include "controls/page_builder.h"
@@ -44,8 +45,14 @@ class HomeView {
     void ExitFromOutside();
     // The setup that was in memory before the last one came is there again. Only where there is one.
     void GoBack();
+
+    // Stops what is under way between meter and memory at its next wait: a Get hands over nothing; a Put only
+    // after a question that tells what went out.
+    void CancelTransfer();
     // As Open does with the file that was chosen. One that can't be read is told on the status line.
     void OpenFile(const std::string& path);
+    // That were opened or saved, the last one first.
+    std::vector<std::string> RecentSetups() const;
 
     // The text area is at its full height, 6000 units of 1/1440 inch, otherwise at 2700.
     bool TallText() const { return tallText_; }
@@ -95,6 +102,7 @@ class HomeView {
     void Get();
     void Put();
     bool PutIsMeant();
+    bool CancelIsMeant();
     bool ChangesMayGo(const char* title, const char* yes);
     void Verify();
     void VerifyPut();
@@ -104,6 +112,7 @@ class HomeView {
     std::array<Control*, static_cast<std::size_t>(HomeItem::Count)> items_ = {};
     bool tallText_ = true;
     bool preparing_ = false;
+    bool askingToCancel_ = false;
     bool asking_ = false;  // whether changes may be lost at the end
     std::string putLine_;  // the status text of the last Put, beside which it can be verified
 
@@ -115,6 +124,7 @@ class HomeView {
     Control& cmdVerify   = Add(ControlKind::Button,   "cmdVerify", "Verify");
     Control& lblPGText   = Add(ControlKind::Label,    "lblPGText");
     Control& pbBar       = Add(ControlKind::Progress, "pbBar");
+    Control& cmdCancel   = Add(ControlKind::Button,   "cmdCancel", "Cancel");
     Control& lblWait     = Add(ControlKind::Label,    "lblWait", "Wait");
     // For service: the last reply. They are on show only while the debug flag is set, which a start clears.
     Control& lblTest     = Add(ControlKind::Label,    "lblTest");

@@ -17,6 +17,8 @@ inline constexpr LinkHelpPiece kLinkHelp[] = {
      "reads only and may take some minutes. "},
     {"Test", true},
     {" asks once with the fields as they stand. "},
+    {"Stop", true},
+    {" or Esc ends either at its next wait. "},
     {"Save", true},
     {" keeps them for Counter Setup and counterctl, also for a Counter Setup that runs: it takes them over "
      "when "

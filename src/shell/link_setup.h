@@ -37,8 +37,10 @@ class LinkSetup {
     // Shows what the file says, or what a new one would begin with.
     void Load();
 
-    // The search for a meter ends with the trial that is under way.
+    // The test, or the search for a meter, ends at its next wait.
     void StopSearch() { stopSearch_ = true; }
+    // Escape: likewise, and says so. False where there is nothing to stop.
+    bool Cancel();
 
     // Whether the window may close: nothing would be lost, or the user says that it may be.
     bool MayClose();
@@ -80,6 +82,7 @@ class LinkSetup {
     Status WriteAll(SettingsLines& lines);
     void TakeWritten(const SettingsLines& lines);
     void Test();
+    TrialWorld WorldOfTrial(const std::optional<counter::Sockets>& sockets);
     void FindOrStop();
     void Find();
     bool TellProgress(int number, int all, const SearchStep& step);
@@ -95,7 +98,6 @@ class LinkSetup {
     std::vector<std::string> portTexts_;  // what the list of ports shows
     int portNumber_ = 1;
     bool testing_ = false;
-    bool searching_ = false;
     bool stopSearch_ = false;
     bool asking_ = false;
 

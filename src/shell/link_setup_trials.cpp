@@ -17,44 +17,52 @@ void LinkSetup::Test() {
     if (testing_) return;
     SettingsLines lines = lines_;
     if (const std::string wrong = TakeLines(lines); !wrong.empty()) return ShowResult(wrong, ColorRed);
+    stopSearch_ = false;
     Busy(true);
-    cmdFind.Enabled = false;
     ShowResult("Asking the meter.", ColorGreen);
     world_.Tried.Device = txtDevice.Text;
-    const LinkTrial trial = TryLink({world_.Pump, world_.Port, world_.Folder.Path, world_.Sockets}, lines);
+    const LinkTrial trial = TryLink(WorldOfTrial(world_.Sockets), lines);
     Busy(false);
-    ShowResult(trial.Words, trial.Answered ? ColorGreen : ColorRed);
+    ShowResult(trial.Words, trial.Answered ? ColorGreen : trial.Cancelled ? ColorWhite : ColorRed);
+}
+
+TrialWorld LinkSetup::WorldOfTrial(const std::optional<counter::Sockets>& sockets) {
+    return {world_.Pump, world_.Port, world_.Folder.Path, sockets, [this] { return stopSearch_; }};
 }
 
 // Nothing may be saved or closed while a meter is being asked.
 void LinkSetup::Busy(bool busy) {
     testing_ = busy;
     cmdSave.Enabled = cmdSaveOpen.Enabled = cmdClose.Enabled = !busy;
+    cmdFind.Caption = busy ? kStopCaption : kFindCaption;
     ShowNode();
-    if (busy) cmdTest.Enabled = false;
+    if (!busy) return;
+    cmdTest.Enabled = false;
+    cmdFind.Enabled = true;  // a node is tried but not searched for
 }
 
 void LinkSetup::FindOrStop() {
-    if (!searching_) return Find();
+    if (!Cancel()) Find();
+}
+
+bool LinkSetup::Cancel() {
+    if (!testing_) return false;
     StopSearch();
-    ShowResult("Stopping with this trial.", ColorWhite);
+    ShowResult("Stopping.", ColorWhite);
+    return true;
 }
 
 void LinkSetup::Find() {
     if (testing_) return;
     SettingsLines lines = lines_;
     if (const std::string wrong = TakeLines(lines); !wrong.empty()) return ShowResult(wrong, ColorRed);
-    searching_ = true;
     stopSearch_ = false;
     Busy(true);
-    cmdFind.Caption = kStopCaption;
     pbFind.Visible = true;
     const SearchResult found = FindMeter(
-        {world_.Pump, world_.Port, world_.Folder.Path, {}}, world_.Tried, lines, DevicesToTry(),
+        WorldOfTrial({}), world_.Tried, lines, DevicesToTry(),
         [this](int number, int all, const SearchStep& step) { return TellProgress(number, all, step); });
-    searching_ = false;
     Busy(false);
-    cmdFind.Caption = kFindCaption;
     pbFind.Visible = false;
     if (found.Found) return TakeFound(found);
     ShowResult(found.Words, stopSearch_ ? ColorWhite : ColorRed);

@@ -89,8 +89,13 @@ LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines) {
         trial.Words = CallNode(session);
         if (!trial.Words.empty()) return trial;
     }
-    GetSetup(session);
+    session.Home.CancelWanted = world.CancelWanted;
+    trial.Cancelled = GetSetup(session) == GetEnd::Cancelled;
     ClosePort(session.Link);
+    if (trial.Cancelled) {
+        trial.Words = "Stopped.";
+        return trial;
+    }
     trial.LinkError = session.LinkState.LinkError;
     trial.Answered = trial.LinkError == 0;
     trial.FirmwareVersion = ValueOfField(session.Image, Field::FirmwareVersion).Number;

@@ -2,6 +2,7 @@
 // the meter nor to disk.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -17,6 +18,7 @@ struct TrialWorld {
     SerialPort& Port;
     std::string Folder;                            // named in messages; nothing is read from it
     std::optional<counter::Sockets> Sockets = {};  // without them no node can be tried
+    std::function<bool()> CancelWanted = {};       // stops a trial at its next wait; may be empty
 };
 
 struct LinkTrial {
@@ -24,6 +26,7 @@ struct LinkTrial {
     std::string Words;  // what answered, or what to look at
     int LinkError = 0;
     bool PortOpened = true;
+    bool Cancelled = false;
     int FirmwareVersion = 0, MeterType = 0;  // of the meter that answered
 };
 

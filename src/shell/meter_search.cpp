@@ -7,6 +7,7 @@
 #include "meter/field_lists.h"
 #include "meter/firmware.h"
 #include "meter/meter_words.h"
+#include "platform/tcp_line.h"
 #include "settings/settings_keys.h"
 
 namespace counter {
@@ -41,8 +42,8 @@ SettingsLines LinesOf(const SettingsLines& base, const SearchStep& step) {
 }
 
 bool MadeNoSense(const LinkTrial& trial) {
-    return trial.PortOpened && !trial.Answered && trial.LinkError != LinkErrors::kNoReply &&
-           trial.LinkError != LinkErrors::kPortFault;
+    return trial.PortOpened && !trial.Answered && !trial.Cancelled &&
+           trial.LinkError != LinkErrors::kNoReply && trial.LinkError != LinkErrors::kPortFault;
 }
 
 // One step, and where its answer made no sense once more with the echo read away. `lines` is left as it was
@@ -82,6 +83,7 @@ std::vector<SearchStep> SearchSteps(const std::vector<std::string>& devices) {
     std::vector<SearchStep> steps;
     for (int baud : kUsualRates) {
         for (const std::string& device : devices) {
+            if (baud != kUsualRates.front() && NamesTcpLine(device)) continue;
             for (int protocol : {CustomAscii, ModbusRtu, ModbusAscii})
                 steps.push_back({device, protocol, baud});
             steps.push_back({device, ModbusRtu, baud, Parity::None, true});
@@ -89,6 +91,7 @@ std::vector<SearchStep> SearchSteps(const std::vector<std::string>& devices) {
     }
     for (int baud : kUsualRates) {
         for (const std::string& device : devices) {
+            if (NamesTcpLine(device)) continue;
             for (int parity : kUsualParities) {
                 for (int protocol : {ModbusRtu, ModbusAscii})
                     steps.push_back({device, protocol, baud, parity});
@@ -121,6 +124,7 @@ SearchResult FindMeter(const TrialWorld& world, TriedDevice& tried, const Settin
         tried.Device = step.Device;
         SettingsLines with = LinesOf(lines, step);
         const LinkTrial trial = Try(world, with);
+        if (trial.Cancelled) return {false, lines, {}, trial.Words};
         if (trial.PortOpened) {
             ++trials;
         } else {

@@ -31,7 +31,8 @@ struct SearchStep {
     bool operator==(const SearchStep&) const = default;
 };
 
-// All trials in their order: without parity at every rate, then the parities, which only Modbus has.
+// All trials in their order: without parity at every rate, then the parities, which only Modbus has. A line
+// on the network has the speed and form that its server gave it, so there the protocols alone are tried.
 std::vector<SearchStep> SearchSteps(const std::vector<std::string>& devices);
 
 // "/dev/ttyUSB0, Modbus RTU at 9600 baud, even parity"

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "link/port_setup.h"
 #include "link/read_settings.h"
 #include "link/waits.h"
 #include "session/take_setup.h"
@@ -21,12 +22,13 @@ const char* BoardName(int board) {
 }
 
 // Of two Puts, one begun in a wait of the other, the meter is to hold the later: the earlier writes no more.
-SetupTransfer TransferOf(Session& session, SetupImage& image, MeterIdentity& identity) {
+SetupTransfer TransferOf(Session& session, SetupImage& image, MeterIdentity& identity,
+                         const TransferScope& scope) {
     SetupTransfer transfer{session.Link, image, identity, session.Derived,
                            [&session](int percent) { session.Home.ProgressTo(percent); }};
     const int number = ++session.Writes.PutsBegun;
     transfer.Superseded = [&session, number] { return session.Writes.PutsBegun != number; };
-    transfer.EndWanted = [&session] { return session.Writes.EndWanted(); };
+    transfer.EndWanted = [&session, &scope] { return session.Writes.EndWanted() || scope.Cancelled(); };
     return transfer;
 }
 
@@ -72,7 +74,15 @@ void GiveUp(Session& session, SetupTransfer& transfer) {
     session.Home.ShowStatus(PutSoFar(session.LinkState, transfer.Identity.FirmwareVersion), ColorRed);
 }
 
-Status Finish(Session& session, const SetupImage& image, Status settled) {
+// Of a line whose server has to follow the meter by hand; empty where nothing is to be followed.
+std::string NoteOfSpeed(const Session& session, const std::string& before) {
+    const std::string line = session.Port.SpeedSetBy(), now = PortSettingsText(session.LinkState);
+    if (line.empty() || now == before) return {};
+    return "the meter now talks at " + now + " and " + line + " at " + before +
+           ": no command arrives until its server is set to " + now;
+}
+
+Status Finish(Session& session, const SetupImage& image, Status settled, const std::string& lineBefore) {
     session.Home.ShowHourglass(false);
     NoteTransfer(session, true, session.LinkState.LinkError == 0);
     if (session.LinkState.LinkError != 0) {
@@ -84,6 +94,7 @@ Status Finish(Session& session, const SetupImage& image, Status settled) {
     session.Home.ShowStatus(kPutAppearsDone, ColorGreen);
     // Over Modbus the settings have been saved already; then this finds nothing changed.
     if (settled.Ok()) settled = SaveLinkSettings(image, session.BringUp);
+    if (settled.Ok()) session.Home.StatusNote = NoteOfSpeed(session, lineBefore);
     session.Home.ProgressPercent = 0;
     session.Home.ShowProgress(false);
     return settled;
@@ -97,10 +108,11 @@ Status PutSetup(Session& session) {
     const TransferScope transferring(session.Home);
     session.LinkState.FramesWritten.clear();
     if (Status status = ReadSettings(session.BringUp); !status.Ok()) return status;
+    const std::string line = PortSettingsText(session.LinkState);
     const SetupImage chosen = session.Image;
     SetupImage image = chosen;
     MeterIdentity identity = session.Identity;
-    SetupTransfer transfer = TransferOf(session, image, identity);
+    SetupTransfer transfer = TransferOf(session, image, identity, transferring);
     BeginPut(session.Home);
     CheckBoard(session, transfer);
     Status settled = Transfer(session, transfer);
@@ -108,7 +120,7 @@ Status PutSetup(Session& session) {
     // same.
     if (session.Image == chosen) session.Image = image;
     if (transfer.GaveUp || transfer.IsSuperseded()) return GiveUp(session, transfer), settled;
-    return Finish(session, image, settled);
+    return Finish(session, image, settled, line);
 }
 
 }  // namespace counter

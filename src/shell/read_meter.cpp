@@ -19,9 +19,10 @@ std::string TroubleOf(const Session& session, int writesBegun, const std::string
 
 }  // namespace
 
-std::string ReadWholeSetup(Session& session, const ReadSetup& into) {
+std::string ReadWholeSetup(Session& session, const ReadSetup& into, const TransferScope& scope) {
     SetupTransfer transfer{session.Link, into.Image, into.Identity, into.Derived,
                            [&session](int percent) { session.Home.ProgressTo(percent); }};
+    transfer.EndWanted = [&scope] { return scope.Cancelled(); };
     if (session.LinkState.ModbusLink) {
         GetSetupModbus(transfer);
     } else {
@@ -39,8 +40,9 @@ MeterReading ReadMeter(Session& session, const SetupImage& base) {
     LinkDelay(session.Link, 5);
     session.Home.ProgressPercent = 0;
     session.Home.ShowProgress(true);
-    const std::string doubt = ReadWholeSetup(session, {reading.Came, identity, derived});
-    reading.Trouble = TroubleOf(session, writesBegun, doubt);
+    const std::string doubt = ReadWholeSetup(session, {reading.Came, identity, derived}, transfer);
+    reading.Trouble = transfer.Cancelled() ? "The meter was not read to its end: it was cancelled."
+                                           : TroubleOf(session, writesBegun, doubt);
     return reading;
 }
 

@@ -9,13 +9,14 @@
 namespace counter {
 
 // Registers that no range of the protocol names keep what the image held. Ends with LinkState::LinkError;
-// what about the replies was odd though their lengths were right is the text, empty for nothing.
+// what about the replies was odd though their lengths were right is the text, empty for nothing. A transfer
+// that is called off ends at its next wait, with what came until then.
 struct ReadSetup {
     SetupImage& Image;
     MeterIdentity& Identity;
     DerivedValues& Derived;
 };
-std::string ReadWholeSetup(Session& session, const ReadSetup& into);
+std::string ReadWholeSetup(Session& session, const ReadSetup& into, const TransferScope& scope);
 
 struct MeterReading {
     SetupImage Came;

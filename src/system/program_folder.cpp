@@ -5,9 +5,25 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace counter {
+
+namespace {
+
+std::string FolderIn(QCommandLineParser& parser, const QCoreApplication& application,
+                     const char* description) {
+    parser.setApplicationDescription(QString::fromLatin1(description));
+    const QCommandLineOption folder("dir", "The program folder, where Settings.SSS lies.", "folder");
+    parser.addOption(folder);
+    parser.addHelpOption();
+    parser.process(application);
+    if (parser.isSet(folder)) return QFile::encodeName(parser.value(folder)).toStdString();
+    return DefaultProgramFolder();
+}
+
+}  // namespace
 
 std::string DefaultProgramFolder() {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
@@ -21,13 +37,17 @@ std::string ChooseProgramFolder(const std::string& executableFolder, const std::
 
 std::string FolderArgument(const QCoreApplication& application, const char* description) {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QString::fromLatin1(description));
-    const QCommandLineOption folder("dir", "The program folder, where Settings.SSS lies.", "folder");
-    parser.addOption(folder);
-    parser.addHelpOption();
-    parser.process(application);
-    if (parser.isSet(folder)) return QFile::encodeName(parser.value(folder)).toStdString();
-    return DefaultProgramFolder();
+    return FolderIn(parser, application, description);
+}
+
+FolderAndFile FolderAndFileArguments(const QCoreApplication& application, const char* description) {
+    QCommandLineParser parser;
+    parser.addPositionalArgument("file", "A setup file (.CT2) to open.", "[file]");
+    FolderAndFile arguments{FolderIn(parser, application, description), {}};
+    const QStringList names = parser.positionalArguments();
+    if (!names.isEmpty())
+        arguments.File = QFile::encodeName(QFileInfo(names[0]).absoluteFilePath()).toStdString();
+    return arguments;
 }
 
 std::vector<std::string> DataFolders(const std::string& programFolder, const std::string& name) {

@@ -19,6 +19,15 @@ std::string ChooseProgramFolder(const std::string& executableFolder, const std::
 // ends the program.
 std::string FolderArgument(const QCoreApplication& application, const char* description);
 
+struct FolderAndFile {
+    std::string Folder;
+    std::string File;  // absolute; empty where none was named
+};
+
+// The same for the program that opens a setup file: the first name behind the options, from the folder that
+// the program was started in.
+FolderAndFile FolderAndFileArguments(const QCoreApplication& application, const char* description);
+
 // Where data that comes with the program may lie ("help", "boards"), best first: in the program folder, where
 // the program was installed, beside the build.
 std::vector<std::string> DataFolders(const std::string& programFolder, const std::string& name);

@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/tcp_line.h"
 #include "system/links.h"
 
 namespace counter {
@@ -38,6 +39,7 @@ std::string QtPortCatalog::DeviceOf(int number) const {
     const fs::path link = fs::path(programFolder_) / "ports" / ("com" + std::to_string(number));
     std::error_code error;
     const fs::path target = fs::read_symlink(link, error);
+    if (NamesTcpLine(target.string())) return target.string();
     if (!error) return (link.parent_path() / target).lexically_normal().string();
     if (fs::exists(link, error)) return link.string();
 

@@ -22,8 +22,9 @@ class QtPortCatalog : public PortCatalog {
                            Lister list = SystemPorts);
 
     std::vector<PortDescription> Ports() const override;
-    // As the link says it, so that a name by id stays one; a relative target counts from ports/. A device
-    // that is under ports/comN itself is that device. A number below 1 is a missing link.
+    // As the link says it, so that a name by id and a line on the network stay what they are; a relative
+    // target counts from ports/. A device that is under ports/comN itself is that device. A number below 1 is
+    // a missing link.
     std::string DeviceOf(int number) const override;
 
   private:

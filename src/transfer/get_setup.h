@@ -2,7 +2,7 @@
 //
 // Both end with the link's LinkError: 0 when done; the link's own 20..27; or the number of the step whose
 // reply had a wrong length. A failure leaves the image as the steps before it made it: 108 or 204 digits are
-// possible.
+// possible. One that was called off stops at its next wait: GaveUp is then set, and LinkError says nothing.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ namespace counter {
 //   G12B      relay board, version 78         2 digits, else 9
 //   G128      Extended option, bit 7          2 digits, else 10
 //   R141      analog board, versions 74, 75   2 decimal digits, else 11
-//   C0        leaves transfer mode          no reply
+//   C0        leaves transfer mode          no reply; goes out also where the Get was called off
 void GetSetupAscii(SetupTransfer& transfer);
 
 // Over Modbus of either kind. MeterType and FirmwareVersion stay those of the settings; what no register

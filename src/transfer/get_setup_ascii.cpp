@@ -26,11 +26,18 @@ void DoubtReply(SetupTransfer& transfer, int step) {
                                                                           : ": a digit too many came");
 }
 
+// One exchange. False: it was called off, before it or in one of its waits.
+bool Exchange(SetupTransfer& transfer, const char* command) {
+    if (transfer.GivesUp()) return false;
+    if (!SendAscii(transfer.Line, command, [&] { return transfer.GivesUp(); })) return false;
+    ReceiveReply(transfer.Line);
+    return !transfer.GivesUp();
+}
+
 // Asks and tests the length, the only proof of a good reply.
 bool Ask(SetupTransfer& transfer, const char* command, std::size_t length, int step) {
     Link& link = transfer.Line;
-    AskAscii(link, command);
-    if (link.State.LinkError != 0) return false;
+    if (!Exchange(transfer, command) || link.State.LinkError != 0) return false;
     if (link.State.ReplyText.size() != length) {
         link.State.Fail(step, ErrorSource::GetAscii);
         return false;
@@ -39,10 +46,12 @@ bool Ask(SetupTransfer& transfer, const char* command, std::size_t length, int s
     return true;
 }
 
-void WakeUp(Link& link) {
-    if (link.State.EthernetMode) return;
+// False: it was called off before anything was sent.
+bool WakeUp(SetupTransfer& transfer) {
+    Link& link = transfer.Line;
+    if (link.State.EthernetMode) return !transfer.GivesUp();
     link.State.CommandText = link.State.LongWakeUp ? "|************|" : "|**|";
-    SendCommand(link);
+    return SendCommand(link, [&] { return transfer.GivesUp(); });
 }
 
 void PauseAfterBlock(SetupTransfer& transfer) {
@@ -86,8 +95,7 @@ bool GetRelayBoard(SetupTransfer& transfer) {
     if (board == 0 || board == kTwoRelays || !AsksRelayByte(transfer.Identity.FirmwareVersion)) return true;
     Link& link = transfer.Line;
     LinkDelay(link, 200);
-    AskAscii(link, "G12B");
-    if (link.State.PortFault) return false;
+    if (!Exchange(transfer, "G12B") || link.State.PortFault) return false;
     if (link.State.ReplyText.size() != 2) {
         link.State.Fail(LinkErrors::kRelayByte, ErrorSource::GetAscii);
         return false;
@@ -133,17 +141,23 @@ void SettleRemoteDisplay(SetupImage& image) {
         DigitsPut(image, pos, std::to_string(DisplayType::RemoteA));
 }
 
+bool GetAll(SetupTransfer& transfer) {
+    if (!GetBlocks(transfer)) return false;
+    TakeIdentity(transfer);
+    return GetLiveBytes(transfer);
+}
+
 }  // namespace
 
 void GetSetupAscii(SetupTransfer& transfer) {
     transfer.Line.State.PortFault = false;  // one of an exchange before must not cut this Get short
     transfer.ProgressTo(6);
-    WakeUp(transfer.Line);
+    if (!WakeUp(transfer)) return;
     LinkDelay(transfer.Line, 300);
-    if (!GetBlocks(transfer)) return;
-    TakeIdentity(transfer);
-    if (!GetLiveBytes(transfer)) return;
-    SendAscii(transfer.Line, "C0");
+    const bool whole = GetAll(transfer);
+    // A meter that nobody asks any more would stay as it was woken.
+    if (whole || transfer.GaveUp) SendAscii(transfer.Line, "C0");
+    if (!whole) return;
     PutCode(transfer.Image, Field::SerialProtocol, transfer.Line.State.SerialProtocol);
     SettleRemoteDisplay(transfer.Image);
 }

@@ -78,8 +78,14 @@ constexpr std::array<Range, 6> kRanges = {{
 constexpr const char* kEcho = "0800010000";  // diagnostics: the reply repeats the request
 constexpr int kEchoLength = 12;
 
-bool Ask(Link& link, const char* request, int length, int step) {
-    AskModbus(link, request);
+// False too where it was called off.
+bool Ask(SetupTransfer& transfer, const char* request, int length, int step) {
+    Link& link = transfer.Line;
+    if (transfer.GivesUp()) return false;
+    link.State.ModbusPayload = request;
+    if (!SendCommand(link, [&] { return transfer.GivesUp(); })) return false;
+    ReceiveReply(link);
+    if (transfer.GivesUp()) return false;
     const auto wanted = static_cast<std::size_t>(length + ModbusExtraDigits(link.State));
     if (link.State.LinkError == 0 && !ReplyAnswers(link.State, wanted))
         link.State.Fail(step, ErrorSource::GetModbus);
@@ -109,11 +115,11 @@ double PauseMs(const LinkState& link) {
 void GetSetupModbus(SetupTransfer& transfer) {
     Link& link = transfer.Line;
     transfer.ProgressTo(5);
-    if (!Ask(link, kEcho, kEchoLength, LinkErrors::kLineTest)) return;
+    if (!Ask(transfer, kEcho, kEchoLength, LinkErrors::kLineTest)) return;
     for (const Range& range : kRanges) {
         LinkDelay(link, PauseMs(link.State));
         transfer.ProgressTo(range.Percent);
-        if (!Ask(link, range.Request, range.Length, range.Step)) return;
+        if (!Ask(transfer, range.Request, range.Length, range.Step)) return;
         Scatter(link.State.ReplyText, range.Pieces, transfer.Image);
         if (range.Amend != nullptr) range.Amend(transfer);
     }

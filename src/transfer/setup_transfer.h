@@ -22,9 +22,9 @@ struct SetupTransfer {
     DerivedValues& Derived;
     std::function<void(int percent)> ProgressTo;  // 0..100
 
-    // Asked before each frame of a Put; true ends it there. Either may be empty.
+    // Asked before each frame; true ends it there. Either may be empty.
     std::function<bool()> Superseded = {};  // a later Put has begun: the meter is to hold that one
-    std::function<bool()> EndWanted = {};   // the program is to end
+    std::function<bool()> EndWanted = {};   // it was called off, or the program is to end
     bool GaveUp = false;                    // one of them did
 
     std::string Doubt =

@@ -42,6 +42,8 @@ TEST(DeskTools, ARowOfTheComparisonIsTakenOver) {
     GuiBench bench;
     EXPECT_FALSE(bench.Choose("mnuCompare")) << "nothing is in memory";
     bench.Choose("mnuGet");
+    bench.Choose("mnuSetup");  // what opening it mends is then in memory already
+    bench.Click("cmdMainMenu");
     SetupImage other = bench.Program.Image;
     DigitsPut(other, 55, "003039");
     DigitsPut(other, 49, "000007");
@@ -67,9 +69,11 @@ TEST(DeskTools, ARowOfTheComparisonIsTakenOver) {
     bench.Click("cmdCsv");
     EXPECT_TRUE(QString::fromStdString(bench.Store.Contents["table.CSV"]).startsWith("field,position,a,b,"));
     bench.Click("cmdMeter");
-    EXPECT_EQ(table->rowCount(), 1) << "the field that was taken over";
+    ASSERT_EQ(table->rowCount(), 2);
+    EXPECT_EQ(table->item(0, 1)->text(), "Setpoint 1")
+        << "the field that was taken over, and what opening mended";
     bench.Click("cmdMainMenu");
-    EXPECT_EQ(bench.Desk->Window().windowTitle(), "COUNTER MAIN  MENU");
+    EXPECT_TRUE(bench.Desk->Window().windowTitle().startsWith("COUNTER MAIN  MENU"));
 }
 
 TEST(DeskTools, TheSheetIsShownAndWrittenAsPdf) {
@@ -89,7 +93,10 @@ TEST(DeskTools, TheSheetIsShownAndWrittenAsPdf) {
     EXPECT_GE(pdf.count("/Type /Page\n"), 2);
     bench.Boxes.Path = folder.filePath("absent/sheet.PDF").toStdString();
     bench.Click("cmdPdf");
-    EXPECT_TRUE(bench.Find<QLabel>("lblStatus")->text().contains("No such file")) << "and says why";
+    bool told = false;
+    for (const QLabel* label : bench.Desk->Window().Current()->findChildren<QLabel*>())
+        told = told || label->text().contains("No such file");
+    EXPECT_TRUE(told) << "and says why";
 }
 
 TEST(DeskTools, TheMenuIsPrintedWithAllItsRows) {

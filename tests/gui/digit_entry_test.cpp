@@ -181,6 +181,21 @@ TEST(DigitEntryDialog, APageThatIsPutAwayDropsIt) {
     EXPECT_NE(window.Of("txtScale1[0]").BackColor, ColorLightGreen);
 }
 
+TEST(DigitEntryDialog, ADigitTypedOnAFieldOpensItAndABoxThatRefusesBlinks) {
+    SetupWindow window("177=0000");
+    window.WidgetOf("txtGateTime")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(window.WidgetOf("txtGateTime"), Qt::Key_1);
+    window.Pump.Settle();
+    ASSERT_TRUE(window.Page->Entry().isVisible());
+    const QString title = window.Page->Entry().windowTitle();
+    EXPECT_EQ(title, "Enter Decimal Value - Gate Time, 0.00 to 199.99 seconds");
+    const QImage before = PartOf(window, "txtDigit[3]")->grab().toImage();
+    DoAll(window, "x");
+    EXPECT_NE(PartOf(window, "txtDigit[3]")->grab().toImage(), before);
+    DoAll(window, "ok");
+    EXPECT_EQ(window.Digits(177, 4), "2710");
+}
+
 TEST(DigitEntryDialog, ALitMarkIsNoOtherColourAlone) {
     SetupWindow window;
     window.Click("txtGateTime");

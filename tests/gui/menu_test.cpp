@@ -211,6 +211,11 @@ TEST(MenuPage, TheKeysMoveAndAskForHelp) {
     EXPECT_TRUE(bench.Opened.empty());
     QTest::keyClick(&grid, Qt::Key_PageUp);
     EXPECT_EQ(grid.CurrentRow(), 1);
+    auto& words = static_cast<QTextEdit&>(bench.Named("txtWords"));
+    EXPECT_EQ(words.toPlainText(), "InPut\ndigits 3 to 6: Mode, Rate\nbeside: Function, A, B");
+    bench.Grid("grdSetPt").setFocus();
+    EXPECT_EQ(words.toPlainText(), "SETPT1\nS to digit 6: Setpoint 1, +010000");
+    grid.setFocus();
     bench.Page->HelpKey();
     QTest::keyClick(&grid, Qt::Key_Return);
     QTest::keyClick(&grid, Qt::Key_Down);
@@ -295,7 +300,7 @@ TEST(MenuPage, TheTabKeyReachesAllInReadingOrder) {
     MenuPageBench bench;
     bench.Show();
     const char* order[] = {"grdMain",  "grdInput",   "grdScale1",  "grdScale2",
-                           "grdSetPt", "CmdPrinter", "cmdMainMenu"};
+                           "grdSetPt", "txtWords",   "CmdPrinter", "cmdMainMenu"};
     QWidget* focus = bench.Page->FirstFocus();
     for (const char* name : order) {
         EXPECT_EQ(focus->objectName(), name);

@@ -54,8 +54,8 @@ TEST(DesktopSession, FromGetOverEditAndFilesToPutAndExit) {
     EXPECT_EQ(ExitOf([&] { bench.Choose("mnuExit"); }), 0);
 }
 
-void DoubleClickFirst(QAbstractItemView* list) {
-    const QPoint at = list->visualRect(list->model()->index(0, 0)).center();
+void DoubleClickLast(QAbstractItemView* list) {
+    const QPoint at = list->visualRect(list->model()->index(list->model()->rowCount() - 1, 0)).center();
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
     GuiPump::Settle();
@@ -87,7 +87,7 @@ TEST(DesktopSession, ChangesAreMarkedListedUndoneAndAskedAbout) {
     bench.Click("cmdMainMenu");
     EXPECT_EQ(window.windowTitle(), "COUNTER MAIN  MENU *");
 
-    DoubleClickFirst(rows());
+    DoubleClickLast(rows());
     bench.Pump.Pass(5000);
     EXPECT_EQ(window.windowTitle(), "Setup *");
     EXPECT_EQ(bench.Find<QTabWidget>("")->currentIndex(), 4);
@@ -97,10 +97,10 @@ TEST(DesktopSession, ChangesAreMarkedListedUndoneAndAskedAbout) {
     bench.Boxes.SaysYes = false;
     bench.Choose("mnuExit");
     EXPECT_EQ(bench.Boxes.Shown.back().Title, "Exit");
-    DoubleClickFirst(bench.Find<QListWidget>("lstBackups"));
+    DoubleClickLast(bench.Find<QListWidget>("lstBackups"));
     EXPECT_EQ(bench.Program.Origin.From, SetupSource::Meter);
     bench.Boxes.SaysYes = true;
-    DoubleClickFirst(bench.Find<QListWidget>("lstBackups"));
+    DoubleClickLast(bench.Find<QListWidget>("lstBackups"));
     EXPECT_EQ(bench.Program.Origin.From, SetupSource::File);
     EXPECT_EQ(window.windowTitle(), "COUNTER MAIN  MENU");
     bench.Click("cmdBackTo");
@@ -196,6 +196,28 @@ TEST(DesktopSession, KeysOfTheMenuAndOfAReading) {
     bench.Choose("mnuCmdsGo");
     QTest::keyClick(window.focusWidget(), Qt::Key_F5);
     EXPECT_FALSE(bench.Find<QLabel>("picItem1")->text().isEmpty());
+}
+
+TEST(DesktopSession, EscapeCancelsAGetAndTheFileMenuKnowsRecentFiles) {
+    GuiBench bench;
+    QWidget& window = bench.Desk->Window();
+    bench.Pump.After(1500, [&] {
+        EXPECT_TRUE(bench.Find("cmdCancel")->isVisible());
+        QTest::keyClick(&window, Qt::Key_Escape);
+    });
+    bench.Choose("mnuGet");
+    EXPECT_EQ(bench.StatusLine(), "Get Setup was cancelled. What is in memory is as it was.");
+    bench.Store.Contents["/s/a & b.CT2"] = std::string(260, '0') + "\r\n";
+    bench.Boxes.Path = "/s/a & b.CT2";
+    bench.Choose("mnuOpen");
+    auto* recent = window.findChild<QMenu*>("mnuRecent");
+    emit static_cast<QMenu*>(recent->parentWidget())->aboutToShow();
+    ASSERT_EQ(recent->actions().size(), 1);
+    EXPECT_EQ(recent->actions()[0]->text(), "&1  /s/a && b.CT2");
+    bench.Store.Contents.erase("/s/a & b.CT2");
+    recent->actions()[0]->trigger();
+    EXPECT_TRUE(bench.StatusLine().startsWith("/s/a & b.CT2")) << bench.StatusLine().toStdString();
+    EXPECT_EQ(bench.Desk->Home().RecentSetups().size(), 1U) << "it may come back";
 }
 
 TEST(DesktopSession, F1InTheCurveDialogOpensItsHelpOverIt) {

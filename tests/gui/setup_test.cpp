@@ -266,5 +266,45 @@ TEST(SetupPage, WritingTheClassBringsTheFocusToItsOption) {
         << "the setup keeps its class";
 }
 
+TEST(SetupPage, ThePanelTellsOfTheFieldInFocusWhereThereIsRoom) {
+    SetupWindow window("193=39");
+    const auto panelShown = [&] {
+        window.Pump.Settle();
+        const auto* panel = window.Page->findChild<QWidget*>("setupPanel");
+        return panel && panel->isVisible();
+    };
+    EXPECT_FALSE(panelShown());
+    window.Window.resize(1300, 800);
+    ASSERT_TRUE(panelShown());
+    window.WidgetOf("txtGateTime")->setFocus(Qt::TabFocusReason);
+    window.Pump.Settle();
+    const QString facts = window.Page->findChild<QTextEdit*>("txtFacts")->toPlainText();
+    EXPECT_TRUE(facts.contains("Range: 0.00 to 199.99\nCounted: seconds")) << facts.toStdString();
+    QTest::keyClick(&window.Window, Qt::Key_F9);
+    EXPECT_FALSE(panelShown());
+    window.Window.resize(1000, 700);
+    QTest::keyClick(&window.Window, Qt::Key_F9);
+    EXPECT_TRUE(panelShown()) << "the user wants it";
+    window.Window.resize(800, 600);
+    EXPECT_FALSE(panelShown()) << "the tabs have no room";
+}
+
+TEST(SetupPage, SearchGoesToTheFieldOrSaysWhyNot) {
+    SetupWindow window("193=39");
+    QTest::keyClick(&window.Window, Qt::Key_F, Qt::ControlModifier);
+    auto* finder = window.Page->findChild<QDialog*>("fieldFinder");
+    ASSERT_TRUE(finder && finder->isVisible());
+    QTest::keyClicks(finder->focusWidget(), "setpoint 3");
+    QTest::keyClick(finder->focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(finder->isVisible());
+    EXPECT_EQ(finder->findChild<QLabel*>("lblWhy")->text(), "This setup has no such field.");
+    QTest::keyClicks(finder->focusWidget(), "\b2");
+    QTest::keyClick(finder->focusWidget(), Qt::Key_Return);
+    window.Pump.Settle();
+    EXPECT_FALSE(finder->isVisible());
+    EXPECT_EQ(window.View.CurrentTab(), kAlarmsTab);
+    EXPECT_EQ(window.Window.focusWidget(), window.WidgetOf("txtSetpt[2]"));
+}
+
 }  // namespace
 }  // namespace counter::test

@@ -37,6 +37,15 @@ for entry in "$share"/applications/*.desktop; do
     [ -s "$share/icons/hicolor/scalable/apps/$(sed -n 's/^Icon=//p' "$entry").svg" ] || fail "no icon for $entry"
 done
 
+# A file manager knows setup files by their name, whatever its letters, and which program opens them.
+type=$(sed -n 's/^MimeType=\(.*\);$/\1/p' "$share/applications/counter-setup.desktop")
+update-mime-database "$share/mime"
+for glob in $(sed -n "s|^$type:||p" "$share/mime/globs"); do
+    [ "$glob" = "*.ct2" ] || [ "$glob" = "*.CT2" ] || fail "$type is $glob"
+    known=yes
+done
+[ "${known:-}" ] || fail "no file is a setup file"
+
 version=$("$prefix/bin/counterctl" --version | cut -d' ' -f2)
 gzip -dc "$share/man/man1/counterctl.1.gz" | grep -qF "Counter Setup $version\"" || fail "manual page: not $version"
 grep -qF "<release version=\"$version\"" "$share"/metainfo/*.xml || fail "metainfo: not $version"

@@ -28,6 +28,7 @@ start_meter --set 185=64  # a remote display, of which Get warns
 document ports.one 0 ports
 document get.message 0 get "$work/m"
 start_meter --fault 'B2:noreply'
+document scan.one 0 scan 1 --protocol ascii --baud 9600 --address 1
 document get.good 0 get "$work/m"
 document put.verified 0 put "$work/m" --verify
 document verify.same 0 verify "$work/m"

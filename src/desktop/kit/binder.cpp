@@ -192,6 +192,10 @@ void Binder::Listen(Control& control, QWidget* widget) {
         connect(button, &QAbstractButton::clicked, this, [this, of] { Done(*of, form_.Click(*of)); });
     } else if (auto* value = dynamic_cast<ValueBox*>(widget)) {
         value->Opened = [this, of] { Done(*of, form_.Click(*of)); };
+        value->Typed = [this, of](char key) {
+            Done(*of, form_.Click(*of));
+            if (TypedOnValue) TypedOnValue(*of, key);
+        };
     } else if (auto* entry = qobject_cast<QLineEdit*>(widget)) {
         connect(entry, &QLineEdit::textEdited, this, [this, of, entry] { Typed(*of, *entry); });
         connect(entry, &QLineEdit::returnPressed, this, [this, of] { Done(*of, form_.Enter(*of)); });

@@ -51,11 +51,15 @@ class Binder : public QObject {
     void Refresh();
 
     QWidget* WidgetOf(const Control& control) const;
+    // Null where the widget is none of the form's.
+    Control* ControlOf(const QObject* widget) const;
     // Controls that no widget shows; asked for by tests.
     std::vector<const Control*> Unbound() const;
 
     // Told of each action that the form refused; may be empty.
     std::function<void(const Control&, Refusal)> Refused;
+    // A digit or a sign was typed on a value, after that was clicked because of it; may be empty.
+    std::function<void(const Control&, char key)> TypedOnValue;
     // Told of what was typed, in UTF-8, where it has characters that the meter lacks: the entry stays as it
     // was. May be empty.
     std::function<void(const Control&, const std::string& typed)> Unfit;
@@ -80,7 +84,6 @@ class Binder : public QObject {
     QWidget* FocusOfOurs() const;
     void HandFocusOn(QWidget& from);
     void MoveFocus(const Control& control);
-    Control* ControlOf(const QObject* widget) const;
 
     Form& form_;
     const Characters characters_;

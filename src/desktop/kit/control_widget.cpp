@@ -102,6 +102,15 @@ QWidget* MakeOfKind(ControlKind kind, QWidget* parent) {
     }
 }
 
+// 0 where the key is none.
+char DigitOrSign(const QKeyEvent& event) {
+    const bool command =
+        (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+    const QByteArray text = event.text().toLatin1();
+    if (command || text.size() != 1) return '\0';
+    return std::string_view("0123456789+-").find(text[0]) == std::string_view::npos ? '\0' : text[0];
+}
+
 }  // namespace
 
 void PushButton::paintEvent(QPaintEvent* event) {
@@ -141,6 +150,8 @@ void ValueBox::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
         Open();
+    } else if (const char typed = DigitOrSign(*event); typed != '\0' && Typed) {
+        Typed(typed);
     } else {
         QLineEdit::keyPressEvent(event);  // the keys that move between widgets, and copying
     }

@@ -20,11 +20,13 @@ class PushButton : public QPushButton {
     void paintEvent(QPaintEvent* event) override;
 };
 
-// Shows a value; a click, Enter or the space bar opens its digit entry. Nothing is typed into it.
+// Shows a value; a click, Enter or the space bar opens its digit entry, and so does a digit or a sign, which
+// is then typed there. Nothing is typed into the box itself.
 class ValueBox : public QLineEdit {
   public:
     explicit ValueBox(QWidget* parent);
     std::function<void()> Opened;
+    std::function<void(char key)> Typed;
 
     // The longest value fits in it whole.
     QSize sizeHint() const override;

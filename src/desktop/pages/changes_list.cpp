@@ -49,6 +49,8 @@ ChangesList::ChangesList(const Session& session, QWidget* parent)
     buttons->addWidget(heading_, 1);
     column->addLayout(buttons);
     column->addWidget(rows_, 1);
+    column->addStretch(0);
+    rows_->setVisible(false);
     back_ = AddButton("cmdBackTo", QStringLiteral("Back to the Setup Before"), [this] {
         if (GoBack) GoBack();
     });
@@ -94,6 +96,7 @@ void ChangesList::Follow() {
     if (redo_) redo_->setEnabled(session_.Changes.CanRedo());
     std::vector<SetupChange> changes = ListChanges(session_);
     if (changes == shown_) return;
+    rows_->setVisible(!changes.empty());
     Fill(changes);
     shown_ = std::move(changes);
 }

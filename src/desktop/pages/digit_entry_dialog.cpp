@@ -62,6 +62,7 @@ void DigitEntryDialog::Press(Control& button) {
 
 void DigitEntryDialog::Present(const QWidget* field, bool lowPlace) {
     beepsHeard_ = entry_.Beeps();
+    setWindowTitle(QtText(entry_.Title()));
     front_->Refresh();
     GiveAccessKeys(*this);
     adjustSize();
@@ -71,6 +72,12 @@ void DigitEntryDialog::Present(const QWidget* field, bool lowPlace) {
     }
     open();
     front_->setFocus(Qt::OtherFocusReason);
+}
+
+void DigitEntryDialog::TypeFirst(char key) {
+    if (!entry_.Shown() || isHidden()) return;
+    entry_.FirstKey(key);
+    Follow();
 }
 
 void DigitEntryDialog::Drop() {
@@ -83,6 +90,7 @@ void DigitEntryDialog::Drop() {
 void DigitEntryDialog::Follow() {
     if (isHidden()) return;
     front_->Refresh();
+    if (entry_.Beeps() > beepsHeard_) front_->Blink(entry_.RefusedBox());
     if (Beep && entry_.Beeps() > beepsHeard_) Beep();
     beepsHeard_ = entry_.Beeps();
     if (Followed) Followed();

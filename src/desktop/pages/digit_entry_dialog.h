@@ -19,6 +19,8 @@ class DigitEntryDialog : public QDialog {
     // The entry has opened: shows it below `field`, or above it where there is no room; lower with
     // `lowPlace`. Doesn't wait.
     void Present(const QWidget* field, bool lowPlace);
+    // The key that opened it.
+    void TypeFirst(char key);
     // Closes without a trace, as when the view behind it is put away. Tells nobody.
     void Drop();
     // OK has hidden it, and Closed comes when the pause after that is over.

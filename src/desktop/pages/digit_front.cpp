@@ -1,5 +1,6 @@
 #include "desktop/pages/digit_front.h"
 
+#include <QBasicTimer>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -15,6 +16,8 @@ namespace {
 
 constexpr double kDigitScale = 2.4;  // of the digits to the program's font
 constexpr char kEnterKey = 13;
+constexpr int kBlinkMs = 90;     // of a half
+constexpr int kBlinkHalves = 4;  // lit, dark, lit, dark
 
 QFont DigitFont(const QWidget& widget) {
     QFont font = FixedPitchFont();
@@ -38,6 +41,12 @@ class DigitBox : public QWidget, public Spoken {
     }
     std::function<void()> Pressed;
 
+    void Blink() {
+        halvesLeft_ = kBlinkHalves;
+        timer_.start(kBlinkMs, this);
+        update();
+    }
+
     QSize sizeHint() const override { return BoxSize(*this); }
     QAccessible::Role SpokenRole() const override { return QAccessible::StaticText; }
     QString SpokenValue() const override { return QtText(entry_.BoxText(box_)); }
@@ -59,9 +68,16 @@ class DigitBox : public QWidget, public Spoken {
         painter.setBrush(ground);
         painter.setPen(marked ? QPen(palette().color(QPalette::Highlight), 2)
                               : QPen(palette().color(QPalette::Mid), 1));
+        if (halvesLeft_ % 2 == 0 && halvesLeft_ > 0)
+            painter.setPen(QPen(TextColorOf(ColorRed, palette()), 4));
         painter.drawRoundedRect(glass, 3, 3);
         DrawText(painter, glass);
         if (marked) DrawCaret(painter, glass);
+    }
+
+    void timerEvent(QTimerEvent*) override {
+        if (--halvesLeft_ == 0) timer_.stop();
+        update();
     }
 
   private:
@@ -85,6 +101,8 @@ class DigitBox : public QWidget, public Spoken {
 
     const DigitEntry& entry_;
     int box_;
+    QBasicTimer timer_;
+    int halvesLeft_ = 0;
 };
 
 // The mark of the point: a full disc where it is lit, a small ring where it isn't.
@@ -158,6 +176,11 @@ void DigitFront::Refresh() {
     }
     setAccessibleDescription(QStringLiteral("%1, digit %2").arg(SpokenValue()).arg(entry_.FocusedBox()));
     for (QWidget* part : findChildren<QWidget*>()) part->update();
+}
+
+void DigitFront::Blink(int box) {
+    if (auto* shown = dynamic_cast<DigitBox*>(findChild<QWidget*>(QStringLiteral("txtDigit[%1]").arg(box))))
+        shown->Blink();
 }
 
 void DigitFront::keyPressEvent(QKeyEvent* event) {

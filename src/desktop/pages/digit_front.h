@@ -17,6 +17,9 @@ class DigitFront : public QWidget, public Spoken {
     // Told when a key or a click was handed on.
     std::function<void()> Acted;
 
+    // The box that refused a key blinks, for less than half a second.
+    void Blink(int box);
+
     // Boxes and marks are drawn again where they may have changed.
     void Refresh();
 

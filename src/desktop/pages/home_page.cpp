@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -96,11 +97,28 @@ void HomePage::AddMenu() {
         if (row.Heading) {
             under = AddHeading(control);
         } else {
+            if (row.Item == HomeItem::Exit) AddRecent(*under);
             QAction* entry = AddEntry(control, *under, row.Opens || row.Item == HomeItem::Glossary);
             entry->setShortcut(KeysOf(row.Item));
             entry->setCheckable(row.Ticked);
         }
     }
+}
+
+// What was opened or saved last; a file that has gone is told when it is picked.
+void HomePage::AddRecent(QMenu& under) {
+    QMenu* recent = under.addMenu(QStringLiteral("Open &Recent"));
+    recent->setObjectName(QStringLiteral("mnuRecent"));
+    QObject::connect(&under, &QMenu::aboutToShow, this, [this, recent] {
+        recent->clear();
+        for (const std::string& path : view_.RecentSetups()) {
+            const auto number = recent->actions().size() + 1;
+            QAction* action =
+                recent->addAction(QStringLiteral("&%1  %2").arg(number).arg(WithoutKeys(SystemText(path))));
+            QObject::connect(action, &QAction::triggered, this, [this, path] { view_.OpenFile(path); });
+        }
+        recent->setEnabled(!recent->isEmpty());
+    });
 }
 
 // The entries drop down when the view says that they can be used, which for the readings is some exchanges
@@ -176,6 +194,11 @@ void HomePage::AddText() {
     bound_.BindSpecial(view_.lblPGText, &strip_->Line(), [this] { strip_->ShowLine(view_.lblPGText); });
     bound_.Bind(view_.pbBar, &strip_->Bar());
     strip_->Bar().setAccessibleName("Progress of the transfer");
+    QWidget* cancel = bound_.Make(view_.cmdCancel, strip_);
+    KeepPlace(cancel);
+    strip_->layout()->addWidget(cancel);
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    QObject::connect(escape, &QShortcut::activated, this, [this] { view_.CancelTransfer(); });
     bound_.BindSpecial(view_.picText, textArea_, [this] { ShowText(); });
 }
 

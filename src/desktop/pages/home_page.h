@@ -38,6 +38,7 @@ class HomePage : public ViewPage {
     void AddMenu();
     QMenu* AddHeading(Control& heading);
     QAction* AddEntry(Control& entry, QMenu& under, bool opensView);
+    void AddRecent(QMenu& under);
     void AddText();
     void ShowText();
     void MakeChanges();

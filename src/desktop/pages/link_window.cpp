@@ -77,7 +77,8 @@ void LinkWindow::ShowHelp() {
 }
 
 void LinkWindow::keyPressEvent(QKeyEvent* event) {
-    event->key() == Qt::Key_F1 ? ShowHelp() : QWidget::keyPressEvent(event);
+    if (event->key() == Qt::Key_F1) return ShowHelp();
+    if (event->key() != Qt::Key_Escape || !view_.Cancel()) QWidget::keyPressEvent(event);
 }
 
 void LinkWindow::closeEvent(QCloseEvent* event) {

@@ -1,5 +1,6 @@
 #include "desktop/pages/menu_page.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QVBoxLayout>
@@ -7,6 +8,8 @@
 #include "desktop/kit/control_widget.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
+#include "menu_view/menu_words.h"
+#include "meter/text.h"
 
 namespace counter {
 
@@ -29,6 +32,19 @@ QPushButton* MakeButton(const char* name, std::string_view caption, QWidget* par
     return button;
 }
 
+// The row in words: by the keys it scrolls, and can be copied.
+QTextEdit* MakeWords(QWidget* parent) {
+    constexpr int kFewLines = 3;  // a low window scrolls
+    auto* text = new QTextEdit(parent);
+    text->setObjectName(QStringLiteral("txtWords"));
+    text->setAccessibleName(QStringLiteral("The row in words"));
+    text->setReadOnly(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    text->setTabChangesFocus(true);
+    text->setMinimumHeight(text->fontMetrics().lineSpacing() * kFewLines);
+    return text;
+}
+
 HelpPlace PlaceFor(PointerEvent event) {
     return event == PointerEvent::Secondary ? HelpPlace::LeftEdge : HelpPlace::RightEdge;
 }
@@ -47,6 +63,7 @@ MenuPage::MenuPage(Session& session, Printer& printer, QWidget* parent)
       lblNoChange_(MakeText("lblNoChange", kNoChangeText, beside_)),
       grdSetPt_(new SegmentGrid("grdSetPt", this)),
       lblSigCond_(MakeText("lblSigCond", "", this)),
+      txtWords_(MakeWords(this)),
       cmdPrinter_(MakeButton("CmdPrinter", kPrintCaption, this)),
       cmdMainMenu_(MakeButton("cmdMainMenu", kMainMenuCaption, this)) {
     grdMain_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -60,6 +77,14 @@ MenuPage::MenuPage(Session& session, Printer& printer, QWidget* parent)
     row->addWidget(MakeSide());
     ShowView();
     Wire();
+}
+
+// A grid that goes lets go of its row, which must not be told any more.
+MenuPage::~MenuPage() {
+    for (SegmentGrid* grid : {grdMain_, grdSetPt_}) {
+        grid->removeEventFilter(this);
+        grid->disconnect(this);
+    }
 }
 
 QWidget* MenuPage::MakeSide() {
@@ -76,7 +101,7 @@ QWidget* MenuPage::MakeSide() {
     column->addWidget(grdSetPt_);
     column->addSpacing(kGrid);
     column->addWidget(MakeText("lblLocked", kLockedText, side));
-    column->addStretch(1);
+    column->addWidget(txtWords_, 1);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(kGrid);
     buttons->addStretch(1);
@@ -91,6 +116,10 @@ void MenuPage::Wire() {
     grdMain_->Moved = [this](int row) { Touch(view_.HelpIdOfRow(row, PointerEvent::Primary)); };
     grdScale1_->Picked = [this](int, PointerEvent event) { Help(kScale1HelpId, event); };
     grdScale2_->Picked = [this](int, PointerEvent event) { Help(kScale2HelpId, event); };
+    for (SegmentGrid* grid : {grdMain_, grdSetPt_}) {
+        grid->installEventFilter(this);
+        QObject::connect(grid, &QTableWidget::currentCellChanged, this, [this, grid] { TellRow(grid); });
+    }
     grdMain_->Scrolled = [this](int firstVisibleRow) {
         view_.ScrollTo(firstVisibleRow);
         PlaceOverlays();
@@ -108,11 +137,13 @@ void MenuPage::ComeToFront() {
     ShowView();
     grdMain_->setCurrentCell(0, 0, QItemSelectionModel::NoUpdate);
     grdMain_->scrollToTop();
+    TellRow(grdMain_);
 }
 
 void MenuPage::PutAway() {
     view_ = MenuView();
     ShowView();
+    txtWords_->clear();
 }
 
 void MenuPage::Leave() {
@@ -188,6 +219,25 @@ PaperWork MenuPage::OnPaper() {
 void MenuPage::Print() {
     const Status status = printer_.PrintView();
     if (!status.Ok()) session_.Dialogs.Show({std::string(kMenuTitle), status.Text(), BoxIcon::Stop});
+}
+
+void MenuPage::TellRow(SegmentGrid* grid) {
+    const int row = std::max(grid->CurrentRow(), 1);
+    const bool ofMenu = grid == grdMain_;
+    const int rows = ofMenu ? view_.MenuRowCount : view_.SetPtRowCount;
+    if (row > rows) return txtWords_->clear();
+    const auto place = static_cast<std::size_t>(row);
+    const MenuRow& shown = ofMenu ? view_.grdMain[place] : view_.grdSetPt[place];
+    QString text = QtText(Trimmed(shown.Name));
+    for (const MenuWords& words :
+         ofMenu ? WordsOfRow(view_, session_.Image, row) : WordsOfSetpoint(view_, row))
+        text += QLatin1Char('\n') + QtText(LineOf(words));
+    txtWords_->setPlainText(text);
+}
+
+bool MenuPage::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) TellRow(static_cast<SegmentGrid*>(object));
+    return ViewPage::eventFilter(object, event);
 }
 
 void MenuPage::resizeEvent(QResizeEvent* event) {

@@ -1,11 +1,13 @@
 // MenuPage: the whole setup as the meter's panel shows it, in the program's window.
 //
-// What is shown beside a row of the main grid (Function, multipliers, a note) follows its scrolling. The view
-// is rebuilt each time that it comes to the front and thrown away when it is put away.
+// The row in focus stands in words at the side. What is shown beside a row of the main grid (Function,
+// multipliers, a note) follows its scrolling. The view is rebuilt each time that it comes to the front and
+// thrown away when it is put away.
 #pragma once
 
 #include <QLabel>
 #include <QPushButton>
+#include <QTextEdit>
 #include <functional>
 
 #include "desktop/kit/paper_page.h"
@@ -21,6 +23,7 @@ namespace counter {
 class MenuPage : public ViewPage, public PaperPage {
   public:
     MenuPage(Session& session, Printer& printer, QWidget* parent);
+    ~MenuPage() override;
 
     QString Title() const override;
     void ComeToFront() override;
@@ -42,6 +45,8 @@ class MenuPage : public ViewPage, public PaperPage {
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    // Whichever grid gets the focus, its row is told.
+    bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
     QWidget* MakeSide();
@@ -52,6 +57,7 @@ class MenuPage : public ViewPage, public PaperPage {
     void PlaceOverlays();
     void Place(QWidget* widget, const Overlay& overlay);
     void Print();
+    void TellRow(SegmentGrid* grid);
 
     Session& session_;
     Printer& printer_;
@@ -64,6 +70,7 @@ class MenuPage : public ViewPage, public PaperPage {
     QLabel* lblNoChange_;
     SegmentGrid* grdSetPt_;
     QLabel* lblSigCond_;
+    QTextEdit* txtWords_;
     QPushButton* cmdPrinter_;
     QPushButton* cmdMainMenu_;
 };

@@ -50,7 +50,7 @@ SendCurveDialog::SendCurveDialog(SendCurveView& view, QWidget* parent)
         bound_.WidgetOf(*entry)->setAccessibleName(QtText(label->Caption));
     }
     column->addLayout(grid);
-    column->addLayout(bound_.MakeButtonRow(this, {&view.cmdGo, &view.cmdDone}));
+    column->addLayout(bound_.MakeButtonRow(this, {&view.cmdGo, &view.cmdCancel, &view.cmdDone}));
     bound_.Refresh();
 }
 
@@ -74,6 +74,7 @@ void SendCurveDialog::keyPressEvent(QKeyEvent* event) {
 }
 
 void SendCurveDialog::reject() {
+    if (view_.Cancel()) return;
     view_.Controls.Click(view_.cmdDone);
 }
 

@@ -21,7 +21,7 @@ class SendCurveDialog : public QDialog {
   protected:
     // F1, which no control of the dialog takes.
     void keyPressEvent(QKeyEvent* event) override;
-    // Escape and the window's own button are Done.
+    // Escape and the window's own button are Cancel while a curve is on its way, and Done otherwise.
     void reject() override;
 
   private:

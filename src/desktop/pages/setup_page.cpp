@@ -1,8 +1,10 @@
 #include "desktop/pages/setup_page.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QShortcut>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -27,10 +29,14 @@ SetupPage::SetupPage(SetupView& view, QWidget* parent)
       entry_({view.Program.Views, view.Program.Image, view.Program.Derived, view.Program.Link}),
       tabs_(new QTabWidget(this)),
       dialog_(new DigitEntryDialog(entry_, this)),
+      beside_(new QHBoxLayout),
+      live_(view.Program),
       cmdChanges_(new QPushButton(QStringLiteral("Changes"), this)) {
     auto* column = new QVBoxLayout(this);
     PadByGrid(column);
-    column->addWidget(tabs_, 1);
+    beside_->setSpacing(kGrid);
+    beside_->addWidget(tabs_, 1);
+    column->addLayout(beside_, 1);
     AddPages();
     OfferChanges(column);
     column->addWidget(MakeFoot());
@@ -41,7 +47,10 @@ SetupPage::SetupPage(SetupView& view, QWidget* parent)
 
 // The dialog goes first: closing, it still asks the entry that it shows.
 SetupPage::~SetupPage() {
+    QObject::disconnect(qApp, nullptr, this, nullptr);  // the focus moves on while its widgets go
     delete dialog_;
+    live_.Changed = nullptr;
+    live_.Stop();
     view_.OpenDigitEntry = nullptr;
     view_.OpenHelp = nullptr;
     view_.ShowMainMenu = nullptr;
@@ -89,8 +98,87 @@ QWidget* SetupPage::MakeFoot() {
     row->addWidget(reading);
     row->addWidget(bound_.Make(buttons.picText, foot), 1);
     row->addWidget(cmdChanges_);
+    cmdFind_ = AddTool(*row, "cmdFind", QStringLiteral("Find"), QKeySequence::Find);
+    cmdPanel_ = AddTool(*row, "cmdPanel", QStringLiteral("Side panel"), Qt::Key_F9);
+    cmdPanel_->setCheckable(true);
     row->addWidget(bound_.Make(buttons.cmdMainMenu, foot));
+    ConnectTools();
     return foot;
+}
+
+// A button of the window's own, with a key.
+QPushButton* SetupPage::AddTool(QHBoxLayout& foot, const char* name, const QString& caption,
+                                const QKeySequence& key) {
+    auto* button = new PushButton(caption, this);
+    button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(true);
+    button->setToolTip(key.toString(QKeySequence::NativeText));
+    QObject::connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
+    foot.addWidget(button);
+    return button;
+}
+
+void SetupPage::ConnectTools() {
+    live_.Busy = [this] { return view_.Buttons.Reading(); };
+    QObject::connect(cmdFind_, &QPushButton::clicked, this, [this] { ComeToSearch(); });
+    QObject::connect(cmdPanel_, &QPushButton::clicked, this, [this](bool shown) {
+        panelWished_ = shown;
+        PlacePanel();
+    });
+    // The field that had the focus last stays told while the focus is elsewhere.
+    QObject::connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        const Control* control = panel_ && now ? bound_.ControlOf(now) : nullptr;
+        if (control && control->Tab != kEveryTab) panel_->TellOf(*control);
+    });
+}
+
+void SetupPage::MakePanel() {
+    panel_ = new SetupPanel(view_, live_, this);
+    panel_->HelpText = HelpText;
+    panel_->MeterSetup = MeterSetup;
+    panel_->setFixedWidth(panel_->Width());
+    beside_->addWidget(panel_);
+}
+
+// What the user wishes, where the strip of tabs keeps its room; without a wish only where all pages do.
+bool SetupPage::PanelWanted() const {
+    const int panel = fontMetrics().averageCharWidth() * SetupPanel::kColumns + 5 * kGrid;
+    const int left = width() - 2 * kGrid - panel;
+    if (left < tabs_->tabBar()->sizeHint().width()) return false;
+    return panelWished_.value_or(left >= tabs_->sizeHint().width());
+}
+
+void SetupPage::PlacePanel() {
+    placing_ = false;
+    const bool shown = PanelWanted();
+    if (shown && !panel_) MakePanel();
+    if (panel_ && panel_->isHidden() == shown) panel_->setVisible(shown);
+    if (!shown) live_.Stop();
+    cmdPanel_->setChecked(shown);
+    const bool narrow = panelWished_.value_or(false) && !shown;
+    cmdPanel_->setToolTip(narrow ? QStringLiteral("The window is too narrow for the panel")
+                                 : QStringLiteral("F9"));
+    if (shown) panel_->Refresh();
+}
+
+void SetupPage::ComeToSearch() {
+    if (entry_.Shown()) return;
+    if (!finder_) {
+        const auto words = [this](int number) { return HelpText ? HelpText(number) : std::string(); };
+        finder_ = new FieldFinder(view_, words, this);
+        finder_->GoTo = [this](const Control& control) { GoTo(control); };
+    }
+    finder_->Present();
+}
+
+void SetupPage::GoTo(const Control& control) {
+    if (ComeTo(view_, control) != Refusal::None) return;
+    MoveFocus(control);
+    if (QWidget* widget = bound_.WidgetOf(control)) {
+        for (QWidget* around = widget; around; around = around->parentWidget()) {
+            if (auto* body = qobject_cast<QScrollArea*>(around)) body->ensureWidgetVisible(widget);
+        }
+    }
 }
 
 // Below the pages, hidden until its button is pressed: then a page that lacks the room scrolls.
@@ -151,6 +239,9 @@ void SetupPage::Connect() {
         if (ShowMainMenu) ShowMainMenu();
     };
     view_.TakeFocus = [this](const Control& control) { MoveFocus(control); };
+    bound_.TypedOnValue = [this](const Control& control, char key) {
+        if (view_.Program.Views.EntryTarget == &control) dialog_->TypeFirst(key);
+    };
     dialog_->Closed = [this] { CloseEntry(); };
     dialog_->OpenHelp = view_.OpenHelp;
     entry_.ShowHourglass = [this](bool shown) { view_.Program.Home.ShowHourglass(shown); };
@@ -185,6 +276,8 @@ void SetupPage::ComeToFront() {
 
 void SetupPage::PutAway() {
     DropEntry();
+    live_.Stop();
+    if (finder_) finder_->hide();
     view_.PutAway();
 }
 
@@ -221,6 +314,7 @@ void SetupPage::ShowAll() {
     layout_.Follow();
     ShowWhy();
     ShowChanges();
+    if (panel_) panel_->Refresh();
 }
 
 // What is disabled says why under the pointer.
@@ -256,8 +350,21 @@ void SetupPage::ShowTabs() {
 void SetupPage::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         QMetaObject::invokeMethod(
-            this, [this] { layout_.Follow(); }, Qt::QueuedConnection);
+            this,
+            [this] {
+                layout_.Follow();
+                if (panel_) panel_->setFixedWidth(panel_->Width());
+                PlacePanel();
+            },
+            Qt::QueuedConnection);
     ViewPage::changeEvent(event);
+}
+
+// Once the page stands: the panel mustn't make it later.
+void SetupPage::resizeEvent(QResizeEvent* event) {
+    ViewPage::resizeEvent(event);
+    if (std::exchange(placing_, true)) return;
+    QTimer::singleShot(0, this, [this] { PlacePanel(); });
 }
 
 }  // namespace counter

@@ -10,7 +10,9 @@
 #include "desktop/kit/view_page.h"
 #include "desktop/pages/changes_list.h"
 #include "desktop/pages/digit_entry_dialog.h"
+#include "desktop/pages/field_finder.h"
 #include "desktop/pages/setup_layout.h"
+#include "desktop/pages/setup_panel.h"
 
 namespace counter {
 
@@ -22,6 +24,10 @@ class SetupPage : public ViewPage {
 
     // The home view, for which this page is put away; may be empty. Help over this page ends in HelpClosed.
     std::function<void()> ShowMainMenu;
+    // For the panel and the search: the text of a help number, with its marks of emphasis; may be empty.
+    std::function<std::string(int helpNumber)> HelpText;
+    // For the panel: the setup as it came with the last good Get, null before it; may be empty.
+    std::function<const SetupImage*()> MeterSetup;
     // The setup in memory may have changed; may be empty.
     std::function<void()> Acted;
     // The setup that was in memory before comes back; may be empty.
@@ -46,12 +52,21 @@ class SetupPage : public ViewPage {
 
   protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void AddPages();
     void AddPage(void (*layOut)(SetupLayout&, QWidget*), std::string_view caption);
     QWidget* MakeFoot();
+    QPushButton* AddTool(QHBoxLayout& foot, const char* name, const QString& caption,
+                         const QKeySequence& key);
+    void ConnectTools();
     void Connect();
+    void PlacePanel();
+    bool PanelWanted() const;
+    void MakePanel();
+    void ComeToSearch();
+    void GoTo(const Control& control);
     void ShowAll();
     void ShowTabs();
     void ShowWhy();
@@ -70,6 +85,14 @@ class SetupPage : public ViewPage {
     DigitEntry entry_;
     QTabWidget* tabs_;
     DigitEntryDialog* dialog_;
+    QHBoxLayout* beside_;  // the pages, and what is beside them
+    QPushButton* cmdFind_ = nullptr;
+    QPushButton* cmdPanel_ = nullptr;
+    SetupPanel* panel_ = nullptr;    // made when it is first shown
+    FieldFinder* finder_ = nullptr;  // likewise
+    LiveValue live_;
+    std::optional<bool> panelWished_;  // by the button; none: where no page would need more room for it
+    bool placing_ = false;
     ChangesList* changes_ = nullptr;  // made when it is wanted first
     QPushButton* cmdChanges_;
     Control* edited_ = nullptr;  // the field of the digit entry that was opened last

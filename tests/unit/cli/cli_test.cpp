@@ -108,7 +108,7 @@ TEST(Usage, SuggestsTheNameThatWasMeant) {
     } cases[] = {
         {{"verfy", "a"}, "; did you mean 'verify'?\n"},
         {{"--dir", "sow", "sohw", "a"}, "; did you mean 'show'?\n"},
-        {{"frob"}, "calibrate help\n"},
+        {{"frob"}, "calibrate fleet help\n"},
         {{"help", "strem"}, "; did you mean 'stream'?\n"},
         {{"put", "a", "--back=x"}, "; did you mean '--backup'?\n"},
         {{"show", "a", "--jason"}, "; did you mean '--json'?\n"},

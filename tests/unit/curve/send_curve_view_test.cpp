@@ -186,5 +186,29 @@ TEST(SendCurve, TheEndOfTheProgramComesAfterBothItems) {
     EXPECT_NE(told.find("not verified"), std::string::npos) << told;
 }
 
+TEST(SendCurve, CancelStopsBeforeTheFirstItemOrAfterTheSecond) {
+    const struct {
+        double AfterMs;
+        std::size_t Blocks;
+        const char* Told;
+    } cases[] = {
+        {100, 0, " CANCELLED: nothing was sent: the meter has the curve that it had.\n"},
+        {310, 2, " CANCELLED: both items were sent and not verified: send the curve again.\n"},
+        {1000, 2, " CANCELLED: both items were sent and not verified: send the curve again.\n"},
+    };
+    for (const auto& c : cases) {
+        CurveBench bench;
+        EXPECT_FALSE(bench.View.Cancel()) << "nothing is under way";
+        bench.Pump.After(c.AfterMs, [&] { bench.View.Controls.Click(bench.View.cmdCancel); });
+        bench.Go("CURVE");
+        EXPECT_EQ(bench.Blocks.size(), c.Blocks) << c.AfterMs;
+        EXPECT_TRUE(bench.View.picSend.Text.ends_with(c.Told)) << bench.View.picSend.Text;
+        EXPECT_FALSE(bench.Port.Story().ends_with("C0")) << "not taken in use";
+        EXPECT_FALSE(bench.View.cmdCancel.Enabled);
+        bench.Go("CURVE");
+        EXPECT_EQ(bench.Running(), kStored) << "the next one";
+    }
+}
+
 }  // namespace
 }  // namespace counter::test

@@ -56,6 +56,38 @@ TEST(OpenDigitEntry, SpreadsTheTextOverTheBoxes) {
     }
 }
 
+// clang-format off
+TEST(OpenDigitEntry, ItsTitleSaysTheRangeAndAKeyThatOpenedItIsTyped) {
+    const struct {
+        FieldCase Field;
+        const char* Title;
+        char Key;
+        const char* Boxes;
+        int RefusedBox;  // -1: it was taken
+    } cases[] = {
+        {{0, 177, "000.10"},                       "Enter Decimal Value - Gate Time, 0.00 to 199.99 seconds", '1', "_ _ 1 0 0. 1 0", -1},
+        {{0, 177, "000.10"},                       "Enter Decimal Value - Gate Time, 0.00 to 199.99 seconds", '5', "_ _ 0 0 0. 1 0", 2},
+        {{1, 137, " -00100."},                     "Enter Decimal Value - Gate Time, -299.99 to +299.99",     '2', "_ - 2 0 1. 0 0", -1},
+        {{2, 55, " -0123.45", 6},                  "Enter Decimal Value - Gate Time, -9999.99 to +9999.99",   '7', "- 7 1 2 3. 4 5", -1},
+        {{2, 55, " -0123.45", 6},                  "Enter Decimal Value - Gate Time, -9999.99 to +9999.99",   '+', "+ 0 1 2 3. 4 5", -1},
+        {{2, 37, "+12. 34. 56", 1, 0, 0, 1, 5, 2}, "Enter Decimal Value - Gate Time, -99:59:59 to +99:59:59 as hours, minutes, seconds", '9', "+ 9 2. 3 4. 5 6", -1},
+        {{4, 103, " -074.565"},                    "Enter Decimal Value - Gate Time, -999999 to +999999 with a point anywhere", '8', "- 8 7 4. 5 6 5", -1},
+        {{7, 111, "7"},                            "Enter Decimal Value - Gate Time, 0 to 255",               '9', "_ _ _ _ 0 0 7", 4},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        EntryDesk desk(c.Field);
+        Control frame;
+        frame.Caption = "Gate Time";
+        desk.Target.Container = &frame;
+        desk.Open(c.Field);
+        EXPECT_EQ(desk.Dialog.Title(), c.Title);
+        desk.Dialog.FirstKey(c.Key);
+        EXPECT_EQ(desk.Boxes(), c.Boxes) << c.Title << c.Key;
+        EXPECT_EQ(desk.Dialog.Beeps() > 0 ? desk.Dialog.RefusedBox() : -1, c.RefusedBox) << c.Title << c.Key;
+    }
+}
+
 TEST(StoreDigits, WritesImageAndField) {
     const struct {
         const char* Name;

@@ -10,8 +10,8 @@ namespace {
 
 struct ActsBench : SetupBench {
     ActsBench() {
-        TakeSetup(Bench.Program, Image(), SetupSource::Default);
         Open();
+        TakeSetup(Bench.Program, Image(), SetupSource::Default);
     }
     // "Mode: Rate > Total, picked; ..."
     std::string Changes() {
@@ -20,7 +20,7 @@ struct ActsBench : SetupBench {
             text += (text.empty() ? "" : "; ") + change.Name + ": " + change.Who;
         return text;
     }
-    // Deeds of a story, and "undo", "redo", "save", "back".
+    // Deeds of a story, and "undo", "redo", "save", "take", "raw", "back".
     void Play(const std::string& deeds) {
         for (std::size_t from = 0; from < deeds.size();) {
             const std::size_t end = std::min(deeds.find(" / ", from), deeds.size());
@@ -35,6 +35,9 @@ struct ActsBench : SetupBench {
             } else if (deed == "take") {
                 TakeSetup(Bench.Program, Bench.Program.Origin.Image, SetupSource::Meter);
                 Open();
+            } else if (deed == "raw") {
+                TakeSetup(Bench.Program, raw_, SetupSource::Default);
+                Open();
             } else if (deed == "back") {
                 GoBackToSetupBefore(Bench.Program);
                 Open();
@@ -43,6 +46,9 @@ struct ActsBench : SetupBench {
             }
         }
     }
+
+  private:
+    const SetupImage raw_ = Image();  // that no view has been opened on
 };
 
 TEST(UserActs, TellWhoChangedWhatAndGoBackWhole) {
@@ -54,16 +60,19 @@ TEST(UserActs, TellWhoChangedWhatAndGoBackWhole) {
         {"tab 4; cboBaudRate #6", "Baud Rate: picked"},
         {"tab 4; cboBaudRate #6 / undo", "", false},
         {"tab 4; cboBaudRate #6 / undo / redo", "Baud Rate: picked"},
-        {"tab 4; txtMBAddr := 7", "Modbus Address: typed"},
-        {"tab 4; txtMBAddr := 7 / undo / undo", "", false},
-        {"cboMode #2", "Mode: picked; Function: rule, with Mode"},
+        {"tab 3; txtSetpt[1] := 003039", "Setpoint 1: typed"},
+        {"tab 3; txtSetpt[1] := 003039 / undo / undo", "", false},
+        {"cboMode #2",
+         "Analog Source 2: rule, with Mode; Alarm 1 Source: rule, with Mode; Alarm 2 Source: rule, with "
+         "Mode; "
+         "Mode: picked"},
         {"cboMode #2 / undo", "", false},
         {"tab 4; cboBaudRate #6 / save", "", false},
         {"tab 4; cboBaudRate #6 / save / undo", "Baud Rate: undone"},
         {"tab 4; cboBaudRate #6 / take", "", false},
         {"tab 4; cboBaudRate #6 / take / back", "Baud Rate: picked"},
         {"tab 4; cboBaudRate #6 / take / back / undo", "", false},
-        {"@199=F0; reopen", "", false},
+        {"raw", "Analog Source: rule, as the view was opened", false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Deeds);
@@ -81,7 +90,7 @@ TEST(UserActs, AFieldOfTheListIsComeTo) {
         const char* Why;
     } cases[] = {
         {Field::BaudRate, kCommunicationTab, ""},
-        {Field::Setpoint1, kInputTab, "Setpoint 1 is on a tab that is not offered"},
+        {Field::LowIn1, kScalingTab, "Low In 1 is "},
         {Field::ClassAndCurve, kInputTab, ""},
         {Field::MeterType, kInputTab, "has no control"},
     };

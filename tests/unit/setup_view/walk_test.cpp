@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "digit_entry/digit_entry.h"
+#include "menu_view/menu_words.h"
 #include "meter/meter_words.h"
+#include "meter/text.h"
 #include "stories.h"
 #include "support/dice.h"
 
@@ -106,6 +108,7 @@ class Walk {
         for (int i = 0; i < sequences && !testing::Test::HasFailure(); ++i) {
             if (!Open()) continue;
             for (int k = 0; k < kActions && !testing::Test::HasFailure(); ++k) Act();
+            CheckMenuWords();
         }
         EXPECT_GT(acted_, sequences);
         EXPECT_GT(refused_, sequences);
@@ -261,6 +264,25 @@ class Walk {
             ASSERT_EQ(OnShow(control), OnShow(other)) << control.FullName() << " after " << act;
             ASSERT_EQ(Look(control), Look(other)) << control.FullName() << " after " << act << " of\n"
                                                   << bench_.Image().SetupData;
+        }
+    }
+
+    // Every cell of the meter's menu that is lit has words.
+    void CheckMenuWords() {
+        SetupImage image = bench_.Image();
+        const MenuView view =
+            BuildMenuView(image, bench_.Bench.Program.Identity, bench_.Bench.Program.Derived);
+        for (int row = 1; row <= view.MenuRowCount; ++row) {
+            std::set<int> told;
+            for (const MenuWords& words : WordsOfRow(view, image, row)) {
+                ASSERT_FALSE(words.Text.empty() || words.Text.ends_with(' ')) << words.Text;
+                for (int column = words.First; column <= words.Last; ++column) told.insert(column);
+            }
+            const MenuRow& shown = view.grdMain[static_cast<std::size_t>(row)];
+            for (int column = 0; column < 7; ++column) {
+                const MenuCell& cell = shown.Cells[static_cast<std::size_t>(column)];
+                ASSERT_TRUE(Trimmed(cell).empty() || told.contains(column)) << shown.Name.View() << column;
+            }
         }
     }
 

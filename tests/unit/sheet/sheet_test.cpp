@@ -35,7 +35,9 @@ TEST(SetupSheet, HasTheFieldsOfThePagesAndTheMenu) {
     ASSERT_EQ(sheet.Pages.size(), 7U);
     EXPECT_EQ(sheet.Facts[0].second, "Counter, firmware 83, Extended");
     EXPECT_EQ(ValueIn(sheet.Pages[0], "Gate Time"), "000.10");
-    EXPECT_EQ(ValueIn(sheet.Pages[0], "Time Out"), "003.00  Secs") << "with its unit";
+    EXPECT_EQ(ValueIn(sheet.Pages[0], "Time Out"), "003.00 Secs") << "with its unit";
+    EXPECT_EQ(ValueIn(sheet.Pages[0], "Control Inputs"),
+              "Control Input 1: Meter Reset; Control Input 2: Func Reset; Both Ctrl 1, 2: Meter Reset");
     EXPECT_EQ(ValueIn(sheet.Pages[1], "Low In 1"), "+000000. off");
     EXPECT_EQ(ValueIn(sheet.Pages[3], "Setpoint 2"), "+020000.");
     EXPECT_EQ(ValueIn(sheet.Pages[0], "<9600>"), "no such line") << "a button";

@@ -322,7 +322,7 @@ TEST(HomeFacts, TellMeterSetupTransferAndBackups) {
     EXPECT_TRUE(text(0).starts_with("Not read yet: address ")) << text(0);
     EXPECT_TRUE(facts.Backups.empty());
     bench.Press("mnuGet");
-    EXPECT_TRUE(text(0).starts_with("Counter, firmware 83, Extended\nInput Option ")) << text(0);
+    EXPECT_TRUE(text(0).starts_with("Counter, firmware 83, Extended\nInput Option: ")) << text(0);
     EXPECT_TRUE(text(0).find("Read 2026-03-04 05:06 at address ") != std::string::npos) << text(0);
     EXPECT_EQ(text(1), "It is what was read from the meter, 2026-03-04 05:06, unchanged.");
     EXPECT_EQ(text(2), "Get, 2026-03-04 05:06: all came.");

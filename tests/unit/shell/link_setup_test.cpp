@@ -174,6 +174,10 @@ TEST(LinkSetup, FindMeterTellsWhatItTriedAndCanBeStopped) {
     EXPECT_EQ(bench.Result(), "Stopped.");
     EXPECT_LT(bench.Pump.NowMs(), 15000);
     EXPECT_TRUE(bench.View.cmdSave.Enabled);
+    bench.Pump.After(1000, [&] { bench.View.Cancel(); });
+    bench.View.Controls.Click(bench.View.cmdTest);
+    EXPECT_EQ(bench.Result(), "Stopped.");
+    EXPECT_FALSE(bench.View.Cancel()) << "nothing is under way";
 
     bench.View.Controls.Click(bench.View.cmdFind);
     EXPECT_EQ(

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "shell/recent_files.h"
 #include "support/memory_files.h"
 
 namespace counter::test {
@@ -25,6 +26,19 @@ TEST(SetupFiles, TextBecomesAnImage) {
         {"not hexadecimal stays as it stands", "hello", "hello" + std::string(255, '0')},
     };
     for (const auto& c : cases) EXPECT_EQ(ImageOfText(c.Text).SetupData, c.Expected) << c.Name;
+}
+
+TEST(RecentFiles, TheLastEightEachOnce) {
+    MemoryFiles store;
+    const ProgramFolder folder{store, "home"};
+    EXPECT_TRUE(RecentFiles(folder).empty());
+    for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "h", "c", "i", "i", "two\nlines"})
+        KeepRecentFile(folder, std::string("/s/") + name);
+    std::string names;
+    for (const std::string& path : RecentFiles(folder)) names += path.substr(3);
+    EXPECT_EQ(names, "ichgfedb");
+    store.Refused.insert("home/recent-files.txt");
+    KeepRecentFile(folder, "/s/z");
 }
 
 }  // namespace

@@ -72,7 +72,7 @@ TEST(Verify, ItsButtonStandsBesideTheLineOfThePut) {
 }
 
 TEST(Verify, TheOptionIsKeptAndVerifiesEachPut) {
-    VerifyBench bench(kLinkKinds[0], {"XR35#3:byte=1,48"});
+    VerifyBench bench(kLinkKinds[0], {"XR1A#3:byte=57,57"});
     bench.Press("mnuVerifyPut");
     EXPECT_TRUE(KeptOption(bench.Program.Folder, kVerifyAfterPut));
     bench.Press("mnuGet");
@@ -87,6 +87,7 @@ TEST(Verify, TheOptionIsKeptAndVerifiesEachPut) {
     EXPECT_EQ(bench.Home.lblPGText.TextColor, ColorRed);
     HomeView later(bench.Program);
     later.Load();
+    later.Activate();
     EXPECT_EQ(later.Menu(HomeItem::VerifyAfterPut).Value, 1);
     later.Controls.Click(later.Menu(HomeItem::VerifyAfterPut));
     EXPECT_FALSE(KeptOption(bench.Program.Folder, kVerifyAfterPut));

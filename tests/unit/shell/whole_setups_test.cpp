@@ -183,6 +183,66 @@ TEST(WholeSetups, APutThatIsInterruptedAtEachOfItsFrames) {
     EXPECT_EQ(acts, 3 * (6 + 7));
 }
 
+// At any time of its waits.
+TEST(WholeSetups, AGetThatIsCancelledLeavesAllAsItWas) {
+    constexpr double kStepMs = 90;
+    constexpr double kLongestMs =
+        3300;  // a wait for the first character and the frame that sets the meter free
+    for (const LinkKind& kind : kLinkKinds) {
+        int cancelled = 0;
+        for (double ms = kStepMs / 2;; ms += kStepMs) {
+            SCOPED_TRACE(std::string(kind.Name) + " after " + std::to_string(ms));
+            DeskBench bench(kind);
+            bench.Do("mnuOpen A");
+            const Session& session = bench.Program;
+            const auto files = bench.Store.Contents;
+            const MeterIdentity identity = session.Identity;
+            double cancelledMs = 0;
+            bench.Pump.After(ms, [&] {
+                cancelledMs = bench.Pump.NowMs();
+                bench.Home.Controls.Click(bench.Home.cmdCancel);
+            });
+            bench.Do("mnuGet");
+            if (cancelledMs == 0) break;  // it was done before
+            ++cancelled;
+            EXPECT_EQ(bench.InMemory(), "A");
+            EXPECT_EQ(session.Origin.From, SetupSource::File);
+            EXPECT_EQ(bench.Store.Contents, files) << "settings and backups";
+            EXPECT_EQ(session.Identity.FirmwareVersion, identity.FirmwareVersion);
+            EXPECT_EQ(session.Identity.SetupFromMeter, identity.SetupFromMeter);
+            EXPECT_EQ(session.LinkState.LinkError, 0);
+            EXPECT_EQ(bench.StatusLine(), "Get Setup was cancelled. What is in memory is as it was.");
+            EXPECT_FALSE(bench.Home.cmdCancel.Visible || bench.Home.pbBar.Visible || session.Home.Hourglass);
+            EXPECT_LE(bench.Pump.NowMs() - cancelledMs, kLongestMs);
+            bench.Do("mnuGet");
+            EXPECT_EQ(bench.StatusLine(), kGot);
+            EXPECT_EQ(bench.InMemory(), "M");
+        }
+        EXPECT_GT(cancelled, 40) << kind.Name;
+    }
+}
+
+TEST(WholeSetups, APutIsCancelledOnlyAfterAQuestion) {
+    for (const LinkKind& kind : {kLinkKinds[0], kRtu}) {
+        for (const bool meant : {false, true}) {
+            SCOPED_TRACE(std::string(kind.Name) + (meant ? ", meant" : ", not meant"));
+            DeskBench bench(kind);
+            bench.Do("mnuOpen A");
+            bench.Boxes.SaysYes = meant;
+            bench.Pump.After(4000, [&] { bench.Home.CancelTransfer(); });
+            bench.Do("mnuPut");
+            ASSERT_EQ(bench.Boxes.Shown.size(), 1U);
+            EXPECT_TRUE(bench.Boxes.Shown[0].Text.starts_with("Written: ")) << bench.Boxes.Shown[0].Text;
+            EXPECT_EQ(bench.InMemory(), "A");
+            EXPECT_EQ(bench.InMeter(), meant ? "a mixture" : "A");
+            EXPECT_EQ(bench.StatusLine().starts_with("Written: "), meant) << bench.StatusLine();
+            EXPECT_EQ(bench.StatusLine() == kPut, !meant);
+            bench.Home.CancelTransfer();
+            EXPECT_EQ(bench.Boxes.Shown.size(), 1U) << "nothing is under way";
+        }
+    }
+}
+
 // The Setup view, opened in a wait, takes the version from the setup in memory.
 TEST(WholeSetups, APutKeepsToTheVersionOfItsStart) {
     DeskBench bench(kRtu);
