@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <map>
-#include <optional>
 
 #include "fleet/csv.h"
 #include "meter/field_table.h"
@@ -20,10 +19,10 @@ constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::size_t kLongestName = 100;  // with ".CT2" behind it a file name of any system
 
 namespace Place {
-enum Code : int { Name, Line, Protocol, Baud, Address, Setup, Echo, Count };
+enum Code : int { Name, Line, Protocol, Baud, Address, Setup, Echo, Version, Count };
 }
-constexpr std::array<std::string_view, Place::Count> kColumnNames = {"name",    "line",  "protocol", "baud",
-                                                                     "address", "setup", "echo"};
+constexpr std::array<std::string_view, Place::Count> kColumnNames = {
+    "name", "line", "protocol", "baud", "address", "setup", "echo", "version"};
 constexpr int kNoColumn = -1;
 
 std::optional<int> WholeNumberOf(std::string_view text) {
@@ -98,7 +97,7 @@ class TableReader {
             TakeColumn(static_cast<int>(i), std::string(Trimmed(cells[i], kBlanks)), whyNoField);
         whole_ = true;
         for (int column = 0; column < Place::Count; ++column) {
-            if (column == Place::Echo || places_[static_cast<std::size_t>(column)] != kNoColumn) continue;
+            if (column >= Place::Echo || places_[static_cast<std::size_t>(column)] != kNoColumn) continue;
             Tell(1, "",
                  "has no column \"" + std::string(kColumnNames[static_cast<std::size_t>(column)]) + "\"");
             whole_ = false;
@@ -185,6 +184,10 @@ class TableReader {
             Tell(meter.Row, "baud", "\"" + baud + "\" is none of 300, 600, 1200, 2400, 4800, 9600, 19200");
         if (!echo.empty() && echo != "0" && echo != "1")
             Tell(meter.Row, "echo", "\"" + echo + "\" is not 0 or 1");
+        const std::string version = Cell(cells, Place::Version);
+        meter.Version = WholeNumberOf(version);
+        if (!version.empty() && (!meter.Version || *meter.Version < 0 || *meter.Version > 255))
+            Tell(meter.Row, "version", "\"" + version + "\" is none of 0 to 255");
         meter.Protocol = code.value_or(Protocol::CustomAscii);
         meter.BaudIndex = index.value_or(0);
         meter.Echo = echo == "1";

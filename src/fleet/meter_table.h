@@ -7,6 +7,9 @@
 //   address   in that protocol: 0 to 31, over Modbus 1 to 255
 //   setup     a setup file; a path is the table's own
 //   echo      may be left out: 1 where the adaptor gives back what is sent
+//   version   may be left out: the meter's firmware where it is not that of the setup; it decides which
+//   Modbus
+//             RTU check the meter uses
 //
 // Any further column is named as a field of the setup; a value in it replaces that of the row's file, an
 // empty cell keeps the file's. The columns come in any order, and capitals do not matter. Of two columns
@@ -14,6 +17,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +40,7 @@ struct TableMeter {
     int BaudIndex = 0;
     int Address = 0;
     bool Echo = false;
+    std::optional<int> Version;
     std::string SetupText, SetupPath;  // as written; and where it is, "" where none is named
     std::vector<TableValue> Values;    // in the order of the columns
 };

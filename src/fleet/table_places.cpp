@@ -21,7 +21,8 @@ void SetKey(SettingsLines& lines, std::string_view name, const std::string& valu
 SettingsLines PlaceOf(const TableMeter& meter, const SetupImage& image) {
     SettingsLines lines = NewSettingsLines();
     SetKey(lines, "MeterType", std::to_string(CodeOf(image, Field::MeterType)));
-    SetKey(lines, "FirmwareVersion", std::to_string(CodeOf(image, Field::FirmwareVersion)));
+    SetKey(lines, "FirmwareVersion",
+           std::to_string(meter.Version.value_or(CodeOf(image, Field::FirmwareVersion))));
     SetKey(lines, "CommsEnabled", meter.Echo ? "2" : "1");
     if (meter.Line.IsNode()) {
         SetKey(lines, "NodeAddress", meter.Line.NodeAddress);
