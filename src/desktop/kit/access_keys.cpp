@@ -112,7 +112,7 @@ class Keys {
         const bool names =
             label ? label->buddy() != nullptr : qobject_cast<QAbstractButton*>(&widget) != nullptr;
         const QString text = names ? widget.property("text").toString() : QString();
-        if (WithoutKey(text).trimmed().isEmpty()) return;
+        if (WithoutKey(text).trimmed().isEmpty() || widget.property(kOwnKey).toBool()) return;
         if (MarkOf(text) >= 0 && widget.property(kGiven).toString() != text) return Take(text);
         if (!what->isEnabledTo(&window)) return ShowMarked(widget, Marked(WithoutKey(text), -1));
         captions_.push_back(

@@ -11,6 +11,9 @@ namespace counter {
 // are more captions than letters, the last fields have none.
 void GiveAccessKeys(QWidget& window);
 
+// A button that has this property has a key of its own, such as F9, and leaves the letters to the others.
+inline constexpr const char* kOwnKey = "ownKey";
+
 // A caption without its mark: "&Save" is "Save", "R && D" is "R & D".
 QString WithoutKey(const QString& caption);
 

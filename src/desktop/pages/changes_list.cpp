@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/kit/access_keys.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 #include "session/take_setup.h"
@@ -75,6 +76,7 @@ QPushButton* ChangesList::AddButton(const char* name, const QString& caption, st
 void ChangesList::OfferUndo(std::function<void()> undo, std::function<void()> redo) {
     undo_ = AddButton("cmdUndo", QStringLiteral("Undo"), std::move(undo));
     redo_ = AddButton("cmdRedo", QStringLiteral("Redo"), std::move(redo));
+    for (QPushButton* button : {undo_, redo_}) button->setProperty(kOwnKey, true);
     undo_->setToolTip(QStringLiteral("Ctrl+Z"));
     redo_->setToolTip(QStringLiteral("Ctrl+Shift+Z or Ctrl+Y"));
 }

@@ -113,6 +113,7 @@ QPushButton* SetupPage::AddTool(QHBoxLayout& foot, const char* name, const QStri
     button->setObjectName(QLatin1String(name));
     button->setAutoDefault(true);
     button->setToolTip(key.toString(QKeySequence::NativeText));
+    button->setProperty(kOwnKey, true);
     QObject::connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
     foot.addWidget(button);
     return button;
@@ -186,6 +187,10 @@ void SetupPage::OfferChanges(QVBoxLayout* column) {
     cmdChanges_->setObjectName(QStringLiteral("cmdChanges"));
     cmdChanges_->setCheckable(true);
     cmdChanges_->setAutoDefault(false);
+    cmdChanges_->setToolTip(QStringLiteral("F8"));
+    cmdChanges_->setProperty(kOwnKey, true);
+    QObject::connect(new QShortcut(QKeySequence(Qt::Key_F8), this), &QShortcut::activated, cmdChanges_,
+                     &QPushButton::click);
     QObject::connect(cmdChanges_, &QPushButton::toggled, this, [this, column](bool wanted) {
         if (wanted && !changes_) MakeChanges(column);
         if (changes_) changes_->setVisible(wanted);

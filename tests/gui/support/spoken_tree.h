@@ -55,7 +55,8 @@ class KeysOf {
         } else if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
             if (label->buddy() && label->buddy()->isEnabled()) Expect(label->text(), true);
         } else if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
-            if (button->isEnabled()) Expect(button->text(), button->isCheckable());
+            if (button->isEnabled() && !button->property("ownKey").toBool())
+                Expect(button->text(), button->isCheckable());
         }
     }
     void Expect(const QString& caption, bool field = false) {
