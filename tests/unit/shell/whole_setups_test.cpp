@@ -102,11 +102,13 @@ TEST(WholeSetups, WhatIsDoneInAWaitOfATransfer) {
         {"mnuPut", "mnuPut", 1500, "A", "A", kPut, SetupSource::File, "", ""},
         {"mnuPut", "mnuVerify", 1500, "A", "A", kPut, SetupSource::File, "", ""},
         {"mnuVerify", "mnuOpen B", 1200, "B", "M",
-         "7 fields differ in the meter from the setup in memory.  (as it was when Verify began; another is in "
+         "7 fields differ in the meter from the setup in memory.  (as it was when Verify began; another is "
+         "in "
          "memory now)",
          SetupSource::File, "A", ""},
         {"mnuVerify", "mnuGet", 1200, "M", "M",
-         "7 fields differ in the meter from the setup in memory.  (as it was when Verify began; another is in "
+         "7 fields differ in the meter from the setup in memory.  (as it was when Verify began; another is "
+         "in "
          "memory now)",
          SetupSource::Meter, "A", "M"},
         {"mnuVerify", "mnuPut", 1200, "A", "A",
