@@ -17,10 +17,10 @@ namespace counter {
 
 // What is acted on.
 struct SetupAct {
-    std::string Control;        // its full name; empty: the view was opened or built anew, by nobody's hand
-    std::string What;           // for people: "Mode"
+    std::string Control;  // its full name; empty: the view was opened or built anew, by nobody's hand
+    std::string What;     // for people: "Mode"
     std::vector<Field> Fields = {};  // that the user himself changes by it
-    bool Typed = false;         // by digit entry; otherwise he picks
+    bool Typed = false;              // by digit entry; otherwise he picks
 };
 
 class SetupChanges {

@@ -299,8 +299,8 @@ TEST(MenuPage, ItsButtonsPrintAndLeave) {
 TEST(MenuPage, TheTabKeyReachesAllInReadingOrder) {
     MenuPageBench bench;
     bench.Show();
-    const char* order[] = {"grdMain",  "grdInput",   "grdScale1",  "grdScale2",
-                           "grdSetPt", "txtWords",   "CmdPrinter", "cmdMainMenu"};
+    const char* order[] = {"grdMain",  "grdInput", "grdScale1",  "grdScale2",
+                           "grdSetPt", "txtWords", "CmdPrinter", "cmdMainMenu"};
     QWidget* focus = bench.Page->FirstFocus();
     for (const char* name : order) {
         EXPECT_EQ(focus->objectName(), name);

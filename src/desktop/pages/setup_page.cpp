@@ -6,6 +6,8 @@
 #include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <map>
+#include <memory>
 #include <utility>
 
 #include "desktop/kit/access_keys.h"
@@ -165,7 +167,12 @@ void SetupPage::PlacePanel() {
 void SetupPage::ComeToSearch() {
     if (entry_.Shown()) return;
     if (!finder_) {
-        const auto words = [this](int number) { return HelpText ? HelpText(number) : std::string(); };
+        // Read once: each key that is typed asks for the help of every field.
+        const auto words = [this, read = std::make_shared<std::map<int, std::string>>()](int number) {
+            const auto [place, fresh] = read->try_emplace(number);
+            if (fresh && HelpText) place->second = HelpText(number);
+            return place->second;
+        };
         finder_ = new FieldFinder(view_, words, this);
         finder_->GoTo = [this](const Control& control) { GoTo(control); };
     }
