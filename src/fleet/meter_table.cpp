@@ -180,7 +180,8 @@ class TableReader {
             Tell(meter.Row, "protocol",
                  "\"" + protocol + "\" is none of Custom ASCII, Modbus RTU, Modbus ASCII");
         const auto index = BaudIndexOf(baud);
-        if (!index)
+        const bool atFarEnd = baud.empty() && meter.Line.IsTcp();
+        if (!index && !atFarEnd)
             Tell(meter.Row, "baud", "\"" + baud + "\" is none of 300, 600, 1200, 2400, 4800, 9600, 19200");
         if (!echo.empty() && echo != "0" && echo != "1")
             Tell(meter.Row, "echo", "\"" + echo + "\" is not 0 or 1");
@@ -189,7 +190,7 @@ class TableReader {
         if (!version.empty() && (!meter.Version || *meter.Version < 0 || *meter.Version > 255))
             Tell(meter.Row, "version", "\"" + version + "\" is none of 0 to 255");
         meter.Protocol = code.value_or(Protocol::CustomAscii);
-        meter.BaudIndex = index.value_or(0);
+        meter.BaudIndex = index;
         meter.Echo = echo == "1";
         const std::string address = Cell(cells, Place::Address);
         const bool ascii = meter.Protocol == Protocol::CustomAscii;

@@ -3,7 +3,7 @@
 //   name      what the meter is called, in reports and as the name of its folder and file
 //   line      what it is reached over, see table_line.h
 //   protocol  that it answers in now: Custom ASCII, Modbus RTU, Modbus ASCII; or ascii, rtu, modbus-ascii
-//   baud      300 to 19200
+//   baud      300 to 19200; over tcp:// the far end sets it, and an empty cell leaves the setup its own
 //   address   in that protocol: 0 to 31, over Modbus 1 to 255
 //   setup     a setup file; a path is the table's own
 //   echo      may be left out: 1 where the adaptor gives back what is sent
@@ -37,7 +37,7 @@ struct TableMeter {
     std::string Name;
     TableLine Line;
     int Protocol = 0;
-    int BaudIndex = 0;
+    std::optional<int> BaudIndex;
     int Address = 0;
     bool Echo = false;
     std::optional<int> Version;

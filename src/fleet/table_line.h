@@ -24,6 +24,7 @@ struct TableLine {
     std::string Key;
 
     bool IsNode() const { return !NodeAddress.empty(); }
+    bool IsTcp() const { return Target.starts_with("tcp://"); }
     // Rows with one process come one after the other: those of a line, and all at nodes, which call this
     // machine's one port.
     std::string Process() const { return IsNode() ? "node" : Key; }

@@ -41,7 +41,7 @@ int AddressIn(const Settings& settings) {
 
 SetupImage WithPlaceOf(const TableMeter& meter, SetupImage image) {
     PutCode(image, Field::SerialProtocol, meter.Protocol);
-    PutCode(image, Field::BaudRate, meter.BaudIndex);
+    if (meter.BaudIndex) PutCode(image, Field::BaudRate, *meter.BaudIndex);
     PutCode(image, meter.Protocol == Protocol::CustomAscii ? Field::Address : Field::ModbusAddress,
             meter.Address);
     return image;

@@ -21,6 +21,7 @@ TEST(Fleet, FaultsOfATableAreToldWithRowAndColumn) {
             "row 1, column Setpont 1: no field 'Setpont 1'; did you mean 'Setpoint 1'?\n"
             "row 1, column Setpoint 1: is there twice\nrow 1, column 10: has no name"},
         {kHeading + "\na,l,ascii,9600,1\n", "row 2: has 5 cells, the heading has 6"},
+        {kHeading + "\na,tcp://h:1,ascii,,1,d\nb,l,ascii,,2,d\n", "row 3, column baud: \"\" is none of 300, 600, 1200, 2400, 4800, 9600, 19200"},
         {kHeading + ",echo,version\na,l,rtu,9600,1,d,2,256\n", "row 2, column echo: \"2\" is not 0 or 1\nrow 2, column version: \"256\" is none of 0 to 255"},
         {kHeading + "\na/b,,ASCI,9601,32,d\n",
             "row 2, column name: \"a/b\" can't be the name of a file: no / and no control character, no point in front\n"
