@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::array<std::string_view, 3> kProtocolWords = {"ascii", "rtu", "modbus-ascii"};
 constexpr std::array<int, 7> kRatesByUse = {5, 6, 4, 3, 2, 1, 0};  // 9600 baud is what a meter comes with
-constexpr int kHighestScanAddress = 247;
+constexpr int kHighestScanAddress = 255;
 constexpr int kLongestWaitMs = 10'000;
 
 std::vector<std::string_view> Parts(std::string_view text) {
@@ -89,7 +89,7 @@ std::string TakeScanChoice(const CommandCall& call, ScanChoice& choice) {
     if (call.Has("--baud") && !TakeIndexes(rates, std::span(BaudTable).first(7), choice.BaudIndexes))
         return "--baud is 300, 600, 1200, 2400, 4800, 9600 or 19200, or several with commas between";
     if (call.Has("--address") && !TakeAddresses(addresses, choice.Addresses))
-        return "--address is numbers from 0 to 247 and ranges of them, such as 1-31,40";
+        return "--address is numbers from 0 to 255 and ranges of them, such as 1-31,40";
     if (!call.Has("--wait")) return {};
     const int waitMs = ExactNumber<int>(wait).value_or(0);
     choice.FirstCharacterMs = waitMs;

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "meter/text.h"
+#include "platform/tcp_line.h"
 #include "settings/settings_keys.h"
 
 namespace counter {
@@ -22,12 +23,10 @@ std::string PortNumberText(std::string_view text) {
 }
 
 std::string ReadTcp(std::string_view text, TableLine& line) {
-    const std::string_view place = text.substr(kTcp.size());
-    const std::size_t colon = place.rfind(':');
-    const std::string port = colon == std::string_view::npos ? "" : PortNumberText(place.substr(colon + 1));
-    if (port.empty() || colon == 0) return "is no tcp://HOST:PORT, the port 1 to 65535";
+    const auto place = ParseTcpLine(text);
+    if (!place) return "is no tcp://HOST:PORT, the port 1 to 65535";
     line.Target = text;
-    line.Key = std::string(kTcp) + SmallLetters(place.substr(0, colon)) + ":" + port;
+    line.Key = std::string(kTcp) + SmallLetters(place->Host) + ":" + std::to_string(place->Port);
     return {};
 }
 

@@ -13,7 +13,7 @@ namespace counter {
 
 struct ProbedAddress {
     int SerialProtocol = 0;  // Protocol
-    int Address = 1;         // 0..31 in Custom ASCII, 1..247 over Modbus
+    int Address = 1;         // 0..31 in Custom ASCII, 1..255 over Modbus
     bool OldCheck = false;   // Modbus RTU as meters below version 81 have it
 
     bool operator==(const ProbedAddress&) const = default;

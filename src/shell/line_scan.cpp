@@ -12,7 +12,7 @@ namespace counter {
 
 namespace {
 
-constexpr int kHighestAsciiAddress = 31, kHighestModbusAddress = 247;
+constexpr int kHighestAsciiAddress = 31, kHighestModbusAddress = 255;
 // Of who has answered: the meter comes back from its last command, and its reply may come late.
 constexpr double kRestMs = 300;
 constexpr double kLongFirstCharacterMs = 3000;

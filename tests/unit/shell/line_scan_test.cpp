@@ -112,7 +112,7 @@ class LineScanTest : public testing::Test {
     }
 
     VirtualPump pump_;
-    ScanChoice choice_{{0, 1, 2}, {5, 6}, {0, 1, 2, 3, 4, 5, 30, 31, 200, 247}};
+    ScanChoice choice_{{0, 1, 2}, {5, 6}, {0, 1, 2, 3, 4, 5, 30, 31, 200, 255}};
     bool echoes_ = false;
     std::string server_;
     Status status_;
@@ -123,12 +123,12 @@ TEST_F(LineScanTest, FindsWhoAnswersAndWhere) {
         MeterAt(0, kAscii, 9600),
         MeterAt(31, kAscii, 19200),
         MeterAt(2, kRtu, 9600),
-        MeterAt(247, kRtu, 19200),
+        MeterAt(255, kRtu, 19200),
         MeterAt(3, kModbusAscii, 9600),
         MeterAt(1, kAscii, 4800),
         MeterAt(4, kAscii, 9600, "G130:late=400"),
     };
-    const std::string all = "0 9600 0\n0 9600 4\n1 9600 2\n2 9600 3\n0 19200 31\n1 19200 247\n";
+    const std::string all = "0 9600 0\n0 9600 4\n1 9600 2\n2 9600 3\n0 19200 31\n1 19200 255\n";
     EXPECT_EQ(Scan(meters), all);
     echoes_ = true;
     EXPECT_EQ(Scan(meters), all);
@@ -148,7 +148,7 @@ TEST_F(LineScanTest, TwoAtOneAddressMakeNoSenseAndAMeterThatTakesTwoIsTwo) {
 
 TEST_F(LineScanTest, OldMetersHaveAnotherCheck) {
     choice_.Protocols = {Protocol::ModbusRtu};
-    for (int address = 1; address <= 247; ++address) {
+    for (int address = 1; address <= 255; ++address) {
         choice_.Addresses = {address};
         const ProbedAddress published{Protocol::ModbusRtu, address}, old{Protocol::ModbusRtu, address, true};
         if (ProbeFrame(published) == ProbeFrame(old)) continue;
