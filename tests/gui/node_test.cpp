@@ -56,7 +56,8 @@ TEST(DesktopNode, LogsInThenWorksTheMeterFromTheHomeView) {
     EXPECT_NE(bench.Title(), "COUNTER MAIN MENU                      Disconnected")
         << "title of another view";
     bench.Desk->GoHome();
-    EXPECT_EQ(bench.Title(), "COUNTER MAIN MENU                      Disconnected");
+    EXPECT_EQ(bench.Title(), "COUNTER MAIN MENU                      Disconnected *")
+        << "the Setup view has replaced the analog source";
     EXPECT_EQ(ExitOf([&] { bench.Choose("mnuExit"); }), 0);
     EXPECT_EQ(bench.Net.Both().Tcp.State(), SocketState::Closed);
 }

@@ -58,14 +58,14 @@ document get.failed 3 get "$work/n"
 document verify.failed 3 verify "$work/m"
 
 # What has no document writes nothing.
-for line in "default $work/x" "settings set BaudIndex=5" "ports map 2 $device"; do
+for line in "default $work/x" "settings set BaudIndex=5" "ports map 2 $device" "sheet $work/d --html $work/s"; do
     # shellcheck disable=SC2086
     ctl 0 --json $line
     [ ! -s "$work/out" ] || fail "$line wrote a document"
 done
 
 "$bin/counterctl" --help | awk '/^Commands/ {on = 1; next} /^$/ {on = 0} on {print $1}' |
-    grep -vxE 'default|help' >"$work/json/commands"
+    grep -vxE 'default|sheet|help' >"$work/json/commands"
 [ "$(wc -l <"$work/json/commands")" -gt 10 ] || fail "no commands in the help"
 /usr/bin/python3 "$here/json_schema.py" "$here/../../docs/counterctl.schema.json" "$work/json" || fail "schema"
 echo "All as it should be."

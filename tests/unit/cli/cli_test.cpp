@@ -56,7 +56,7 @@ TEST(Usage, IsOneLineThatSaysWhatIsLegal) {
         Words Line;
         const char* Says;
     } cases[] = {
-        {{}, "COMMAND one of settings ports default"},
+        {{}, "COMMAND one of settings ports scan"},
         {{"frob"}, "COMMAND one of settings"},
         {{"get", "a", "b"}, "usage: counterctl get FILE"},
         {{"diff", "a"}, "usage: counterctl diff A B"},
