@@ -42,7 +42,10 @@ int Run(int argc, char** argv) {
     dialogs.SetParent(&desktop.Window());
     if (!started.Ok()) session.Home.ShowStatus(started.Text(), ColorRed);
     desktop.ShowFirst();
-    if (!file.empty()) desktop.Home().OpenFile(file);
+    if (!file.empty()) {
+        desktop.Home().OpenFile(file);
+        if (!started.Ok()) session.Home.AddNote(started.Text());
+    }
     desktop.Window().show();
     pump.OnInterrupt = [&desktop] { desktop.Interrupt(); };
     // The pump's own wait carries the whole run, so that whatever waits inside it nests.

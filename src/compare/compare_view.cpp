@@ -159,6 +159,7 @@ void CompareView::TakeOverMarked() {
         if (rows_[row].Differs && rows_[row].Of != Field::Count) fields.push_back(rows_[row].Of);
     }
     const TakenOver taken = TakeOver(Program, other_, fields);
+    if (Program.Home.Changed) Program.Home.Changed();
     Pair();
     Tell(WordsOf(taken), taken.Refused.empty() ? ColorGreen : ColorRed);
 }

@@ -29,7 +29,10 @@ std::string Enter(SetupDesk& desk, const SetupImage& other, Field field) {
         why = EnterField(desk.User(), field, value);
         desk.View().ViewRefresh();
     });
-    if (!alive) return "can't be taken: " + desk.WhyEnded();
+    if (!alive) {
+        desk.Open(before);
+        return "can't be taken: " + desk.WhyEnded();
+    }
     const SetupImage& now = desk.Program().Image;
     if (why.empty() && !Arrived(now, other, field))
         why = "becomes '" + FieldText(now, field) + "' by the rules of the Setup view";
@@ -37,6 +40,32 @@ std::string Enter(SetupDesk& desk, const SetupImage& other, Field field) {
     desk.Program().Views.EntryReturn = 0;
     desk.Open(before);
     return std::string(Trimmed(why));
+}
+
+// A value may need the decimal point or the mode of another row first: those that were refused are tried
+// again while any is taken. What a later row changes again has not been taken.
+void EnterAll(SetupDesk& desk, const SetupImage& other, const std::vector<Field>& fields, TakenOver& result) {
+    std::vector<Field> left = fields, taken;
+    for (std::size_t before = left.size() + 1; left.size() < before;) {
+        before = left.size();
+        result.Refused.clear();
+        std::vector<Field> refused;
+        for (const Field field : left) {
+            const std::string why = Enter(desk, other, field);
+            (why.empty() ? taken : refused).push_back(field);
+            if (!why.empty()) result.Refused.push_back(NameOf(field) + " " + why);
+        }
+        left = refused;
+    }
+    for (const Field field : taken) {
+        const SetupImage& now = desk.Program().Image;
+        if (Arrived(now, other, field)) {
+            result.Taken.push_back(NameOf(field));
+        } else {
+            result.Refused.push_back(NameOf(field) + " becomes '" + FieldText(now, field) +
+                                     "' with the others");
+        }
+    }
 }
 
 bool Contains(const std::vector<Field>& fields, Field field) {
@@ -61,14 +90,7 @@ TakenOver TakeOver(Session& session, const SetupImage& other, const std::vector<
     SetupDesk desk(session);
     desk.User().NameOf = [](const Control&) { return std::string(); };  // the field is named in front
     if (!desk.Open(session.Image)) return {{}, {"The Setup view can't be opened: " + desk.WhyEnded()}, {}};
-    for (const Field field : fields) {
-        const std::string why = Enter(desk, other, field);
-        if (why.empty()) {
-            result.Taken.push_back(NameOf(field));
-        } else {
-            result.Refused.push_back(NameOf(field) + " " + why);
-        }
-    }
+    EnterAll(desk, other, fields, result);
     if (result.Taken.empty()) return result;
     result.Changed = ChangedBeside(session.Image, desk.Program().Image, fields);
     const SetupActScope act(session.Changes, session.Image, {"compare", "taken over in Compare", fields});

@@ -16,6 +16,7 @@
 #include "desktop/pages/sheet_page.h"
 #include "link/prepare_readings.h"
 #include "session/take_setup.h"
+#include "shell/start.h"
 
 namespace counter {
 
@@ -299,7 +300,10 @@ void Desktop::ShowChanged() {
 
 // Out of the list of the home view: the Setup view has the control.
 void Desktop::ComeToField(Field field) {
-    if (!setupPage_ || window_->Current() != setupPage_) Open(ViewId::Setup);
+    if (!setupPage_ || window_->Current() != setupPage_) {
+        ReopenLine(session_);
+        Open(ViewId::Setup);
+    }
     if (setupPage_ && window_->Current() == setupPage_) setupPage_->ComeToField(field);
 }
 

@@ -71,6 +71,8 @@ void AwaitedReply::TakeUntilSilence() {
         if (link_.Port.Faulted()) return End(LinkErrors::kPortFault);
         Bytes += link_.Port.Input();
     }
+    // A question that the user left open for longer than that: all has come meanwhile.
+    if (!done_ && link_.Pump.NowMs() >= lastMs) Bytes += link_.Port.Input();
 }
 
 }  // namespace counter

@@ -34,6 +34,7 @@ struct KeptSetup {
     std::string Doubt;     // HomeState::SetupDoubt
     std::string FileName;  // HomeState::CurrentFileName
     bool FromMeter = false;
+    bool Unasked = false;  // nobody has agreed that it may be lost
 };
 
 struct Session {

@@ -31,7 +31,12 @@ void SetupChanges::Mark() {
     takenBack_ = false;
 }
 
+// A page that is come to in the wait of a user's act is part of it: what its rule still changes is his.
 void SetupChanges::Begin(SetupAct act, const SetupImage& image) {
+    if (act.Control.empty() && depth_ > 0 && !open_.empty() && !open_.back().Control.empty()) {
+        ++depth_;
+        return;
+    }
     Settle(image);
     awaited_ = {};
     ++depth_;

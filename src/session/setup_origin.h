@@ -39,6 +39,7 @@ struct TransferReport {
     int LinkError = 0;  // with Good false and 0: it was given up, or refused before a number came of it
     ErrorSource FailedIn = ErrorSource::Unknown;
     std::int64_t UtcMs = 0;
+    SetupImage Sent = {};  // by a good Put, as the protocol of the line made it
 };
 
 }  // namespace counter

@@ -20,7 +20,10 @@ void TakeSetup(Session& session, const SetupImage& image, SetupSource from, cons
                const std::string& path) {
     HomeState& home = session.Home;
     session.Changes.Settle(session.Image);
-    if (session.Origin.From != SetupSource::Nothing)
+    // What a failed Get has left makes no way back to the setup from before it impossible.
+    const bool scrap =
+        session.Origin.From == SetupSource::FailedGet && !session.Changes.ByUser() && session.SetupBefore;
+    if (session.Origin.From != SetupSource::Nothing && !scrap)
         session.SetupBefore =
             KeptSetup{session.Image,   session.Origin,       session.Changes,
                       home.SetupDoubt, home.CurrentFileName, session.Identity.SetupFromMeter};
@@ -54,6 +57,7 @@ void GoBackToSetupBefore(Session& session) {
     std::swap(home.SetupDoubt, before.Doubt);
     std::swap(home.CurrentFileName, before.FileName);
     std::swap(session.Identity.SetupFromMeter, before.FromMeter);
+    before.Unasked = true;
 }
 
 int FieldsChanged(const Session& session) {

@@ -22,8 +22,11 @@ std::string CameFrom(const Session& session) {
         default:
             return {};
     }
-    const MeterSetup& meter = *session.MeterAtLastGet;
     const int east = session.Pump.LocalTime().MinutesEast;
+    // The last Get may have been of another meter.
+    if (!session.MeterAtLastGet || session.MeterAtLastGet->Image != session.Origin.Image)
+        return "read from a meter on " + SheetDate(WallTimeAt(session.Origin.UtcMs, east));
+    const MeterSetup& meter = *session.MeterAtLastGet;
     return "read from the meter at address " + std::to_string(meter.Address) + ", " + meter.Line + ", on " +
            SheetDate(WallTimeAt(meter.UtcMs, east));
 }

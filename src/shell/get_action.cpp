@@ -75,10 +75,11 @@ std::string AddedNote(const std::string& note, const std::string& more) {
 void Succeed(Session& session, const Reading& reading) {
     HomeState& home = session.Home;
     std::string note = reading.Doubt;
-    if (reading.ChosenMeanwhile(session))
-        note = AddedNote(note, "memory has the meter's setup, not what was chosen meanwhile");
+    const bool chosen = reading.ChosenMeanwhile(session);
+    if (chosen) note = AddedNote(note, "memory has the meter's setup, not what was chosen meanwhile");
     TakeSetup(session, reading.Came, SetupSource::Meter,
               reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".");
+    if (chosen && session.SetupBefore) session.SetupBefore->Unasked = true;
     session.MeterAtLastGet = MeterSetup{reading.Came, UtcMs(session.Pump.LocalTime()),
                                         AddressOnLine(session.Settings), LineInWords(session.Settings)};
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;

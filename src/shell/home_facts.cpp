@@ -64,8 +64,7 @@ HomeFact MeterFact(const Session& session) {
     if (!last) {
         fact.Text = "Not read yet: " + now;
     } else if (last->Address != AddressOnLine(settings) || last->Line != LineInWords(settings)) {
-        fact.Text += "\nThe link is now to another: " + now;
-        fact.Bad = true;
+        fact.Text += "\nThe link is set otherwise now: " + now;
     }
     return fact;
 }

@@ -40,11 +40,18 @@ void HomeView::OfferLoaded() {
 bool HomeView::ChangesMayGo(const char* title, const char* yes) {
     session_.Changes.Settle(session_.Image);
     const int fields = FieldsChanged(session_);
-    if (fields == 0 || !session_.Changes.ByUser()) return true;
-    const std::string text = "The setup in memory differs from " + OriginInWords(session_.Origin) + " in " +
-                             (fields == 1 ? "1 field" : std::to_string(fields) + " fields") +
-                             ", and it is saved in no file.";
-    return session_.Dialogs.Confirm({title, text, BoxIcon::Stop, {}, yes, "Keep It"});
+    std::string text;
+    if (fields > 0 && session_.Changes.ByUser()) {
+        text = "The setup in memory differs from " + OriginInWords(session_.Origin) + " in " +
+               (fields == 1 ? "1 field" : std::to_string(fields) + " fields") +
+               ", and it is saved in no file.";
+    }
+    const auto& aside = session_.SetupBefore;
+    if (aside && aside->Unasked && aside->Changes.ByUser() && aside->Image != aside->Origin.Image) {
+        text += (text.empty() ? "" : "\n") + std::string("The setup that was put aside, from ") +
+                OriginInWords(aside->Origin) + ", has changes that are saved in no file.";
+    }
+    return text.empty() || session_.Dialogs.Confirm({title, text, BoxIcon::Stop, {}, yes, "Keep It"});
 }
 
 void HomeView::GoBack() {
@@ -77,10 +84,11 @@ void HomeView::OpenFile(const std::string& path) {
 }
 
 void HomeView::OpenBackup(const std::string& path) {
-    if (ChangesMayGo("Open Backup", "Open It") && LoadFile(path)) session_.Home.CurrentFileName.clear();
+    if (ChangesMayGo("Open Backup", "Open It")) LoadFile(path, false);
 }
 
-bool HomeView::LoadFile(const std::string& path) {
+// A backup is not what Save writes over.
+bool HomeView::LoadFile(const std::string& path, bool saveThere) {
     SetupImage image;
     std::string wrong;
     if (Status status = LoadSetupFile(session_.Folder.Store, path, image, wrong); !status.Ok()) {
@@ -89,6 +97,7 @@ bool HomeView::LoadFile(const std::string& path) {
     }
     TakeSetup(session_, image, SetupSource::File,
               wrong.empty() ? "" : "The file that was opened has " + wrong + ".", path);
+    if (!saveThere) session_.Home.CurrentFileName.clear();
     OfferLoaded();
     session_.Home.ShowStatus("Setup data loaded from " + path, ColorWhite,
                              wrong.empty() ? "" : "no whole setup: " + wrong);
@@ -116,13 +125,14 @@ void HomeView::SaveSetupAs() {
     const std::string path =
         session_.Dialogs.AskSaveFile({"Save Setup File As", std::string(kSetupFilter), true,
                                       current.empty() ? std::string(kFirstName) : NameIn(current)});
-    if (!path.empty() && WriteSetup(path)) session_.Home.CurrentFileName = path;
+    if (!path.empty()) WriteSetup(path);
 }
 
 bool HomeView::WriteSetup(const std::string& path) {
     const Status status = SaveSetupFile(session_.Folder.Store, path, session_.Image);
     if (status.Ok()) {
         SetupIsSaved(session_, path);
+        session_.Home.CurrentFileName = path;
         KeepRecentFile(session_.Folder, path);
         session_.Home.ShowStatus("Setup data saved in " + path, ColorWhite, status.Note);
     } else {
@@ -204,8 +214,7 @@ bool HomeView::CancelIsMeant() {
     askingToCancel_ = true;
     const std::string written = session_.Writes.SoFar ? session_.Writes.SoFar() + "\n" : "";
     const bool meant = session_.Dialogs.Confirm(
-        {"Put Data",
-         written + "It goes on while you read this. OK stops it there; Cancel lets it come to its end.",
+        {"Put Data", written + "It waits while you read this. OK stops it there; Cancel lets it go on.",
          BoxIcon::Stop});
     askingToCancel_ = false;
     return meant;

@@ -96,7 +96,7 @@ class HomeView {
     // home_files.cpp
     void DefaultSetup();
     void OpenSetup();
-    bool LoadFile(const std::string& path);
+    bool LoadFile(const std::string& path, bool saveThere = true);
     void SaveSetup();
     void SaveSetupAs();
     bool WriteSetup(const std::string& path);

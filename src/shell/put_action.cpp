@@ -85,6 +85,7 @@ std::string NoteOfSpeed(const Session& session, const std::string& before) {
 Status Finish(Session& session, const SetupImage& image, Status settled, const std::string& lineBefore) {
     session.Home.ShowHourglass(false);
     NoteTransfer(session, true, session.LinkState.LinkError == 0);
+    session.LastTransfer->Sent = image;
     if (session.LinkState.LinkError != 0) {
         session.Home.ShowStatus("Data transfer unsuccessful. Check connections and try again. (" +
                                     std::to_string(session.LinkState.LinkError) + ")",

@@ -343,7 +343,7 @@ TEST(HomeFacts, TellMeterSetupTransferAndBackups) {
         "More to try is under that number in docs/when-something-fails.md.");
     EXPECT_TRUE(facts.Facts[2].Bad);
     bench.Program.Settings.MeterAddressValue = 9;
-    EXPECT_NE(text(0).find("\nThe link is now to another: address 9, "), std::string::npos) << text(0);
+    EXPECT_NE(text(0).find("\nThe link is set otherwise now: address 9, "), std::string::npos) << text(0);
 }
 
 // What may be no whole setup is told beside the text, and goes into a meter only after a question.
