@@ -139,7 +139,7 @@ int RunAndTell(const CommandCall& call, const FleetOrder& order, const MeterTabl
         const auto index = static_cast<std::size_t>(&settled - report.Meters.data());
         MeterReport& meter = report.Meters[index];
         if (meters[index].HasSetup)
-            meter.Fields = ReportedFields(meters[index].Wanted, meter.Images, columns);
+            meter.Fields = ReportedFields(meter.Wanted.value_or(meters[index].Wanted), meter.Images, columns);
         bar.Hide();
         out << FleetLines(meter, order.Action) << std::flush;
         bar.Show(++done);

@@ -15,9 +15,11 @@
 #include "cli/fleet.h"
 #include "cli/link_session.h"
 #include "fleet/fleet_report.h"
+#include "meter/field_code.h"
 #include "settings/settings.h"
 #include "shell/backups.h"
 #include "shell/setup_files.h"
+#include "transfer/put_setup.h"
 
 namespace counter {
 
@@ -118,12 +120,31 @@ class MeterVisit {
         found_ = session.Image;
         result_["found"] = found_.SetupData;
         if (action_ == "get") return Save(own);
+        // It was reached at the far end's rate, which no row names: another would take it off the line.
+        if (order_.value("keepRate", false)) {
+            PutCode(wanted_, Field::BaudRate, CodeOf(found_, Field::BaudRate));
+            result_["wanted"] = wanted_.SetupData;
+        }
+        if (const Status followed = FollowMoved(session); !followed.Ok())
+            return End(MeterEnd::Refused, OneLine(followed.Text()));
         const Differences differences = CompareSetups(wanted_, found_, RoadOf(session.LinkState), version_);
         if (!AnyCounts(differences)) return End(MeterEnd::AsWanted, "as the table says");
         if (action_ == "check") return End(MeterEnd::Different, "differs in " + CountWords(differences));
         if (const Status kept = KeepFound(own, session); !kept.Ok())
             return End(MeterEnd::Refused, "nothing was written: no backup: " + OneLine(kept.Text()));
         Put(link);
+    }
+
+    // A read ends with the command by which a meter takes over the link settings that it holds. One in which
+    // a put to another place was interrupted answers there from here on.
+    Status FollowMoved(Session& session) {
+        const Json& places = order_["places"];
+        if (places.size() < 2 || result_["place"] != 0) return {};
+        const std::string& line = session.Settings.Lines.SettingsLine1;
+        if (LinkSettingsLine(line, found_) == line) return {};
+        if (LinkSettingsLine(line, found_) != LinkSettingsLine(line, wanted_)) return {};
+        result_["place"] = 1;
+        return SaveLinkSettings(found_, session.BringUp);
     }
 
     void Save(const CommandCall& own) {
@@ -150,6 +171,7 @@ class MeterVisit {
         putting_ = true;
         session.Image = wanted_;
         const Status settled = link.Put();
+        if (!session.Home.StatusNote.empty()) link.Tell(session.Home.StatusNote);
         result_["written"] = session.LinkState.FramesWritten;
         if (session.LinkState.LinkError != 0) return Fail(session, "not put whole" + SentSoFar(session));
         if (!settled.Ok()) return End(MeterEnd::Refused, "written, but " + OneLine(settled.Text()));

@@ -82,6 +82,7 @@ std::string FieldLine(const ReportedField& field) {
 std::string FleetLines(const MeterReport& meter, const std::string& action) {
     const std::string name = meter.Name + ": ";
     std::string text = name + OneLine(meter.Words) + "\n";
+    for (const std::string& line : meter.Said) text += name + "  " + OneLine(line) + "\n";
     if (!meter.AnswersAt.empty())
         text += name + "  answers at " + meter.AnswersAt + " now, not where the table has it\n";
     if (meter.End == MeterEnd::Different) {

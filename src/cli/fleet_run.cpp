@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <map>
 
+#include "cli/cli_output.h"
+#include "cli/field_names.h"
 #include "cli/fleet.h"
 #include "platform/child_processes.h"
 
@@ -63,7 +65,8 @@ class FleetRun {
     void StartLine(LineRun& line) {
         line.Started = true;
         Json order = {{"action", order_.Action}, {"meters", Json::array()}};
-        for (const std::size_t index : line.Meters) {
+        for (std::size_t i = line.Next; i < line.Meters.size(); ++i) {
+            const std::size_t index = line.Meters[i];
             const PlannedMeter& planned = meters_[index];
             Json places = Json::array();
             for (const SettingsLines& place : PlacesOf(planned))
@@ -72,14 +75,23 @@ class FleetRun {
                                        {"name", planned.Meter.Name},
                                        {"target", planned.Meter.Line.Target},
                                        {"wanted", planned.Wanted.SetupData},
+                                       {"keepRate", KeepsRate(planned)},
                                        {"places", places}});
         }
         std::vector<std::string> arguments = {"--dir", order_.Folder, "fleet", "line", order_.More};
         if (call_.Trace) arguments.emplace_back("--trace");
-        const Status status = machine_.Children().StartSelf(arguments, order.dump(), line.Child);
+        const Status status = machine_.Children().StartSelf(arguments, JsonText(order, -1), line.Child);
         if (status.Ok()) return;
         line.Over = true;
         GiveUp(line, MeterEnd::Refused, status.Text());
+    }
+
+    // A row without a rate, over a network, leaves the meter's own.
+    static bool KeepsRate(const PlannedMeter& planned) {
+        if (planned.Meter.BaudIndex) return false;
+        return std::none_of(
+            planned.Meter.Values.begin(), planned.Meter.Values.end(),
+            [](const TableValue& value) { return FieldNamed(value.Column) == Field::BaudRate; });
     }
 
     bool AnyRuns() const {
@@ -134,6 +146,7 @@ class FleetRun {
         meter.Images.Road = static_cast<PutRoad>(said.value("road", 0));
         meter.Images.FirmwareVersion = said.value("version", 0);
         if (said.contains("found")) meter.Images.Found = SetupImage{said["found"].get<std::string>()};
+        if (said.contains("wanted")) meter.Wanted = SetupImage{said["wanted"].get<std::string>()};
         if (said.contains("left")) meter.Images.Left = SetupImage{said["left"].get<std::string>()};
         // A Put that had nothing to write leaves the meter as it found it.
         const bool untouched = order_.Action == "put" && meter.End == MeterEnd::AsWanted;
@@ -142,9 +155,22 @@ class FleetRun {
         if (place > 0 && IsGood(meter.End)) meter.AnswersAt = PlaceWords(PlacesOf(planned)[place]);
     }
 
-    // A process that has ended before all of its meters were told.
+    // A process that has ended before all of its meters were told. Those behind the one in which it ended
+    // have a process of their own.
     void EndLine(LineRun& line) {
         const std::string how = line.Child->HowEnded();
+        if (line.Begun && !report_.Interrupted) {
+            MeterReport& meter = report_.Meters[line.Meters[line.Next]];
+            meter.End = MeterEnd::Refused;
+            meter.WrittenKnown = order_.Action != "put";
+            meter.Words = "the process of its line ended" + (how.empty() ? "" : ": " + how) +
+                          (meter.WrittenKnown ? "" : "; what it has written is not known");
+            Settle(line);
+            line.Child.reset();
+            line.Over = line.Next == line.Meters.size();
+            line.Started = line.Over;
+            return;
+        }
         GiveUp(line, report_.Interrupted ? MeterEnd::Interrupted : MeterEnd::Refused,
                report_.Interrupted ? "interrupted"
                                    : "the process of its line ended" + (how.empty() ? "" : ": " + how));
@@ -154,7 +180,8 @@ class FleetRun {
     void GiveUp(LineRun& line, MeterEnd end, const std::string& words) {
         while (line.Next < line.Meters.size()) {
             MeterReport& meter = report_.Meters[line.Meters[line.Next]];
-            const bool own = line.Begun || (end == MeterEnd::Refused && !line.Child);
+            const bool own = line.Begun || end == MeterEnd::Refused;
+            meter.WrittenKnown = !line.Begun || order_.Action != "put";
             meter.End = own ? end : MeterEnd::NotReached;
             meter.Words = own ? words : "not reached";
             Settle(line);

@@ -11,6 +11,7 @@
 #include "meter/default_setup.h"
 #include "meter/field_code.h"
 #include "shell/setup_files.h"
+#include "transfer/compare_setups.h"
 
 namespace counter {
 
@@ -88,7 +89,22 @@ class SetupWorker {
         }
         planned.Now = planned.Wanted = WithPlaceOf(meter, image);
         if (planned.HasSetup && !EnterValues(planned, CodeOf(image, Field::SerialProtocol))) return;
+        if (needed_) TellUnwritten(planned);
         result_.Meters.push_back(std::move(planned));
+    }
+
+    // A column that no put can fulfil would be called fulfilled.
+    void TellUnwritten(const PlannedMeter& planned) {
+        const bool ascii = planned.Meter.Protocol == Protocol::CustomAscii;
+        const PutRoad road = !ascii                        ? PutRoad::Modbus
+                             : planned.Meter.Line.IsNode() ? PutRoad::AsciiNode
+                                                           : PutRoad::AsciiSerial;
+        const int version = CodeOf(planned.Wanted, Field::FirmwareVersion);
+        for (const TableValue& value : planned.Meter.Values) {
+            const auto field = FieldNamed(value.Column);
+            if (field && StandingOf(*field, road, version) != Standing::Written)
+                Tell(planned.Meter.Row, value.Column, "is not written by a put over this line");
+        }
     }
 
     // Another protocol than the file's is picked as a user would, unless the table has a column of its own

@@ -61,12 +61,14 @@ struct MeterReport {
     std::vector<std::string> Consequences;
     std::vector<ReportedField> Fields;
     std::vector<std::string> Written;  // the frames that have gone out, in order
+    bool WrittenKnown = true;          // otherwise its process ended before it could tell
     bool Verified = false;             // read back after that, and all as the table says
     std::string Backup, File;          // where the setup as found is, and where a Get has written
     std::vector<std::string> Values;   // of a reading
     std::string AnswersAt;             // where it answered, if not at the row's own place
     double Seconds = 0;
     ReadImages Images;
+    std::optional<SetupImage> Wanted;  // where that is not what the table alone says
 };
 
 struct FleetReport {

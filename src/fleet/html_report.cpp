@@ -37,6 +37,7 @@ std::string Joined(const std::vector<std::string>& words, const char* between) {
 }
 
 std::string WrittenWords(const MeterReport& meter) {
+    if (!meter.WrittenKnown) return "not known: its process ended";
     if (meter.Written.empty()) return "nothing";
     return Joined(meter.Written, " ") + (meter.Verified ? "; read back, all as the table says" : "");
 }
