@@ -79,6 +79,7 @@ void Succeed(Session& session, const Reading& reading) {
         note = AddedNote(note, "memory has the meter's setup, not what was chosen meanwhile");
     TakeSetup(session, reading.Came, SetupSource::Meter,
               reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".");
+    session.Origin.Meter = MeterOnLine(session.Settings);
     session.MeterAtLastGet = MeterSetup{reading.Came, UtcMs(session.Pump.LocalTime()),
                                         AddressOnLine(session.Settings), LineInWords(session.Settings)};
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;
