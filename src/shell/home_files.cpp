@@ -158,16 +158,13 @@ bool HomeView::OtherMeterIsMeant() {
 // What may be no whole setup goes out only after a question.
 bool HomeView::PutIsMeant() {
     const std::string& doubt = session_.Home.SetupDoubt;
-    if (OtherMeterIsMeant() &&
-        (doubt.empty() ||
-         session_.Dialogs.Confirm({"Put Data", doubt + "\nWrite it into the meter?", BoxIcon::Stop})))
-        return true;
-    session_.Home.ShowStatus("Nothing was written.", ColorWhite);
-    return false;
+    if (doubt.empty()) return true;
+    return session_.Dialogs.Confirm({"Put Data", doubt + "\nWrite it into the meter?", BoxIcon::Stop});
 }
 
 void HomeView::Put() {
-    if (!PutIsMeant()) return;
+    if (!OtherMeterIsMeant() || !PutIsMeant())
+        return session_.Home.ShowStatus("Nothing was written.", ColorWhite);
     const bool changed = FollowSettings(session_).Changed;
     const int number = session_.Writes.PutsBegun + 1;
     const bool itsOwn = session_.Origin.Meter == MeterOnLine(session_.Settings);
