@@ -38,7 +38,10 @@ int Run(int argc, char** argv) {
     Session session(pump, port, dialogs, {files, folder}, sockets.Both());
 
     const Status started = StartWithSettings(session, dialogs);
-    Desktop desktop(session, {DataFolders(folder, "help"), DataFolders(folder, "boards")});
+    TriedDevice tried;
+    QtLine trials(tried);
+    Desktop desktop(session, {DataFolders(folder, "help"), DataFolders(folder, "boards")},
+                    LinkSwitch::World{trials, tried, catalog});
     dialogs.SetParent(&desktop.Window());
     if (!started.Ok()) session.Home.ShowStatus(started.Text(), ColorRed);
     desktop.ShowFirst();

@@ -7,6 +7,7 @@
 #include "desktop/pages/chart_page.h"
 #include "desktop/pages/commands_page.h"
 #include "desktop/pages/compare_page.h"
+#include "desktop/pages/link_dialog.h"
 #include "desktop/pages/list_page.h"
 #include "desktop/pages/menu_page.h"
 #include "desktop/pages/node_page.h"
@@ -31,9 +32,10 @@ HelpContent ContentOf(const HelpView& help, HelpPlace place) {
 
 }  // namespace
 
-Desktop::Desktop(Session& session, Folders folders)
+Desktop::Desktop(Session& session, Folders folders, std::optional<LinkSwitch::World> trials)
     : session_(session),
       folders_(std::move(folders)),
+      trials_(trials),
       home_(session),
       help_(session, folders_.Help),
       window_(std::make_unique<MainWindow>()),
@@ -61,6 +63,7 @@ void Desktop::Connect() {
         PrepareReadings(session_.Link, session_.Identity.FirmwareVersion, session_.Frames);
     };
     home_.ShowReport = [this](const std::string& title, const std::string& text) { ShowReport(title, text); };
+    if (trials_) home_.SwitchLink = [this] { SwitchLink(); };
     home_.CloseSockets = [this] { session_.Node.Close(); };
     home_.HoldExit = [this] { return HoldExit(); };
     home_.TellOutside = [](const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); };
@@ -278,6 +281,16 @@ void Desktop::OpenHelp(int helpId, HelpFrom from, HelpPlace place) {
 void Desktop::ShowReport(const std::string& title, const std::string& text) {
     QWidget* const over = QApplication::activeModalWidget();
     (new ReportDialog(title, text, over ? over : window_.get()))->open();
+}
+
+void Desktop::SwitchLink() {
+    if (!linkDialog_) {
+        link_ = std::make_unique<LinkSwitch>(session_, *trials_);
+        linkDialog_ = new LinkDialog(*link_, window_.get());
+        linkDialog_->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Home); };
+        linkDialog_->Closed = [this] { home_.FollowLink(); };
+    }
+    linkDialog_->OpenFresh();
 }
 
 void Desktop::Interrupt() {

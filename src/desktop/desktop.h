@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 
 #include "calibration/calibration_view.h"
 #include "commands/commands_view.h"
@@ -22,10 +23,12 @@
 #include "session/session.h"
 #include "setup_view/setup_view.h"
 #include "sheet/sheet_view.h"
+#include "shell/link_switch.h"
 #include "shell/node_view.h"
 
 namespace counter {
 
+class LinkDialog;
 class SendCurveDialog;
 class SetupPage;
 class MenuPage;
@@ -38,7 +41,8 @@ class Desktop {
         std::vector<std::string> Help;    // texts
         std::vector<std::string> Boards;  // drawings
     };
-    Desktop(Session& session, Folders folders);
+    // Without `trials` the link can't be switched.
+    Desktop(Session& session, Folders folders, std::optional<LinkSwitch::World> trials = {});
     ~Desktop();
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
@@ -85,9 +89,11 @@ class Desktop {
     // True: a view must finish something first, and exits after it.
     bool HoldExit();
     void Connect();
+    void SwitchLink();
 
     Session& session_;
     const Folders folders_;
+    const std::optional<LinkSwitch::World> trials_;
     HomeView home_;
     HelpView help_;
     std::unique_ptr<MainWindow> window_;
@@ -96,6 +102,8 @@ class Desktop {
     HomePage* homePage_;
     std::map<ViewId, ViewPage*> pages_;
 
+    std::unique_ptr<LinkSwitch> link_;
+    LinkDialog* linkDialog_ = nullptr;  // made when it is first opened
     std::unique_ptr<NodeView> node_;
     ViewPage* nodePage_ = nullptr;
     std::unique_ptr<SetupView> setup_;

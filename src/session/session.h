@@ -9,6 +9,7 @@
 #include "link/link.h"
 #include "link/node_client.h"
 #include "link/read_settings.h"
+#include "link/session_link.h"
 #include "meter/derived_values.h"
 #include "meter/meter_identity.h"
 #include "meter/setup_image.h"
@@ -43,6 +44,7 @@ struct Session {
     counter::Pump& Pump;
     SerialPort& Port;
     counter::Dialogs& Dialogs;
+    SessionLink ChosenLink;  // all that is in the folder is reached through it
     ProgramFolder Folder;
     counter::Sockets Sockets;
 
@@ -71,7 +73,8 @@ struct Session {
         : Pump(pump),
           Port(port),
           Dialogs(dialogs),
-          Folder(std::move(folder)),
+          ChosenLink(folder.Store, folder.At(kSettingsFile)),
+          Folder{ChosenLink, std::move(folder.Path)},
           Sockets(sockets.value_or(None.Both())) {
         Node.HideStatus = [this] { Home.HideStatus(); };
     }

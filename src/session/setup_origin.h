@@ -22,6 +22,7 @@ struct SetupOrigin {
     std::string Path;        // of the file; empty otherwise
     std::int64_t UtcMs = 0;  // when it came, milliseconds since 1970 in UTC
     SetupImage Image;        // as it came
+    std::string Meter = {};  // that it was read from: "address 5 on port 1"; empty: from none
 };
 
 // What a good Get brought. A Put leaves it alone: what a meter was told to take is not what it holds.

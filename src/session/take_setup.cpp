@@ -11,7 +11,7 @@ namespace counter {
 namespace {
 
 SetupOrigin OriginNow(const Session& session, SetupSource from, const std::string& path) {
-    return {from, path, UtcMs(session.Pump.LocalTime()), session.Image};
+    return {from, path, UtcMs(session.Pump.LocalTime()), session.Image, {}};
 }
 
 }  // namespace
@@ -36,7 +36,9 @@ void TakeSetup(Session& session, const SetupImage& image, SetupSource from, cons
 }
 
 void SetupIsSaved(Session& session, const std::string& path) {
+    const std::string meter = session.Origin.Meter;
     session.Origin = OriginNow(session, SetupSource::File, path);
+    session.Origin.Meter = meter;
     session.Changes.Settle(session.Image);
     session.Changes.Mark();
 }

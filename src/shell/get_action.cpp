@@ -80,6 +80,7 @@ void Succeed(Session& session, const Reading& reading) {
     TakeSetup(session, reading.Came, SetupSource::Meter,
               reading.Doubt.empty() ? "" : "Not all of what came can be right, " + reading.Doubt + ".");
     if (chosen && session.SetupBefore) session.SetupBefore->Unasked = true;
+    session.Origin.Meter = MeterOnLine(session.Settings);
     session.MeterAtLastGet = MeterSetup{reading.Came, UtcMs(session.Pump.LocalTime()),
                                         AddressOnLine(session.Settings), LineInWords(session.Settings)};
     home.CommandsEnabled = home.ViewEnabled = home.PutEnabled = home.CalibrationEnabled = true;

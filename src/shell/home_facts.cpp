@@ -58,8 +58,7 @@ HomeFact MeterFact(const Session& session) {
             (fact.Text.empty() ? "" : "\n") + std::string("No link: setups of files can be worked on.");
         return fact;
     }
-    const std::string now =
-        "address " + std::to_string(AddressOnLine(settings)) + ", " + LineInWords(settings);
+    const std::string now = LinkInWords(settings);
     const auto& last = session.MeterAtLastGet;
     if (!last) {
         fact.Text = "Not read yet: " + now;
@@ -67,6 +66,21 @@ HomeFact MeterFact(const Session& session) {
         fact.Text += "\nThe link is set otherwise now: " + now;
     }
     return fact;
+}
+
+// Of a link that is not the one of the settings.
+std::string SessionLinkInWords(const Session& session) {
+    if (!session.ChosenLink.Choice()) return {};
+    Settings inFile;
+    ParseSettings({session.ChosenLink.FileLine1(), session.Settings.Lines.SettingsLine2}, inFile);
+    return "\nThis link is for this session; Settings.SSS has " + LinkInWords(inFile) + ".";
+}
+
+// After a switch the setup in memory may be another meter's.
+std::string OtherMeterInWords(const Session& session) {
+    const std::string& from = session.Origin.Meter;
+    if (!session.ChosenLink.Switched() || from.empty() || from == MeterOnLine(session.Settings)) return {};
+    return "\nIt came from the meter at " + from + ", not from the one that the link is to now.";
 }
 
 HomeFact SetupFact(const Session& session) {
@@ -81,7 +95,9 @@ HomeFact SetupFact(const Session& session) {
     const std::string& file = session.Home.CurrentFileName;
     if (!file.empty()) fact.Text += "\nSave Setup writes to " + file;
     if (!session.Home.SetupDoubt.empty()) fact.Text += "\n" + session.Home.SetupDoubt;
-    fact.Bad = !session.Home.SetupDoubt.empty();
+    const std::string other = OtherMeterInWords(session);
+    fact.Text += other;
+    fact.Bad = !other.empty() || !session.Home.SetupDoubt.empty();
     return fact;
 }
 
@@ -122,6 +138,7 @@ std::vector<BackupFact> LatestBackups(const ProgramFolder& folder) {
 
 bool HomeFacts::Follow() {
     std::vector<HomeFact> facts = {MeterFact(session_), SetupFact(session_), TransferFact(session_)};
+    facts.front().Text += SessionLinkInWords(session_);
     const std::int64_t ended = session_.LastTransfer ? session_.LastTransfer->UtcMs : 0;
     std::vector<BackupFact> backups = Backups;
     if (!std::exchange(listed_, true) || std::exchange(listedUtcMs_, ended) != ended)

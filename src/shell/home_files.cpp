@@ -6,6 +6,7 @@
 #include "shell/get_action.h"
 #include "shell/home_view.h"
 #include "shell/kept_options.h"
+#include "shell/line_words.h"
 #include "shell/put_action.h"
 #include "shell/recent_files.h"
 #include "shell/setup_files.h"
@@ -155,21 +156,30 @@ void HomeView::Get() {
     session_.Views.EntryReturn = 0;
 }
 
+// In a run that switched the link, what came from one meter goes into another only after a question.
+bool HomeView::OtherMeterIsMeant() {
+    const std::string &from = session_.Origin.Meter, to = MeterOnLine(session_.Settings);
+    if (!session_.ChosenLink.Switched() || from.empty() || from == to) return true;
+    const std::string text =
+        "The setup in memory was read from " + from + ".\nPut it into the meter at " + to + "?";
+    return session_.Dialogs.Confirm({"Put Data", text, BoxIcon::Stop, {}, "Put It There", "Write Nothing"});
+}
+
 // What may be no whole setup goes out only after a question.
 bool HomeView::PutIsMeant() {
     const std::string& doubt = session_.Home.SetupDoubt;
     if (doubt.empty()) return true;
-    if (session_.Dialogs.Confirm({"Put Data", doubt + "\nWrite it into the meter?", BoxIcon::Stop}))
-        return true;
-    session_.Home.ShowStatus("Nothing was written.", ColorWhite);
-    return false;
+    return session_.Dialogs.Confirm({"Put Data", doubt + "\nWrite it into the meter?", BoxIcon::Stop});
 }
 
 void HomeView::Put() {
-    if (!PutIsMeant()) return;
+    if (!OtherMeterIsMeant() || !PutIsMeant())
+        return session_.Home.ShowStatus("Nothing was written.", ColorWhite);
     const bool changed = FollowSettings(session_).Changed;
     const int number = session_.Writes.PutsBegun + 1;
+    const bool itsOwn = session_.Origin.Meter == MeterOnLine(session_.Settings);
     const Status settled = PutSetup(session_);
+    if (itsOwn) session_.Origin.Meter = MeterOnLine(session_.Settings);  // which may have a new address
     if (!settled.Ok()) session_.Home.ShowStatus(settled.Text(), ColorRed);
     if (changed) session_.Home.AddNote(kChangedNote);
     session_.Writes.EndIfWanted();

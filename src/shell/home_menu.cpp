@@ -26,6 +26,7 @@ constexpr auto kMenu = std::to_array<HomeMenuRow>({
     {"mnuPut",        "&Put Setup",             kEntry,   kNoTopic, kOff, {}, HomeItem::Put},
     {"mnuVerify",     "&Verify",                kEntry,   kNoTopic, kOff, {}, HomeItem::Verify},
     {"mnuVerifyPut",  "Verify &after Put",      kEntry,   kNoTopic, kOn,  {}, HomeItem::VerifyAfterPut, kTicked},
+    {"mnuLink",       "&Link...",               kEntry,   kNoTopic, kOn,  {}, HomeItem::Link},
     {"mnuView",       "&View",                  kHeading, 3116,     kOff, {}, HomeItem::View},
     {"mnuSetup",      "&Setup",                 kEntry,   kNoTopic, kOn,  ViewId::Setup},
     {"mnuMenu",       "&Menu",                  kEntry,   kNoTopic, kOn,  ViewId::Menu, HomeItem::Menu},

@@ -24,6 +24,7 @@ enum class HomeItem {
     Put,
     Verify,
     VerifyAfterPut,
+    Link,
     View,
     Menu,
     Commands,

@@ -6,6 +6,7 @@
 #include "link/port_setup.h"
 #include "meter/meter_words.h"
 #include "shell/kept_options.h"
+#include "shell/link_switch.h"
 #include "shell/start.h"
 
 namespace counter {
@@ -79,6 +80,7 @@ void HomeView::Wire() {
     On(Menu(HomeItem::Put), &HomeView::Put);
     for (Control* verify : {&Menu(HomeItem::Verify), &cmdVerify}) On(*verify, &HomeView::Verify);
     On(Menu(HomeItem::VerifyAfterPut), &HomeView::ToggleVerify);
+    for (Control* link : {&Menu(HomeItem::Link), &cmdLink}) On(*link, &HomeView::OpenLink);
     On(Menu(HomeItem::Glossary), &HomeView::ShowGlossary);
     On(cmdMenuHelp, &HomeView::MenuHelp);
     On(cmdOK, &HomeView::EndMenuHelp);
@@ -94,6 +96,7 @@ void HomeView::Load() {
          {&lblPGText, &pbBar, &cmdCancel, &lblWait, &lblTest, &lblTest1, &lblTest2, &cmdVerify})
         hidden->Visible = false;
     Menu(HomeItem::VerifyAfterPut).Value = KeptOption(session_.Folder, kVerifyAfterPut) ? 1 : 0;
+    Menu(HomeItem::Link).Visible = cmdLink.Visible = static_cast<bool>(SwitchLink);
     session_.Identity.SetupFromMeter = false;
     MenuHelp();
 }
@@ -110,7 +113,7 @@ void HomeView::Activate() {
 // As the settings say.
 void HomeView::OfferEntries() {
     const bool comms = session_.Settings.CommsEnabled != Comms::NoLink;
-    Menu(HomeItem::Counter).Enabled = comms;
+    Menu(HomeItem::Counter).Enabled = cmdLink.Enabled = comms;
     if (!comms) session_.Identity.SetupFromMeter = false;
     const LinkState& link = session_.LinkState;
     session_.Home.CalibrationEnabled = !link.ModbusLink;
@@ -129,6 +132,18 @@ void HomeView::FollowChanges() {
     const bool opened = now.Opened.Ok();
     session_.Home.ShowStatus("The settings were changed by another program and are used as they are now.",
                              opened ? ColorWhite : ColorRed, opened ? "" : now.Opened.Text());
+}
+
+void HomeView::OpenLink() {
+    const std::string why = preparing_ ? "The meter is being asked now. Switch the link when that has ended."
+                                       : WhyLinkStays(session_);
+    if (why.empty()) return SwitchLink();
+    session_.Dialogs.Show({LinkSwitch::kTitle, why, BoxIcon::Stop});
+}
+
+void HomeView::FollowLink() {
+    OfferEntries();
+    ShowState();
 }
 
 void HomeView::ShowState() {

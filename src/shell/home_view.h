@@ -46,6 +46,12 @@ class HomeView {
     // The setup that was in memory before the last one came is there again. Only where there is one.
     void GoBack();
 
+    // The view that switches the link, over this one; a box where it can't be switched now. Only where there
+    // is a hook for it.
+    void OpenLink();
+    // It has closed: what can be used follows the link.
+    void FollowLink();
+
     // Stops what is under way between meter and memory at its next wait: a Get hands over nothing; a Put only
     // after a question that tells what went out.
     void CancelTransfer();
@@ -66,6 +72,7 @@ class HomeView {
     std::function<void()> PrepareStream;             // the stream's frame rules are asked of the meter
     std::function<void(Control& heading)> DropDown;  // the entries under a heading can be used now
     std::function<void(const std::string& title, const std::string& text)> ShowReport;  // to read and to copy
+    std::function<void()> SwitchLink;    // the view that does it
     std::function<bool()> HoldExit;      // true: something must be finished first, and calls Exit
     std::function<void()> CloseSockets;  // before the end
     std::function<void(const std::string& text)> TellOutside;  // where it is seen though the window is gone
@@ -104,6 +111,7 @@ class HomeView {
     void Get();
     void Put();
     bool PutIsMeant();
+    bool OtherMeterIsMeant();
     bool CancelIsMeant();
     bool ChangesMayGo(const char* title, const char* yes);
     void Verify();
@@ -124,6 +132,7 @@ class HomeView {
     Control& cmdMenuHelp = Add(ControlKind::Button,   "cmdMenuHelp", "Menu Help");
     Control& cmdOK       = Add(ControlKind::Button,   "cmdOK", "OK");
     Control& cmdVerify   = Add(ControlKind::Button,   "cmdVerify", "Verify");
+    Control& cmdLink     = Add(ControlKind::Button,   "cmdLink", "Link...");
     Control& lblPGText   = Add(ControlKind::Label,    "lblPGText");
     Control& pbBar       = Add(ControlKind::Progress, "pbBar");
     Control& cmdCancel   = Add(ControlKind::Button,   "cmdCancel", "Cancel");

@@ -38,4 +38,14 @@ int AddressOnLine(const Settings& settings) {
     return settings.ModbusLink ? settings.ModbusAddress : settings.MeterAddressValue;
 }
 
+std::string MeterOnLine(const Settings& settings) {
+    return "address " + std::to_string(AddressOnLine(settings)) +
+           (settings.EthernetMode ? " at the node " + settings.NodeIp
+                                  : " on port " + std::to_string(settings.CommPortNumber));
+}
+
+std::string LinkInWords(const Settings& settings) {
+    return "address " + std::to_string(AddressOnLine(settings)) + ", " + LineInWords(settings);
+}
+
 }  // namespace counter

@@ -159,7 +159,7 @@ TEST(DesktopSession, NothingIsClippedInAnyViewAtAnyScale) {
                 ++stops;
             },
             room);
-        EXPECT_EQ(stops, 27);
+        EXPECT_EQ(stops, 28);
     }
 }
 

@@ -123,6 +123,11 @@ inline void Tour(const TourStop& stop, QSize size = {1000, 700}) {
     stop(window, "home");
     bench.Choose("mnuGet");
     stop(window, "home-after-get");
+    bench.Choose("mnuLink");
+    if (QWidget* dialog = GuiBench::Dialog()) {
+        stop(*dialog, "link");
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    }
     TourTools(bench, stop);
     TourSetup(bench, stop);
     bench.Choose("mnuMenu");

@@ -1,6 +1,7 @@
 #include "desktop/pages/facts_block.h"
 
 #include <QShortcut>
+#include <QVBoxLayout>
 
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
@@ -58,7 +59,11 @@ QLabel* FactsBlock::TextOf(std::size_t row) {
     text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     const int place = static_cast<int>(row);
-    grid_->addWidget(MakeHeading(QtText(fact.Heading), this), place, 0);
+    auto* heading = new QVBoxLayout;
+    heading->addWidget(MakeHeading(QtText(fact.Heading), this));
+    if (row == 0 && link_) heading->addWidget(link_, 0, Qt::AlignLeft);
+    heading->addStretch(1);
+    grid_->addLayout(heading, place, 0);
     grid_->addWidget(text, place, 1);
     texts_.push_back(text);
     return text;

@@ -21,6 +21,9 @@ class FactsBlock : public QWidget {
     // A double click on a backup, or Enter; may be empty.
     std::function<void(const std::string& path)> OpenBackup;
 
+    // Below the heading of the meter; the button of a control of the view.
+    void ShowLinkButton(QWidget* button) { link_ = button; }
+
   private:
     QLabel* TextOf(std::size_t row);
     void ShowBackups();
@@ -29,6 +32,7 @@ class FactsBlock : public QWidget {
     HomeFacts facts_;
     QGridLayout* grid_;
     std::vector<QLabel*> texts_;
+    QWidget* link_ = nullptr;
     QLabel* backupsHeading_;
     QListWidget* backups_;
 };

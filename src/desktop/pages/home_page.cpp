@@ -187,6 +187,7 @@ void HomePage::AddText() {
     body->Column().addWidget(facts_);
     body->Column().addStretch(1);
     column_ = &body->Column();
+    facts_->ShowLinkButton(bound_.Make(view_.cmdLink, facts_));
     facts_->OpenBackup = [this](const std::string& path) { view_.OpenBackup(path); };
     column->addLayout(buttons);
     column->addWidget(body, 1);

@@ -12,6 +12,7 @@
 
 #include "desktop/desktop.h"
 #include "support/bench_meter.h"
+#include "support/fixed_catalog.h"
 #include "support/gui_pump.h"
 
 namespace counter::test {
@@ -32,7 +33,8 @@ struct GuiBench : BenchMeterOf<GuiPump> {
         : BenchMeterOf<GuiPump>(std::move(options), settings) {
         const Status started = SwitchOn();
         TakeData(Store);
-        Desk = std::make_unique<Desktop>(Program, Desktop::Folders{{"help"}, {"boards"}});
+        Desk = std::make_unique<Desktop>(Program, Desktop::Folders{{"help"}, {"boards"}},
+                                         LinkSwitch::World{Line, Tried, Catalog});
         if (!started.Ok()) Program.Home.ShowStatus(started.Text(), ColorRed);
         Desk->GoHome();
         Desk->Window().resize(1000, 700);  // as on a screen with room for it
@@ -66,6 +68,8 @@ struct GuiBench : BenchMeterOf<GuiPump> {
     static QWidget* Dialog() { return QApplication::activeModalWidget(); }
     QString StatusLine() { return QString::fromStdString(Desk->Home().lblPGText.Caption); }
 
+    FixedCatalog Catalog;
+    TriedDevice Tried;
     std::unique_ptr<Desktop> Desk;
 };
 

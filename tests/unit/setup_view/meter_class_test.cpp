@@ -21,6 +21,18 @@ TEST(MeterClass, Baud9600GoesIntoFileAndPort) {
     EXPECT_EQ(bench.Bench.Program.Settings.Lines.SettingsLine1, "3501000100108301810000");
 }
 
+TEST(MeterClass, Baud9600OfALinkForTheSessionLeavesTheFiles) {
+    SetupBench bench;
+    bench.Bench.SwitchOn();
+    const std::string own = bench.Bench.Store.Contents[kFile];
+    bench.Bench.Program.ChosenLink.Choose("3201000700100831010000");
+    ASSERT_TRUE(ReadSettings(bench.Bench.Program.BringUp).Ok());
+    bench.Open();
+    bench.Do("cmd9600");
+    EXPECT_EQ(bench.Bench.Store.Contents[kFile], own.substr(0, own.size() - 2) + "0\r\n");
+    EXPECT_EQ(bench.Bench.Program.ChosenLink.Choice(), "3501000700100831010000");
+}
+
 TEST(MeterClass, AFileThatTakesNothingLeavesThePort) {
     SetupBench bench;
     bench.Bench.SwitchOn();
