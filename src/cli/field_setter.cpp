@@ -25,7 +25,7 @@ std::string NoName(SetupRun& run, const std::string& name) {
     return "no field or control '" + name + "'" + DidYouMean(name, names);
 }
 
-std::string Quoted(const Assignment& assignment) {
+std::string Quoted(const FieldAssignment& assignment) {
     return "'" + assignment.Name + "=" + assignment.Value + "'";
 }
 
@@ -33,7 +33,7 @@ std::string Quoted(const Assignment& assignment) {
 
 bool FieldSetter::Step(SetupRun& run) {
     if (!wrong_.empty() || next_ == assignments_.size()) return false;
-    Assignment& assignment = assignments_[next_++];
+    FieldAssignment& assignment = assignments_[next_++];
     wrong_ = run.Ended() ? "the program has ended" : Set(run, assignment);
     if (wrong_ == kNoControl || wrong_ == kNoValue) wrong_ += "; see counterctl help edit";
     if (!wrong_.empty()) {
@@ -47,7 +47,7 @@ bool FieldSetter::Step(SetupRun& run) {
     return wrong_.empty();
 }
 
-std::string FieldSetter::Set(SetupRun& run, Assignment& assignment) {
+std::string FieldSetter::Set(SetupRun& run, FieldAssignment& assignment) {
     assignment.Which = FieldNamed(assignment.Name);
     if (assignment.Which) return EnterField(run.User(), *assignment.Which, assignment.Value);
     const std::vector<Control*> named = ControlsNamed(run.View().Controls, assignment.Name);
@@ -58,7 +58,7 @@ std::string FieldSetter::Set(SetupRun& run, Assignment& assignment) {
 // What was set must be there at the end, decimals included.
 std::string FieldSetter::StillSo(SetupRun& run) const {
     for (std::size_t i = 0; i + 1 < next_; ++i) {
-        const Assignment& earlier = assignments_[i];
+        const FieldAssignment& earlier = assignments_[i];
         if (!earlier.Which) continue;
         const std::string now = FieldText(run.Program().Image, *earlier.Which);
         if (now == earlier.Settled) continue;

@@ -11,7 +11,7 @@
 namespace counter {
 
 // NAME=VALUE. The name is a field's or a control's; the value an entry's text, a number, or 0 or 1.
-struct Assignment {
+struct FieldAssignment {
     std::string Name;
     std::string Value;
     std::optional<Field> Which;  // as soon as it is known; a control may belong to none
@@ -21,22 +21,22 @@ struct Assignment {
 class FieldSetter : public Player {
   public:
     // Done from first to last, and no further than the first that can't be done.
-    explicit FieldSetter(std::vector<Assignment> assignments) : assignments_(std::move(assignments)) {}
+    explicit FieldSetter(std::vector<FieldAssignment> assignments) : assignments_(std::move(assignments)) {}
 
     bool Step(SetupRun& run) override;
 
     // What could not be done and why, what is legal with it; empty where all was. A value that a later
     // assignment changed again counts as not done.
     const std::string& Wrong() const { return wrong_; }
-    const std::vector<Assignment>& Done() const { return assignments_; }
+    const std::vector<FieldAssignment>& Done() const { return assignments_; }
     // The one that was done last, or could not be. There must be one.
-    const Assignment& Last() const { return assignments_[next_ > 0 ? next_ - 1 : 0]; }
+    const FieldAssignment& Last() const { return assignments_[next_ > 0 ? next_ - 1 : 0]; }
 
   private:
-    std::string Set(SetupRun& run, Assignment& assignment);
+    std::string Set(SetupRun& run, FieldAssignment& assignment);
     std::string StillSo(SetupRun& run) const;
 
-    std::vector<Assignment> assignments_;
+    std::vector<FieldAssignment> assignments_;
     std::size_t next_ = 0;
     std::string wrong_;
 };

@@ -109,8 +109,8 @@ class SetupWorker {
 
     // Another protocol than the file's is picked as a user would, unless the table has a column of its own
     // for it: the view changes other fields with it.
-    std::vector<Assignment> AssignmentsOf(const PlannedMeter& planned, int protocolOfFile) const {
-        std::vector<Assignment> assignments;
+    std::vector<FieldAssignment> AssignmentsOf(const PlannedMeter& planned, int protocolOfFile) const {
+        std::vector<FieldAssignment> assignments;
         bool column = false;
         for (const TableValue& value : planned.Meter.Values) {
             column = column || FieldNamed(value.Column) == Field::SerialProtocol;
@@ -119,13 +119,14 @@ class SetupWorker {
         const auto& protocols = RowOf(Field::SerialProtocol).Entries;
         if (protocolOfFile != planned.Meter.Protocol && !column) {
             const std::string_view name = protocols[static_cast<std::size_t>(planned.Meter.Protocol)];
-            assignments.insert(assignments.begin(), Assignment{"Serial Protocol", std::string(name), {}, {}});
+            assignments.insert(assignments.begin(),
+                               FieldAssignment{"Serial Protocol", std::string(name), {}, {}});
         }
         return assignments;
     }
 
     bool EnterValues(PlannedMeter& planned, int protocolOfFile) {
-        const std::vector<Assignment> assignments = AssignmentsOf(planned, protocolOfFile);
+        const std::vector<FieldAssignment> assignments = AssignmentsOf(planned, protocolOfFile);
         if (assignments.empty()) return true;
         SetupImage before = planned.Now;
         if (assignments.size() > planned.Meter.Values.size())

@@ -11,7 +11,7 @@ namespace counter {
 namespace {
 
 // Empty, or what is wrong with the words after the file's name.
-std::string ReadAssignments(const CommandCall& call, std::vector<Assignment>& assignments) {
+std::string ReadAssignments(const CommandCall& call, std::vector<FieldAssignment>& assignments) {
     for (std::size_t i = 1; i < call.Words.size(); ++i) {
         const std::string& word = call.Words[i];
         const std::size_t equals = word.find('=');
@@ -39,7 +39,7 @@ int Finish(const CommandCall& call, const SetupImage& before, const FieldSetter&
 }  // namespace
 
 int SetCommand(const CommandCall& call) {
-    std::vector<Assignment> assignments;
+    std::vector<FieldAssignment> assignments;
     if (const std::string wrong = ReadAssignments(call, assignments); !wrong.empty())
         return RefuseCall(call, wrong);
     SetupImage image;

@@ -11,13 +11,13 @@ bool SharesBits(const FieldRow& a, const FieldRow& b) {
     return sameDigits && a.LoBit <= b.HiBit && b.LoBit <= a.HiBit;
 }
 
-bool IsAssigned(const FieldRow& row, const std::vector<Assignment>& assignments) {
+bool IsAssigned(const FieldRow& row, const std::vector<FieldAssignment>& assignments) {
     return std::any_of(assignments.begin(), assignments.end(),
-                       [&](const Assignment& assignment) { return assignment.Which == row.Handle; });
+                       [&](const FieldAssignment& assignment) { return assignment.Which == row.Handle; });
 }
 
-bool SharesBitsWithOne(const FieldRow& row, const std::vector<Assignment>& assignments) {
-    return std::any_of(assignments.begin(), assignments.end(), [&](const Assignment& assignment) {
+bool SharesBitsWithOne(const FieldRow& row, const std::vector<FieldAssignment>& assignments) {
+    return std::any_of(assignments.begin(), assignments.end(), [&](const FieldAssignment& assignment) {
         return assignment.Which && SharesBits(row, RowOf(*assignment.Which));
     });
 }
@@ -29,7 +29,7 @@ bool Differs(const SetupImage& a, const SetupImage& b, Field field) {
 }  // namespace
 
 SetResult CompareSet(const SetupImage& before, const SetupImage& after,
-                     const std::vector<Assignment>& assignments) {
+                     const std::vector<FieldAssignment>& assignments) {
     SetResult result;
     for (const FieldRow& row : FieldTable()) {
         if (!Differs(before, after, row.Handle)) continue;

@@ -16,7 +16,7 @@ struct SetResult {
 };
 
 SetResult CompareSet(const SetupImage& before, const SetupImage& after,
-                     const std::vector<Assignment>& assignments);
+                     const std::vector<FieldAssignment>& assignments);
 
 // "Changed with it:" and a line each; empty where nothing was.
 std::string ConsequenceLines(const Differences& consequences);

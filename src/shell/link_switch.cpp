@@ -15,7 +15,7 @@ namespace counter {
 
 namespace {
 
-constexpr int kAddresses = 32;
+constexpr int kMostAddresses = 32;
 constexpr int kFirstWithLabel = 10;  // the panel shows those from here on as letters, and with a point
 constexpr int kSpeeds = 7;
 
@@ -54,7 +54,7 @@ std::string WhyLinkStays(const Session& session) {
 
 LinkSwitch::LinkSwitch(Session& session, const World& world) : session_(session), world_(world) {
     Form::Fill(cboBaud, std::span(BaudTable).first(kSpeeds));
-    for (int address = 0; address < kAddresses; ++address) addressTexts_.push_back(AddressText(address));
+    for (int address = 0; address < kMostAddresses; ++address) addressTexts_.push_back(AddressText(address));
     cboAddress.Entries.assign(addressTexts_.begin(), addressTexts_.end());
     pbFind.Visible = false;
     Wire();

@@ -52,18 +52,18 @@ bool Ready(int descriptor, short events, Clock::time_point deadline) {
     }
 }
 
-void SetOption(int descriptor, int level, int option, int value) {
+void SetSocketOption(int descriptor, int level, int option, int value) {
     setsockopt(descriptor, level, option, &value, sizeof value);
 }
 
 // A far end that has gone without a word is noticed after some 15 seconds, whether or not something was sent.
 void MakeAttentive(int descriptor) {
-    SetOption(descriptor, IPPROTO_TCP, TCP_NODELAY, 1);
-    SetOption(descriptor, SOL_SOCKET, SO_KEEPALIVE, 1);
-    SetOption(descriptor, IPPROTO_TCP, TCP_KEEPIDLE, 6);
-    SetOption(descriptor, IPPROTO_TCP, TCP_KEEPINTVL, 3);
-    SetOption(descriptor, IPPROTO_TCP, TCP_KEEPCNT, 3);
-    SetOption(descriptor, IPPROTO_TCP, TCP_USER_TIMEOUT, 15'000);
+    SetSocketOption(descriptor, IPPROTO_TCP, TCP_NODELAY, 1);
+    SetSocketOption(descriptor, SOL_SOCKET, SO_KEEPALIVE, 1);
+    SetSocketOption(descriptor, IPPROTO_TCP, TCP_KEEPIDLE, 6);
+    SetSocketOption(descriptor, IPPROTO_TCP, TCP_KEEPINTVL, 3);
+    SetSocketOption(descriptor, IPPROTO_TCP, TCP_KEEPCNT, 3);
+    SetSocketOption(descriptor, IPPROTO_TCP, TCP_USER_TIMEOUT, 15'000);
 }
 
 // 0, or the error; `descriptor` is then closed.

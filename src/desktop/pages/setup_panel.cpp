@@ -13,7 +13,7 @@ namespace counter {
 
 namespace {
 
-constexpr int kLiveCharacters = 8;
+constexpr int kLiveValueCharacters = 8;
 constexpr const char* kNoControl =
     "The field that has the focus is told here: its range, what the meter had, its help.";
 
@@ -77,7 +77,8 @@ void SetupPanel::AddLive(QVBoxLayout& column) {
     lblLive_->setAccessibleName(QStringLiteral("Item 1"));
     lblLive_->setFont(FixedPitchFont());
     lblLive_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    lblLive_->setMinimumWidth(lblLive_->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kLiveCharacters);
+    lblLive_->setMinimumWidth(lblLive_->fontMetrics().horizontalAdvance(QLatin1Char('0')) *
+                              kLiveValueCharacters);
     lblTrouble_ = new QLabel(this);
     lblTrouble_->setObjectName(QStringLiteral("lblTrouble"));
     lblTrouble_->setWordWrap(true);
