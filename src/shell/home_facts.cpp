@@ -109,7 +109,7 @@ HomeFact TransferFact(const Session& session) {
     fact.Bad = !last.Good;
     if (last.Good) {
         fact.Text +=
-            last.Put ? "it appears to have gone over; a Get shows what the meter holds." : "all came.";
+            last.Put ? "it appears to have gone over; Verify shows whether the meter holds it." : "all came.";
     } else if (last.LinkError == 0) {
         fact.Text += "given up before its end.";
     } else {

@@ -275,9 +275,9 @@ TEST(SetupPage, ThePanelTellsOfTheFieldInFocusWhereThereIsRoom) {
         return panel && panel->isVisible();
     };
     EXPECT_FALSE(panelShown());
+    window.WidgetOf("txtGateTime")->setFocus(Qt::TabFocusReason);
     window.Window.resize(1300, 800);
     ASSERT_TRUE(panelShown());
-    window.WidgetOf("txtGateTime")->setFocus(Qt::TabFocusReason);
     window.Pump.Settle();
     const QString facts = window.Page->findChild<QTextEdit*>("txtFacts")->toPlainText();
     EXPECT_TRUE(facts.contains("Range: 0.00 to 199.99\nCounted: seconds")) << facts.toStdString();

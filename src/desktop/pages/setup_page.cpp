@@ -129,10 +129,8 @@ void SetupPage::ConnectTools() {
         PlacePanel();
     });
     // The field that had the focus last stays told while the focus is elsewhere.
-    QObject::connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        const Control* control = panel_ && now ? bound_.ControlOf(now) : nullptr;
-        if (control && control->Tab != kEveryTab) panel_->TellOf(*control);
-    });
+    QObject::connect(qApp, &QApplication::focusChanged, this,
+                     [this](QWidget*, QWidget* now) { TellOfField(now); });
 }
 
 void SetupPage::MakePanel() {
@@ -151,10 +149,18 @@ bool SetupPage::PanelWanted() const {
     return panelWished_.value_or(left >= tabs_->sizeHint().width());
 }
 
+void SetupPage::TellOfField(const QWidget* widget) {
+    const Control* control = panel_ && widget ? bound_.ControlOf(widget) : nullptr;
+    if (control && control->Tab != kEveryTab) panel_->TellOf(*control);
+}
+
 void SetupPage::PlacePanel() {
     placing_ = false;
     const bool shown = PanelWanted();
-    if (shown && !panel_) MakePanel();
+    if (shown && !panel_) {
+        MakePanel();
+        TellOfField(QApplication::focusWidget());
+    }
     if (panel_ && panel_->isHidden() == shown) panel_->setVisible(shown);
     if (!shown) live_.Stop();
     cmdPanel_->setChecked(shown);

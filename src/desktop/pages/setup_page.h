@@ -62,6 +62,7 @@ class SetupPage : public ViewPage {
                          const QKeySequence& key);
     void ConnectTools();
     void Connect();
+    void TellOfField(const QWidget* widget);
     void PlacePanel();
     bool PanelWanted() const;
     void MakePanel();
