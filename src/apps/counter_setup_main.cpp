@@ -37,7 +37,7 @@ int Run(int argc, char** argv) {
     QtSockets sockets;
     Session session(pump, port, dialogs, {files, folder}, sockets.Both());
 
-    const Status started = StartWithSettings(session, dialogs);
+    const Status started = StartWithSettings(session, dialogs, !file.empty());
     TriedDevice tried;
     QtLine trials(tried);
     Desktop desktop(session, {DataFolders(folder, "help"), DataFolders(folder, "boards")},

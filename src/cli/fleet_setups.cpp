@@ -8,6 +8,7 @@
 #include "cli/field_names.h"
 #include "cli/field_setter.h"
 #include "cli/set_result.h"
+#include "link/settings_alone.h"
 #include "meter/default_setup.h"
 #include "meter/field_code.h"
 #include "shell/setup_files.h"
@@ -16,25 +17,6 @@
 namespace counter {
 
 namespace {
-
-// A program folder in which there are the settings of one meter, and that takes nothing.
-class SettingsAlone : public Files {
-  public:
-    explicit SettingsAlone(const SettingsLines& lines) : text_(FormatSettings(lines)) {}
-    Status Read(const std::string& path, std::string& content) const override {
-        if (!path.ends_with(kSettingsFile)) return {StatusKind::NotFound, path, "No such file or directory"};
-        content = text_;
-        return {};
-    }
-    Status Write(const std::string&, std::string_view) override { return {}; }
-    Status Append(const std::string&, std::string_view) override { return {}; }
-    Status Remove(const std::string&) override { return {}; }
-    Status MakeFolder(const std::string&) override { return {}; }
-    Status MakeLink(const std::string&, const std::string&) override { return {}; }
-
-  private:
-    std::string text_;
-};
 
 std::vector<std::string> LinesOf(const Differences& consequences) {
     std::vector<std::string> lines;

@@ -45,6 +45,7 @@ CompareView::CompareView(Session& session) : Program(session) {
     On(cmdTake, &CompareView::TakeOverMarked);
     On(cmdCsv, &CompareView::SaveCsv);
     On(cmdCopy, &CompareView::Copy);
+    On(cmdCancel, &CompareView::Cancel);
     Controls.On(cmdMainMenu, [this](Control&) {
         if (ShowMainMenu) ShowMainMenu();
     });
@@ -64,9 +65,15 @@ void CompareView::Activate() {
 }
 
 void CompareView::PutAway() {
+    Cancel();
     ++stay_;
     otherName_.clear();
     Pair();
+}
+
+// A Put that began in a wait of the reading is not for this view to end.
+void CompareView::Cancel() {
+    if (cmdCancel.Visible) Program.Home.CancelTransfers();
 }
 
 void CompareView::Follow() {
@@ -104,7 +111,7 @@ void CompareView::Load(const std::string& path) {
     if (!wrong.empty()) Tell(path + ": no whole setup: " + wrong, ColorRed);
 }
 
-// A press on the button does nothing while the meter is read; whoever leaves meanwhile is shown nothing.
+// A press on the button does nothing while the meter is read; for who leaves meanwhile it is read no further.
 void CompareView::CompareWithMeter() {
     const int stay = stay_;
     Controls.SetIndex(Backup.Inner, -1);
@@ -114,7 +121,10 @@ void CompareView::CompareWithMeter() {
     const MeterReading reading = ReadMeter(Program, Program.Image);
     reading_ = false;
     ShowState();
-    if (stay != stay_) return;
+    if (stay != stay_) {
+        if (Program.Home.StatusText == HomeView::kStopping) Program.Home.HideStatus();
+        return;
+    }
     if (!reading.Trouble.empty()) return Tell(reading.Trouble, ColorRed);
     Take(reading.Came, "the meter");
 }
@@ -206,6 +216,7 @@ void CompareView::ShowState() {
     lblOther.Caption = otherName_.empty() ? kNothingYet : "In memory, and " + otherName_;
     pbBar.Value = home.ProgressPercent;
     pbBar.Visible = reading_ && home.ProgressVisible;
+    cmdCancel.Visible = reading_ && home.Transfers == 1;
     Controls.TellChanged();
 }
 

@@ -27,6 +27,8 @@ class CompareView {
     void Activate();
     // It is left, whatever it waits for: what still comes is thrown away.
     void PutAway();
+    // Ends the reading of the meter at its next wait; nothing where there is none.
+    void Cancel();
     // Memory, the status line or the progress may be another.
     void Follow();
 
@@ -55,6 +57,7 @@ class CompareView {
     Control& cmdMainMenu = Build.Add(ControlKind::Button,   nullptr, "cmdMainMenu", "Main Menu");
     Control& lblStatus   = Build.Add(ControlKind::Label,    nullptr, "lblStatus");
     Control& pbBar       = Build.Add(ControlKind::Progress, nullptr, "pbBar");
+    Control& cmdCancel   = Build.Add(ControlKind::Button,   nullptr, "cmdCancel",   "Cancel");
     // clang-format on
 
   private:

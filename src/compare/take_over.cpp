@@ -93,7 +93,7 @@ TakenOver TakeOver(Session& session, const SetupImage& other, const std::vector<
     EnterAll(desk, other, fields, result);
     if (result.Taken.empty()) return result;
     result.Changed = ChangedBeside(session.Image, desk.Program().Image, fields);
-    const SetupActScope act(session.Changes, session.Image, {"compare", "taken over in Compare", fields});
+    const SetupActScope act(session.Changes, session.Image, {kTakenOverAct, "taken over", fields});
     session.Image = desk.Program().Image;
     session.Derived = desk.Program().Derived;
     return result;

@@ -173,7 +173,7 @@ ViewPage* Desktop::MakeSetup() {
     setup_ = std::make_unique<SetupView>(session_);
     setupPage_ = new SetupPage(*setup_, window_.get());
     setupPage_->ShowMainMenu = [this] { GoHome(); };
-    setupPage_->Acted = [this] { window_->MarkTitle(SetupChanged(session_)); };
+    setupPage_->Acted = [this](bool changed) { window_->MarkTitle(changed); };
     setupPage_->GoBack = [this] { home_.GoBack(); };
     setupPage_->OpenHelp = [this](int helpId) { OpenHelp(helpId, HelpFrom::Setup); };
     setupPage_->MeterSetup = [this] {
@@ -303,12 +303,13 @@ void Desktop::ShowReplaced() {
     ViewPage* const page = window_->Current();
     if (page && (page == setupPage_ || page == menuPage_)) page->ComeToFront();
     if (compare_) compare_->Follow();
-    if (sheet_) sheet_->Refresh();
+    if (sheet_ && page == pages_[ViewId::Sheet]) sheet_->Refresh();
 }
 
 void Desktop::ShowChanged() {
     window_->MarkTitle(SetupChanged(session_));
     homePage_->ShowFacts();
+    if (setupPage_ && window_->Current() == setupPage_) setupPage_->FollowTransfers();
 }
 
 // Out of the list of the home view: the Setup view has the control.

@@ -39,7 +39,7 @@ bool RunCounterTry() {
 }
 
 // True: the program goes on without settings, on files alone.
-bool WorksWithFiles(Session& session, QtDialogs& dialogs) {
+bool WorksWithFiles(Session& session, QtDialogs& dialogs, bool fileGiven) {
     enum Way { kFind, kTry, kFiles, kQuit };
     const std::string text =
         "No meter is known yet in the folder " + session.Folder.Path +
@@ -47,7 +47,8 @@ bool WorksWithFiles(Session& session, QtDialogs& dialogs) {
         "Find a Meter: counter-link looks for it on the ports of this computer and keeps "
         "how it is reached.\n"
         "Try the Simulated One: all views on a meter that is a program.\n"
-        "Work With Files: setups are opened, changed and saved; no meter is needed.";
+        "Work With Files: setups are opened, changed and saved; no meter is needed." +
+        (fileGiven ? "\n\nThe file that was given is opened by the first and the last of these." : "");
     const int way = dialogs.ChooseOf({"Counter Setup", text},
                                      {"Find a Meter", "Try the Simulated One", "Work With Files", "Quit"});
     if (way == kFiles) return true;
@@ -63,12 +64,12 @@ bool WorksWithFiles(Session& session, QtDialogs& dialogs) {
 
 }  // namespace
 
-Status StartWithSettings(Session& session, QtDialogs& dialogs) {
+Status StartWithSettings(Session& session, QtDialogs& dialogs, bool fileGiven) {
     for (;;) {
         Status status = Start(session);
         if (status.Ok() || CanRead(session)) return status;
         if (status.Kind == StatusKind::NotFound) {
-            if (WorksWithFiles(session, dialogs)) return {};
+            if (WorksWithFiles(session, dialogs, fileGiven)) return {};
             continue;
         }
         const std::string text =

@@ -127,6 +127,7 @@ bool FieldIsHex(const SetupImage& image, Field field) {
 
 bool FieldEqual(const SetupImage& a, const SetupImage& b, Field field) {
     const FieldRow& row = RowOf(field);
+    if (SameDigits(a, b, row.Pos, row.Digits)) return true;
     for (int pos = row.Pos; pos < row.Pos + row.Digits; pos += 2) {
         const std::string digitsA = DigitsGet(a, pos, 2);
         const std::string digitsB = DigitsGet(b, pos, 2);

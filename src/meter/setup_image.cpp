@@ -84,6 +84,10 @@ std::string DigitsGet(const SetupImage& image, int pos, int count) {
     return std::string(DigitsAt(image, pos, count));
 }
 
+bool SameDigits(const SetupImage& a, const SetupImage& b, int pos, int count) {
+    return DigitsAt(a, pos, count) == DigitsAt(b, pos, count);
+}
+
 void DigitsPut(SetupImage& image, int pos, std::string_view digits) {
     std::string_view there = DigitsAt(image, pos, static_cast<int>(digits.size()));
     if (there.empty()) return;

@@ -49,6 +49,9 @@ void BytePut(SetupImage& image, int pos, int value);
 // What is there of `count` digits from `pos` on; shorter at the end of the image.
 std::string DigitsGet(const SetupImage& image, int pos, int count);
 
+// The same digits, or as few of them, in both.
+bool SameDigits(const SetupImage& a, const SetupImage& b, int pos, int count);
+
 // Overwrites the digits from `pos` on; what reaches beyond the image is dropped.
 void DigitsPut(SetupImage& image, int pos, std::string_view digits);
 

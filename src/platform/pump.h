@@ -43,7 +43,8 @@ class Pump {
         std::function<void()> Tick;
     };
     // From now on `tick` is called every `periodMs` milliseconds by whatever wait is under way, nested ones
-    // included. A call that comes late is made once and not made up for. It must not wait.
+    // included. A call that comes late is made once and not made up for. One that waits is inside that wait:
+    // it asks Waits first, and is called again in its own.
     [[nodiscard]] std::shared_ptr<Ticker> Every(double periodMs, std::function<void()> tick);
 
     // Lets input pile up for some milliseconds, in which nothing runs, an interrupt included: for who is
@@ -57,6 +58,8 @@ class Pump {
     void RequestInterrupt() { interruptRequested_ = true; }
     std::function<void()> OnInterrupt;
 
+    // How many waits are under way, one in another. The program as a whole is one.
+    std::size_t Waits() const { return reasons_.size(); }
     // What the nested waits wait for, outermost first: for bug reports and failing tests.
     std::string Reasons() const;
 

@@ -15,6 +15,7 @@ std::string WhoChanged(const SetupChanges& changes, Field field) {
     const SetupAct& act = step->Act;
     if (act.Control.empty()) return "rule, " + act.What;
     const bool himself = std::ranges::find(act.Fields, field) != act.Fields.end();
+    if (act.Control == kTakenOverAct) return himself ? act.What : "rule, with what was " + act.What;
     if (!himself) return "rule, with " + act.What;
     return act.Typed ? "typed" : "picked";
 }

@@ -23,6 +23,9 @@ struct SetupAct {
     bool Typed = false;              // by digit entry; otherwise he picks
 };
 
+// In place of a control: single fields taken over from another setup.
+inline constexpr const char* kTakenOverAct = "compare";
+
 class SetupChanges {
   public:
     struct Step {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "link/link_error.h"
@@ -40,7 +41,9 @@ struct TransferReport {
     int LinkError = 0;  // with Good false and 0: it was given up, or refused before a number came of it
     ErrorSource FailedIn = ErrorSource::Unknown;
     std::int64_t UtcMs = 0;
-    SetupImage Sent = {};  // by a good Put, as the protocol of the line made it
+    SetupImage Sent = {};            // by a good Put, as the protocol of the line made it
+    std::string Meter = {};          // that a good Put went to, where it is now: "address 5 on port 1"
+    std::optional<int> Differ = {};  // fields in which that meter differs from it, since Verify has read it
 };
 
 }  // namespace counter

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "meter/field_value.h"
 #include "meter/meter_words.h"
 #include "meter/text.h"
 #include "setup_view/setup_view.h"
@@ -159,6 +160,15 @@ void CommunicationPage::PickProtocol() {
 void CommunicationPage::PickParity() {
     PutCode(Image(), Field::Parity, Parity.Inner.ListIndex);
     Program.LinkState.ParityIndex = Parity.Inner.ListIndex;
+}
+
+void CommunicationPage::GiveLineItsParity() {
+    const auto same = [this](Field field) { return FieldEqual(Image(), Program.Origin.Image, field); };
+    const bool ascii = CodeOf(Image(), Field::SerialProtocol) == Protocol::CustomAscii;
+    Program.LinkState.ParityIndex = same(Field::SerialProtocol) && same(Field::Parity)
+                                        ? Program.Settings.ParityIndex
+                                    : ascii ? Parity::None
+                                            : CodeOf(Image(), Field::Parity);
 }
 
 void CommunicationPage::EntryClosed(const Control& entered) {

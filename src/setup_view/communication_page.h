@@ -58,6 +58,9 @@ struct CommunicationPage : Page {
     void Come();
     // What an entered byte rules beside its own box.
     void EntryClosed(const Control& entered);
+    // By the setup, after a pick of protocol or parity was taken back; as the settings have it, where the
+    // setup is as it came.
+    void GiveLineItsParity();
 
   private:
     void PickProtocol();

@@ -27,26 +27,39 @@ std::string LiveValue::WhyNever() const {
     return none ? "There is no link to a meter." : "";
 }
 
-bool LiveValue::MayAsk() const {
-    const bool transfers = session_.Home.Transfers > 0 || session_.Writes.Running > 0;
-    return !transfers && session_.LinkState.Awaited == nullptr && !(Busy && Busy());
+// In a wait of anybody else (a transfer, another reading, a rule, a box that is on show) it would only make
+// that longer, and the meter answers one at a time.
+void LiveValue::AskIfFree() {
+    if (asking_ || session_.Pump.Waits() > 1) return;
+    asking_ = true;
+    Ask();
+    asking_ = false;
 }
 
-// Begun again in one of its waits, the later run goes on and the earlier ends.
 void LiveValue::Start() {
     if (on_ || !WhyNever().empty()) return;
     on_ = true;
     trouble_.clear();
-    const int run = ++run_;
+    ++run_;
+    ticker_ = session_.Pump.Every(kBetweenReadingsMs, [this] { AskIfFree(); });
     Tell();
-    while (on_ && run == run_) {
-        if (MayAsk()) Ask();
-        if (!on_ || run != run_) break;
-        const double nextMs = session_.Pump.NowMs() + kBetweenReadingsMs;
-        session_.Pump.WaitUntil(
-            nextMs, [this, run] { return !on_ || run != run_; }, "next live value");
-    }
-    Tell();
+    AskIfFree();
+}
+
+void LiveValue::Stop() {
+    on_ = false;
+    ticker_.reset();
+}
+
+// As the meter has it: by what was put into it last, or read from it.
+int LiveValue::PointOfItem1() const {
+    const auto& last = session_.LastTransfer;
+    const auto& got = session_.MeterAtLastGet;
+    const bool put = last && last->Put && last->Good;
+    if (!put && !got) return session_.Derived.ItemDecPts[1];
+    return DeriveFromImage(put ? last->Sent : got->Image, session_.Identity.FirmwareVersion,
+                           session_.Identity.MeterType)
+        .ItemDecPts[1];
 }
 
 // What comes after it was switched off is thrown away.
@@ -57,9 +70,9 @@ void LiveValue::Ask() {
     if (!on_ || run != run_) return;
     if (link.LinkError == 0 && !link.PortFault) {
         const std::string reading(Trimmed(link.RawReply));
-        text_ = link.ModbusLink ? WithPoint(reading, ShownPoint(session_.Derived.ItemDecPts[1])) : reading;
+        text_ = link.ModbusLink ? WithPoint(reading, ShownPoint(PointOfItem1())) : reading;
     } else {
-        on_ = false;
+        Stop();
         trouble_ = "No reading: " + link.ErrorMeaning() + " (" + std::to_string(link.LinkError) + ").";
     }
     Tell();

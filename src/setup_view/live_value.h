@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "session/session.h"
@@ -21,24 +22,25 @@ class LiveValue {
     // Why it can't be on at all, a sentence; empty: it can.
     std::string WhyNever() const;
 
-    // Returns when it has gone off again, however that comes: the waits between the readings are its own.
+    // The first reading is asked for at once, where nobody else waits.
     void Start();
-    // Off with the wait in hand.
-    void Stop() { on_ = false; }
+    // A reading that still comes is thrown away.
+    void Stop();
 
-    std::function<bool()> Busy;     // somebody else asks the meter in a loop of his own; may be empty
     std::function<void()> Changed;  // may be empty
 
   private:
-    bool MayAsk() const;
+    void AskIfFree();
     void Ask();
+    int PointOfItem1() const;
     void Tell() const {
         if (Changed) Changed();
     }
 
     Session& session_;
-    bool on_ = false;
+    bool on_ = false, asking_ = false;
     int run_ = 0;  // another one where it was started anew in a wait
+    std::shared_ptr<Pump::Ticker> ticker_;
     std::string text_, trouble_;
 };
 

@@ -86,6 +86,8 @@ void SetupView::BuildOn(const SetupImage& image, const SetupAct& act) {
     const int stay = stay_ + 1;
     Build(acted && acted->Tab != kEveryTab ? acted->Tab : CurrentTab());
     if (stay == stay_ && acted && Controls.Reach(*acted) == Refusal::None) Focus(*acted);
+    if (acted == &Communication.Parity.Inner || acted == &Communication.Protocol.Inner)
+        Communication.GiveLineItsParity();
     Controls.TellChanged();
 }
 

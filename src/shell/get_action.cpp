@@ -146,6 +146,7 @@ GetEnd CallOff(Session& session, int linkErrorBefore) {
 
 GetEnd GetSetup(Session& session) {
     const int linkErrorBefore = session.LinkState.LinkError;
+    const SetupImage before = session.Image;
     GetEnd end = GetEnd::Failed;
     {
         const TransferScope transfer(session.Home);
@@ -155,7 +156,9 @@ GetEnd GetSetup(Session& session) {
         if (transfer.Cancelled()) return CallOff(session, linkErrorBefore);
         end = Finish(session, reading);
     }
-    if (session.Home.Replaced) session.Home.Replaced();
+    // A Get that brought nothing leaves a view that is on show alone, and what is typed in it.
+    const bool replaced = end == GetEnd::Done || session.Image != before;
+    if (replaced && session.Home.Replaced) session.Home.Replaced();
     if (CodeOf(session.Image, Field::DisplayType) == DisplayType::RemoteA)
         session.Dialogs.Show({"Note:", kRemoteNote, BoxIcon::None});
     session.Home.ShowHourglass(false);

@@ -101,6 +101,14 @@ HomeFact SetupFact(const Session& session) {
     return fact;
 }
 
+std::string PutInWords(const TransferReport& put) {
+    const std::string went = "it appears to have gone over to the meter at " + put.Meter;
+    if (!put.Differ) return went + "; Verify shows whether it holds it.";
+    if (*put.Differ == 0) return went + ", and Verify found that it holds it.";
+    return went + ", but Verify found " + std::to_string(*put.Differ) +
+           (*put.Differ == 1 ? " field that differs." : " fields that differ.");
+}
+
 HomeFact TransferFact(const Session& session) {
     HomeFact fact{"factTransfer", "Last transfer", "None yet."};
     if (!session.LastTransfer) return fact;
@@ -108,8 +116,8 @@ HomeFact TransferFact(const Session& session) {
     fact.Text = std::string(last.Put ? "Put" : "Get") + ", " + Minute(session, last.UtcMs) + ": ";
     fact.Bad = !last.Good;
     if (last.Good) {
-        fact.Text +=
-            last.Put ? "it appears to have gone over; Verify shows whether the meter holds it." : "all came.";
+        fact.Text += last.Put ? PutInWords(last) : "all came.";
+        fact.Bad = last.Differ.value_or(0) > 0;
     } else if (last.LinkError == 0) {
         fact.Text += "given up before its end.";
     } else {

@@ -55,7 +55,9 @@ bool HomeView::ChangesMayGo(const char* title, const char* yes) {
     return text.empty() || session_.Dialogs.Confirm({title, text, BoxIcon::Stop, {}, yes, "Keep It"});
 }
 
+// What a transfer under way brings would take the place of what was put aside.
 void HomeView::GoBack() {
+    if (session_.Home.Transfers > 0) return;
     GoBackToSetupBefore(session_);
     OfferLoaded();
     session_.Home.ShowStatus("The setup from " + OriginInWords(session_.Origin) + " is in memory again.",
@@ -177,9 +179,12 @@ void HomeView::Put() {
         return session_.Home.ShowStatus("Nothing was written.", ColorWhite);
     const bool changed = FollowSettings(session_).Changed;
     const int number = session_.Writes.PutsBegun + 1;
-    const bool itsOwn = session_.Origin.Meter == MeterOnLine(session_.Settings);
+    const std::string from = session_.Origin.Meter;
+    const bool itsOwn = from == MeterOnLine(session_.Settings);
     const Status settled = PutSetup(session_);
-    if (itsOwn) session_.Origin.Meter = MeterOnLine(session_.Settings);  // which may have a new address
+    // Another setup may have come meanwhile, from elsewhere.
+    if (itsOwn && session_.Origin.Meter == from)
+        session_.Origin.Meter = MeterOnLine(session_.Settings);  // which may have a new address
     if (!settled.Ok()) session_.Home.ShowStatus(settled.Text(), ColorRed);
     if (changed) session_.Home.AddNote(kChangedNote);
     session_.Writes.EndIfWanted();
@@ -216,7 +221,7 @@ void HomeView::CancelTransfer() {
     if (session_.Writes.Running > 0 && !CancelIsMeant()) return;
     if (home.Transfers == 0) return;  // it has come to its end meanwhile, and the line says how
     home.CancelledUpTo = upTo;
-    home.ShowStatus("Stopping after the frame in hand.", ColorWhite);
+    home.ShowStatus(kStopping, ColorWhite);
 }
 
 // A setup that is in the meter in part helps nobody.

@@ -16,6 +16,8 @@ namespace counter {
 class HomeView {
   public:
     static constexpr std::string_view kTitle = "COUNTER MAIN  MENU";
+    // On the status line, until what was called off has ended.
+    static constexpr const char* kStopping = "Stopping after the frame in hand.";
     static constexpr std::string_view kSetupFilter = "Setup files (*.CT2)|*.CT2";
 
     explicit HomeView(Session& session);

@@ -95,6 +95,10 @@ void LinkSwitch::ListPorts() {
                                    [&](const Port& port) { return SameDevice(files, port.Device, device); });
     };
     ports_ = {{session_.Settings.CommPortNumber, world_.Catalog.DeviceOf(session_.Settings.CommPortNumber)}};
+    // The file's link must be one to choose, whatever has become of its port.
+    const int ofFile = Parsed(WithLine1(lines_, session_.ChosenLink.FileLine1())).CommPortNumber;
+    if (session_.ChosenLink.Choice() && ofFile != ports_.front().Number)
+        ports_.push_back({ofFile, world_.Catalog.DeviceOf(ofFile)});
     for (int number = 1; number <= kMostPorts; ++number) {
         const bool means = number <= static_cast<int>(machine.size()) ||
                            !files.LinkTarget(PortLink(session_.Folder, number)).empty();

@@ -2,6 +2,7 @@
 
 #include "link/link_error.h"
 #include "link/port_setup.h"
+#include "link/settings_alone.h"
 #include "meter/field_lists.h"
 #include "meter/field_value.h"
 #include "meter/meter_words.h"
@@ -13,24 +14,6 @@
 namespace counter {
 
 namespace {
-
-// A store that holds the settings to be tried and drops what is written.
-class TriedSettings : public Files {
-  public:
-    explicit TriedSettings(std::string text) : text_(std::move(text)) {}
-    Status Read(const std::string&, std::string& content) const override {
-        content = text_;
-        return {};
-    }
-    Status Write(const std::string&, std::string_view) override { return {}; }
-    Status Append(const std::string&, std::string_view) override { return {}; }
-    Status Remove(const std::string&) override { return {}; }
-    Status MakeFolder(const std::string&) override { return {}; }
-    Status MakeLink(const std::string&, const std::string&) override { return {}; }
-
-  private:
-    std::string text_;
-};
 
 // Notes about the setup are of no use here.
 class NoBoxes : public Dialogs {
@@ -76,7 +59,7 @@ std::string WhatToLookAt(int linkError) {
 }  // namespace
 
 LinkTrial TryLink(const TrialWorld& world, const SettingsLines& lines) {
-    TriedSettings store(FormatSettings(lines));
+    SettingsAlone store(lines);
     NoBoxes boxes;
     Session session(world.Pump, world.Port, boxes, {store, world.Folder}, world.Sockets);
     LinkTrial trial;

@@ -6,6 +6,7 @@
 #include "link/read_settings.h"
 #include "link/waits.h"
 #include "session/take_setup.h"
+#include "shell/line_words.h"
 #include "transfer/put_frames.h"
 #include "transfer/put_setup.h"
 
@@ -95,6 +96,7 @@ Status Finish(Session& session, const SetupImage& image, Status settled, const s
     session.Home.ShowStatus(kPutAppearsDone, ColorGreen);
     // Over Modbus the settings have been saved already; then this finds nothing changed.
     if (settled.Ok()) settled = SaveLinkSettings(image, session.BringUp);
+    session.LastTransfer->Meter = MeterOnLine(session.Settings);
     if (settled.Ok()) session.Home.StatusNote = NoteOfSpeed(session, lineBefore);
     session.Home.ProgressPercent = 0;
     session.Home.ShowProgress(false);

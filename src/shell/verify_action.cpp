@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "shell/line_words.h"
 #include "shell/read_meter.h"
 #include "transfer/difference_table.h"
 
@@ -14,9 +15,20 @@ constexpr const char* kVerifiedNote = "verified: the meter holds it";
 constexpr const char* kPutNote = "another setup is in memory now";
 constexpr const char* kChosenNote = "as it was when Verify began; another is in memory now";
 
+int CountOf(const Differences& differences) {
+    return static_cast<int>(std::ranges::count_if(differences, &FieldDifference::Counts));
+}
+
+// The last Put is told with it, where it was of this setup and into this meter.
+void NoteVerified(Session& session, const SetupImage& wanted, const Differences& differences) {
+    auto& last = session.LastTransfer;
+    if (last && last->Put && last->Good && last->Sent == wanted &&
+        last->Meter == MeterOnLine(session.Settings))
+        last->Differ = CountOf(differences);
+}
+
 std::string DifferText(const Differences& differences, const std::string& whose) {
-    const auto count = std::count_if(differences.begin(), differences.end(),
-                                     [](const FieldDifference& difference) { return difference.Counts(); });
+    const int count = CountOf(differences);
     return std::to_string(count) + (count == 1 ? " field differs" : " fields differ") +
            " in the meter from " + whose;
 }
@@ -48,6 +60,7 @@ Verification VerifySetup(Session& session, bool afterPut) {
         return {};
     }
     const Differences differences = CompareSetups(wanted, reading.Came, RoadOf(session.LinkState), version);
+    NoteVerified(session, wanted, differences);
     const bool holds = !AnyCounts(differences);
     const std::string note = session.Image == wanted ? "" : afterPut ? kPutNote : kChosenNote;
     if (!holds) {

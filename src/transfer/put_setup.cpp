@@ -131,7 +131,10 @@ Status PutSetupModbus(SetupTransfer& transfer, const BringUp& bringUp) {
         if (write.NeedsCutoffRegister && !ModbusTakesCutoffValue(transfer.Identity.FirmwareVersion)) continue;
         if (write.Data.front().Position == kDisplayTypePos && IsRemoteC(image))
             DigitsPut(image, kDisplayTypePos, std::to_string(DisplayType::RemoteS));
-        if (!WriteRow(transfer, write)) return {};
+        if (WriteRow(transfer, write)) continue;
+        // A later Put tells the node by itself; one that failed leaves it as it is.
+        if (transfer.WasCalledOff()) TellNode(transfer.Line, false);
+        return {};
     }
     if (transfer.IsSuperseded()) return {};
     transfer.Line.State.ModbusAddressHex = FieldDigits(image, Field::ModbusAddress);

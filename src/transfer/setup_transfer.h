@@ -31,6 +31,7 @@ struct SetupTransfer {
         {};  // what about the replies of a Get was odd though their lengths were right; empty: nothing
 
     bool IsSuperseded() { return GaveUp = Superseded && Superseded(); }
+    bool WasCalledOff() const { return GaveUp && !(Superseded && Superseded()); }
     bool GivesUp() { return GaveUp = IsSuperseded() || (EndWanted && EndWanted()); }
 };
 

@@ -119,7 +119,19 @@ int BoxFlow::HeightOf(int columns, int columnWidth) const {
     return std::accumulate(heights.begin(), heights.end(), std::max(rows - 1, 0) * spacing());
 }
 
+void BoxFlow::invalidate() {
+    minimum_ = hint_ = QSize();
+    heights_.clear();
+    QLayout::invalidate();
+}
+
 int BoxFlow::heightForWidth(int width) const {
+    const auto [place, fresh] = heights_.try_emplace(width, 0);
+    if (fresh) place->second = FindHeight(width);
+    return place->second;
+}
+
+int BoxFlow::FindHeight(int width) const {
     const QMargins margins = contentsMargins();
     const int room = width - margins.left() - margins.right();
     const int columns = ColumnsIn(room);
@@ -127,6 +139,11 @@ int BoxFlow::heightForWidth(int width) const {
 }
 
 QSize BoxFlow::minimumSize() const {
+    if (!minimum_.isValid()) minimum_ = FindMinimum();
+    return minimum_;
+}
+
+QSize BoxFlow::FindMinimum() const {
     const QMargins margins = contentsMargins();
     const int narrowest = NarrowestColumn();
     int width = narrowest;
@@ -138,9 +155,11 @@ QSize BoxFlow::minimumSize() const {
 }
 
 QSize BoxFlow::sizeHint() const {
+    if (hint_.isValid()) return hint_;
     const QMargins margins = contentsMargins();
     const int width = WidthOf(columns_, NarrowestColumn()) + margins.left() + margins.right();
-    return {std::max(width, minimumSize().width()), heightForWidth(width)};
+    hint_ = {std::max(width, minimumSize().width()), heightForWidth(width)};
+    return hint_;
 }
 
 void BoxFlow::setGeometry(const QRect& area) {

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <QLayout>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -30,6 +31,7 @@ class BoxFlow : public QLayout {
     QSize minimumSize() const override;
     QSize sizeHint() const override;
     void setGeometry(const QRect& area) override;
+    void invalidate() override;
 
   private:
     struct Box {
@@ -48,9 +50,14 @@ class BoxFlow : public QLayout {
     std::vector<Place> Places(int columns) const;
     std::vector<int> RowHeights(const std::vector<Place>& places, int columnWidth) const;
     int HeightOf(int columns, int columnWidth) const;
+    QSize FindMinimum() const;
+    int FindHeight(int width) const;
 
     const int columns_, within_;
     std::vector<Box> boxes_;
+    // Asked for over and over while a window is laid out; kept until a box wants another size.
+    mutable QSize minimum_, hint_;
+    mutable std::map<int, int> heights_;  // by width
 };
 
 }  // namespace counter

@@ -2,7 +2,9 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QShortcut>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
@@ -73,6 +75,13 @@ QVBoxLayout* StatusStrip::LieBelow(QWidget* page) {
     whole->addWidget(this);
     LeaveOutBar();
     return column;
+}
+
+void StatusStrip::AddCancel(QWidget* button, std::function<void()> cancel) {
+    KeepPlace(button);
+    layout()->addWidget(button);
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), parentWidget());
+    QObject::connect(escape, &QShortcut::activated, this, std::move(cancel));
 }
 
 void StatusStrip::ShowLine(const Control& line) {

@@ -5,6 +5,7 @@
 #include <QProgressBar>
 #include <QVBoxLayout>
 #include <QWidget>
+#include <functional>
 
 #include "controls/control.h"
 
@@ -18,6 +19,8 @@ class StatusStrip : public QWidget {
     void ShowLine(const Control& line);
     // At the foot of a page that has no layout yet, without a bar. Returns the page's column above it.
     QVBoxLayout* LieBelow(QWidget* page);
+    // Behind the bar; Escape does the same, wherever the focus is in the page.
+    void AddCancel(QWidget* button, std::function<void()> cancel);
     // Room for this many lines of text, so that the strip doesn't jump; a text that wraps to more gets what
     // it needs.
     void KeepLines(int lines);

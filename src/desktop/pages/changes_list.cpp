@@ -90,6 +90,7 @@ void ChangesList::Follow() {
     if (!isVisible()) return;
     if (const QString words = ChangedWords(session_); heading_->text() != words) heading_->setText(words);
     back_->setVisible(session_.SetupBefore.has_value());
+    back_->setEnabled(session_.Home.Transfers == 0);
     if (session_.SetupBefore)
         back_->setToolTip("Brings back the setup from " +
                           SystemText(OriginInWords(session_.SetupBefore->Origin)) +

@@ -40,6 +40,7 @@ ComparePage::ComparePage(CompareView& view, QWidget* parent)
     bound_.BindSpecial(view.lblStatus, &strip_->Line(), [this] { strip_->ShowLine(view_.lblStatus); });
     bound_.Bind(view.pbBar, &strip_->Bar());
     strip_->Bar().setAccessibleName(QStringLiteral("Progress of the transfer"));
+    strip_->AddCancel(bound_.Make(view.cmdCancel, strip_), [&view] { view.Cancel(); });
     view.Controls.Changed = [this] { ShowAll(); };
     view.ToClipboard = [](const std::string& text) { QApplication::clipboard()->setText(SystemText(text)); };
     ShowAll();

@@ -6,6 +6,7 @@
 #include "desktop/kit/grid.h"
 #include "desktop/kit/qt_text.h"
 #include "desktop/kit/screen_colors.h"
+#include "desktop/kit/wrapped_text.h"
 
 namespace counter {
 
@@ -25,16 +26,18 @@ QLabel* MakeHeading(const QString& text, QWidget* parent) {
 }  // namespace
 
 FactsBlock::FactsBlock(const Session& session, QWidget* parent)
-    : QWidget(parent),
-      facts_(session),
-      grid_(new QGridLayout(this)),
-      backupsHeading_(MakeHeading(QStringLiteral("Latest backups"), this)),
-      backups_(new QListWidget(this)) {
+    : QWidget(parent), facts_(session), grid_(new QGridLayout(this)) {
     grid_->setContentsMargins(0, 0, 0, 0);
     grid_->setHorizontalSpacing(2 * kGrid);
     grid_->setVerticalSpacing(kGrid);
     grid_->setColumnStretch(1, kTextStretch);
+}
+
+// Once there is a backup.
+void FactsBlock::MakeBackups() {
     grid_->setColumnStretch(2, kBackupStretch);
+    backupsHeading_ = MakeHeading(QStringLiteral("Latest backups"), this);
+    backups_ = new QListWidget(this);
     backups_->setObjectName(QStringLiteral("lstBackups"));
     backups_->setAccessibleName(backupsHeading_->text());
     backups_->setToolTip(QStringLiteral("A double click opens the backup"));
@@ -51,13 +54,9 @@ FactsBlock::FactsBlock(const Session& session, QWidget* parent)
 QLabel* FactsBlock::TextOf(std::size_t row) {
     if (row < texts_.size()) return texts_[row];
     const HomeFact& fact = facts_.Facts[row];
-    auto* text = new QLabel(this);
+    auto* text = new WrappedText(this);
     text->setObjectName(QtText(fact.Name));
     text->setAccessibleName(QtText(fact.Heading));
-    text->setTextFormat(Qt::PlainText);
-    text->setWordWrap(true);
-    text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     const int place = static_cast<int>(row);
     auto* heading = new QVBoxLayout;
     heading->addWidget(MakeHeading(QtText(fact.Heading), this));
@@ -84,6 +83,8 @@ void FactsBlock::Follow() {
 
 void FactsBlock::ShowBackups() {
     const bool any = !facts_.Backups.empty();
+    if (!backups_ && !any) return;
+    if (!backups_) MakeBackups();
     backupsHeading_->setVisible(any);
     backups_->setVisible(any);
     backups_->clear();

@@ -26,6 +26,7 @@ class FactsBlock : public QWidget {
 
   private:
     QLabel* TextOf(std::size_t row);
+    void MakeBackups();
     void ShowBackups();
     void OpenCurrent();
 
@@ -33,8 +34,8 @@ class FactsBlock : public QWidget {
     QGridLayout* grid_;
     std::vector<QLabel*> texts_;
     QWidget* link_ = nullptr;
-    QLabel* backupsHeading_;
-    QListWidget* backups_;
+    QLabel* backupsHeading_ = nullptr;
+    QListWidget* backups_ = nullptr;
 };
 
 }  // namespace counter

@@ -3,7 +3,6 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -12,6 +11,7 @@
 #include "desktop/kit/grid.h"
 #include "desktop/kit/page_body.h"
 #include "desktop/kit/qt_text.h"
+#include "desktop/kit/wrapped_text.h"
 
 namespace counter {
 
@@ -163,13 +163,9 @@ void HomePage::AddText() {
     column->setSpacing(kGrid);
     auto* buttons = new QHBoxLayout;
     buttons->setContentsMargins(kGrid, kGrid, kGrid, 0);
-    auto* text = new QLabel(this);
+    auto* text = new WrappedText(this);
     textArea_ = text;
     text->setObjectName(ObjectName(view_.picText));
-    text->setTextFormat(Qt::PlainText);
-    text->setWordWrap(true);
-    text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     text->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     text->setAutoFillBackground(true);
     text->setBackgroundRole(QPalette::Base);
@@ -195,11 +191,7 @@ void HomePage::AddText() {
     bound_.BindSpecial(view_.lblPGText, &strip_->Line(), [this] { strip_->ShowLine(view_.lblPGText); });
     bound_.Bind(view_.pbBar, &strip_->Bar());
     strip_->Bar().setAccessibleName("Progress of the transfer");
-    QWidget* cancel = bound_.Make(view_.cmdCancel, strip_);
-    KeepPlace(cancel);
-    strip_->layout()->addWidget(cancel);
-    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    QObject::connect(escape, &QShortcut::activated, this, [this] { view_.CancelTransfer(); });
+    strip_->AddCancel(bound_.Make(view_.cmdCancel, strip_), [this] { view_.CancelTransfer(); });
     bound_.BindSpecial(view_.picText, textArea_, [this] { ShowText(); });
 }
 

@@ -133,7 +133,10 @@ QString MenuPage::Title() const {
 }
 
 void MenuPage::ComeToFront() {
-    view_ = BuildMenuView(session_.Image, session_.Identity, session_.Derived);
+    {
+        const SetupActScope opening(session_.Changes, session_.Image, {"", "as the menu was opened"});
+        view_ = BuildMenuView(session_.Image, session_.Identity, session_.Derived);
+    }
     ShowView();
     grdMain_->setCurrentCell(0, 0, QItemSelectionModel::NoUpdate);
     grdMain_->scrollToTop();
@@ -232,7 +235,7 @@ void MenuPage::TellRow(SegmentGrid* grid) {
     for (const MenuWords& words :
          ofMenu ? WordsOfRow(view_, session_.Image, row) : WordsOfSetpoint(view_, row))
         text += QLatin1Char('\n') + QtText(LineOf(words));
-    txtWords_->setPlainText(text);
+    if (txtWords_->toPlainText() != text) txtWords_->setPlainText(text);
 }
 
 bool MenuPage::eventFilter(QObject* object, QEvent* event) {

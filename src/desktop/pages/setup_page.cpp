@@ -122,7 +122,6 @@ QPushButton* SetupPage::AddTool(QHBoxLayout& foot, const char* name, const QStri
 }
 
 void SetupPage::ConnectTools() {
-    live_.Busy = [this] { return view_.Buttons.Reading(); };
     QObject::connect(cmdFind_, &QPushButton::clicked, this, [this] { ComeToSearch(); });
     QObject::connect(cmdPanel_, &QPushButton::clicked, this, [this](bool shown) {
         panelWished_ = shown;
@@ -188,11 +187,6 @@ void SetupPage::ComeToSearch() {
 void SetupPage::GoTo(const Control& control) {
     if (ComeTo(view_, control) != Refusal::None) return;
     MoveFocus(control);
-    if (QWidget* widget = bound_.WidgetOf(control)) {
-        for (QWidget* around = widget; around; around = around->parentWidget()) {
-            if (auto* body = qobject_cast<QScrollArea*>(around)) body->ensureWidgetVisible(widget);
-        }
-    }
 }
 
 // Below the pages, hidden until its button is pressed: then a page that lacks the room scrolls.
@@ -233,7 +227,11 @@ void SetupPage::ShowChanges() {
         QStringLiteral("Changes") + (fields > 0 ? QStringLiteral(" (%1)").arg(fields) : "");
     if (cmdChanges_->text() != caption) cmdChanges_->setText(caption);
     if (changes_) changes_->Follow();
-    if (Acted) Acted();
+    if (Acted) Acted(fields > 0);
+}
+
+void SetupPage::FollowTransfers() {
+    if (changes_) changes_->Follow();
 }
 
 void SetupPage::ComeToField(Field field) {
@@ -324,7 +322,12 @@ void SetupPage::Unmark() {
 
 void SetupPage::MoveFocus(const Control& control) {
     ShowAll();  // a widget that was hidden or disabled takes no focus
-    if (QWidget* widget = bound_.WidgetOf(control)) widget->setFocus(Qt::OtherFocusReason);
+    QWidget* const widget = bound_.WidgetOf(control);
+    if (!widget) return;
+    widget->setFocus(Qt::OtherFocusReason);
+    for (QWidget* around = widget; around; around = around->parentWidget()) {
+        if (auto* body = qobject_cast<QScrollArea*>(around)) body->ensureWidgetVisible(widget);
+    }
 }
 
 void SetupPage::ShowAll() {

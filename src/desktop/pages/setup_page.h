@@ -29,7 +29,7 @@ class SetupPage : public ViewPage {
     // For the panel: the setup as it came with the last good Get, null before it; may be empty.
     std::function<const SetupImage*()> MeterSetup;
     // The setup in memory may have changed; may be empty.
-    std::function<void()> Acted;
+    std::function<void(bool changed)> Acted;
     // The setup that was in memory before comes back; may be empty.
     std::function<void()> GoBack;
     // Brings the user to the control of a field, or tells why it can't be come to.
@@ -45,6 +45,9 @@ class SetupPage : public ViewPage {
     QWidget* FirstFocus() override { return tabs_->tabBar(); }
     // The view is rebuilt and comes back to the page on which help was asked for.
     void HelpClosed();
+
+    // A transfer under way keeps the way back to the setup before shut.
+    void FollowTransfers();
 
     const SetupView& View() const { return view_; }
     const Binder& Bound() const { return bound_; }

@@ -119,6 +119,11 @@ TEST(Compare, TheMeterIsReadAsideAndABackupIsFound) {
     bench.Press(view.cmdMeter);
     EXPECT_EQ(bench.Names(), "Setpoint 2;") << view.lblStatus.Caption;
     EXPECT_TRUE(bench.Store.Contents == files);
+    bench.Program.Home.Changed = [&] { view.Follow(); };
+    bench.Pump.After(900, [&] { bench.Press(view.cmdCancel); });
+    bench.Press(view.cmdMeter);
+    EXPECT_EQ(view.lblStatus.Caption, "The meter was not read to its end: it was cancelled.");
+    EXPECT_EQ(bench.Names(), "Setpoint 2;") << "as it was compared before";
     bench.Pump.After(900, [&] { view.PutAway(); });
     bench.Press(view.cmdMeter);
     EXPECT_EQ(bench.Names(), "") << "it was left";

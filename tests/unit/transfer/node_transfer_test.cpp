@@ -106,10 +106,13 @@ TEST(NodePut, OverModbusFastLinesTellTheNode) {
         {"becomes slow", "BaudIndex=5", 2, "none:noreply", {"on"}},
         {"becomes fast", "BaudIndex=2", 6, "none:noreply", {"off"}},
         {"fails", "BaudIndex=5", 5, "100021:noreply", {"on"}},
+        {"called off", "BaudIndex=5", 5, "none:noreply", {"on", "off"}},
     };
     for (const auto& c : cases) {
         TransferNode bench(kRtu, {c.Before}, {c.Fault});
         BitsPut(bench.Program.Image, 6, 4, 191, c.After);
+        if (c.Name == std::string("called off"))
+            bench.Pump.After(9000, [&] { bench.Program.Home.CancelTransfers(); });
         bench.Put();
         Words told = bench.Net.TheNode().Told();
         std::erase(told, "keep-alive");
