@@ -1,5 +1,6 @@
 #include "transfer/compare_setups.h"
 
+#include "meter/field_code.h"
 #include "meter/firmware.h"
 #include "transfer/put_frames.h"
 
@@ -52,6 +53,12 @@ FieldValue Shown(const SetupImage& image, Field field) {
     return FieldIsHex(image, field) ? ValueOfField(image, field) : FieldValue{FieldDigits(image, field)};
 }
 
+// Behind what two values that differ both read as: " (code 3)", " (000000)".
+std::string Stored(const SetupImage& image, Field field) {
+    return RowOf(field).IsBits() ? " (code " + std::to_string(CodeOf(image, field)) + ")"
+                                 : " (" + FieldDigits(image, field) + ")";
+}
+
 std::string Surplus(const SetupImage& image) {
     return image.SetupData.size() > kImageDigits ? image.SetupData.substr(kImageDigits) : std::string();
 }
@@ -91,8 +98,8 @@ FieldDifference DifferenceIn(Field field, const SetupImage& a, const SetupImage&
     FieldDifference difference = {RowOf(field).Name, RowOf(field).Pos, Shown(a, field), Shown(b, field),
                                   standing};
     if (ReadAlike(difference.A, difference.B)) {
-        difference.A = {FieldDigits(a, field)};
-        difference.B = {FieldDigits(b, field)};
+        difference.A.Text += Stored(a, field);
+        difference.B.Text += Stored(b, field);
     }
     return difference;
 }

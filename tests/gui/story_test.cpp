@@ -88,7 +88,7 @@ TEST(Story, ADayAtTheDesk) {
     bench.Click("cmdChanges");
     const std::string three =
         "Setpoint 1|+010000.|+012345.|typed\n"
-        "Analog Source|07|05|rule, as the view was opened\n";
+        "Analog Source|Item 1 (code 3)|Item 1 (code 1)|rule, as the view was opened\n";
     const std::string mode = "Mode|Rate|Period|picked\n";
     EXPECT_EQ(story.Changes(), three + "Baud Rate|9600|19200|picked\n" + mode);
     EXPECT_EQ(story.Title(), "Setup *");
@@ -103,7 +103,9 @@ TEST(Story, ADayAtTheDesk) {
 
     bench.Choose("mnuCompare");
     bench.Click("cmdMeter");
-    EXPECT_EQ(story.Compared(), "Setpoint 1|+012345.|+010000.\nAnalog Source|05|07\nMode|Period|Rate\n");
+    EXPECT_EQ(
+        story.Compared(),
+        "Setpoint 1|+012345.|+010000.\nAnalog Source|Item 1 (code 1)|Item 1 (code 3)\nMode|Period|Rate\n");
     story.Picture("compared");
     bench.Click("cmdMainMenu");
 

@@ -13,6 +13,7 @@ namespace counter {
 namespace {
 
 constexpr int kTextStretch = 3, kBackupStretch = 1;
+constexpr int kRowsBeside = 3;  // of the list of backups: two facts and what is left below them
 
 QLabel* MakeHeading(const QString& text, QWidget* parent) {
     auto* heading = new QLabel(text, parent);
@@ -42,7 +43,9 @@ void FactsBlock::MakeBackups() {
     backups_->setAccessibleName(backupsHeading_->text());
     backups_->setToolTip(QStringLiteral("A double click opens the backup"));
     grid_->addWidget(backupsHeading_, 0, 2);
-    grid_->addWidget(backups_, 1, 2, 2, 1);
+    backups_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    grid_->addWidget(backups_, 1, 2, kRowsBeside, 1);
+    grid_->setRowStretch(kRowsBeside, 1);  // the facts stay together where the list is higher
     QObject::connect(backups_, &QListWidget::itemDoubleClicked, this, [this] { OpenCurrent(); });
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* enter = new QShortcut(QKeySequence(key), backups_, [this] { OpenCurrent(); });

@@ -91,10 +91,10 @@ TEST(Set, TellsWhatElseChanged) {
     EXPECT_EQ(bench.Run({"set", "d", "Mode=Total"}), 0);
     EXPECT_EQ(bench.Err,
               "Changed with it:\n"
-              "  Analog Source 2  Filtered Item1  ->  Item 1\n"
-              "  Analog Source    07              ->  15\n"
-              "  Alarm 1 Source   Filtered Item1  ->  Item 1\n"
-              "  Alarm 2 Source   Filtered Item1  ->  Item 1\n");
+              "  Analog Source 2  Filtered Item1   ->  Item 1\n"
+              "  Analog Source    Item 1 (code 3)  ->  Item 1 (code 1)\n"
+              "  Alarm 1 Source   Filtered Item1   ->  Item 1\n"
+              "  Alarm 2 Source   Filtered Item1   ->  Item 1\n");
     EXPECT_EQ(bench.Run({"set", "d", "Setpoint 1=5", "--json"}), 0);
     EXPECT_EQ(bench.View(), Json::parse(R"({"changed":[{"field":"Setpoint 1","position":55,"a":"+010000.",
         "b":"+000005.","counts":true}],"consequences":[],"messages":[]})"));
