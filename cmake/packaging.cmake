@@ -1,8 +1,9 @@
 # What `cmake --install` lays down, and the packages. The programs find their data from where they stand:
 # PREFIX/bin looks into PREFIX/share/counter-setup.
 #
-# `cmake --build --preset release --target deb` makes build/release/counter-setup_VERSION_ARCHITECTURE.deb,
-# `--target rpm` makes counter-setup-VERSION-1.ARCHITECTURE.rpm, which needs rpmbuild.
+# The target `deb` makes counter-setup_VERSION-1_ARCHITECTURE.deb in the folder of the build, which needs dpkg-shlibdeps
+# and file; `rpm` makes counter-setup-VERSION-1.ARCHITECTURE.rpm, which needs rpmbuild. ./run --package does it in
+# build/package, with all that it needs.
 include(GNUInstallDirs)
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)  # a package needs neither tests nor benchmarks
 set(shipped ${CMAKE_SOURCE_DIR}/data)
