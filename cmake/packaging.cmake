@@ -27,7 +27,7 @@ install(FILES ${shipped}/desktop/counter-setup.xml DESTINATION ${CMAKE_INSTALL_D
 install(FILES ${shipped}/completion/counterctl DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 install(FILES ${shipped}/debian/copyright DESTINATION ${docs})
 install(FILES ${shipped}/udev/78-counter-setup.rules DESTINATION ${docs}/examples)
-install(FILES README.md DESTINATION ${docs})
+install(FILES README.md ARCHITECTURE.md CONTRIBUTING.md CHANGELOG.md DESTINATION ${docs})
 install(DIRECTORY docs DESTINATION ${docs})
 
 # counter_gzipped(FROM TO FOLDER): FROM, compressed without name and time, is installed as FOLDER/TO.gz.
