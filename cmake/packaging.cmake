@@ -1,8 +1,9 @@
 # What `cmake --install` lays down, and the packages. The programs find their data from where they stand:
 # PREFIX/bin looks into PREFIX/share/counter-setup.
 #
-# `cmake --build --preset release --target deb` makes build/release/counter-setup_VERSION_ARCHITECTURE.deb,
-# `--target rpm` makes counter-setup-VERSION-1.ARCHITECTURE.rpm, which needs rpmbuild.
+# The target `deb` makes counter-setup_VERSION-1_ARCHITECTURE.deb in the folder of the build, which needs dpkg-shlibdeps
+# and file; `rpm` makes counter-setup-VERSION-1.ARCHITECTURE.rpm, which needs rpmbuild. ./run --package does it in
+# build/package, with all that it needs.
 include(GNUInstallDirs)
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)  # a package needs neither tests nor benchmarks
 set(shipped ${CMAKE_SOURCE_DIR}/data)
@@ -26,7 +27,7 @@ install(FILES ${shipped}/desktop/counter-setup.xml DESTINATION ${CMAKE_INSTALL_D
 install(FILES ${shipped}/completion/counterctl DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 install(FILES ${shipped}/debian/copyright DESTINATION ${docs})
 install(FILES ${shipped}/udev/78-counter-setup.rules DESTINATION ${docs}/examples)
-install(FILES README.md DESTINATION ${docs})
+install(FILES README.md ARCHITECTURE.md CONTRIBUTING.md CHANGELOG.md DESTINATION ${docs})
 install(DIRECTORY docs DESTINATION ${docs})
 
 # counter_gzipped(FROM TO FOLDER): FROM, compressed without name and time, is installed as FOLDER/TO.gz.

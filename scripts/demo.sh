@@ -1,15 +1,20 @@
 #!/usr/bin/env bash
-# demo.sh BIN FOLDER: the main job, in a terminal, on a simulated meter. FOLDER becomes the program folder.
+# demo.sh BIN FOLDER [REASON]: the main job, in a terminal, on a simulated meter. FOLDER becomes the program folder;
+# REASON says why it is no window.
 set -euo pipefail
-bin=$(realpath "$1")
-mkdir -p "$2"
-home=$(realpath "$2")
+bin=$1
+home=$2
+mkdir -p "$home"
 
 . "$(dirname "$0")/simulated.sh"
 say() { printf '\n== %s\n' "$1"; }
-ctl() { printf '$ counterctl %s\n' "$*"; "$bin/counterctl" --dir "$home" "$@"; }
+ctl() {
+    set -- "$bin/counterctl" --dir "$home" "$@"
+    printf '$ %s\n' "$*"
+    "$@"
+}
 
-say "There is no display: the main job, in the terminal."
+say "${3:-There is no display}: the main job, in the terminal."
 
 say "Lay down a program folder: $home"
 lay_down_home "$bin" "$home"

@@ -2,10 +2,14 @@
 
 RUN_PACKAGES="g++ cmake ninja-build pkgconf qt6-base-dev qt6-serialport-dev qt6-svg-dev libqt6sql6-sqlite libmosquitto-dev libcli11-dev nlohmann-json3-dev"
 WINDOW_PACKAGES="qt6-qpa-plugins fonts-dejavu-core"
-TEST_PACKAGES="ccache libgtest-dev librapidcheck-dev libbenchmark-dev libmodbus-dev mbpoll xvfb xauth appstream desktop-file-utils rpm cpio bash-completion hunspell hunspell-en-us fonts-dejavu-core python3 python3-jsonschema python3-pymodbus python3-serial python3-serial-asyncio ser2net strace mosquitto mosquitto-clients"
+PACKAGE_PACKAGES="file dpkg-dev"  # what cpack calls to make a .deb
+TEST_PACKAGES="$PACKAGE_PACKAGES libgtest-dev librapidcheck-dev libbenchmark-dev libmodbus-dev mbpoll xvfb xauth appstream desktop-file-utils rpm cpio bash-completion hunspell hunspell-en-us fonts-dejavu-core python3 python3-jsonschema python3-pymodbus python3-serial python3-serial-asyncio ser2net strace mosquitto mosquitto-clients"
 
-PACKAGES_IN_WORDS="a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 with widgets, print support, SQL
+RUN_IN_WORDS="a C++20 compiler, CMake 3.25, Ninja, Qt 6.4 with widgets, print support, SQL
 (its SQLite plugin), serial port and SVG, libmosquitto, CLI11 and JSON for Modern C++, each with its headers"
+TEST_IN_WORDS="$RUN_IN_WORDS;
+GoogleTest, RapidCheck, Google Benchmark and libmodbus as well, and the programs among TEST_PACKAGES in
+scripts/packages.sh"
 
 # missing_packages PACKAGE...: prints those that aren't installed.
 missing_packages() {
@@ -25,11 +29,13 @@ install_packages() {
     "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "$@" >/dev/null
 }
 
-# ensure_packages PACKAGE...: a step of its own. What another system than Debian or Ubuntu lacks, its user installs;
-# CMake then tells what it does not find.
+# ensure_packages WORDS PACKAGE...: a step of its own. What another system than Debian or Ubuntu lacks, its user
+# installs: WORDS tell what, and CMake then what it does not find.
 ensure_packages() {
+    local words=$1
+    shift
     if ! command -v apt-get >/dev/null; then
-        step "Packages" "this is no Debian or Ubuntu; needed are $PACKAGES_IN_WORDS."
+        step "Packages" "this is no Debian or Ubuntu; needed are $words."
         return 0
     fi
     local missing

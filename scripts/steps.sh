@@ -25,28 +25,38 @@ progress() {
     [ ! -t 1 ] || printf '\r%-30s\r' ""
 }
 
-# build PRESET SECONDS TEXT TARGET...: builds the targets, which takes SECONDS of processor time from nothing. What the
-# compiler says is in build/PRESET/build.log, and on the screen where it fails.
+# build PRESET SECONDS SIGN TEXT TARGET...: builds the targets, which takes SECONDS of processor time from nothing (0:
+# nobody has measured it); the program SIGN is there when they have been built once. What the compiler says is in
+# build/PRESET/build.log, and on the screen where it fails.
 build() {
-    local preset=$1 seconds=$2 text=$3 log=build/$1/build.log
-    shift 3
-    if [ -e "build/$preset/bin/counterctl" ]; then
-        step "Build" "$text: what isn't there yet or has changed ..."
-    else
-        step "Build" "$text, about $((seconds / $(nproc))) s on $(nproc) quiet cores ..."
-    fi
+    local preset=$1 seconds=$2 sign=$3 text=$4 log=build/$1/build.log bound="file by file, several times as long as by quick"
+    shift 4
+    [ "$seconds" -eq 0 ] || bound="about $((seconds / $(nproc))) s on $(nproc) quiet cores"
+    [ ! -e "build/$preset/bin/$sign" ] || bound="what isn't there yet or has changed; all would take $bound"
+    step "Build" "$text, $bound ..."
     ninja -C "build/$preset" "$@" 2>&1 | tee "$log" | progress || {
-        grep -v '^\[' "$log" | head -n 60 >&2
+        { grep -v '^\[' "$log" || true; } | sed -n '1,60p' >&2  # reads to the end: a closed pipe would be a failure
         echo "The build failed; all that it said is in $log" >&2
         return 1
     }
     done_in
 }
 
+# may_write PRESET: after sudo ./run the folder of the build is root's; said before CMake stumbles over it.
+may_write() {
+    local other
+    other=$(find build "build/$1" -maxdepth 1 ! -type l ! -writable -print -quit 2>/dev/null || true)
+    [ -z "$other" ] || {
+        echo "$other belongs to $(stat -c %U "$other"). To make the folder of the build yours: sudo chown -R $(id -un) build" >&2
+        return 1
+    }
+}
+
 # configure PRESET [OPTION...]: CMake's own words only where it fails.
 configure() {
     local log
     mkdir -p build
+    may_write "$1"
     log=build/configure-$1.log
     cmake --preset "$@" >"$log" 2>&1 || { cat "$log" >&2; return 1; }
 }

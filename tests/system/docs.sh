@@ -14,4 +14,13 @@ for page in CONTRIBUTING.md ARCHITECTURE.md README.md; do
     done
 done
 
+# Links lead to what is there, and within what the package lays down: the pages of the root, and docs.
+for page in README.md CONTRIBUTING.md ARCHITECTURE.md CHANGELOG.md docs/*.md; do
+    { grep -oE '\]\([^)#]+' "$page" || true; } | sed -n '/:\/\//!s/^](//p' | sort -u | while read -r name; do
+        target=$(realpath --relative-to=. "$(dirname "$page")/$name")
+        case $target in docs/*|README.md|CONTRIBUTING.md|ARCHITECTURE.md|CHANGELOG.md) ;; *) fail "$page links $name, which is not installed" ;; esac
+        [ -e "$target" ] || fail "$page links $name, which is not there"
+    done
+done
+
 echo "All as it should be."

@@ -73,6 +73,7 @@ completes "counterctl --dir x settings set Baud"  BaudIndex=
 completes "counterctl settings init --f"          --force
 completes "counterctl read p"                     peak
 completes "counterctl sheet a.CT2 --p"            --pdf
+completes "counterctl calibrate 1000 --f"         --force
 completes "counterctl show a"                     a.CT2
 completes "counterctl show a.CT2 --as "           fields menu setup
 completes "counterctl curve "                     b.PRM
