@@ -1,7 +1,7 @@
 // counter-sim: a simulated meter on a pseudo terminal, many on one, or one at an Ethernet node. The first
 // line on standard output is the device to open, or the node's IP address and its own address.
 //
-// Exit status 1 is wrong usage, 2 a file, pseudo terminal or UDP port that failed, 3 --face without a
+// Exit status 1 is wrong usage, 2 a file, pseudo terminal or UDP port that failed, 4 --face without a
 // display.
 #include <CLI/CLI.hpp>
 #include <cstdio>

@@ -31,7 +31,10 @@ bool OpenCounterSetup(const std::string& folder) {
                                    {"--dir", QFile::decodeName(folder.c_str())});
 }
 
+constexpr const char* kDescription = "Lays down the settings of Counter Setup.";
+
 int Run(int argc, char** argv) {
+    if (HelpIsAsked(argc, argv)) FolderArgument(QCoreApplication(argc, argv), kDescription);
     std::optional<QApplication> application;
     {
         const DisplayCheck check;
@@ -39,7 +42,7 @@ int Run(int argc, char** argv) {
     }
     SettleLocale();
     CarryIcon("counter-link");
-    const std::string folder = FolderArgument(*application, "Lays down the settings of Counter Setup.");
+    const std::string folder = FolderArgument(*application, kDescription);
     DiskFiles files;
     QtPump pump;
     QtPortCatalog catalog(folder);

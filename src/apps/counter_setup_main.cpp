@@ -19,7 +19,10 @@ namespace counter {
 
 namespace {
 
+constexpr const char* kDescription = "Setup tool for a panel counter/timer.";
+
 int Run(int argc, char** argv) {
+    if (HelpIsAsked(argc, argv)) FolderAndFileArguments(QCoreApplication(argc, argv), kDescription);
     std::optional<QApplication> application;
     {
         const DisplayCheck check;
@@ -27,7 +30,7 @@ int Run(int argc, char** argv) {
     }
     SettleLocale();
     CarryIcon("counter-setup");
-    const auto [folder, file] = FolderAndFileArguments(*application, "Setup tool for a panel counter/timer.");
+    const auto [folder, file] = FolderAndFileArguments(*application, kDescription);
     DiskFiles files;
     QtPump pump;
     pump.InstallInterruptHandler();

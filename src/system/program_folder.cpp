@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <algorithm>
+#include <string_view>
 
 namespace counter {
 
@@ -48,6 +50,12 @@ FolderAndFile FolderAndFileArguments(const QCoreApplication& application, const 
     if (!names.isEmpty())
         arguments.File = QFile::encodeName(QFileInfo(names[0]).absoluteFilePath()).toStdString();
     return arguments;
+}
+
+bool HelpIsAsked(int argc, char** argv) {
+    return std::any_of(argv + 1, argv + std::max(argc, 1), [](const char* word) {
+        return std::string_view(word) == "--help" || std::string_view(word) == "-h";
+    });
 }
 
 std::vector<std::string> DataFolders(const std::string& programFolder, const std::string& name) {

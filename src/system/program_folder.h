@@ -28,6 +28,9 @@ struct FolderAndFile {
 // the program was started in.
 FolderAndFile FolderAndFileArguments(const QCoreApplication& application, const char* description);
 
+// Whether --help is among the words. Then the two above want a QCoreApplication, which needs no display.
+bool HelpIsAsked(int argc, char** argv);
+
 // Where data that comes with the program may lie ("help", "boards"), best first: in the program folder, where
 // the program was installed, beside the build.
 std::vector<std::string> DataFolders(const std::string& programFolder, const std::string& name);

@@ -38,6 +38,9 @@ status=0
 env -u DISPLAY -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb "$bin/counter-sim" --face >"$work/out" 2>"$work/err" || status=$?
 [ "$status" -eq 4 ] || { cat "$work/err"; fail "--face without a display: $status"; }
 [ "$(wc -l <"$work/err")" -eq 1 ] || { cat "$work/err"; fail "more than one line"; }
+for program in counter-setup counter-link; do
+    env -u DISPLAY -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb "$bin/$program" --help | grep -q -- --dir || fail "$program --help"
+done
 
 # Every kind of signal; and a stream ends with its line, also when the tool is killed.
 for signal in constant ramp sine steps noise; do

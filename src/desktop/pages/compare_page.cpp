@@ -76,6 +76,7 @@ void ComparePage::MakeTable() {
     table_->setColumnCount(static_cast<int>(headings.size()));
     table_->setHorizontalHeaderLabels(headings);
     table_->verticalHeader()->hide();
+    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + kGrid);
     QHeaderView& header = *table_->horizontalHeader();
     header.setSectionResizeMode(QHeaderView::ResizeToContents);
     for (const int values : {2, 3}) header.setSectionResizeMode(values, QHeaderView::Stretch);

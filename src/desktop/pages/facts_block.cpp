@@ -12,8 +12,7 @@ namespace counter {
 
 namespace {
 
-constexpr int kTextStretch = 3, kBackupStretch = 1;
-constexpr int kRowsBeside = 3;  // of the list of backups: two facts and what is left below them
+constexpr int kRowsBeside = 4;  // of the backups: the facts, and what is left below them
 
 QLabel* MakeHeading(const QString& text, QWidget* parent) {
     auto* heading = new QLabel(text, parent);
@@ -31,21 +30,24 @@ FactsBlock::FactsBlock(const Session& session, QWidget* parent)
     grid_->setContentsMargins(0, 0, 0, 0);
     grid_->setHorizontalSpacing(2 * kGrid);
     grid_->setVerticalSpacing(kGrid);
-    grid_->setColumnStretch(1, kTextStretch);
+    grid_->setColumnStretch(1, 1);
 }
 
 // Once there is a backup.
 void FactsBlock::MakeBackups() {
-    grid_->setColumnStretch(2, kBackupStretch);
-    backupsHeading_ = MakeHeading(QStringLiteral("Latest backups"), this);
-    backups_ = new QListWidget(this);
+    beside_ = new QWidget(this);
+    auto* column = new QVBoxLayout(beside_);
+    column->setContentsMargins(0, 0, 0, 0);
+    QLabel* heading = MakeHeading(QStringLiteral("Latest backups"), beside_);
+    backups_ = new QListWidget(beside_);
     backups_->setObjectName(QStringLiteral("lstBackups"));
-    backups_->setAccessibleName(backupsHeading_->text());
+    backups_->setAccessibleName(heading->text());
     backups_->setToolTip(QStringLiteral("A double click opens the backup"));
-    grid_->addWidget(backupsHeading_, 0, 2);
     backups_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
-    grid_->addWidget(backups_, 1, 2, kRowsBeside, 1);
-    grid_->setRowStretch(kRowsBeside, 1);  // the facts stay together where the list is higher
+    column->addWidget(heading);
+    column->addWidget(backups_, 1);
+    grid_->addWidget(beside_, 0, 2, kRowsBeside, 1);
+    grid_->setRowStretch(kRowsBeside - 1, 1);  // the facts stay together where the list is higher
     QObject::connect(backups_, &QListWidget::itemDoubleClicked, this, [this] { OpenCurrent(); });
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* enter = new QShortcut(QKeySequence(key), backups_, [this] { OpenCurrent(); });
@@ -88,8 +90,7 @@ void FactsBlock::ShowBackups() {
     const bool any = !facts_.Backups.empty();
     if (!backups_ && !any) return;
     if (!backups_) MakeBackups();
-    backupsHeading_->setVisible(any);
-    backups_->setVisible(any);
+    beside_->setVisible(any);
     backups_->clear();
     for (const BackupFact& backup : facts_.Backups) backups_->addItem(SystemText(backup.Words));
 }

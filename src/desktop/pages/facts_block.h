@@ -34,7 +34,7 @@ class FactsBlock : public QWidget {
     QGridLayout* grid_;
     std::vector<QLabel*> texts_;
     QWidget* link_ = nullptr;
-    QLabel* backupsHeading_ = nullptr;
+    QWidget* beside_ = nullptr;  // the backups with their heading
     QListWidget* backups_ = nullptr;
 };
 
