@@ -48,15 +48,24 @@ void StatusStrip::KeepLines(int lines) {
     FollowText();
 }
 
+int StatusStrip::HeightOfText() const {
+    const int kept = fontMetrics().lineSpacing() * lines_ + kGrid;
+    return std::max(kept, line_->heightForWidth(line_->width()));
+}
+
 // A layout gives a text that wraps the height of one line where it can't ask for more.
 void StatusStrip::FollowText() {
-    const int kept = fontMetrics().lineSpacing() * lines_ + kGrid;
-    const int height = std::max(kept, line_->heightForWidth(line_->width()));
+    const int height = HeightOfText();
     if (line_->minimumHeight() != height) line_->setMinimumHeight(height);
 }
 
+// A layout that is at work forgets what is asked of it meanwhile: a strip that was narrow for a moment would
+// stay high.
 bool StatusStrip::eventFilter(QObject* object, QEvent* event) {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange) FollowText();
+    const bool resized = event->type() == QEvent::Resize || event->type() == QEvent::FontChange;
+    if (resized && HeightOfText() != line_->minimumHeight())
+        QMetaObject::invokeMethod(
+            this, [this] { FollowText(); }, Qt::QueuedConnection);
     return QWidget::eventFilter(object, event);
 }
 

@@ -31,6 +31,7 @@ class StatusStrip : public QWidget {
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
+    int HeightOfText() const;
     void FollowText();
     // A strip without a bar gives its place to the line.
     void LeaveOutBar();

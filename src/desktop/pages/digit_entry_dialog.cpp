@@ -13,8 +13,23 @@
 
 namespace counter {
 
+namespace {
+
+// The title tells the field and its limits: it is to be read whole, between the buttons that frames have.
+int WidthOfTitle(const QWidget& window) {
+    constexpr int kFrame = 140;  // pixels
+    const int text = window.fontMetrics().horizontalAdvance(window.windowTitle());
+    return std::min(text * 11 / 10 + kFrame, window.screen()->availableGeometry().width() * 3 / 4);
+}
+
+}  // namespace
+
 DigitEntryDialog::DigitEntryDialog(DigitEntry& entry, QWidget* parent)
-    : QDialog(parent), entry_(entry), bound_(entry.Controls), front_(new DigitFront(entry, this)) {
+    : QDialog(parent),
+      entry_(entry),
+      bound_(entry.Controls),
+      front_(new DigitFront(entry, this)),
+      width_(new QSpacerItem(0, 0)) {
     setObjectName(QStringLiteral("frmEntVal"));
     setWindowTitle(QLatin1String(DigitEntry::kTitle));
     setWindowModality(Qt::WindowModal);
@@ -22,7 +37,8 @@ DigitEntryDialog::DigitEntryDialog(DigitEntry& entry, QWidget* parent)
     column->setContentsMargins(2 * kGrid, 2 * kGrid, 2 * kGrid, kGrid);
     column->setSpacing(2 * kGrid);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    column->addWidget(front_);
+    column->addWidget(front_, 0, Qt::AlignHCenter);
+    column->addItem(width_);
     auto* buttons = new QHBoxLayout;
     column->addLayout(buttons);
     AddButtons(*buttons);
@@ -65,6 +81,8 @@ void DigitEntryDialog::Present(const QWidget* field, bool lowPlace) {
     setWindowTitle(QtText(entry_.Title()));
     front_->Refresh();
     GiveAccessKeys(*this);
+    width_->changeSize(WidthOfTitle(*this), 0);
+    layout()->invalidate();
     adjustSize();
     if (field) {
         const QRect place(field->mapToGlobal(QPoint()), field->size());

@@ -51,6 +51,7 @@ class DigitEntryDialog : public QDialog {
     DigitEntry& entry_;
     Binder bound_;
     DigitFront* front_;
+    QSpacerItem* width_;  // of the title
     int beepsHeard_ = 0;
     int opening_ = 0;  // another one where it was dropped meanwhile
     bool pausing_ = false;
