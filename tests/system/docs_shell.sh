@@ -7,7 +7,9 @@ block() {
     line=$1
     exec >"$OUT/$1.out" 2>&1
 }
-pause() { read -rt 0.05 <> <(:) || true; }
+# A process of its own for each pause would be what the page calls $!.
+exec 4<> <(:)
+pause() { read -rt 0.05 <&4 || true; }
 there=" "
 meters_are_there() {
     local pid link
