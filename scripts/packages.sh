@@ -44,7 +44,7 @@ ensure_packages() {
         step "Packages" "all are there."
         return 0
     fi
-    step "Packages" "installing ${#missing[@]} and what they need, up to a minute ..."
+    step "Packages" "installing ${#missing[@]} and what they need, a minute to four by disk and network ..."
     install_packages "${missing[@]}"
     done_in
 }
