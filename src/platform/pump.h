@@ -43,8 +43,8 @@ class Pump {
         std::function<void()> Tick;
     };
     // From now on `tick` is called every `periodMs` milliseconds by whatever wait is under way, nested ones
-    // included. A call that comes late is made once and not made up for. One that waits is inside that wait:
-    // it asks Waits first, and is called again in its own.
+    // included. A call that comes late is made once and not made up for. A tick that waits itself holds up
+    // the wait that it came in, and may be called again meanwhile: it looks at Waits first.
     [[nodiscard]] std::shared_ptr<Ticker> Every(double periodMs, std::function<void()> tick);
 
     // Lets input pile up for some milliseconds, in which nothing runs, an interrupt included: for who is
