@@ -4,7 +4,6 @@
 #include <cstdlib>
 
 #include "link/single_reading.h"
-#include "link/waits.h"
 #include "meter/meter_words.h"
 #include "meter/text.h"
 #include "setup_view/view_buttons.h"

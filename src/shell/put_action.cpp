@@ -87,6 +87,7 @@ Status Finish(Session& session, const SetupImage& image, Status settled, const s
     session.Home.ShowHourglass(false);
     NoteTransfer(session, true, session.LinkState.LinkError == 0);
     session.LastTransfer->Sent = image;
+    session.LastTransfer->Meter = MeterOnLine(session.Settings);
     if (session.LinkState.LinkError != 0) {
         session.Home.ShowStatus("Data transfer unsuccessful. Check connections and try again. (" +
                                     std::to_string(session.LinkState.LinkError) + ")",
@@ -96,7 +97,7 @@ Status Finish(Session& session, const SetupImage& image, Status settled, const s
     session.Home.ShowStatus(kPutAppearsDone, ColorGreen);
     // Over Modbus the settings have been saved already; then this finds nothing changed.
     if (settled.Ok()) settled = SaveLinkSettings(image, session.BringUp);
-    session.LastTransfer->Meter = MeterOnLine(session.Settings);
+    session.LastTransfer->Meter = MeterOnLine(session.Settings);  // which may have a new address
     if (settled.Ok()) session.Home.StatusNote = NoteOfSpeed(session, lineBefore);
     session.Home.ProgressPercent = 0;
     session.Home.ShowProgress(false);
